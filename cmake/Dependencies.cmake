@@ -1,0 +1,9 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+find_package(Qt6 6.4 REQUIRED COMPONENTS
+    Core Gui DBus Network Qml Quick QuickControls2 Multimedia Svg Test QuickTest LinguistTools ShaderTools)
+find_package(ICU 70 REQUIRED COMPONENTS uc i18n)
+find_package(SQLite3 3.38 REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(TagLib REQUIRED IMPORTED_TARGET taglib>=1.12)
+pkg_check_modules(AvFormat REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil)
+pkg_check_modules(XxHash REQUIRED IMPORTED_TARGET libxxhash)

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace trackwise {
+
+/// The twelve text sizes that people choose from; the last five are the accessibility sizes.
+enum class TextSize {
+    ExtraSmall,
+    Small,
+    Medium,
+    Large, ///< the default
+    ExtraLarge,
+    ExtraExtraLarge,
+    ExtraExtraExtraLarge,
+    Accessibility1,
+    Accessibility2,
+    Accessibility3,
+    Accessibility4,
+    Accessibility5,
+};
+
+[[nodiscard]] constexpr bool isAccessibilitySize(TextSize size)
+{
+    return size >= TextSize::Accessibility1;
+}
+
+/// How the user wants programs to look. Main thread.
+class Appearance : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] virtual bool isDark() const = 0;
+    [[nodiscard]] virtual bool prefersHighContrast() const = 0;
+    [[nodiscard]] virtual bool prefersReducedMotion() const = 0;
+    [[nodiscard]] virtual TextSize textSize() const = 0;
+    [[nodiscard]] virtual std::optional<QColor> accent() const = 0;
+
+Q_SIGNALS:
+    void appearanceDidChange();
+};
+
+} // namespace trackwise

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "song/MediaItem.h"
+
+#include <QObject>
+
+#include <optional>
+
+namespace trackwise {
+
+/// Whatever player the device is playing music with, other than our own. Main thread.
+class SystemMusicPlayer : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The library's record of what is playing, or one with persistent identifier 0 and what the player
+    /// says when the library does not have the song. Nothing when no player has a song.
+    [[nodiscard]] virtual std::optional<MediaItem> nowPlayingItem() const = 0;
+
+    /// The change signal is sent only between these two; calls nest.
+    virtual void beginGeneratingPlaybackNotifications() = 0;
+    virtual void endGeneratingPlaybackNotifications() = 0;
+
+Q_SIGNALS:
+    void nowPlayingItemDidChange();
+};
+
+} // namespace trackwise

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace trackwise {
+
+/// One of the text styles that every screen draws from: a font and the height of its lines in points.
+struct TextStyle
+{
+    Q_GADGET
+    QML_VALUE_TYPE(textStyle)
+    Q_PROPERTY(QFont font MEMBER font)
+    Q_PROPERTY(qreal lineHeight MEMBER lineHeight)
+
+public:
+    QFont font;
+    qreal lineHeight = 0;
+
+    friend bool operator==(const TextStyle &, const TextStyle &) = default;
+};
+
+/// What the theme is made from. Everything here is the user's choice.
+struct ThemeSettings
+{
+    bool isDark = false;
+    bool isHighContrast = false;
+    bool reducesMotion = false;
+    int textSize = 3; ///< 0 (extra small) to 11 (accessibility 5); 3 is the default, "large"
+    std::optional<QColor> accent;
+
+    friend bool operator==(const ThemeSettings &, const ThemeSettings &) = default;
+};
+
+/// Colours, text styles and metrics of every view: one object for each QML engine, set by whoever made the
+/// engine. Lengths are in points (device-independent pixels). Main thread.
+class Theme : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+    Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(bool isAccessibilitySize READ isAccessibilitySize NOTIFY changed)
+
+    Q_PROPERTY(QColor systemBackground READ systemBackground NOTIFY changed)
+    Q_PROPERTY(QColor secondarySystemBackground READ secondarySystemBackground NOTIFY changed)
+    Q_PROPERTY(QColor tertiarySystemBackground READ tertiarySystemBackground NOTIFY changed)
+    Q_PROPERTY(QColor label READ label NOTIFY changed)
+    Q_PROPERTY(QColor secondaryLabel READ secondaryLabel NOTIFY changed)
+    Q_PROPERTY(QColor separator READ separator NOTIFY changed)
+    Q_PROPERTY(QColor systemFill READ systemFill NOTIFY changed)
+    Q_PROPERTY(QColor accent READ accent NOTIFY changed)
+    Q_PROPERTY(QColor onAccent READ onAccent NOTIFY changed)
+
+    Q_PROPERTY(trackwise::TextStyle largeTitle READ largeTitle NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle title READ title NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle title2 READ title2 NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle title3 READ title3 NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle headline READ headline NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle body READ body NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle callout READ callout NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle subheadline READ subheadline NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle footnote READ footnote NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle caption READ caption NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle caption2 READ caption2 NOTIFY changed)
+
+    Q_PROPERTY(qreal touchTarget READ touchTarget CONSTANT)
+    Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY changed)
+    Q_PROPERTY(int sheetDuration READ sheetDuration NOTIFY changed)
+    Q_PROPERTY(int alertDuration READ alertDuration NOTIFY changed)
+    Q_PROPERTY(int pushDuration READ pushDuration NOTIFY changed)
+
+public:
+    explicit Theme(QObject *parent = nullptr);
+
+    [[nodiscard]] const ThemeSettings &settings() const { return m_settings; }
+    void setSettings(const ThemeSettings &settings);
+
+    [[nodiscard]] bool isDark() const { return m_settings.isDark; }
+    [[nodiscard]] bool reducesMotion() const { return m_settings.reducesMotion; }
+    [[nodiscard]] bool isAccessibilitySize() const;
+
+    [[nodiscard]] QColor systemBackground() const;
+    [[nodiscard]] QColor secondarySystemBackground() const;
+    [[nodiscard]] QColor tertiarySystemBackground() const;
+    [[nodiscard]] QColor label() const;
+    [[nodiscard]] QColor secondaryLabel() const;
+    [[nodiscard]] QColor separator() const;
+    [[nodiscard]] QColor systemFill() const;
+    /// The desktop's accent colour where it can be read on our grounds, else our own.
+    [[nodiscard]] QColor accent() const;
+    /// Text and symbols on an accent-coloured ground.
+    [[nodiscard]] QColor onAccent() const;
+
+    [[nodiscard]] TextStyle largeTitle() const;
+    [[nodiscard]] TextStyle title() const;
+    [[nodiscard]] TextStyle title2() const;
+    [[nodiscard]] TextStyle title3() const;
+    [[nodiscard]] TextStyle headline() const;
+    [[nodiscard]] TextStyle body() const;
+    [[nodiscard]] TextStyle callout() const;
+    [[nodiscard]] TextStyle subheadline() const;
+    [[nodiscard]] TextStyle footnote() const;
+    [[nodiscard]] TextStyle caption() const;
+    [[nodiscard]] TextStyle caption2() const;
+
+    [[nodiscard]] qreal touchTarget() const { return 44; }
+    /// Milliseconds. With reduced motion every transition is a short cross-fade.
+    [[nodiscard]] int hoverDuration() const { return 120; }
+    [[nodiscard]] int sheetDuration() const;
+    [[nodiscard]] int alertDuration() const;
+    [[nodiscard]] int pushDuration() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    ThemeSettings m_settings;
+};
+
+/// Contrast of two opaque colours, 1 to 21, by the formula of WCAG 2.1 ("contrast ratio").
+[[nodiscard]] double contrastRatio(const QColor &a, const QColor &b);
+
+} // namespace trackwise
