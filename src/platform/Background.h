@@ -15,7 +15,8 @@ template <typename Work, typename Handler>
 void runInBackground(QThreadPool &pool, QObject *receiver, Work work, Handler done)
 {
     // The pointer is looked at on the main thread only; a look on the worker would race with destruction.
-    pool.start([work = std::move(work), done = std::move(done), target = QPointer<QObject>(receiver)]() mutable {
+    pool.start([work = std::move(work), done = std::move(done),
+                target = QPointer<QObject>(receiver)]() mutable {
         auto result = work();
         if (QCoreApplication *application = QCoreApplication::instance()) {
             QMetaObject::invokeMethod(

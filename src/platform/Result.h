@@ -34,8 +34,12 @@ template <typename T>
 class [[nodiscard]] Result
 {
 public:
-    Result(T value) : m_state(std::in_place_index<0>, std::move(value)) {}
-    Result(Failure failure) : m_state(std::in_place_index<1>, std::move(failure)) {}
+    Result(T value)
+        : m_state(std::in_place_index<0>, std::move(value))
+    {}
+    Result(Failure failure)
+        : m_state(std::in_place_index<1>, std::move(failure))
+    {}
 
     [[nodiscard]] explicit operator bool() const { return m_state.index() == 0; }
     [[nodiscard]] const T &operator*() const & { return std::get<0>(m_state); }
@@ -50,7 +54,6 @@ private:
 };
 
 struct Done
-{
-};
+{};
 
 } // namespace trackwise

@@ -14,7 +14,9 @@ class Preferences
 {
 public:
     /// Keeps the values in @p defaults, which must outlive this object.
-    explicit Preferences(QSettings &defaults) : m_defaults(defaults) {}
+    explicit Preferences(QSettings &defaults)
+        : m_defaults(defaults)
+    {}
 
     [[nodiscard]] bool showMoreInformation() const;
     void setShowMoreInformation(bool show);

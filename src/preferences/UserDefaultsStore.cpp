@@ -9,8 +9,7 @@ UserDefaultsStore::UserDefaultsStore(Preferences &preferences, QObject *parent)
     : QObject(parent)
     , m_preferences(preferences)
     , m_showMoreInformation(preferences.showMoreInformation())
-{
-}
+{}
 
 void UserDefaultsStore::toggleShowMoreInformation()
 {

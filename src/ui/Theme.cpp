@@ -31,8 +31,8 @@ double channelLuminance(double c)
 
 double relativeLuminance(const QColor &c)
 {
-    return 0.2126 * channelLuminance(c.redF()) + 0.7152 * channelLuminance(c.greenF())
-        + 0.0722 * channelLuminance(c.blueF());
+    return 0.2126 * channelLuminance(c.redF()) + 0.7152 * channelLuminance(c.greenF()) +
+           0.0722 * channelLuminance(c.blueF());
 }
 
 TextStyle textStyle(const ThemeSettings &settings, qreal points, qreal lineHeight,
@@ -55,7 +55,9 @@ double contrastRatio(const QColor &a, const QColor &b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-Theme::Theme(QObject *parent) : QObject(parent) {}
+Theme::Theme(QObject *parent)
+    : QObject(parent)
+{}
 
 void Theme::setSettings(const ThemeSettings &settings)
 {
@@ -113,8 +115,8 @@ QColor Theme::systemFill() const
 
 QColor Theme::accent() const
 {
-    if (m_settings.accent && contrastRatio(*m_settings.accent, systemBackground()) >= readableTextContrast
-        && contrastRatio(*m_settings.accent, secondarySystemBackground()) >= readableTextContrast)
+    if (m_settings.accent && contrastRatio(*m_settings.accent, systemBackground()) >= readableTextContrast &&
+        contrastRatio(*m_settings.accent, secondarySystemBackground()) >= readableTextContrast)
         return *m_settings.accent;
     return ownAccent(isDark());
 }
@@ -125,20 +127,62 @@ QColor Theme::onAccent() const
     return contrastRatio(accent(), white) >= readableTextContrast ? white : QColor(Qt::black);
 }
 
-TextStyle Theme::largeTitle() const { return textStyle(m_settings, 34, 41); }
-TextStyle Theme::title() const { return textStyle(m_settings, 28, 34); }
-TextStyle Theme::title2() const { return textStyle(m_settings, 22, 28); }
-TextStyle Theme::title3() const { return textStyle(m_settings, 20, 25); }
-TextStyle Theme::headline() const { return textStyle(m_settings, 17, 22, QFont::DemiBold); }
-TextStyle Theme::body() const { return textStyle(m_settings, 17, 22); }
-TextStyle Theme::callout() const { return textStyle(m_settings, 16, 21); }
-TextStyle Theme::subheadline() const { return textStyle(m_settings, 15, 20); }
-TextStyle Theme::footnote() const { return textStyle(m_settings, 13, 18); }
-TextStyle Theme::caption() const { return textStyle(m_settings, 12, 16); }
-TextStyle Theme::caption2() const { return textStyle(m_settings, 11, 13); }
+TextStyle Theme::largeTitle() const
+{
+    return textStyle(m_settings, 34, 41);
+}
+TextStyle Theme::title() const
+{
+    return textStyle(m_settings, 28, 34);
+}
+TextStyle Theme::title2() const
+{
+    return textStyle(m_settings, 22, 28);
+}
+TextStyle Theme::title3() const
+{
+    return textStyle(m_settings, 20, 25);
+}
+TextStyle Theme::headline() const
+{
+    return textStyle(m_settings, 17, 22, QFont::DemiBold);
+}
+TextStyle Theme::body() const
+{
+    return textStyle(m_settings, 17, 22);
+}
+TextStyle Theme::callout() const
+{
+    return textStyle(m_settings, 16, 21);
+}
+TextStyle Theme::subheadline() const
+{
+    return textStyle(m_settings, 15, 20);
+}
+TextStyle Theme::footnote() const
+{
+    return textStyle(m_settings, 13, 18);
+}
+TextStyle Theme::caption() const
+{
+    return textStyle(m_settings, 12, 16);
+}
+TextStyle Theme::caption2() const
+{
+    return textStyle(m_settings, 11, 13);
+}
 
-int Theme::sheetDuration() const { return reducesMotion() ? crossFadeMs : 350; }
-int Theme::alertDuration() const { return reducesMotion() ? crossFadeMs : 200; }
-int Theme::pushDuration() const { return reducesMotion() ? crossFadeMs : 300; }
+int Theme::sheetDuration() const
+{
+    return reducesMotion() ? crossFadeMs : 350;
+}
+int Theme::alertDuration() const
+{
+    return reducesMotion() ? crossFadeMs : 200;
+}
+int Theme::pushDuration() const
+{
+    return reducesMotion() ? crossFadeMs : 300;
+}
 
 } // namespace trackwise

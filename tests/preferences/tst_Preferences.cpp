@@ -57,7 +57,9 @@ private Q_SLOTS:
 
         QStringList order;
         connect(&one, &UserDefaultsStore::willChange, this, [&] {
-            order << QStringLiteral("will %1 %2").arg(one.showMoreInformation()).arg(preferences.showMoreInformation());
+            order << QStringLiteral("will %1 %2")
+                         .arg(one.showMoreInformation())
+                         .arg(preferences.showMoreInformation());
         });
         connect(&one, &UserDefaultsStore::didChange, this,
                 [&] { order << QStringLiteral("did %1").arg(one.showMoreInformation()); });

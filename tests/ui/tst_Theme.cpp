@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Engine.h"
 #include "ui/Theme.h"
 
 #include <QQmlComponent>
@@ -47,16 +48,16 @@ private Q_SLOTS:
     void viewsFollowTheSettings()
     {
         QQmlEngine engine;
-        engine.addImportPath(QStringLiteral(":/qt/qml"));
+        prepareEngine(engine);
         QQmlComponent component(&engine);
-        component.setData("import QtQuick\nimport Trackwise.Ui\nStyledText { style: Theme.title2; text: '<b>x</b>' }", {});
+        component.setData(
+            "import QtQuick\nimport Trackwise.Ui\nStyledText { style: Theme.title2; text: '<b>x</b>' }", {});
         const std::unique_ptr<QObject> text(component.create());
         QVERIFY2(text, qPrintable(component.errorString()));
         QCOMPARE(text->property("font").value<QFont>().pixelSize(), 22);
         QCOMPARE(text->property("lineHeight").toReal(), 28.0);
 
-        auto *theme = engine.singletonInstance<Theme *>(qmlTypeId("Trackwise.Ui", 1, 0, "Theme"));
-        QVERIFY(theme);
+        Theme *theme = &themeOf(engine);
         theme->setSettings({.isDark = true, .textSize = 11});
         QCOMPARE(text->property("color").value<QColor>(), theme->label());
         QCOMPARE(text->property("font").value<QFont>().pixelSize(), theme->title2().font.pixelSize());
