@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "information/FormatLocale.h"
+#include "song/MediaItem.h"
+
+#include <QString>
+#include <QTimeZone>
+
+#include <optional>
+#include <vector>
+
+namespace trackwise {
+
+enum class RowAction { None, ShowLyrics };
+
+/// One line of the information list. Its texts are shown as they are and never translated.
+struct InformationRow
+{
+    QString title;
+    QString value;
+    std::optional<QString> valueAccessibilityLabel; ///< spoken instead of the value
+    RowAction action = RowAction::None;             ///< when there is one, the value is a button
+
+    friend bool operator==(const InformationRow &, const InformationRow &) = default;
+};
+
+/// The rows that are always shown and those that follow them when more is asked for.
+struct InformationRows
+{
+    std::vector<InformationRow> main;
+    std::vector<InformationRow> more;
+
+    friend bool operator==(const InformationRows &, const InformationRows &) = default;
+};
+
+/// Everything known about @p item, in the order of the list. What is not known is shown as "--".
+/// A rating above 5 breaks the record's contract and stops the program. Any thread.
+[[nodiscard]] InformationRows informationRows(const MediaItem &item, const FormatLocale &locale,
+                                              const QTimeZone &zone);
+
+} // namespace trackwise
