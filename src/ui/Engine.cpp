@@ -4,7 +4,10 @@
 #include "ui/SymbolProvider.h"
 #include "ui/Theme.h"
 
+#include <QQmlComponent>
 #include <QQmlEngine>
+
+#include <memory>
 
 namespace trackwise {
 
@@ -12,6 +15,12 @@ void prepareEngine(QQmlEngine &engine)
 {
     // Not on the default path of Qt 6.4.
     engine.addImportPath(QStringLiteral(":/qt/qml"));
+    // A module's types are known from its first import on, not before.
+    QQmlComponent importer(&engine);
+    importer.setData("import QtQml\nimport Trackwise.Ui\nQtObject {}", {});
+    const std::unique_ptr<QObject> imported(importer.create());
+    if (!imported)
+        qFatal("cannot import Trackwise.Ui: %s", qPrintable(importer.errorString()));
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolProvider);
 }
 

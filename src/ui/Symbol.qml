@@ -16,7 +16,8 @@ Image {
     width: root.size
     height: root.size
     mirror: root.mirrors && LayoutMirroring.enabled
-    sourceSize: Qt.size(Math.ceil(root.size * Screen.devicePixelRatio), Math.ceil(root.size * Screen.devicePixelRatio))
+    sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
+    sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
     source: root.name === "" ? "" : "image://symbol/" + root.name + "/" + root.color
     Accessible.ignored: true
 }

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Trackwise.Ui
+
+/// The buttons of an alert: side by side when there are two that fit, else one below the other. The one that
+/// cancels comes first in a row and last in a column.
+Grid {
+    id: root
+
+    required property Alert alert
+
+    signal chosen(int index)
+
+    readonly property int count: root.alert ? root.alert.actionTitles.length : 0
+    readonly property bool isRow: root.count === 2 && !Theme.isAccessibilitySize
+
+    /// Gives the keyboard focus to the preferred button.
+    function focusPreferred() {
+        repeater.itemAt(root.alert.preferredAction).forceActiveFocus();
+    }
+
+    columns: isRow ? 2 : 1
+    // In a row the cancelling button, which is the last action, stands at the leading edge.
+    layoutDirection: isRow !== LayoutMirroring.enabled ? Qt.RightToLeft : Qt.LeftToRight
+
+    Repeater {
+        id: repeater
+
+        model: root.alert ? root.alert.actionTitles : []
+
+        delegate: T.AbstractButton {
+            id: button
+
+            required property int index
+            required property string modelData
+
+            width: root.isRow ? root.width / 2 : root.width
+            height: Math.max(Theme.touchTarget, label.implicitHeight + 16)
+            focusPolicy: Qt.StrongFocus
+            hoverEnabled: true
+            text: modelData
+            onClicked: root.chosen(button.index)
+            Keys.onReturnPressed: root.chosen(button.index)
+            Keys.onEnterPressed: root.chosen(button.index)
+            Accessible.role: Accessible.Button
+            Accessible.name: button.text
+            Accessible.onPressAction: root.chosen(button.index)
+
+            background: Item {
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 3
+                    radius: 11
+                    color: Theme.systemFill
+                    opacity: button.down ? 1 : button.hovered ? 0.5 : 0
+                }
+                Separator {
+                    height: parent.height
+                    anchors.right: parent.right
+                    visible: root.isRow && button.index === 1
+                }
+                Separator {
+                    width: parent.width
+                    visible: !root.isRow && button.index > 0
+                }
+            }
+            contentItem: StyledText {
+                id: label
+
+                text: button.text
+                style: Theme.body
+                font.weight: button.index === root.alert?.preferredAction ? Font.DemiBold : Font.Normal
+                color: Theme.accent
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+            }
+            FocusRing {
+                visible: button.visualFocus
+                anchors.margins: 3
+                radius: 11
+            }
+        }
+    }
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+#include <QVariantMap>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace trackwise {
+
+/// A view that can be hosted in a sheet or on the navigation stack: a QML file, the properties it is made
+/// with, and the object that feeds it. Shared by its maker and whoever shows it.
+class HostedView : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by controllers")
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(QUrl source READ source CONSTANT)
+    Q_PROPERTY(QVariantMap properties READ properties CONSTANT)
+
+public:
+    /// @p model is kept alive as long as this and is handed to the view as the property @p modelName.
+    HostedView(QString title, QUrl source, const char *modelName, std::shared_ptr<QObject> model)
+        : m_title(std::move(title))
+        , m_source(std::move(source))
+        , m_model(std::move(model))
+    {
+        m_properties.insert(QString::fromLatin1(modelName), QVariant::fromValue(m_model.get()));
+    }
+    HostedView(QString title, QUrl source, QVariantMap properties)
+        : m_title(std::move(title))
+        , m_source(std::move(source))
+        , m_properties(std::move(properties))
+    {}
+
+    [[nodiscard]] QString title() const { return m_title; }
+    [[nodiscard]] QUrl source() const { return m_source; }
+    [[nodiscard]] QVariantMap properties() const { return m_properties; }
+
+private:
+    QString m_title;
+    QUrl m_source;
+    QVariantMap m_properties;
+    std::shared_ptr<QObject> m_model;
+};
+
+} // namespace trackwise

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Ui
+
+/// The bar at the top of a screen: something at either end, and a title between them.
+Item {
+    id: root
+
+    property string title: ""
+    property real margin: 22
+    default property alias content: ends.data
+    readonly property real barHeight: 52
+
+    implicitHeight: Math.max(barHeight, titleText.implicitHeight + 16)
+
+    StyledText {
+        id: titleText
+
+        anchors.centerIn: parent
+        width: Math.min(implicitWidth, root.width * 0.5)
+        text: root.title
+        style: Theme.headline
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+        Accessible.name: root.title
+    }
+    Item {
+        id: ends
+
+        anchors.fill: parent
+        anchors.leftMargin: root.margin
+        anchors.rightMargin: root.margin
+    }
+}

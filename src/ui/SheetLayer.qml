@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Trackwise.Ui
+
+/// Shows the sheet of a presentation over its window: as wide as a phone, or 540 points and centred.
+T.Popup {
+    id: root
+
+    required property Presentation presentation
+
+    readonly property bool isWide: parent && parent.width >= 700
+    readonly property real wideWidth: 540
+    readonly property real wideMargin: 40
+    readonly property real tallest: 820
+    readonly property real topGap: 12
+    readonly property real restingY: isWide ? (parent.height - height) / 2 : topGap
+    readonly property bool slides: !Theme.reducesMotion
+
+    parent: T.Overlay.overlay
+    x: parent ? (parent.width - width) / 2 : 0
+    y: restingY
+    width: isWide ? wideWidth : parent ? parent.width : 0
+    height: !parent ? 0 : isWide ? Math.min(tallest, parent.height - 2 * wideMargin) : parent.height - topGap
+    modal: true
+    focus: true
+    visible: root.presentation.isSheetVisible
+    closePolicy: T.Popup.NoAutoClose
+    onClosed: root.presentation.sheetDidHide()
+
+    T.Overlay.modal: Rectangle {
+        color: "#000000"
+        opacity: root.opened || root.enter.running ? 0.3 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.sheetDuration
+            }
+        }
+        TapHandler {
+            onTapped: root.presentation.cancelSheet()
+        }
+    }
+
+    background: Rectangle {
+        color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground
+        radius: 16
+
+        // On a phone the sheet reaches the lower edge: only its upper corners are round.
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: parent.radius
+            visible: !root.isWide
+            color: parent.color
+        }
+    }
+
+    contentItem: FocusScope {
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: root.presentation.sheet ? root.presentation.sheet.title : ""
+        Keys.onEscapePressed: root.presentation.cancelSheet()
+
+        ViewHost {
+            anchors.fill: parent
+            focus: true
+            view: root.presentation.sheet
+        }
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: root.slides ? "y" : "opacity"
+            from: root.slides ? root.parent.height : 0
+            to: root.slides ? root.restingY : 1
+            duration: Theme.sheetDuration
+            easing.type: Easing.OutQuint
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: root.slides ? "y" : "opacity"
+            to: root.slides ? root.parent.height : 0
+            duration: Theme.sheetDuration * 0.8 // leaves a little faster than it came
+            easing.type: Easing.InCubic
+        }
+    }
+}
