@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/tags/MusicLayout.h"
+
+namespace trackwise {
+
+// One function a container format. Each is given the stretch of the file between the tags that may stand
+// around any format (ID3v2 before; ID3v1 and APEv2 behind).
+
+[[nodiscard]] Result<MusicLayout> flacLayout(MusicFile &file, qint64 begin, qint64 end);
+
+} // namespace trackwise

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/tags/MusicLayout.h"
+#include "platform/linux/library/tags/TagFields.h"
+
+#include <taglib/tbytevector.h>
+
+namespace trackwise {
+
+/// What a parser found in one file.
+struct MusicContent
+{
+    TagFields fields;
+    TagLib::ByteVector picture; ///< embedded front cover, else another embedded picture; empty for none
+    double durationSeconds = 0;
+};
+
+/// Reads a file whose layout is known. A duration of zero or less: no parser could find sound in it.
+[[nodiscard]] MusicContent musicContent(MusicFile &file, const MusicLayout &layout);
+
+} // namespace trackwise

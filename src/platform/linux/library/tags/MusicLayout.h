@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/tags/AudioHash.h"
+#include "platform/linux/library/tags/MusicFile.h"
+
+#include <vector>
+
+namespace trackwise {
+
+enum class Container : std::uint8_t {
+    Mpeg,
+    Adts,
+    Ac3,
+    Flac,
+    OggVorbis,
+    OggOpus,
+    OggSpeex,
+    OggFlac,
+    Mp4,
+    Wav,
+    Aiff,
+    MonkeysAudio,
+    WavPack,
+    Musepack,
+    TrueAudio,
+    Asf,
+    Matroska,
+    Dsf,
+    Dsdiff,
+};
+
+/// What a file is and where its sound lies, found by its content and checked: whatever a parser would trust
+/// (sizes, nesting, counts) has been looked at before one sees the file.
+struct MusicLayout
+{
+    Container container;
+    std::vector<AudioExtent> sound;
+};
+
+/// Fails with Unsupported when the file is not music, with Malformed when it is but is cut off or lies.
+[[nodiscard]] Result<MusicLayout> musicLayout(MusicFile &file);
+
+} // namespace trackwise
