@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Trackwise.Ui
+
+/// A menu that opens where the user asked for it, or below a button. Its items are ContextMenuItem and
+/// ContextMenuSeparator.
+T.Menu {
+    id: root
+
+    /// Shown above the items; plain text.
+    property string heading: ""
+    readonly property real narrowest: 200
+
+    implicitWidth: Math.max(narrowest, contentItem.implicitWidth) + leftPadding + rightPadding
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    padding: 6
+    topPadding: headingText.visible ? headingText.height + 6 : 6
+    margins: 8
+    modal: true
+    dim: false
+    overlap: 1
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        implicitWidth: {
+            let widest = 0;
+            for (let i = 0; i < root.count; ++i)
+                widest = Math.max(widest, root.itemAt(i).implicitWidth);
+            return widest;
+        }
+        model: root.contentModel
+        currentIndex: root.currentIndex
+        interactive: contentHeight > height
+        clip: interactive
+    }
+
+    background: Item {
+        // A soft edge without shader effects: three ever fainter outlines.
+        Repeater {
+            model: 3
+            delegate: Rectangle {
+                required property int index
+                anchors.fill: parent
+                anchors.margins: -1 - 2 * index
+                anchors.topMargin: 1 - index
+                radius: 12 + 2 * index
+                color: "#000000"
+                opacity: 0.05
+            }
+        }
+        Rectangle {
+            anchors.fill: parent
+            radius: 12
+            color: Theme.tertiarySystemBackground
+            border.width: 1 / Screen.devicePixelRatio
+            border.color: Theme.separator
+        }
+        StyledText {
+            id: headingText
+
+            visible: root.heading !== ""
+            x: 18
+            width: parent.width - 2 * x
+            height: implicitHeight + 10
+            verticalAlignment: Text.AlignVCenter
+            text: root.heading
+            style: Theme.caption
+            color: Theme.secondaryLabel
+            elide: Text.ElideRight
+        }
+    }
+
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.hoverDuration
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.hoverDuration
+        }
+    }
+}
