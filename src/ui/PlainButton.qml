@@ -46,12 +46,10 @@ T.AbstractButton {
     }
 
     contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: row.implicitHeight
+        implicitWidth: childrenRect.width
+        implicitHeight: childrenRect.height
 
         Row {
-            id: row
-
             anchors.centerIn: parent
             spacing: root.spacing
 
