@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/players/FilePlayback.h"
+
+#include <QAudioDevice>
+#include <QAudioOutput>
+#include <QFile>
+#include <QMediaDevices>
+#include <QMediaPlayer>
+#include <QUrl>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace trackwise {
+
+namespace {
+
+/// The file, open for reading; null when it is absent, unreadable or not a regular file. Opened by its
+/// bytes: names in old collections are not always UTF-8.
+std::unique_ptr<QFile> openRegularFile(const QByteArray &path)
+{
+    const int descriptor =
+        ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a FIFO must not block
+    if (descriptor < 0)
+        return nullptr;
+    struct stat status
+    {};
+    auto file = std::make_unique<QFile>();
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+        !file->open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return nullptr;
+    }
+    return file;
+}
+
+} // namespace
+
+FilePlayback::FilePlayback(QObject *parent)
+    : QObject(parent)
+{}
+
+FilePlayback::~FilePlayback()
+{
+    if (m_player)
+        m_player->disconnect(this);
+}
+
+bool FilePlayback::load(const QByteArray &path)
+{
+    unload();
+    std::unique_ptr<QFile> file = openRegularFile(path);
+    if (!file)
+        return false;
+    ensurePlayer();
+    m_file = std::move(file);
+    // The name is a hint at the format; it is not opened.
+    m_player->setSourceDevice(m_file.get(), QUrl::fromLocalFile(QFile::decodeName(path)));
+    if (m_player->hasAudio()) // known at once: this backend reads the file's head within the call
+        return true;
+    unload();
+    return false;
+}
+
+void FilePlayback::unload()
+{
+    if (!m_file)
+        return;
+    m_player->stop();
+    m_player->setSource({});
+    m_file.reset();
+}
+
+void FilePlayback::play()
+{
+    if (m_file && !m_output->device().isNull())
+        m_player->play();
+}
+
+void FilePlayback::pause()
+{
+    if (m_file && state() == State::Playing)
+        m_player->pause();
+}
+
+void FilePlayback::stop()
+{
+    if (m_file)
+        m_player->stop();
+}
+
+void FilePlayback::seek(Milliseconds position)
+{
+    if (m_file)
+        m_player->setPosition(std::clamp(position, Milliseconds(0), duration()).count());
+}
+
+FilePlayback::State FilePlayback::state() const
+{
+    if (!m_file)
+        return State::Stopped;
+    switch (m_player->playbackState()) {
+    case QMediaPlayer::PlayingState:
+        return State::Playing;
+    case QMediaPlayer::PausedState:
+        return State::Paused;
+    case QMediaPlayer::StoppedState:
+        break;
+    }
+    return State::Stopped;
+}
+
+FilePlayback::Milliseconds FilePlayback::position() const
+{
+    if (state() == State::Stopped)
+        return Milliseconds(0);
+    return std::clamp(Milliseconds(m_player->position()), Milliseconds(0), duration());
+}
+
+FilePlayback::Milliseconds FilePlayback::duration() const
+{
+    return m_file ? std::max(Milliseconds(m_player->duration()), Milliseconds(0)) : Milliseconds(0);
+}
+
+void FilePlayback::setVolume(double volume)
+{
+    m_volume = std::clamp(volume, 0.0, 1.0);
+    applyVolume();
+}
+
+void FilePlayback::ensurePlayer()
+{
+    if (m_player)
+        return;
+    // The other backend lacks AAC without further packages and crashes without its plug-ins.
+    if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
+        qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+    m_devices = std::make_unique<QMediaDevices>();
+    m_output = std::make_unique<QAudioOutput>(QMediaDevices::defaultAudioOutput());
+    m_player = std::make_unique<QMediaPlayer>();
+    m_player->setAudioOutput(m_output.get());
+    applyVolume();
+
+    connect(m_devices.get(), &QMediaDevices::audioOutputsChanged, this, &FilePlayback::followDefaultOutput);
+    connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this, &FilePlayback::stateDidChange);
+    connect(m_player.get(), &QMediaPlayer::durationChanged, this, &FilePlayback::durationDidChange);
+    connect(m_player.get(), &QMediaPlayer::mediaStatusChanged, this,
+            [this](QMediaPlayer::MediaStatus status) {
+                if (status == QMediaPlayer::EndOfMedia)
+                    Q_EMIT didReachEnd();
+            });
+    // Queued: the player must not lose its file from within its own signal.
+    const auto fail = [this] {
+        if (!m_file || m_player->error() == QMediaPlayer::NoError)
+            return;
+        unload();
+        Q_EMIT didFail();
+    };
+    connect(m_player.get(), &QMediaPlayer::errorOccurred, this, fail, Qt::QueuedConnection);
+}
+
+void FilePlayback::followDefaultOutput()
+{
+    const QAudioDevice device = QMediaDevices::defaultAudioOutput();
+    if (device == m_output->device())
+        return;
+    if (device.isNull())
+        pause();
+    m_output->setDevice(device);
+    Q_EMIT outputDidChange();
+}
+
+void FilePlayback::applyVolume()
+{
+    if (m_output)
+        m_output->setVolume(float(
+            QAudio::convertVolume(m_volume, QAudio::LogarithmicVolumeScale, QAudio::LinearVolumeScale)));
+}
+
+} // namespace trackwise

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+#include <chrono>
+#include <memory>
+
+class QAudioOutput;
+class QFile;
+class QMediaDevices;
+class QMediaPlayer;
+
+namespace trackwise {
+
+/// Plays one audio file at a time to the device's default output, wherever that is at the moment. Nothing of
+/// the multimedia library is loaded before the first file is. Main thread.
+class FilePlayback : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Milliseconds = std::chrono::milliseconds;
+    enum class State { Stopped, Playing, Paused };
+
+    explicit FilePlayback(QObject *parent = nullptr);
+    ~FilePlayback() override;
+
+    /// Makes the file at @p path ready, standing at its beginning. False when it cannot be opened or holds
+    /// no sound; one that turns out to be broken later on fails with didFail().
+    bool load(const QByteArray &path);
+    void unload();
+    [[nodiscard]] bool isLoaded() const { return m_file != nullptr; }
+
+    /// Does nothing without a file or without any audio output.
+    void play();
+    void pause();
+    void stop(); ///< and goes back to the beginning
+    void seek(Milliseconds position);
+
+    [[nodiscard]] State state() const;
+    [[nodiscard]] Milliseconds position() const;             ///< never beyond the duration
+    [[nodiscard]] Milliseconds duration() const;             ///< zero: not known yet
+    [[nodiscard]] double volume() const { return m_volume; } ///< 0 to 1, as ears judge loudness
+    void setVolume(double volume);
+
+Q_SIGNALS:
+    void stateDidChange();
+    void durationDidChange();
+    void didReachEnd(); ///< the state is Stopped
+    void didFail();     ///< the file is unloaded
+    void outputDidChange();
+
+private:
+    void ensurePlayer();
+    void followDefaultOutput();
+    void applyVolume();
+
+    double m_volume = 1;
+    std::unique_ptr<QFile> m_file; ///< read by the player: outlives its use there
+    std::unique_ptr<QMediaDevices> m_devices;
+    std::unique_ptr<QAudioOutput> m_output;
+    std::unique_ptr<QMediaPlayer> m_player;
+};
+
+} // namespace trackwise

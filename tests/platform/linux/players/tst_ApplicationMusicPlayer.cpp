@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/players/ApplicationMusicPlayer.h"
+#include "platform/linux/players/PrivateSound.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Songs = QList<std::uint64_t>;
+
+MediaItem songNumber(std::uint64_t number)
+{
+    MediaItem item;
+    item.title = QStringLiteral("Song %1").arg(number);
+    item.persistentID = PersistentID{number};
+    return item;
+}
+
+constexpr std::uint64_t shortSong = 1;
+constexpr std::uint64_t longSong = 2;
+constexpr std::uint64_t missingSong = 3;
+constexpr std::uint64_t noMusic = 4;
+constexpr std::uint64_t lostSong = 5; ///< no path at all
+
+} // namespace
+
+class tst_ApplicationMusicPlayer : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    PrivateSound m_sound;
+    std::unique_ptr<ApplicationMusicPlayer> m_player;
+    Songs m_played;
+    Songs m_skipped;
+
+    [[nodiscard]] std::optional<QByteArray> pathOf(PersistentID id) const
+    {
+        const QByteArray folder = m_folder.path().toUtf8();
+        switch (id.value) {
+        case shortSong:
+            return folder + "/short \xff.flac"; // not UTF-8, as names in old collections
+        case longSong:
+            return folder + "/long.m4a";
+        case missingSong:
+            return folder + "/missing.mp3";
+        case noMusic:
+            return folder + "/text.mp3";
+        default:
+            return std::nullopt;
+        }
+    }
+    void load(std::initializer_list<std::uint64_t> songs)
+    {
+        std::vector<MediaItem> queue;
+        for (const auto song : songs)
+            queue.push_back(songNumber(song));
+        m_player->stop();
+        m_player->setQueue(queue);
+        m_player->prepareToPlay();
+    }
+    [[nodiscard]] std::uint64_t current() const
+    {
+        const auto item = m_player->nowPlayingItem();
+        return item ? item->persistentID.value : 0;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_sound.start());
+        const QString tone = m_folder.filePath(QStringLiteral("short.flac"));
+        QVERIFY(makeTone(tone, 1.2));
+        QCOMPARE(::rename(QFile::encodeName(tone).constData(), pathOf({shortSong})->constData()), 0);
+        QVERIFY(makeTone(QString::fromUtf8(*pathOf({longSong})), 60));
+        QFile text(QString::fromUtf8(*pathOf({noMusic})));
+        QVERIFY(text.open(QIODevice::WriteOnly));
+        text.write("This is no music.\n");
+    }
+    void init()
+    {
+        m_played.clear();
+        m_skipped.clear();
+        m_player = std::make_unique<ApplicationMusicPlayer>([this](PersistentID id) { return pathOf(id); });
+        connect(m_player.get(), &ApplicationMusicPlayer::songWasPlayed, this,
+                [this](PersistentID id) { m_played << id.value; });
+        connect(m_player.get(), &ApplicationMusicPlayer::songWasSkipped, this,
+                [this](PersistentID id) { m_skipped << id.value; });
+    }
+    void cleanup() { m_player.reset(); }
+
+    void playsPausesAndStops()
+    {
+        QCOMPARE(current(), 0u);
+        m_player->play();
+        QCOMPARE(m_player->playbackState(), PlaybackState::Stopped);
+
+        m_player->setQueue({songNumber(longSong)});
+        QCOMPARE(current(), 0u);
+        m_player->prepareToPlay();
+        QCOMPARE(current(), longSong);
+        QCOMPARE(m_player->playbackState(), PlaybackState::Stopped);
+        m_player->play();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QTRY_VERIFY(m_player->position() > 100ms);
+        QTRY_VERIFY(m_player->duration() >= 60s);
+
+        m_player->pause();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Paused);
+        m_player->seek(30s);
+        QTRY_VERIFY(m_player->position() >= 29s && m_player->position() <= 31s);
+        m_player->play();
+        QTRY_VERIFY(m_player->position() > 30s + 200ms);
+        m_player->skipToBeginning();
+        QTRY_VERIFY(m_player->position() < 10s);
+        m_player->stop();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
+        QCOMPARE(m_player->position(), 0ms);
+        QCOMPARE(current(), longSong);
+        QCOMPARE(m_played, Songs({}));
+    }
+
+    void countsASongThatEndsOnceEachTime()
+    {
+        load({shortSong});
+        m_player->play();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QTRY_COMPARE(m_played, Songs({shortSong}));
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
+        QCOMPARE(current(), shortSong);
+
+        m_player->play(); // from its beginning
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QTRY_COMPARE(m_played, Songs({shortSong, shortSong}));
+        QCOMPARE(m_skipped, Songs({}));
+    }
+
+    void countsASkip()
+    {
+        load({longSong});
+        m_player->play();
+        QTRY_VERIFY(m_player->position() > 2200ms);
+        m_player->setQueue({songNumber(shortSong)});
+        m_player->play();
+        QCOMPARE(m_skipped, Songs({longSong}));
+        QCOMPARE(current(), shortSong);
+        QCOMPARE(m_played, Songs({}));
+    }
+
+    void goesThroughItsQueuePastFilesThatAreNoMusic()
+    {
+        load({missingSong, shortSong, noMusic, lostSong, longSong});
+        QCOMPARE(current(), shortSong);
+        m_player->play();
+        QTRY_COMPARE(current(), longSong);
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QCOMPARE(m_played, Songs({shortSong}));
+        QCOMPARE(m_skipped, Songs({}));
+    }
+
+    void staysStoppedWithoutAFile_data()
+    {
+        QTest::addColumn<quint64>("song");
+        QTest::newRow("missing") << quint64(missingSong);
+        QTest::newRow("no music") << quint64(noMusic);
+        QTest::newRow("no path") << quint64(lostSong);
+    }
+    void staysStoppedWithoutAFile()
+    {
+        QFETCH(quint64, song);
+        load({song});
+        m_player->play();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
+        QCOMPARE(current(), song);
+
+        m_player->setQueue({songNumber(longSong)}); // and is not hurt by it
+        m_player->prepareToPlay();
+        m_player->play();
+        QTRY_VERIFY(m_player->position() > 100ms);
+    }
+
+    void notifiesOnlyBetweenBeginAndEnd()
+    {
+        QSignalSpy states(m_player.get(), &MusicPlayer::playbackStateDidChange);
+        QSignalSpy items(m_player.get(), &MusicPlayer::nowPlayingItemDidChange);
+        load({longSong});
+        m_player->play();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QCOMPARE(states.size() + items.size(), 0);
+
+        m_player->beginGeneratingPlaybackNotifications();
+        m_player->beginGeneratingPlaybackNotifications();
+        m_player->endGeneratingPlaybackNotifications();
+        m_player->pause();
+        QTRY_COMPARE(states.size(), 1);
+        load({shortSong});
+        QTRY_COMPARE(items.size(), 1);
+        m_player->endGeneratingPlaybackNotifications();
+        m_player->play();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        QCOMPARE(states.size(), 2); // the stop before the new queue was the last
+    }
+
+    void followsTheDefaultOutput()
+    {
+        load({longSong});
+        m_player->play();
+        QTRY_VERIFY(m_player->position() > 100ms);
+        const auto sinkOfStream = [this] {
+            return m_sound
+                .control({QStringLiteral("list"), QStringLiteral("short"), QStringLiteral("sink-inputs")})
+                .section(QLatin1Char('\t'), 1, 1);
+        };
+        const QString before = sinkOfStream();
+        QVERIFY(!before.isEmpty());
+        m_sound.control({QStringLiteral("set-default-sink"), QStringLiteral("second")});
+        QTRY_VERIFY(!sinkOfStream().isEmpty() && sinkOfStream() != before);
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        const auto position = m_player->position();
+        QTRY_VERIFY(m_player->position() > position + 100ms);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ApplicationMusicPlayer)
+#include "tst_ApplicationMusicPlayer.moc"

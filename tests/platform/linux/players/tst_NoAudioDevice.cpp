@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/players/ApplicationMusicPlayer.h"
+#include "platform/linux/players/PrivateSound.h"
+
+#include <QTest>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+/// On a device without any audio output; a program of its own, for the multimedia library looks only once.
+class tst_NoAudioDevice : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void saysThatItDoesNotPlay()
+    {
+        const PrivateSound noServer; // not started
+        const QTemporaryDir folder;
+        const QString tone = folder.filePath(QStringLiteral("tone.mp3"));
+        QVERIFY(makeTone(tone, 30));
+        ApplicationMusicPlayer player([tone](PersistentID) { return tone.toUtf8(); });
+        MediaItem song;
+        song.persistentID = PersistentID{1};
+
+        player.setQueue({song});
+        player.prepareToPlay();
+        player.play();
+        QTest::qWait(50); // for what the library may do behind our back
+        QCOMPARE(player.playbackState(), PlaybackState::Stopped);
+        QCOMPARE(player.nowPlayingItem(), std::optional(song));
+        QVERIFY(player.duration() >= 30s);
+        player.seek(10s);
+        player.pause();
+        player.stop();
+        QCOMPARE(player.position(), 0ms);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_NoAudioDevice)
+#include "tst_NoAudioDevice.moc"
