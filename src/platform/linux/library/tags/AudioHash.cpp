@@ -36,7 +36,7 @@ qint64 copyJoined(MusicFile &file, const std::vector<AudioExtent> &extents, qint
 
 } // namespace
 
-std::uint64_t audioHash(MusicFile &file, const std::vector<AudioExtent> &sound)
+std::uint64_t audioHash(MusicFile &file, const std::vector<AudioExtent> &sound, std::uint64_t salt)
 {
     qint64 length = 0;
     for (const auto &extent : sound)
@@ -50,12 +50,8 @@ std::uint64_t audioHash(MusicFile &file, const std::vector<AudioExtent> &sound)
         for (const auto from : {qint64(0), (length - pieceSize) / 2, length - pieceSize})
             count += copyJoined(file, sound, from, pieceSize, bytes.data() + count);
     }
-    return audioHash(QByteArrayView(bytes.data(), count), static_cast<std::uint64_t>(length));
-}
-
-std::uint64_t audioHash(QByteArrayView sound, std::uint64_t length)
-{
-    return XXH3_64bits_withSeed(sound.data(), static_cast<size_t>(sound.size()), length);
+    return XXH3_64bits_withSeed(bytes.data(), static_cast<size_t>(count),
+                                static_cast<XXH64_hash_t>(length) ^ salt);
 }
 
 QByteArray pictureKey(QByteArrayView picture)

@@ -23,10 +23,9 @@ struct AudioExtent
 /// 64 bits that stand for the sound of a file, whatever its tags: XXH3 over the length of the sound and, up
 /// to 48 KiB, all of it; of more, 16 KiB each from its start, middle and end. That costs some 10 microseconds
 /// and still tells any two recordings apart; two encodings of one recording differ.
-[[nodiscard]] std::uint64_t audioHash(MusicFile &file, const std::vector<AudioExtent> &sound);
-
-/// For sound that is first gathered from packets (Ogg): @p length tells encodings of different length apart.
-[[nodiscard]] std::uint64_t audioHash(QByteArrayView sound, std::uint64_t length);
+/// @p salt goes into it too.
+[[nodiscard]] std::uint64_t audioHash(MusicFile &file, const std::vector<AudioExtent> &sound,
+                                      std::uint64_t salt = 0);
 
 /// Names a picture by its bytes: XXH3 as 16 hexadecimal digits.
 [[nodiscard]] QByteArray pictureKey(QByteArrayView picture);

@@ -75,10 +75,10 @@ bool isTrue(const std::optional<QString> &text)
     return value == u"true" || value == u"yes" || number(value).value_or(0) != 0;
 }
 
-Advisory advisory(const std::optional<QString> &text)
+std::optional<Advisory> advisory(const std::optional<QString> &text)
 {
     if (!text)
-        return Advisory::None;
+        return std::nullopt;
     const auto value = text->trimmed().toLower();
     if (value == u"1" || value == u"4" || value == u"explicit")
         return Advisory::Explicit;

@@ -2,10 +2,23 @@
 #include "platform/linux/library/tags/MusicContent.h"
 
 #include "platform/linux/library/tags/Dialects.h"
+#include "platform/linux/library/tags/Mp4Boxes.h"
 #include "platform/linux/library/tags/TagStream.h"
 
+#include <taglib/aifffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
+#include <taglib/mp4file.h>
+#include <taglib/mpegfile.h>
+#include <taglib/oggflacfile.h>
+#include <taglib/opusfile.h>
+#include <taglib/speexfile.h>
+#include <taglib/vorbisfile.h>
+#include <taglib/wavfile.h>
+
+#include <array>
+#include <optional>
+#include <string_view>
 
 namespace trackwise {
 
@@ -16,16 +29,110 @@ double secondsOf(const TagLib::AudioProperties *properties)
     return properties ? properties->lengthInMilliseconds() / 1000.0 : 0;
 }
 
+TagLib::ID3v2::FrameFactory *frames()
+{
+    return TagLib::ID3v2::FrameFactory::instance();
+}
+
+/// Takes a tag's fields where no better tag had them, and its picture if there is none yet.
+template <typename Tag>
+void take(MusicContent &content, const TagFields &fields, const Tag &tag)
+{
+    content.fields.fillGapsFrom(fields);
+    if (content.picture.isEmpty())
+        content.picture = bestPicture(tag);
+}
+
+MusicContent mpegContent(TagStream &stream)
+{
+    TagLib::MPEG::File file(&stream, frames());
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasID3v2Tag())
+        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+    if (file.hasAPETag())
+        take(content, apeFields(*file.APETag()), *file.APETag());
+    if (file.hasID3v1Tag())
+        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+    return content;
+}
+
 MusicContent flacContent(TagStream &stream)
 {
-    TagLib::FLAC::File file(&stream, TagLib::ID3v2::FrameFactory::instance());
-    MusicContent content;
-    content.durationSeconds = secondsOf(file.audioProperties());
-    if (file.hasXiphComment())
-        content.fields = xiphFields(*file.xiphComment());
+    TagLib::FLAC::File file(&stream, frames());
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     content.picture = bestPicture(file.pictureList());
-    if (content.picture.isEmpty() && file.hasXiphComment())
-        content.picture = bestPicture(file.xiphComment()->pictureList());
+    if (file.hasXiphComment())
+        take(content, xiphFields(*file.xiphComment()), file.xiphComment()->pictureList());
+    if (file.hasID3v2Tag())
+        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+    if (file.hasID3v1Tag())
+        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+    return content;
+}
+
+template <typename File>
+MusicContent oggContent(TagStream &stream)
+{
+    File file(&stream);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (auto *comment = file.tag())
+        take(content, xiphFields(*comment), comment->pictureList());
+    return content;
+}
+
+/// What the parser leaves out: numbers of another width than it expects.
+void addMp4Numbers(TagFields &fields, MusicFile &file)
+{
+    struct Number
+    {
+        std::string_view box;
+        Field field;
+    };
+    static constexpr std::array numbers = {
+        Number{"cnID", Field::CatalogID},
+        Number{"plID", Field::AlbumCatalogID},
+        Number{"atID", Field::ArtistCatalogID},
+        Number{"rate", Field::RatingPercent},
+    };
+    std::optional<Mp4Box> list;
+    for (const auto &number : numbers) {
+        if (fields.has(number.field))
+            continue;
+        if (!list)
+            list = mp4BoxAlong(file, {"moov", "udta", "meta", "ilst"});
+        const auto value = list ? mp4Number(file, *list, number.box) : std::nullopt;
+        if (value)
+            fields.add(number.field, QString::number(*value));
+    }
+}
+
+MusicContent mp4Content(TagStream &stream, MusicFile &source)
+{
+    TagLib::MP4::File file(&stream);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasMP4Tag())
+        take(content, mp4Fields(*file.tag()), *file.tag());
+    addMp4Numbers(content.fields, source);
+    return content;
+}
+
+MusicContent wavContent(TagStream &stream)
+{
+    TagLib::RIFF::WAV::File file(&stream);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasID3v2Tag())
+        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+    if (file.hasInfoTag())
+        content.fields.fillGapsFrom(riffInfoFields(*file.InfoTag()));
+    return content;
+}
+
+MusicContent aiffContent(TagStream &stream)
+{
+    TagLib::RIFF::AIFF::File file(&stream);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasID3v2Tag())
+        take(content, id3v2Fields(*file.tag()), *file.tag());
     return content;
 }
 
@@ -34,9 +141,27 @@ MusicContent flacContent(TagStream &stream)
 MusicContent musicContent(MusicFile &file, const MusicLayout &layout)
 {
     TagStream stream(file);
+    if (layout.outer.id3CutEnd > layout.outer.id3CutBegin)
+        stream.cut(layout.outer.id3CutBegin, layout.outer.id3CutEnd, layout.outer.id3Head);
     switch (layout.container) {
+    case Container::Mpeg:
+        return mpegContent(stream);
     case Container::Flac:
         return flacContent(stream);
+    case Container::OggVorbis:
+        return oggContent<TagLib::Ogg::Vorbis::File>(stream);
+    case Container::OggOpus:
+        return oggContent<TagLib::Ogg::Opus::File>(stream);
+    case Container::OggSpeex:
+        return oggContent<TagLib::Ogg::Speex::File>(stream);
+    case Container::OggFlac:
+        return oggContent<TagLib::Ogg::FLAC::File>(stream);
+    case Container::Mp4:
+        return mp4Content(stream, file);
+    case Container::Wav:
+        return wavContent(stream);
+    case Container::Aiff:
+        return aiffContent(stream);
     default:
         return {};
     }

@@ -3,6 +3,7 @@
 
 #include "platform/linux/library/tags/AudioHash.h"
 #include "platform/linux/library/tags/MusicFile.h"
+#include "platform/linux/library/tags/OuterTags.h"
 
 #include <vector>
 
@@ -35,7 +36,9 @@ enum class Container : std::uint8_t {
 struct MusicLayout
 {
     Container container;
-    std::vector<AudioExtent> sound;
+    std::vector<AudioExtent> sound; ///< what is hashed: all of it, or for Ogg the payload of some pages
+    std::uint64_t soundSalt = 0;    ///< what else tells this sound from others
+    OuterTags outer;
 };
 
 /// Fails with Unsupported when the file is not music, with Malformed when it is but is cut off or lies.

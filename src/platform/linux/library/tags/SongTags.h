@@ -57,8 +57,8 @@ struct SongTags
     std::optional<unsigned> trackCount;
     std::optional<unsigned> discNumber;
     std::optional<unsigned> discCount;
-    bool isCompilation = false; ///< the flag alone; "Various Artists" does not set it
-    Advisory advisory = Advisory::None;
+    bool isCompilation = false;       ///< the flag alone; "Various Artists" does not set it
+    std::optional<Advisory> advisory; ///< None: the file says that it is neither
     std::optional<MediaKind> mediaKind;
 
     std::optional<QString> catalogID; ///< of the streaming catalog's song; compared as text

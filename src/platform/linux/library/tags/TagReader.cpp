@@ -86,7 +86,7 @@ Result<SongTags> readTags(const QByteArray &path, const FolderListing &folder)
 
     auto tags = songTags(content->fields);
     tags.durationSeconds = content->durationSeconds;
-    tags.audioHash = audioHash(*file, layout->sound);
+    tags.audioHash = audioHash(*file, layout->sound, layout->soundSalt);
     if (const auto picture = viewOf(content->picture); isImage(picture))
         tags.artwork = {ArtworkSummary::Place::Embedded, path, pictureKey(picture)};
     if (!tags.lyrics)

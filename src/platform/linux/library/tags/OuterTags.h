@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/tags/MusicFile.h"
+
+namespace trackwise {
+
+/// The tags that can stand around any kind of music: ID3v2 before it; ID3v1, APEv2 and Lyrics3 behind it.
+struct OuterTags
+{
+    qint64 soundBegin = 0;
+    qint64 soundEnd = 0;
+
+    /// With an ID3v2 tag of absurdly many frames: where the first of them end. Only those are parsed.
+    qint64 id3CutBegin = 0;
+    qint64 id3CutEnd = 0;
+    QByteArray id3Head; ///< the tag's header with a size that fits what is left
+};
+
+/// Fails with Malformed when an ID3v2 tag goes past the end of the file.
+[[nodiscard]] Result<OuterTags> outerTags(MusicFile &file);
+
+} // namespace trackwise
