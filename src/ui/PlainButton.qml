@@ -46,10 +46,13 @@ T.AbstractButton {
     }
 
     contentItem: Item {
-        implicitWidth: childrenRect.width
-        implicitHeight: childrenRect.height
+        implicitWidth: row.implicitWidth
+        implicitHeight: row.implicitHeight
+        baselineOffset: row.y + label.y + label.baselineOffset
 
         Row {
+            id: row
+
             anchors.centerIn: parent
             spacing: root.spacing
 
@@ -62,6 +65,8 @@ T.AbstractButton {
                 mirrors: root.symbolMirrors
             }
             StyledText {
+                id: label
+
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.text !== "" && root.display !== T.AbstractButton.IconOnly
                 text: root.text

@@ -55,6 +55,13 @@ double contrastRatio(const QColor &a, const QColor &b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
+TextStyle TextStyle::bold() const
+{
+    TextStyle style = *this;
+    style.font.setWeight(QFont::Bold);
+    return style;
+}
+
 Theme::Theme(QObject *parent)
     : QObject(parent)
 {}

@@ -22,6 +22,9 @@ public:
     QFont font;
     qreal lineHeight = 0;
 
+    /// The same style in bold.
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const;
+
     friend bool operator==(const TextStyle &, const TextStyle &) = default;
 };
 
