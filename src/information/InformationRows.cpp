@@ -92,6 +92,11 @@ std::vector<InformationRow> moreRows(const MediaItem &item, const FormatLocale &
 
 } // namespace
 
+QString InformationRow::spoken() const
+{
+    return title + QStringLiteral(", ") + valueAccessibilityLabel.value_or(value);
+}
+
 InformationRows informationRows(const MediaItem &item, const FormatLocale &locale, const QTimeZone &zone)
 {
     return {mainRows(item, locale, zone), moreRows(item, locale, zone)};

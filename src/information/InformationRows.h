@@ -4,8 +4,10 @@
 #include "information/FormatLocale.h"
 #include "song/MediaItem.h"
 
+#include <QObject>
 #include <QString>
 #include <QTimeZone>
+#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 #include <vector>
@@ -17,10 +19,22 @@ enum class RowAction { None, ShowLyrics };
 /// One line of the information list. Its texts are shown as they are and never translated.
 struct InformationRow
 {
+    Q_GADGET
+    QML_VALUE_TYPE(informationRow)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(QString spoken READ spoken)
+    Q_PROPERTY(bool hasButton READ hasButton)
+
+public:
     QString title;
     QString value;
     std::optional<QString> valueAccessibilityLabel; ///< spoken instead of the value
     RowAction action = RowAction::None;             ///< when there is one, the value is a button
+
+    /// The whole row for a screen reader: "Rating, 4 stars".
+    [[nodiscard]] QString spoken() const;
+    [[nodiscard]] bool hasButton() const { return action != RowAction::None; }
 
     friend bool operator==(const InformationRow &, const InformationRow &) = default;
 };

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Information
+import Trackwise.Ui
+
+/// The two ways to the "Copy" of a label: held touch and right click. Lies over the label's text without
+/// taking its events.
+Item {
+    id: root
+
+    required property CopyableLabel label
+    /// What takes the focus when the text is touched.
+    required property Item focusItem
+    property point position
+    readonly property real longPressSeconds: 0.5
+
+    function openEditMenu(touch: point) {
+        root.focusItem.forceActiveFocus(Qt.MouseFocusReason);
+        root.position = root.label.editMenuAnchor(touch);
+        editMenu.active = true;
+    }
+    function openContextMenu(place: point) {
+        root.position = place;
+        contextMenu.active = true;
+    }
+
+    TapHandler {
+        id: touchHandler
+
+        acceptedDevices: PointerDevice.TouchScreen | PointerDevice.Stylus
+        longPressThreshold: root.longPressSeconds
+        onLongPressed: root.openEditMenu(touchHandler.point.position)
+    }
+    TapHandler {
+        id: pointerHandler
+
+        acceptedButtons: Qt.RightButton
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
+        onTapped: root.openContextMenu(pointerHandler.point.position)
+    }
+    Loader {
+        id: editMenu
+
+        active: false
+        sourceComponent: EditMenu {
+            parent: root
+            x: root.position.x - width / 2
+            y: root.position.y - height
+            onChosen: root.label.copy()
+            onClosed: editMenu.active = false
+        }
+    }
+    Loader {
+        id: contextMenu
+
+        active: false
+        sourceComponent: ContextMenu {
+            parent: root
+            x: root.position.x
+            y: root.position.y
+            Component.onCompleted: open()
+            onClosed: contextMenu.active = false
+
+            ContextMenuItem {
+                text: qsTr("Copy")
+                symbolName: "doc.on.doc"
+                onTriggered: root.label.copyCreationText()
+            }
+        }
+    }
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "information/FocusableItem.h"
+
+#include <QFocusEvent>
+
+namespace trackwise {
+
+void FocusableItem::focusInEvent(QFocusEvent *event)
+{
+    QQuickItem::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    setHasKeyboardFocus(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                        reason == Qt::ShortcutFocusReason);
+}
+
+void FocusableItem::focusOutEvent(QFocusEvent *event)
+{
+    QQuickItem::focusOutEvent(event);
+    setHasKeyboardFocus(false);
+}
+
+void FocusableItem::setHasKeyboardFocus(bool hasFocus)
+{
+    if (hasFocus == m_hasKeyboardFocus)
+        return;
+    m_hasKeyboardFocus = hasFocus;
+    Q_EMIT hasKeyboardFocusChanged();
+}
+
+} // namespace trackwise

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Information
+import Trackwise.Ui
+
+/// The heading of the list and the switch between few and all rows, on one baseline or, at the largest text
+/// sizes, one above the other.
+Item {
+    id: root
+
+    required property SongInformation view
+
+    readonly property bool isStacked: Theme.isAccessibilitySize
+    readonly property real spaceAbove: 30
+    readonly property real spaceBelow: 10
+    readonly property real buttonPadding: 10
+
+    implicitHeight: Math.max(title.y + title.height, showMore.y + showMore.height) + spaceBelow
+
+    StyledText {
+        id: title
+
+        // On a shared baseline the higher of the two begins at the top.
+        y: root.spaceAbove + (root.isStacked ? 0 : Math.max(0, showMore.baselineOffset - baselineOffset))
+        anchors.left: parent.left
+        width: Math.min(implicitWidth, root.isStacked ? root.width : root.width - showMore.width)
+        text: qsTr("Information")
+        style: Theme.title2.bold()
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Math.round(font.pixelSize / 2)
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    PlainButton {
+        id: showMore
+
+        y: root.isStacked ? title.y + title.height : title.y + title.baselineOffset - baselineOffset
+        anchors.left: root.isStacked ? parent.left : undefined
+        anchors.right: root.isStacked ? undefined : parent.right
+        verticalPadding: root.buttonPadding
+        text: root.view.showMoreInformation ? qsTr("Show Less") : qsTr("Show More")
+        style: Theme.caption
+        onClicked: root.view.toggleShowMoreInformation()
+    }
+}

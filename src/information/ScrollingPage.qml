@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Trackwise.Information
+import Trackwise.Ui
+
+/// A page that scrolls, with the margins that lists and texts have: by finger, wheel, arrow and page keys.
+FocusScope {
+    id: root
+
+    default property alias content: column.data
+    /// Wide windows have wider margins.
+    property bool isRegularWidth: Window.width >= 700 // from here on there is room for a sidebar
+    property real verticalPadding: 0
+    readonly property real horizontalPadding: isRegularWidth ? 22 : 18
+
+    readonly property real lineStep: 3 * Theme.caption.lineHeight
+    readonly property real pageStep: height - lineStep
+    readonly property real wheelNotch: 120 // eighths of a degree
+    readonly property real lowest: Math.max(0, flickable.contentHeight - height)
+    readonly property Item focusedItem: Window.activeFocusItem
+
+    function jumpToTop() {
+        scrolling.stop();
+        flickable.contentY = 0;
+    }
+    function scrollTo(y: real) {
+        scrolling.to = Math.max(0, Math.min(y, root.lowest));
+        scrolling.restart();
+    }
+    function scrollBy(distance: real) {
+        root.scrollTo((scrolling.running ? scrolling.to : flickable.contentY) + distance);
+    }
+    /// Scrolls as little as shows all of @p item.
+    function reveal(item: Item) {
+        const top = item.mapToItem(column, 0, 0).y;
+        const bottom = top + item.height;
+        if (top < flickable.contentY)
+            root.scrollTo(top - root.lineStep);
+        else if (bottom > flickable.contentY + root.height)
+            root.scrollTo(bottom + root.lineStep - root.height);
+    }
+    function scrollForKey(key: int): bool {
+        switch (key) {
+        case Qt.Key_Up:
+            root.scrollBy(-root.lineStep);
+            return true;
+        case Qt.Key_Down:
+            root.scrollBy(root.lineStep);
+            return true;
+        case Qt.Key_PageUp:
+            root.scrollBy(-root.pageStep);
+            return true;
+        case Qt.Key_PageDown:
+            root.scrollBy(root.pageStep);
+            return true;
+        case Qt.Key_Home:
+            root.scrollTo(0);
+            return true;
+        case Qt.Key_End:
+            root.scrollTo(root.lowest);
+            return true;
+        default:
+            return false;
+        }
+    }
+
+    onFocusedItemChanged: root.focusedItem !== null && root.activeFocus && root.reveal(root.focusedItem)
+    Keys.onPressed: event => {
+        event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
+    }
+
+    Flickable {
+        id: flickable
+
+        anchors.fill: parent
+        clip: true
+        contentHeight: column.height
+        focus: true
+        pixelAligned: true
+        onMovementStarted: scrolling.stop()
+
+        T.ScrollBar.vertical: SlimScrollBar {}
+
+        Column {
+            id: column
+
+            x: root.horizontalPadding
+            width: root.width - 2 * root.horizontalPadding
+            topPadding: root.verticalPadding
+            bottomPadding: root.verticalPadding
+        }
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse
+            onWheel: event => root.scrollBy(-event.angleDelta.y / root.wheelNotch * root.lineStep)
+        }
+    }
+    NumberAnimation {
+        id: scrolling
+
+        target: flickable
+        property: "contentY"
+        duration: Theme.reducesMotion ? 0 : 160
+        easing.type: Easing.OutCubic
+    }
+}
