@@ -14,6 +14,10 @@ Item {
     property point position
     readonly property real longPressSeconds: 0.5
 
+    function didClose(menu: Loader) {
+        menu.active = false;
+        root.focusItem.forceActiveFocus(Qt.PopupFocusReason);
+    }
     function openEditMenu(touch: point) {
         root.focusItem.forceActiveFocus(Qt.MouseFocusReason);
         root.position = root.label.editMenuAnchor(touch);
@@ -47,7 +51,7 @@ Item {
             x: root.position.x - width / 2
             y: root.position.y - height
             onChosen: root.label.copy()
-            onClosed: editMenu.active = false
+            onClosed: root.didClose(editMenu)
         }
     }
     Loader {
@@ -59,7 +63,7 @@ Item {
             x: root.position.x
             y: root.position.y
             Component.onCompleted: open()
-            onClosed: contextMenu.active = false
+            onClosed: root.didClose(contextMenu)
 
             ContextMenuItem {
                 text: qsTr("Copy")

@@ -50,7 +50,7 @@ QPointF CopyableLabel::editMenuAnchor(QPointF touch)
 void CopyableLabel::componentComplete()
 {
     QQuickItem::componentComplete();
-    renew();
+    renew(m_text);
 }
 
 void CopyableLabel::keyPressEvent(QKeyEvent *event)

@@ -31,8 +31,8 @@ public:
     Q_INVOKABLE void copy() const;
     /// Copies the text that the label was made with: the choice of the context menu.
     Q_INVOKABLE void copyCreationText() const;
-    /// Makes the label count as a new one, made with its present text.
-    Q_INVOKABLE void renew() { m_creationText = m_text; }
+    /// Makes the label count as a new one, made with @p text.
+    Q_INVOKABLE void renew(const QString &text) { m_creationText = text; }
 
     /// Where the edit menu points for a touch held at @p touch: a little above the finger, but not above the
     /// first line.

@@ -9,13 +9,17 @@ void FocusableItem::focusInEvent(QFocusEvent *event)
 {
     QQuickItem::focusInEvent(event);
     const Qt::FocusReason reason = event->reason();
-    setHasKeyboardFocus(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-                        reason == Qt::ShortcutFocusReason);
+    // A menu that closes or a window that comes back gives the focus back as it was.
+    const bool returns = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+    setHasKeyboardFocus(returns ? m_hadKeyboardFocus
+                                : reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                                      reason == Qt::ShortcutFocusReason);
 }
 
 void FocusableItem::focusOutEvent(QFocusEvent *event)
 {
     QQuickItem::focusOutEvent(event);
+    m_hadKeyboardFocus = m_hasKeyboardFocus;
     setHasKeyboardFocus(false);
 }
 

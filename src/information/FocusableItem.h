@@ -30,6 +30,7 @@ private:
     void setHasKeyboardFocus(bool hasFocus);
 
     bool m_hasKeyboardFocus = false;
+    bool m_hadKeyboardFocus = false; ///< when the focus last went away
 };
 
 } // namespace trackwise

@@ -20,7 +20,7 @@ FocusableItem {
 
     implicitHeight: divider.y + divider.height
     activeFocusOnTab: !root.row.hasButton
-    onRowChanged: label.renew() // another song's row, not a change of this one's
+    onRowChanged: label.renew(root.row.value) // another song's row, not a change of this one's
 
     Accessible.ignored: root.row.hasButton
     Accessible.role: Accessible.StaticText
@@ -49,18 +49,20 @@ FocusableItem {
         textAlignment: root.isStacked ? Text.AlignLeft : Text.AlignRight
         focusItem: root
     }
-    PlainButton {
+    Loader {
         id: button
 
         anchors.left: root.isStacked ? parent.left : undefined
         anchors.right: root.isStacked ? undefined : parent.right
         y: label.y
-        visible: root.row.hasButton
-        verticalPadding: root.verticalPadding
-        text: root.row.value
-        style: Theme.caption
-        Accessible.name: root.row.spoken
-        onClicked: root.buttonAction()
+        active: root.row.hasButton
+        sourceComponent: PlainButton {
+            verticalPadding: root.verticalPadding
+            text: root.row.value
+            style: Theme.caption
+            Accessible.name: root.row.spoken
+            onClicked: root.buttonAction()
+        }
     }
     Separator {
         id: divider

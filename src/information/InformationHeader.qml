@@ -15,7 +15,8 @@ Item {
     readonly property real spaceBelow: 10
     readonly property real buttonPadding: 10
 
-    implicitHeight: Math.max(title.y + title.height, showMore.y + showMore.height) + spaceBelow
+    // Whole points, so that the hairlines below stay sharp.
+    implicitHeight: Math.round(Math.max(title.y + title.height, showMore.y + showMore.height)) + spaceBelow
 
     StyledText {
         id: title

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Engine.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTest>
+
+using namespace trackwise;
+
+namespace {
+
+class LyricsWindow
+{
+public:
+    explicit LyricsWindow(const QString &lyrics, QSize size = {360, 400})
+    {
+        QAccessible::setActive(true);
+        prepareEngine(*window.engine());
+        window.setResizeMode(QQuickView::SizeRootObjectToView);
+        window.resize(size);
+        window.setInitialProperties({{QStringLiteral("lyrics"), lyrics}});
+        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Screens/LyricsView.qml")));
+        window.rootObject()->setFocus(true);
+        window.show();
+        window.requestActivate();
+        (void)QTest::qWaitForWindowActive(&window);
+    }
+
+    [[nodiscard]] QQuickItem *text() const
+    {
+        for (QQuickItem *item : window.rootObject()->findChildren<QQuickItem *>()) {
+            if (item->inherits("QQuickTextEdit"))
+                return item;
+        }
+        return nullptr;
+    }
+    [[nodiscard]] QRectF place() const
+    {
+        return text()->mapRectToScene({0, 0, text()->width(), text()->height()});
+    }
+
+    QQuickView window;
+};
+
+QString verses(int count)
+{
+    return QStringLiteral("Paper satellites over the town,\n  <i>writing</i> their lines\n\n")
+        .repeated(count);
+}
+
+} // namespace
+
+class tst_LyricsView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theTextIsAnElementThatScreenReadersCanWalkAndSelect()
+    {
+        LyricsWindow lyrics(verses(2));
+        QAccessibleInterface *element = QAccessible::queryAccessibleInterface(lyrics.text());
+        QCOMPARE(element->role(), QAccessible::EditableText);
+        QVERIFY(element->state().readOnly);
+        QVERIFY(element->textInterface());
+        QCOMPARE(element->textInterface()->text(0, 31), QStringLiteral("Paper satellites over the town,"));
+        QCOMPARE(element->textInterface()->characterCount(), verses(2).size());
+    }
+
+    void copiesTheSelectionOrElseEverything()
+    {
+        LyricsWindow lyrics(verses(2));
+        lyrics.text()->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(&lyrics.window, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), verses(2));
+        QMetaObject::invokeMethod(lyrics.text(), "select", Q_ARG(int, 0), Q_ARG(int, 5));
+        QTest::keyClick(&lyrics.window, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
+    }
+
+    void selectsWithTheMouseAndOffersCopy()
+    {
+        LyricsWindow lyrics(verses(1));
+        const QPoint start = lyrics.place().topLeft().toPoint() + QPoint(1, 5);
+        QTest::mouseDClick(&lyrics.window, Qt::LeftButton, {}, start);
+        QCOMPARE(lyrics.text()->property("selectedText").toString(), QStringLiteral("Paper"));
+        QTest::mouseClick(&lyrics.window, Qt::RightButton, {}, start);
+        QTest::keyClick(&lyrics.window, Qt::Key_Down);
+        QTest::keyClick(&lyrics.window, Qt::Key_Return);
+        QTRY_COMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
+    }
+
+    void marginsFollowTheWidthAndTheScrollPositionStays()
+    {
+        LyricsWindow lyrics(verses(100));
+        QCOMPARE(lyrics.place().left(), 18.0);
+        QCOMPARE(lyrics.place().top(), 16.0 + 9.0);
+        QTest::keyClick(&lyrics.window, Qt::Key_PageDown);
+        QTRY_VERIFY(lyrics.place().top() < -300);
+        QTest::qWait(200); // until it stands
+        const qreal top = lyrics.place().top();
+        lyrics.window.resize(700, 400);
+        QTRY_COMPARE(lyrics.place().left(), 22.0);
+        QCOMPARE(lyrics.place().top(), top);
+        QCOMPARE(lyrics.place().width(), 700.0 - 44);
+    }
+
+    void withoutLyricsThereIsNoText()
+    {
+        LyricsWindow lyrics{QString()};
+        QCOMPARE(lyrics.window.rootObject()->property("title").toString(), QStringLiteral("Lyrics"));
+        QCOMPARE(lyrics.text()->property("text").toString(), QString());
+    }
+};
+
+QTEST_MAIN(tst_LyricsView)
+#include "tst_LyricsView.moc"
