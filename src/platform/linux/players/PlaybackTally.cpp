@@ -10,7 +10,8 @@ using namespace std::chrono_literals;
 namespace {
 constexpr auto skipFrom = 2s;
 constexpr auto skipUntil = 20s;
-// Players report late and fade into the next song; short pieces allow a tenth of their length.
+// Players report what they decode, ahead of what is heard, and fade into the next song; short pieces allow a
+// fifth of their length.
 constexpr std::chrono::milliseconds endTolerance = 5s;
 constexpr auto startOfSong = 2s;
 } // namespace
@@ -84,7 +85,7 @@ void PlaybackTally::advance(Time now)
 
 bool PlaybackTally::isAtEnd() const
 {
-    return m_length > 0ms && m_position >= m_length - std::min(endTolerance, m_length / 10);
+    return m_length > 0ms && m_position >= m_length - std::min(endTolerance, m_length / 5);
 }
 
 bool PlaybackTally::heardEnough() const

@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/players/FakePlayer.h"
+#include "platform/linux/players/MemoryLibrary.h"
+#include "platform/linux/players/MprisSystemMusicPlayer.h"
+#include "platform/linux/players/PrivateSound.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString appId = QStringLiteral("org.example.tester");
+const QString paused = QStringLiteral("Paused");
+const QString stopped = QStringLiteral("Stopped");
+
+QString text(const char *value)
+{
+    return QString::fromUtf8(value);
+}
+
+} // namespace
+
+class tst_MprisSystemMusicPlayer : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    MemoryLibrary m_library;
+    std::unique_ptr<MprisSystemMusicPlayer> m_system;
+
+    void startFollowing()
+    {
+        m_system = std::make_unique<MprisSystemMusicPlayer>(m_library, QDBusConnection::sessionBus(), appId);
+        m_system->beginGeneratingPlaybackNotifications();
+    }
+    [[nodiscard]] bool becomesReady()
+    {
+        bool isReady = false;
+        m_system->whenReady([&isReady] { isReady = true; });
+        return QTest::qWaitFor([&isReady] { return isReady; }, 3000);
+    }
+    [[nodiscard]] QString title() const
+    {
+        const auto item = m_system->nowPlayingItem();
+        return item ? item->title.value_or(QString()) : text("nothing");
+    }
+    [[nodiscard]] std::uint64_t song() const
+    {
+        const auto item = m_system->nowPlayingItem();
+        return item ? item->persistentID.value : 0;
+    }
+    [[nodiscard]] QString tone(int number) const
+    {
+        return m_folder.filePath(QStringLiteral("%1.flac").arg(number));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run inside dbus-run-session");
+        m_library.add(text("One"), text("Band"), text("Album"), 3, tone(1));
+        m_library.add(text("Two"), text("Band"), text("Album"), 3, tone(2));
+        m_library.add(text("Three"), text("Band"), text("Album"), 3, tone(3));
+        for (int number = 1; number <= 3; ++number)
+            QVERIFY(makeTone(tone(number), 3,
+                             {QStringLiteral("title=Track %1").arg(number), text("artist=Somebody")}));
+    }
+    void cleanup() { m_system.reset(); }
+
+    void knowsWhatPlaysAlreadyWhenReady()
+    {
+        FakePlayer player(text("quiet"));
+        player.set(playing(text("two"), text("BAND"), 1.5));
+        QVERIFY(player.appear());
+        startFollowing();
+        QVERIFY(becomesReady());
+        QCOMPARE(song(), 2u);
+        QVERIFY(m_system->raisePlayer());
+        QTRY_COMPARE(player.raised(), 1);
+    }
+
+    void isReadyWithoutABusOrPlayers()
+    {
+        startFollowing();
+        QVERIFY(becomesReady());
+        QCOMPARE(title(), text("nothing"));
+        QVERIFY(!m_system->raisePlayer());
+
+        m_system =
+            std::make_unique<MprisSystemMusicPlayer>(m_library, QDBusConnection(text("nowhere")), appId);
+        QVERIFY(becomesReady());
+        QCOMPARE(title(), text("nothing"));
+    }
+
+    void followsAnAlbumInMpv()
+    {
+        startFollowing();
+        QList<std::uint64_t> songs;
+        QList<std::uint64_t> played;
+        connect(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange, this,
+                [this, &songs] { songs << song(); });
+        connect(m_system.get(), &MprisSystemMusicPlayer::songWasPlayed, this,
+                [&played](PersistentID id) { played << id.value; });
+        QProcess mpv;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(text("XDG_CONFIG_HOME"), m_folder.path());
+        mpv.setProcessEnvironment(environment);
+        mpv.start(text("mpv"),
+                  {text("--ao=null"), text("--no-terminal"), text("--no-video"), tone(1), tone(2), tone(3)});
+        QVERIFY(mpv.waitForStarted());
+        QTRY_COMPARE_WITH_TIMEOUT(played, QList<std::uint64_t>({1, 2, 3}), 20000);
+        QTRY_COMPARE(songs, QList<std::uint64_t>({1, 2, 3, 0})); // and it quits
+        QTRY_COMPARE(mpv.state(), QProcess::NotRunning);
+    }
+
+    void choosesAmongPlayersThatComeAndGo()
+    {
+        startFollowing();
+        FakePlayer one(text("one"));
+        FakePlayer two(text("two.instance7"));
+        FakePlayer own(appId + text(".instance12"));
+        FakePlayer proxy(text("playerctld"));
+        own.set(playing(text("Own")));
+        proxy.set(playing(text("Mirrored")));
+        one.set(playing(text("First"), {}, 0, paused));
+        for (FakePlayer *player : {&own, &proxy, &one})
+            QVERIFY(player->appear());
+        QTRY_COMPARE(title(), text("First"));
+        two.set(playing(text("Second")));
+        QVERIFY(two.appear());
+        QTRY_COMPARE(title(), text("Second"));
+        two.change({{text("PlaybackStatus"), stopped}});
+        QTRY_COMPARE(title(), text("First"));
+        two.change({{text("PlaybackStatus"), text("Playing")}});
+        QTRY_COMPARE(title(), text("Second"));
+        m_system->setPreferences({{}, {text("two")}});
+        QTRY_COMPARE(title(), text("First"));
+        m_system->setPreferences({});
+        QTRY_COMPARE(title(), text("Second"));
+        two.vanish();
+        QTRY_COMPARE(title(), text("First"));
+        one.vanish();
+        QTRY_COMPARE(title(), text("nothing"));
+        QCOMPARE(own.reads() + proxy.reads(), 0);
+    }
+
+    void readsAgainWhenAPlayerOnlySaysThatItChanged()
+    {
+        FakePlayer player(text("vague"));
+        player.set(playing(text("Before")));
+        QVERIFY(player.appear());
+        startFollowing();
+        QTRY_COMPARE(title(), text("Before"));
+        player.set(playing(text("After")));
+        player.invalidate({text("Metadata")});
+        QTRY_COMPARE(title(), text("After"));
+    }
+
+    void collectsWhatComesInPieces()
+    {
+        startFollowing();
+        FakePlayer player(text("slow"));
+        player.set(playing(text("Old"), text("Band")));
+        QVERIFY(player.appear());
+        QTRY_COMPARE(title(), text("Old"));
+        QSignalSpy changes(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange);
+        player.change(playing(text("One"), text("Old Band")));
+        QTest::qWait(60);
+        player.change(playing(text("One"), text("Band")));
+        QTest::qWait(60);
+        player.change(playing(text("One"), text("Band"), 1.5));
+        QTRY_COMPARE(song(), 1u);
+        QCOMPARE(changes.size(), 1);
+        m_system->endGeneratingPlaybackNotifications();
+        player.change(playing(text("Two"), text("Band"), 1.5));
+        QTRY_COMPARE(song(), 2u);
+        QCOMPARE(changes.size(), 1);
+    }
+
+    void isNotHurtByPlayersThatMisbehave()
+    {
+        FakePlayer hanging(text("hanging"), FakePlayer::Manners::Hangs);
+        FakePlayer failing(text("failing"), FakePlayer::Manners::Fails);
+        FakePlayer rambling(text("rambling"), FakePlayer::Manners::Rambles);
+        FakePlayer good(text("good"));
+        good.set(playing(text("Three"), text("Band"), 1.5, paused));
+        for (FakePlayer *player : {&hanging, &failing, &rambling, &good})
+            QVERIFY(player->appear());
+        startFollowing();
+        QVERIFY(becomesReady());
+        QCOMPARE(song(), 3u);
+
+        const QString interface = text("org.mpris.MediaPlayer2.Player");
+        rambling.sendChange({});
+        rambling.sendChange({interface});
+        rambling.sendChange({interface, 17, true});
+        rambling.sendChange({7, QVariantMap{}, QStringList{}});
+        rambling.sendChange({interface,
+                             QVariantMap{{text("Metadata"), text("none")}, {text("PlaybackStatus"), 5.0}},
+                             QStringList{}});
+        rambling.sendChange(
+            {interface, QVariantMap{{text("Metadata"), QVariantList{1, 2}}, {text("Rate"), text("fast")}},
+             QStringList{text("Volume")}});
+        rambling.seekTo(std::numeric_limits<qlonglong>::min());
+        // One that was silent and speaks after all is heard.
+        hanging.setManners(FakePlayer::Manners::Answers);
+        hanging.change(playing(text("Late")));
+        QTRY_COMPARE(title(), text("Late"));
+        hanging.vanish();
+        QTRY_COMPARE(song(), 3u);
+        good.change({{text("Metadata"), QVariantMap{}}});
+        QTRY_COMPARE(title(), text("nothing"));
+    }
+
+    void keepsUpWithAHundredPlayers()
+    {
+        startFollowing();
+        FakePlayer last(text("steady"));
+        last.set(playing(text("Two"), text("Band"), 1.5, paused));
+        QVERIFY(last.appear());
+        std::vector<std::unique_ptr<FakePlayer>> players;
+        for (int i = 0; i < 100; ++i) {
+            players.push_back(std::make_unique<FakePlayer>(QStringLiteral("crowd%1").arg(i)));
+            players.back()->set(playing(QStringLiteral("Song %1").arg(i)));
+            QVERIFY(players.back()->appear());
+        }
+        QTRY_COMPARE(m_system->players().size(), 101u);
+        QTRY_VERIFY(title().startsWith(text("Song")));
+        players.clear();
+        QTRY_COMPARE(m_system->players().size(), 1u);
+        QTRY_COMPARE(song(), 2u);
+    }
+
+    void showsTheLastOfAThousandTracks()
+    {
+        startFollowing();
+        FakePlayer player(text("hasty"));
+        player.set(playing(text("Start")));
+        QVERIFY(player.appear());
+        QTRY_COMPARE(title(), text("Start"));
+        QSignalSpy changes(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange);
+        for (int i = 0; i < 1000; ++i) {
+            player.change(playing(QStringLiteral("Song %1").arg(i)));
+            if (i % 100 == 0)
+                QTest::qWait(40);
+        }
+        player.change(playing(text("Three"), text("Band"), 1.5));
+        QTRY_COMPARE(song(), 3u);
+        QTest::qWait(400); // nothing older comes after it
+        QCOMPARE(song(), 3u);
+        QVERIFY2(changes.size() > 1 && changes.size() < 20, qPrintable(QString::number(changes.size())));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_MprisSystemMusicPlayer)
+#include "tst_MprisSystemMusicPlayer.moc"
