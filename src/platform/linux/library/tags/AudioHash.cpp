@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include <xxhash.h>
 
@@ -25,7 +26,7 @@ qint64 copyJoined(MusicFile &file, const std::vector<AudioExtent> &extents, qint
         }
         const auto count = std::min(extent.size - from, length - done);
         const auto bytes = file.view(extent.offset + from, count);
-        std::copy(bytes.begin(), bytes.end(), to + done);
+        std::memcpy(to + done, bytes.data(), bytes.size());
         done += static_cast<qint64>(bytes.size());
         from = 0;
         if (done == length || static_cast<qint64>(bytes.size()) < count)

@@ -15,6 +15,7 @@ struct FrameHeader
     Container container;
     unsigned kind; ///< the header bits that do not change from frame to frame
     qint64 size;
+    double seconds;
 };
 
 constexpr qint64 searchedBytes = 192 * 1024; ///< junk that is skipped before the first frame
@@ -47,7 +48,8 @@ std::optional<FrameHeader> mpegHeader(MusicFile::Bytes bytes)
     const int samples = layer == 1 ? 384 : layer == 3 && !isVersion1 ? 576 : 1152;
     const int slot = layer == 1 ? 4 : 1;
     const int slots = samples / 8 / slot * rate * 1000 / samplesPerSecond + (bytes[2] >> 1 & 1);
-    return FrameHeader{Container::Mpeg, version << 8 | layer << 4 | rateIndex, slots * slot};
+    return FrameHeader{Container::Mpeg, version << 8 | layer << 4 | rateIndex, slots * slot,
+                       static_cast<double>(samples) / samplesPerSecond};
 }
 
 /// ADTS (ISO 13818-7, 6.2): sync 12 bits, ..., layer 2 bits of zero, ..., frame length 13 bits from bit 30.
@@ -57,7 +59,11 @@ std::optional<FrameHeader> adtsHeader(MusicFile::Bytes bytes)
     const qint64 size = (bytes[3] & 3) << 11 | bytes[4] << 3 | bytes[5] >> 5;
     if (bytes[0] != 0xff || (bytes[1] & 0xf6) != 0xf0 || rateIndex > 12 || size < 8)
         return std::nullopt;
-    return FrameHeader{Container::Adts, static_cast<unsigned>(bytes[1] << 8 | (bytes[2] & 0xfd)), size};
+    static constexpr std::array<int, 13> hertz = {96000, 88200, 64000, 48000, 44100, 32000, 24000,
+                                                  22050, 16000, 12000, 11025, 8000,  7350};
+    const int blocks = 1 + (bytes[6] & 3);
+    return FrameHeader{Container::Adts, static_cast<unsigned>(bytes[1] << 8 | (bytes[2] & 0xfd)), size,
+                       blocks * 1024.0 / hertz[rateIndex]};
 }
 
 /// AC-3 (ATSC A/52, 5.3 and table 5.18): sync 0x0B77, checksum, sample rate 2 bits, frame size code 6 bits.
@@ -74,12 +80,13 @@ std::optional<FrameHeader> ac3Header(MusicFile::Bytes bytes)
     const qint64 words = rateIndex == 0   ? rate * 2
                          : rateIndex == 1 ? rate * 96000 / 44100 + (sizeCode & 1)
                                           : rate * 3;
-    return FrameHeader{Container::Ac3, rateIndex, words * 2};
+    static constexpr std::array<int, 3> hertz = {48000, 44100, 32000};
+    return FrameHeader{Container::Ac3, rateIndex, words * 2, 1536.0 / hertz[rateIndex]};
 }
 
 std::optional<FrameHeader> frameHeader(MusicFile::Bytes bytes)
 {
-    if (bytes.size() < 8)
+    if (bytes.size() < 7)
         return std::nullopt;
     if (bytes[0] == 0x0b)
         return ac3Header(bytes);
@@ -104,6 +111,28 @@ bool isRun(MusicFile &file, qint64 at, qint64 end, const FrameHeader &first)
     return true;
 }
 
+/// Nothing but the frames themselves tells how long such a stream is.
+double secondsOfFrames(MusicFile &file, qint64 at, qint64 end, const FrameHeader &first)
+{
+    double seconds = 0;
+    while (at < end) {
+        const auto header = frameHeader(file.view(at, 8));
+        if (!header || header->container != first.container)
+            break;
+        seconds += header->seconds;
+        at += header->size;
+    }
+    return seconds;
+}
+
+MusicLayout layoutFrom(MusicFile &file, qint64 at, qint64 end, const FrameHeader &first)
+{
+    MusicLayout layout{first.container, {{at, end - at}}};
+    if (first.container != Container::Mpeg)
+        layout.soundSeconds = secondsOfFrames(file, at, end, first);
+    return layout;
+}
+
 } // namespace
 
 std::optional<MusicLayout> frameLayout(MusicFile &file, qint64 begin, qint64 end)
@@ -121,7 +150,7 @@ std::optional<MusicLayout> frameLayout(MusicFile &file, qint64 begin, qint64 end
             const auto header = frameHeader(bytes.subspan(i));
             const auto found = at + static_cast<qint64>(i);
             if (header && isRun(file, found, end, *header))
-                return MusicLayout{header->container, {{found, end - found}}};
+                return layoutFrom(file, found, end, *header);
         }
     }
     return std::nullopt;

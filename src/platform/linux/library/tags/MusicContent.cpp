@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/tags/MusicContent.h"
 
+#include "platform/linux/library/tags/AvContent.h"
 #include "platform/linux/library/tags/Dialects.h"
+#include "platform/linux/library/tags/Lyrics.h"
 #include "platform/linux/library/tags/Mp4Boxes.h"
 #include "platform/linux/library/tags/TagStream.h"
 
 #include <taglib/aifffile.h>
+#include <taglib/apefile.h>
+#include <taglib/asffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
+#include <taglib/mpcfile.h>
 #include <taglib/mpegfile.h>
 #include <taglib/oggflacfile.h>
 #include <taglib/opusfile.h>
 #include <taglib/speexfile.h>
+#include <taglib/trueaudiofile.h>
 #include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
+#include <taglib/wavpackfile.h>
 
 #include <array>
 #include <optional>
@@ -116,8 +123,22 @@ MusicContent mp4Content(TagStream &stream, MusicFile &source)
     return content;
 }
 
+/// Programs write the texts of RIFF INFO in UTF-8 or in the local encoding, and do not say which.
+class InfoTexts final : public TagLib::RIFF::Info::StringHandler
+{
+public:
+    TagLib::String parse(const TagLib::ByteVector &data) const override
+    {
+        const auto text = decodedText({data.data(), static_cast<qsizetype>(data.size())});
+        return {text.toStdWString()};
+    }
+};
+
 MusicContent wavContent(TagStream &stream)
 {
+    static const InfoTexts texts;
+    static const bool isSet = (TagLib::RIFF::Info::Tag::setStringHandler(&texts), true);
+    Q_UNUSED(isSet)
     TagLib::RIFF::WAV::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasID3v2Tag())
@@ -136,13 +157,68 @@ MusicContent aiffContent(TagStream &stream)
     return content;
 }
 
-} // namespace
-
-MusicContent musicContent(MusicFile &file, const MusicLayout &layout)
+template <typename File>
+MusicContent apeTaggedContent(File &file)
 {
-    TagStream stream(file);
-    if (layout.outer.id3CutEnd > layout.outer.id3CutBegin)
-        stream.cut(layout.outer.id3CutBegin, layout.outer.id3CutEnd, layout.outer.id3Head);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasAPETag())
+        take(content, apeFields(*file.APETag()), *file.APETag());
+    if (file.hasID3v1Tag())
+        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+    return content;
+}
+
+MusicContent trueAudioContent(TagStream &stream)
+{
+    TagLib::TrueAudio::File file(&stream, frames());
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.hasID3v2Tag())
+        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+    if (file.hasID3v1Tag())
+        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+    return content;
+}
+
+MusicContent asfContent(TagStream &stream)
+{
+    TagLib::ASF::File file(&stream);
+    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
+    if (file.tag())
+        take(content, asfFields(*file.tag()), *file.tag());
+    return content;
+}
+
+/// A file of which TagLib knows no more than the tags around it.
+class TaggedFile final : public TagLib::File
+{
+public:
+    explicit TaggedFile(TagStream &stream)
+        : TagLib::File(&stream)
+    {}
+
+    TagLib::Tag *tag() const override { return nullptr; }
+    TagLib::AudioProperties *audioProperties() const override { return nullptr; }
+    bool save() override { return false; }
+};
+
+MusicContent outerTagsContent(TagStream &stream, const MusicLayout &layout)
+{
+    TaggedFile file(stream);
+    MusicContent content{.durationSeconds = layout.soundSeconds};
+    if (layout.id3Offset > 0 || layout.outer.soundBegin > 0) {
+        const TagLib::ID3v2::Tag tag(&file, layout.id3Offset);
+        take(content, id3v2Fields(tag), tag);
+    }
+    if (layout.outer.apeFooter) {
+        const auto cut = layout.outer.id3CutEnd - layout.outer.id3CutBegin;
+        const TagLib::APE::Tag tag(&file, *layout.outer.apeFooter - cut);
+        take(content, apeFields(tag), tag);
+    }
+    return content;
+}
+
+MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout &layout)
+{
     switch (layout.container) {
     case Container::Mpeg:
         return mpegContent(stream);
@@ -162,9 +238,48 @@ MusicContent musicContent(MusicFile &file, const MusicLayout &layout)
         return wavContent(stream);
     case Container::Aiff:
         return aiffContent(stream);
-    default:
-        return {};
+    case Container::MonkeysAudio: {
+        TagLib::APE::File parsed(&stream);
+        return apeTaggedContent(parsed);
     }
+    case Container::WavPack: {
+        TagLib::WavPack::File parsed(&stream);
+        return apeTaggedContent(parsed);
+    }
+    case Container::Musepack: {
+        TagLib::MPC::File parsed(&stream);
+        return apeTaggedContent(parsed);
+    }
+    case Container::TrueAudio:
+        return trueAudioContent(stream);
+    case Container::Asf:
+        return asfContent(stream);
+    case Container::Adts:
+    case Container::Ac3:
+    case Container::Dsf:
+    case Container::Dsdiff:
+    case Container::Matroska:
+        return outerTagsContent(stream, layout);
+    }
+    return {};
+}
+
+} // namespace
+
+MusicContent musicContent(MusicFile &file, const MusicLayout &layout)
+{
+    TagStream stream(file);
+    if (layout.outer.id3CutEnd > layout.outer.id3CutBegin)
+        stream.cut(layout.outer.id3CutBegin, layout.outer.id3CutEnd, layout.outer.id3Head);
+    auto content = parsedContent(file, stream, layout);
+    if (content.durationSeconds <= 0) {
+        const auto found = avContent(file, layout.container);
+        content.durationSeconds = found.durationSeconds;
+        content.fields.fillGapsFrom(found.fields);
+        if (content.picture.isEmpty())
+            content.picture = found.picture;
+    }
+    return content;
 }
 
 } // namespace trackwise

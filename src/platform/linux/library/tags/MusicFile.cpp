@@ -15,6 +15,9 @@ namespace trackwise {
 
 namespace {
 
+/// How much is read around a place in the middle of the file.
+constexpr qint64 smallWindow = 16 * 1024;
+
 Failure openFailure(int error)
 {
     const auto detail = QString::fromLocal8Bit(std::strerror(error));
@@ -72,8 +75,10 @@ MusicFile::Bytes MusicFile::view(qint64 offset, qint64 length)
     Window *window = &m_beginning;
     if (!window->holds(offset, length)) {
         window = &m_elsewhere;
-        if (!window->holds(offset, length)) // near the end, the window covers all of the end
-            fill(*window, std::min(offset, std::max<qint64>(0, m_size - windowSize)), windowSize);
+        if (!window->holds(offset, length)) { // near the end, the window covers all of the end
+            const auto some = std::max(length, smallWindow);
+            fill(*window, std::min(offset, std::max<qint64>(0, m_size - some)), some);
+        }
     }
     if (!window->holds(offset, length)) // the disk failed, or the file shrank meanwhile
         return {};
@@ -95,13 +100,12 @@ qint64 MusicFile::read(qint64 offset, void *to, qint64 length) const
     return done;
 }
 
-void MusicFile::fill(Window &window, qint64 offset, qint64 capacity) const
+void MusicFile::fill(Window &window, qint64 offset, qint64 length) const
 {
-    capacity = std::min(capacity, m_size - offset);
     if (!window.bytes)
         window.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<size_t>(windowSize));
     window.offset = offset;
-    window.length = read(offset, window.bytes.get(), capacity);
+    window.length = read(offset, window.bytes.get(), std::min(length, m_size - offset));
 }
 
 std::uint64_t bigEndian(MusicFile::Bytes bytes, std::size_t at, std::size_t width)

@@ -20,8 +20,9 @@ class MusicFile
 public:
     using Bytes = std::span<const std::uint8_t>;
 
-    /// The most that view() gives at once.
-    static constexpr qint64 windowSize = 64 * 1024;
+    /// The most that view() gives at once. Below 64 KiB, from where on freeing memory tidies up the whole
+    /// heap.
+    static constexpr qint64 windowSize = 60 * 1024;
 
     [[nodiscard]] static Result<MusicFile> open(const QByteArray &path);
 
@@ -53,7 +54,7 @@ private:
         : m_descriptor(descriptor)
         , m_size(size)
     {}
-    void fill(Window &window, qint64 offset, qint64 capacity) const;
+    void fill(Window &window, qint64 offset, qint64 length) const;
 
     int m_descriptor = -1;
     qint64 m_size = 0;

@@ -80,25 +80,34 @@ std::vector<AudioExtent> leadingPayload(MusicFile &file, qint64 begin, qint64 en
     return payload;
 }
 
-/// The pages that end the file, from at most @p limit bytes before it.
-std::vector<OggPage> lastPages(MusicFile &file, qint64 begin, qint64 end)
+/// Where a page begins in the window, from @p from on, with pages behind it; empty when nowhere.
+std::vector<OggPage> pagesFrom(MusicFile &file, qint64 from, qint64 end)
 {
-    const auto from = std::max(begin, end - MusicFile::windowSize);
-    const auto window = file.view(from, end - from);
     static constexpr std::string_view capture = "OggS";
-    for (auto found = window.begin();; ++found) {
-        found = std::search(found, window.end(), capture.begin(), capture.end());
+    for (;;) {
+        const auto window = file.view(from, MusicFile::windowSize);
+        const auto found = std::search(window.begin(), window.end(), capture.begin(), capture.end());
         if (found == window.end())
             return {};
+        from += found - window.begin();
         std::vector<OggPage> pages;
-        auto at = from + (found - window.begin());
-        while (const auto page = pageAt(file, at, end)) {
+        for (auto page = pageAt(file, from, end); page; page = pageAt(file, page->end, end))
             pages.push_back(*page);
-            at = page->end;
-        }
+        if (!pages.empty())
+            return pages;
+        ++from; // the four letters stood there by chance
+    }
+}
+
+/// The pages that end the file. One page can have 64 KiB, more than a window.
+std::vector<OggPage> lastPages(MusicFile &file, qint64 begin, qint64 end)
+{
+    for (const auto distance : {2 * pieceSize, MusicFile::windowSize, 2 * MusicFile::windowSize}) {
+        auto pages = pagesFrom(file, std::max(begin, end - distance), end);
         if (!pages.empty())
             return pages;
     }
+    return {};
 }
 
 void appendTrailingPayload(std::vector<AudioExtent> &sound, const std::vector<OggPage> &pages)

@@ -119,6 +119,8 @@ Result<OuterTags> outerTags(MusicFile &file)
         const auto size = trailingTagSize(file, tags.soundBegin, tags.soundEnd);
         if (size == 0)
             break;
+        if (!tags.apeFooter && stands(file.view(tags.soundEnd - apeFooterSize, 8), 0, "APETAGEX"))
+            tags.apeFooter = tags.soundEnd - apeFooterSize;
         tags.soundEnd -= size;
     }
     return tags;

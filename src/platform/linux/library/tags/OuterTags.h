@@ -3,6 +3,8 @@
 
 #include "platform/linux/library/tags/MusicFile.h"
 
+#include <optional>
+
 namespace trackwise {
 
 /// The tags that can stand around any kind of music: ID3v2 before it; ID3v1, APEv2 and Lyrics3 behind it.
@@ -10,6 +12,7 @@ struct OuterTags
 {
     qint64 soundBegin = 0;
     qint64 soundEnd = 0;
+    std::optional<qint64> apeFooter; ///< where an APEv2 tag's last 32 bytes begin
 
     /// With an ID3v2 tag of absurdly many frames: where the first of them end. Only those are parsed.
     qint64 id3CutBegin = 0;

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/tags/ContainerLayouts.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace trackwise {
+
+namespace {
+
+struct ChunkedFormat
+{
+    Container container;
+    qint64 firstChunk;
+    qint64 chunkHeader;                           ///< bytes of name and size
+    qint64 (*chunkSize)(MusicFile::Bytes header); ///< of the content alone
+    bool isPadded;                                ///< to even sizes
+    std::array<std::string_view, 2> soundChunks;
+    qint64 soundHeader; ///< bytes before the samples
+};
+
+qint64 limited(std::uint64_t size)
+{
+    return static_cast<qint64>(std::min<std::uint64_t>(size, INT64_MAX / 4));
+}
+
+bool isPrintable(MusicFile::Bytes id)
+{
+    return std::all_of(id.begin(), id.begin() + 4, [](auto c) { return c >= 32 && c < 127; });
+}
+
+/// Chunks of name, size and content. The size that the file's own header claims is not looked at: recorders
+/// that were cut short leave it wrong.
+Result<MusicLayout> chunkedLayout(MusicFile &file, qint64 begin, qint64 end, const ChunkedFormat &format)
+{
+    constexpr int mostChunks = 4096;
+    MusicLayout layout{format.container, {}};
+    auto at = begin + format.firstChunk;
+    for (int chunk = 0; at + format.chunkHeader <= end && chunk < mostChunks; ++chunk) {
+        const auto header = file.view(at, format.chunkHeader);
+        if (static_cast<qint64>(header.size()) < format.chunkHeader || !isPrintable(header))
+            break;
+        const auto content = at + format.chunkHeader;
+        const auto size = format.chunkSize(header);
+        const auto isThis = [&](auto name) { return stands(header, 0, name); };
+        if (std::ranges::any_of(format.soundChunks, isThis)) {
+            const auto sound = content + format.soundHeader;
+            const auto soundEnd = std::min(content + size, end);
+            if (soundEnd > sound)
+                layout.sound.push_back({sound, soundEnd - sound});
+        } else if ((stands(header, 0, "ID3 ") || stands(header, 0, "id3 ")) && content + size <= end) {
+            layout.id3Offset = content;
+        }
+        at = content + size + (format.isPadded ? size & 1 : 0);
+    }
+    if (layout.sound.empty())
+        return Failure{FailureKind::Malformed, QStringLiteral("no sound found in it")};
+    return layout;
+}
+
+} // namespace
+
+Result<MusicLayout> wavLayout(MusicFile &file, qint64 begin, qint64 end)
+{
+    const auto size = [](MusicFile::Bytes header) { return limited(littleEndian(header, 4, 4)); };
+    return chunkedLayout(file, begin, end, {Container::Wav, 12, 8, size, true, {"data", "data"}, 0});
+}
+
+Result<MusicLayout> aiffLayout(MusicFile &file, qint64 begin, qint64 end)
+{
+    const auto size = [](MusicFile::Bytes header) { return limited(bigEndian(header, 4, 4)); };
+    return chunkedLayout(file, begin, end, {Container::Aiff, 12, 8, size, true, {"SSND", "SSND"}, 8});
+}
+
+/// DSD Stream File 1.01: 64-bit sizes that include the chunk's header; the first chunk tells where the ID3
+/// tag begins.
+Result<MusicLayout> dsfLayout(MusicFile &file, qint64 begin, qint64 end)
+{
+    const auto size = [](MusicFile::Bytes header) {
+        return std::max<qint64>(0, limited(littleEndian(header, 4, 8)) - 12);
+    };
+    auto layout = chunkedLayout(file, begin, end, {Container::Dsf, 0, 12, size, false, {"data", "data"}, 0});
+    const auto id3 = limited(littleEndian(file.view(begin + 20, 8), 0, 8));
+    if (layout && id3 > 0 && id3 < file.size())
+        layout->id3Offset = id3;
+    return layout;
+}
+
+/// DSDIFF 1.5: as AIFF, with 64-bit sizes.
+Result<MusicLayout> dsdiffLayout(MusicFile &file, qint64 begin, qint64 end)
+{
+    const auto size = [](MusicFile::Bytes header) { return limited(bigEndian(header, 4, 8)); };
+    return chunkedLayout(file, begin, end, {Container::Dsdiff, 16, 12, size, true, {"DSD ", "DST "}, 0});
+}
+
+} // namespace trackwise
