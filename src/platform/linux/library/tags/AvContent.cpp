@@ -177,7 +177,7 @@ bool takeStreams(MusicContent &content, const AVFormatContext &format)
 MusicContent avContent(MusicFile &file, Container container)
 {
     constexpr int bufferSize = 32 * 1024;
-    static const bool isQuiet = (av_log_set_level(AV_LOG_FATAL), true); // damaged files are reported by us
+    static const bool isQuiet = (av_log_set_level(AV_LOG_QUIET), true); // damaged files are reported by us
     Q_UNUSED(isQuiet)
     const auto *demuxer = av_find_input_format(demuxerOf(container));
     auto *buffer = static_cast<unsigned char *>(av_malloc(bufferSize));

@@ -28,7 +28,7 @@ QString fromWindows1252(QByteArrayView bytes)
 
 } // namespace
 
-QString withoutTimeMarks(const QString &lyrics)
+QString withoutTimeMarks(QString lyrics)
 {
     static const QRegularExpression lineTimes(
         QStringLiteral(R"(^\s*(?:\[\d{1,3}:\d{1,2}(?:[.:]\d{1,3})?\] ?)+)"),
@@ -36,6 +36,7 @@ QString withoutTimeMarks(const QString &lyrics)
     static const QRegularExpression wordTimes(QStringLiteral(R"(<\d{1,3}:\d{1,2}(?:[.:]\d{1,3})?> ?)"));
     static const QRegularExpression header(QStringLiteral(R"(^\s*\[[a-z#]{1,8}:.*\]\s*$)"),
                                            QRegularExpression::CaseInsensitiveOption);
+    lyrics.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     if (!lyrics.contains(u'[') || !lyrics.contains(lineTimes))
         return lyrics;
     QStringList lines;

@@ -5,10 +5,17 @@ namespace trackwise {
 
 QString textOf(const TagLib::String &text)
 {
-    QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    auto *to = result.data();
-    for (const auto c : text)
-        *to++ = QChar(static_cast<char16_t>(c));
+    QString result;
+    result.reserve(static_cast<qsizetype>(text.size()));
+    for (const auto c : text) {
+        const auto code = static_cast<char32_t>(c);
+        if (QChar::requiresSurrogates(code)) {
+            result += QChar(QChar::highSurrogate(code));
+            result += QChar(QChar::lowSurrogate(code));
+        } else {
+            result += QChar(static_cast<char16_t>(code));
+        }
+    }
     return result;
 }
 

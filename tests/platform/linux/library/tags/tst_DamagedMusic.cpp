@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Whatever lies in a music folder under a music file's name ends in a reason or in a playable song.
+#include "platform/linux/library/tags/TagReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtEndian>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace trackwise;
+
+namespace {
+
+QByteArray fixture(const char *name)
+{
+    QFile file(QStringLiteral(TRACKWISE_TEST_DATA "/") + QString::fromLatin1(name));
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray big32(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+QByteArray synchsafe(quint32 value)
+{
+    return big32((value & 0x7f) | (value >> 7 & 0x7f) << 8 | (value >> 14 & 0x7f) << 16 |
+                 (value >> 21 & 0x7f) << 24);
+}
+
+QByteArray id3(const QByteArray &frames, quint32 size, char version = 4)
+{
+    return QByteArray("ID3") + version + QByteArray(2, '\0') + synchsafe(size) + frames;
+}
+
+QByteArray bareMp3()
+{
+    const auto whole = fixture("lrc-inside.mp3");
+    return whole.mid(whole.indexOf("\xff\xf3", 20)); // MPEG 2 layer III begins behind the tag
+}
+
+const QByteArray ftyp("\0\0\0\x18"
+                      "ftypM4A \0\0\0\0M4A mp42",
+                      24);
+
+QByteArray nestedBoxes(int depth)
+{
+    QByteArray boxes;
+    for (int i = 0; i < depth; ++i)
+        boxes += big32(static_cast<quint32>(8 * (depth - i))) + "moov";
+    return boxes;
+}
+
+QByteArray manyFrames()
+{
+    QByteArray frames;
+    for (int i = 0; i < 20'000; ++i)
+        frames += "TXXX" + synchsafe(8) + QByteArray("\0\0\3k", 4) + QByteArray::number(1000 + i % 1000) +
+                  QByteArray("\0v", 2).left(2);
+    return id3(frames, static_cast<quint32>(frames.size()));
+}
+
+} // namespace
+
+class tst_DamagedMusic : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+
+    [[nodiscard]] QByteArray path(const char *name = "song.mp3") const
+    {
+        return QFile::encodeName(m_folder.path()) + '/' + name;
+    }
+    [[nodiscard]] Result<SongTags> read(const QByteArray &bytes) const
+    {
+        QFile file(QFile::decodeName(path()));
+        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write the test file");
+        file.close();
+        return readTags(path());
+    }
+
+private Q_SLOTS:
+    void refusesWhatIsNotMusic_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<FailureKind>("kind");
+        const auto add = [](const char *name, FailureKind kind, const QByteArray &bytes) {
+            QTest::newRow(name) << bytes << kind;
+        };
+        QByteArray noise(90'000, Qt::Uninitialized);
+        QRandomGenerator random(7);
+        for (auto &byte : noise)
+            byte = static_cast<char>(random.bounded(256));
+        const auto flacStart = fixture("xiph.flac").left(42);
+
+        add("empty", FailureKind::Malformed, {});
+        add("one byte", FailureKind::Unsupported, "O");
+        add("noise", FailureKind::Unsupported, noise);
+        add("zeros", FailureKind::Unsupported, QByteArray(70'000, '\0'));
+        add("text", FailureKind::Unsupported, QByteArray("this is not audio\n").repeated(50));
+        add("web page", FailureKind::Unsupported, "<!DOCTYPE html><title>404</title>");
+        add("picture", FailureKind::Unsupported,
+            QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10) + noise.left(3000));
+        add("AppleDouble", FailureKind::Unsupported,
+            QByteArray("\0\5\x16\7\0\2\0\0Mac OS X", 16) + QByteArray(200, '\0'));
+        add("ID3 alone", FailureKind::Unsupported, id3(QByteArray(100, '\0'), 100));
+        add("ID3 cut off", FailureKind::Malformed, id3("TIT2" + synchsafe(9), 200'000));
+        add("ID3 of all the file", FailureKind::Malformed, id3({}, 0x0fffffff) + bareMp3());
+        add("FLAC cut off", FailureKind::Malformed, fixture("xiph.flac").left(60));
+        add("FLAC without sound", FailureKind::Malformed, flacStart + QByteArray("\x84\0\0\4\0\0\0\0", 8));
+        add("FLAC picture too large", FailureKind::Malformed,
+            flacStart + QByteArray("\x86\xff\xff\xff", 4) + QByteArray(48, '\xf0'));
+        add("Ogg cut off", FailureKind::Malformed, fixture("xiph.ogg").left(90));
+        add("Opus cut off", FailureKind::Malformed, fixture("xiph.opus").left(40));
+        add("MP4 cut off", FailureKind::Malformed, fixture("alac.m4a").left(700));
+        add("MP4 box of 4 GiB", FailureKind::Malformed, ftyp + "\xff\xff\xff\xffmoov" + QByteArray(64, '\0'));
+        add("MP4 box of 2^64", FailureKind::Malformed,
+            ftyp + big32(1) + "moov" + QByteArray(8, '\xff') + QByteArray(64, '\0'));
+        add("MP4 nested deep", FailureKind::Malformed, ftyp + nestedBoxes(20'000));
+        add("WAV cut off", FailureKind::Malformed, fixture("info.wav").left(30));
+        add("WAV with a chunk of 4 GiB", FailureKind::Malformed,
+            fixture("info.wav").left(36) + "id3 \xff\xff\xff\xffID3");
+        add("Matroska cut off", FailureKind::Malformed, fixture("matroska.mka").left(64));
+        add("ASF cut off", FailureKind::Malformed, fixture("asf.wma").left(200));
+    }
+    void refusesWhatIsNotMusic()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(FailureKind, kind);
+        const auto tags = read(bytes);
+        QVERIFY(!tags);
+        QCOMPARE(tags.failure().kind, kind);
+        QVERIFY(!tags.failure().detail.isEmpty());
+    }
+
+    void readsWhatIsOnlySomewhatWrong_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        auto wav = fixture("info.wav");
+        QTest::newRow("ID3 frame of 2 GiB")
+            << id3("TIT2\x7f\xff\xff\xff" + QByteArray("\0\0\0A", 4) + QByteArray(28, '\0'), 40, 3) +
+                   bareMp3();
+        QTest::newRow("ID3 picture too large")
+            << id3("APIC\x7f\x7f\x7f\x7f" + QByteArray("\0\0\0image/jpeg\0\3\0", 16) + QByteArray(6, '\0'),
+                   30) +
+                   bareMp3();
+        QTest::newRow("ID3 of 20,000 frames") << manyFrames() + bareMp3();
+        QTest::newRow("junk before the sound") << QByteArray(5000, 'x') + bareMp3();
+        QTest::newRow("WAV that says 4 GiB") << wav.replace(4, 4, QByteArray(4, '\xff'));
+        QTest::newRow("FLAC cut in the sound") << fixture("xiph.flac").chopped(100);
+        QTest::newRow("MP3 cut in the sound") << fixture("id3v24.mp3").chopped(100);
+    }
+    void readsWhatIsOnlySomewhatWrong()
+    {
+        QFETCH(QByteArray, bytes);
+        const auto tags = read(bytes);
+        QVERIFY2(tags, qPrintable(tags ? QString() : tags.failure().detail));
+        QVERIFY(tags->durationSeconds > 0.2);
+    }
+
+    void refusesWhatIsNoFile()
+    {
+        QCOMPARE(readTags(path("absent.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(symlink("nowhere", path("dangling.mp3").constData()), 0);
+        QCOMPARE(readTags(path("dangling.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(symlink("loop.mp3", path("loop.mp3").constData()), 0);
+        QCOMPARE(readTags(path("loop.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(mkfifo(path("pipe.mp3").constData(), 0600), 0); // would block whoever opens it plainly
+        QCOMPARE(readTags(path("pipe.mp3")).failure().kind, FailureKind::Unsupported);
+        QCOMPARE(mkdir(path("folder.mp3").constData(), 0700), 0);
+        QCOMPARE(readTags(path("folder.mp3")).failure().kind, FailureKind::Unsupported);
+        QCOMPARE(readTags("/dev/zero").failure().kind, FailureKind::Unsupported);
+    }
+
+    void refusesAHugeEmptyFileAtOnce()
+    {
+        QFile file(QFile::decodeName(path()));
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(QByteArray("RIFF\xf8\xff\xff\x3fWAVE", 12));
+        QVERIFY(file.resize(1 << 30));
+        file.close();
+        QCOMPARE(readTags(path()).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+    }
+
+    void survivesDamage_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const auto &name : QDir(QStringLiteral(TRACKWISE_TEST_DATA)).entryList(QDir::Files))
+            QTest::newRow(qPrintable(name)) << name;
+    }
+    /// Each file cut at many places, and with bytes changed in its headers: never a crash, never tags without
+    /// a duration.
+    void survivesDamage()
+    {
+        QFETCH(QString, name);
+        const auto whole = fixture(qPrintable(name));
+        QRandomGenerator random(static_cast<quint32>(qHash(name, 1)));
+        for (int round = 0; round < 60; ++round) {
+            auto bytes = whole;
+            if (round % 3 == 0)
+                bytes.truncate(random.bounded(static_cast<int>(bytes.size())));
+            for (int change = round % 8; change > 0 && !bytes.isEmpty(); --change)
+                bytes[random.bounded(static_cast<int>(bytes.size()))] =
+                    static_cast<char>(random.bounded(256));
+            if (round % 5 == 0 && bytes.size() > 64) // sizes that overflow
+                bytes.replace(random.bounded(static_cast<int>(bytes.size()) - 8), 4, QByteArray(4, '\xff'));
+            const auto tags = read(bytes);
+            QVERIFY(!tags || tags->durationSeconds > 0);
+            (void)readEmbeddedArtwork(path());
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_DamagedMusic)
+#include "tst_DamagedMusic.moc"

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/tags/Lyrics.h"
+#include "platform/linux/library/tags/PartialDate.h"
+#include "platform/linux/library/tags/SongTags.h"
+#include "platform/linux/library/tags/TagFields.h"
+
+#include <QTest>
+
+using namespace trackwise;
+
+class tst_TagValues : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsPartialDates_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("start"); // in Berlin; empty: not a date
+        const auto add = [](const char *text, const char *start) {
+            QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(start);
+        };
+        add("2021", "2020-12-31T23:00:00Z");
+        add("2021-07", "2021-06-30T22:00:00Z");
+        add("2021-07-05", "2021-07-04T22:00:00Z");
+        add("2021-07-05T07:00:00", "2021-07-05T05:00:00Z");
+        add("2021-07-05 07:30", "2021-07-05T05:30:00Z");
+        add("2021-07-05T07:00:00Z", "2021-07-05T07:00:00Z");
+        add("2021-07-05T07:00:00.123+02:00", "2021-07-05T05:00:00Z");
+        add("20210705", "2021-07-04T22:00:00Z");
+        add("2021/7/5", "2021-07-04T22:00:00Z");
+        add("2021-13-40", "2020-12-31T23:00:00Z");
+        add("2021-02-30", "2021-01-31T23:00:00Z");
+        add("2021 (remaster)", "2020-12-31T23:00:00Z");
+        add("0000", "");
+        add("21", "");
+        add("unknown", "");
+        add("", "");
+    }
+    void readsPartialDates()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, start);
+        const auto date = PartialDate::fromText(text);
+        QCOMPARE(date.has_value(), !start.isEmpty());
+        if (!date)
+            return;
+        const auto moment = date->start(QTimeZone("Europe/Berlin")).time_since_epoch().count();
+        QCOMPARE(QDateTime::fromMSecsSinceEpoch(moment, Qt::UTC).toString(Qt::ISODate), start);
+        QCOMPARE(date->text, text);
+    }
+
+    void understandsRatings_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("percent"); // -1: not rated
+        const auto add = [](Field kind, const char *text, int percent) {
+            QTest::addRow("%d %s", int(kind), text) << int(kind) << QString::fromLatin1(text) << percent;
+        };
+        add(Field::RatingFraction, "0.0", 0);
+        add(Field::RatingFraction, "0.5", 50);
+        add(Field::RatingFraction, "7", -1);
+        add(Field::RatingPercent, "80", 80);
+        add(Field::RatingLoose, "1", 20);
+        add(Field::RatingLoose, "1.0", 100);
+        add(Field::RatingLoose, "0.6", 60);
+        add(Field::RatingLoose, "5", 100);
+        add(Field::RatingLoose, "7", 70);
+        add(Field::RatingLoose, "10", 100);
+        add(Field::RatingLoose, "60", 60);
+        add(Field::RatingLoose, "101", -1);
+        add(Field::RatingLoose, "-1", -1);
+        add(Field::RatingLoose, "good", -1);
+    }
+    void understandsRatings()
+    {
+        QFETCH(int, kind);
+        QFETCH(QString, text);
+        QFETCH(int, percent);
+        TagFields fields;
+        fields.add(static_cast<Field>(kind), text);
+        QCOMPARE(songTags(fields).ratingPercent.value_or(-1), percent);
+    }
+
+    void roundsToWholeStars_data()
+    {
+        QTest::addColumn<int>("percent");
+        QTest::addColumn<unsigned>("stars");
+        QTest::newRow("rated with nothing") << 0 << 0U;
+        QTest::newRow("a trace") << 1 << 1U;
+        QTest::newRow("a half") << 10 << 1U;
+        QTest::newRow("one and a half") << 30 << 2U;
+        QTest::newRow("below it") << 29 << 1U;
+        QTest::newRow("four and a half") << 90 << 5U;
+        QTest::newRow("five") << 100 << 5U;
+    }
+    void roundsToWholeStars()
+    {
+        QFETCH(int, percent);
+        QTEST(SongTags{.ratingPercent = percent}.stars(), "stars");
+    }
+
+    void understandsNumbers()
+    {
+        TagFields fields;
+        fields.add(Field::Track, QStringLiteral(" 07 / 12"));
+        fields.add(Field::Disc, QStringLiteral("0/2"));
+        fields.add(Field::DiscCount, QStringLiteral("3"));
+        fields.add(Field::BeatsPerMinute, QStringLiteral("0"));
+        fields.add(Field::PlayCount, QStringLiteral("-3"));
+        const auto tags = songTags(fields);
+        QCOMPARE(tags.trackNumber, 7U);
+        QCOMPARE(tags.trackCount, 12U);
+        QCOMPARE(tags.discNumber, std::nullopt);
+        QCOMPARE(tags.discCount, 3U);
+        QCOMPARE(tags.beatsPerMinute, std::nullopt);
+        QCOMPARE(tags.playCount, std::nullopt);
+    }
+
+    void prefersTheBetterSpellingAndKeepsLists()
+    {
+        TagFields fields;
+        fields.add(Field::Artist, QStringLiteral("worse"), 1);
+        fields.add(Field::Artist, QString());
+        fields.add(Field::Artist, QStringLiteral("first"));
+        fields.add(Field::Artist, QString::fromLatin1("second\0", 7));
+        fields.add(Field::Artist, QStringLiteral("late and worse"), 1);
+        QCOMPARE(songTags(fields).displayArtist(), QStringLiteral("first, second"));
+    }
+
+    void limitsTexts()
+    {
+        TagFields fields;
+        fields.add(Field::Comments, QString(3'000'000, u'x'));
+        QCOMPARE(songTags(fields).comments->size(), 512 * 1024);
+    }
+
+    void stripsTimeMarks_data()
+    {
+        QTest::addColumn<QString>("lyrics");
+        QTest::addColumn<QString>("plain");
+        const auto add = [](const char *name, const char *lyrics, const char *plain) {
+            QTest::newRow(name) << QString::fromLatin1(lyrics) << QString::fromLatin1(plain);
+        };
+        add("lines", "[00:01.50]one\n[01:02]two", "one\ntwo");
+        add("repeated lines", "[00:01.50][00:09.50] one\n\n[01:02:33] two", "one\n\ntwo");
+        add("words", "[00:01.50]<00:01.50> one <00:01.90> more", "one more");
+        add("header", "[ar:Somebody]\n[offset:+20]\n[00:01.50]one", "one");
+        add("brackets without times", "[Chorus]\none [twice]", "[Chorus]\none [twice]");
+        add("chorus among times", "[00:01.50][Chorus]\n[00:02.50]one", "[Chorus]\none");
+        add("Windows line ends", "[00:01.50]one\r\n[00:02.50]two\r\n", "one\ntwo");
+    }
+    void stripsTimeMarks()
+    {
+        QFETCH(QString, lyrics);
+        QTEST(withoutTimeMarks(lyrics), "plain");
+    }
+
+    void decodesUnknownText_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("UTF-8") << QByteArray("\xc3\xa9t\xc3\xa9") << QStringLiteral("été");
+        QTest::newRow("UTF-8, marked") << QByteArray("\xef\xbb\xbf\xc3\xa9") << QStringLiteral("é");
+        QTest::newRow("UTF-16, marked") << QByteArray("\xff\xfe\xe9\0t\0", 6) << QStringLiteral("ét");
+        QTest::newRow("Windows-1252") << QByteArray("\xe9 \x80 \x93") << QStringLiteral("é € “");
+    }
+    void decodesUnknownText()
+    {
+        QFETCH(QByteArray, bytes);
+        QTEST(decodedText(bytes), "text");
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_TagValues)
+#include "tst_TagValues.moc"
