@@ -42,12 +42,14 @@ bool mayKnow(const Plan &plan, const QString &path, const QString &other)
 }
 
 // The room behind the CMake target trackwise_<name> or the QML module Trackwise.<Name>: both write its path
-// without slashes.
+// without slashes. A part of a room of the device adds its own name.
 QString roomNamed(const Plan &plan, const QString &name)
 {
     for (const auto &[room, named] : plan) {
         QString flat = room;
-        if (flat.replace(u'/', u'_').compare(name, Qt::CaseInsensitive) == 0)
+        flat.replace(u'/', u'_');
+        const bool isPart = isLinuxRoom(room) && name.startsWith(flat + u'_');
+        if (isPart || flat.compare(name, Qt::CaseInsensitive) == 0)
             return room;
     }
     return {};

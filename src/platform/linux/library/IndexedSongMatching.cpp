@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/IndexedSongMatching.h"
+
+#include "platform/linux/library/store/SongLookup.h"
+#include "platform/linux/library/store/TextFolding.h"
+
+namespace trackwise {
+
+namespace {
+using FoundID = std::optional<PersistentID>;
+using Candidates = std::vector<SongCandidate>;
+} // namespace
+
+QString IndexedSongMatching::folded(const QString &text) const
+{
+    return trackwise::folded(text);
+}
+
+FoundID IndexedSongMatching::idOfPath(const QByteArray &canonicalPath) const
+{
+    return m_readers.read(FoundID(), [&](Reader &reader) {
+        return SongLookup(reader).idOfPath(FileName::ofPath(canonicalPath));
+    });
+}
+
+FoundID IndexedSongMatching::idOfFile(FileIdentity file) const
+{
+    return m_readers.read(FoundID(), [file](Reader &reader) { return SongLookup(reader).idOfFile(file); });
+}
+
+FoundID IndexedSongMatching::idOfCatalogID(const QString &identifier) const
+{
+    return m_readers.read(FoundID(),
+                          [&](Reader &reader) { return SongLookup(reader).idOfCatalogID(identifier); });
+}
+
+FoundID IndexedSongMatching::idOfMusicBrainzID(const QString &identifier) const
+{
+    return m_readers.read(
+        FoundID(), [&](Reader &reader) { return SongLookup(reader).idOfRecording(identifier.toLower()); });
+}
+
+Candidates IndexedSongMatching::songsTitled(const QString &foldedTitle, int limit) const
+{
+    return m_readers.read(Candidates(),
+                          [&](Reader &reader) { return SongLookup(reader).songsTitled(foldedTitle, limit); });
+}
+
+Candidates IndexedSongMatching::songsWithTitlePrefix(const QString &foldedPrefix, int limit) const
+{
+    return m_readers.read(Candidates(), [&](Reader &reader) {
+        return SongLookup(reader).songsWithTitlePrefix(foldedPrefix, limit);
+    });
+}
+
+std::optional<MediaItem> IndexedSongMatching::song(PersistentID id) const
+{
+    return m_readers.read(std::optional<MediaItem>(), [id](Reader &reader) {
+        auto found = SongLookup(reader).song(id);
+        return found ? std::optional(std::move(found->item)) : std::nullopt;
+    });
+}
+
+} // namespace trackwise

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <vector>
+
+class QSettings;
+
+namespace trackwise {
+
+/// Where the music is and where the library is kept. A value; tests and the command line make their own.
+struct LibraryConfiguration
+{
+    std::vector<QByteArray> musicFolders; ///< absolute, as bytes of the file system
+    QByteArray databasePath;
+
+    /// The user's: the music folder of the desktop, and the further folders of the device settings. The home
+    /// folder itself is never taken for a music folder, although desktops without one name it.
+    [[nodiscard]] static LibraryConfiguration ofUser(const QSettings &deviceSettings);
+
+    friend bool operator==(const LibraryConfiguration &, const LibraryConfiguration &) = default;
+};
+
+void setFurtherMusicFolders(QSettings &deviceSettings, const QStringList &folders);
+
+} // namespace trackwise

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/IndexedSongMatching.h"
+#include "platform/linux/library/LibraryAccess.h"
+#include "platform/linux/library/LibraryConfiguration.h"
+#include "platform/linux/library/LinuxMediaLibrary.h"
+#include "platform/linux/library/store/SongLists.h"
+#include "platform/linux/library/store/SongLookup.h"
+#include "platform/linux/library/store/SongStore.h"
+
+#include <functional>
+#include <memory>
+
+namespace trackwise {
+
+/// How many songs the library knows, and of what kind.
+struct LibraryStatus
+{
+    qsizetype available = 0;
+    qsizetype diskAbsent = 0;
+    qsizetype fileGone = 0;
+    qsizetype problems = 0;
+};
+
+/// One library on this device and all the ways to use it. Built by whoever composes the program.
+class LinuxLibrary
+{
+public:
+    /// Opens the library, making an empty one where there is none. @p deviceSettings must outlive it.
+    /// Failures are those of SongStore::open().
+    [[nodiscard]] static Result<std::unique_ptr<LinuxLibrary>> open(const LibraryConfiguration &configuration,
+                                                                    QSettings &deviceSettings);
+
+    [[nodiscard]] const LibraryConfiguration &configuration() const { return m_configuration; }
+    [[nodiscard]] LibraryAccess &access() { return m_access; }
+    [[nodiscard]] MediaLibrary &mediaLibrary() { return m_mediaLibrary; }
+    [[nodiscard]] const LibraryBrowser &browser() const { return m_lists; }
+    [[nodiscard]] const SongMatching &matching() const { return m_matching; }
+    [[nodiscard]] const std::shared_ptr<SongStore> &store() const { return m_store; }
+
+    /// The questions of the command line; any thread.
+    [[nodiscard]] LibraryStatus status() const;
+    [[nodiscard]] std::vector<ScanProblem> problems() const;
+    /// The song whose file has this absolute path.
+    [[nodiscard]] std::optional<LibrarySong> songForPath(const QByteArray &path) const;
+    [[nodiscard]] std::optional<LibrarySong> song(PersistentID id) const;
+    /// What search as you type finds, best first.
+    [[nodiscard]] std::vector<PersistentID> search(const QString &typed, int limit) const;
+    /// Every song in the library's order, gone ones too, until @p visit answers false.
+    void forEachSong(const std::function<bool(const LibrarySong &)> &visit) const;
+
+private:
+    LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<SongStore> store,
+                 QSettings &deviceSettings);
+
+    LibraryConfiguration m_configuration;
+    std::shared_ptr<SongStore> m_store;
+    ReaderPool m_readers;
+    LibraryAccess m_access;
+    LinuxMediaLibrary m_mediaLibrary;
+    SongLists m_lists;
+    IndexedSongMatching m_matching;
+};
+
+} // namespace trackwise

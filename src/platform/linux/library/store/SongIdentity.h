@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/store/SongRecord.h"
+#include "platform/linux/library/store/Sqlite.h"
+
+#include <optional>
+#include <vector>
+
+namespace trackwise {
+
+/// Number of a song's row: its place in the library's order. Not the identity that the program shows.
+enum class SongRowID : std::int64_t {};
+
+/// Decides which song of the library a file is. Identities follow the sound: a file that was moved, renamed,
+/// retagged or rewritten stays the song it was, and a copy is a song of its own. Worker threads only, since
+/// it may have to look at other files.
+class SongIdentity
+{
+public:
+    explicit SongIdentity(const sqlite::Connection &connection);
+
+    /// The song that @p scanned is; nothing: one that the library has not seen.
+    [[nodiscard]] std::optional<SongRowID> songOf(const ScannedSong &scanned, std::int64_t folderID);
+    /// The song whose file is at this place according to the library.
+    [[nodiscard]] std::optional<SongRowID> occupant(std::int64_t folderID, const QByteArray &name);
+
+private:
+    struct Candidate
+    {
+        SongRowID song{};
+        QByteArray path;
+        StatSignature signature;
+        std::uint64_t audioHash = 0;
+        Availability availability = Availability::Available;
+    };
+
+    [[nodiscard]] static std::vector<Candidate> candidates(sqlite::Statement &statement);
+    [[nodiscard]] std::vector<Candidate> withIdentity(FileIdentity identity);
+    [[nodiscard]] std::vector<Candidate> withHash(std::uint64_t audioHash);
+    [[nodiscard]] std::vector<Candidate> atPath(std::int64_t folderID, const QByteArray &name);
+    [[nodiscard]] bool hasSameNames(SongRowID song, const SongTags &tags);
+
+    sqlite::Statement m_withIdentity;
+    sqlite::Statement m_withHash;
+    sqlite::Statement m_atPath;
+    sqlite::Statement m_names;
+};
+
+} // namespace trackwise

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/linux/library/store/SongRecord.h"
+#include "platform/linux/library/store/SongWriter.h"
+#include "platform/linux/library/store/Sqlite.h"
+#include "platform/linux/library/store/TextOrder.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <span>
+
+namespace trackwise {
+
+/// A file that the library knows, as a scan compares it with what it finds.
+struct KnownFile
+{
+    SongRowID song{}; ///< zero for a file that could not be read
+    std::int64_t folder = 0;
+    std::string_view name; ///< valid during the call that hands it over
+    StatSignature signature;
+    Availability availability = Availability::Available;
+};
+
+/// The one writer of the library's database. Any thread; every call is one transaction and blocks on the
+/// disk, so that worker threads make them. Reading is the matter of SongReader.
+class SongStore
+{
+public:
+    /// Opens the database, making or updating it. The directory is made too.
+    /// Failures: Malformed (damaged, or not ours), Unsupported (made by a newer version), NoSpace,
+    /// Unreadable.
+    [[nodiscard]] static Result<std::unique_ptr<SongStore>> open(const QByteArray &path,
+                                                                 const QByteArray &locale = {});
+
+    [[nodiscard]] const QByteArray &path() const { return m_path; }
+
+    /// Writes what a scan has read: all of it or, on failure, none.
+    [[nodiscard]] Result<Done> write(std::span<const ScannedSong> songs,
+                                     std::span<const ScanProblem> problems, Instant now);
+    [[nodiscard]] Result<Done> setAvailability(std::span<const SongRowID> songs, Availability availability);
+    /// Problems of files that are not there any more, or are well now.
+    [[nodiscard]] Result<Done> forgetProblems(std::span<const FileName> files);
+    /// Which image beside its songs a folder has; an empty key for none. It counts while the folder's songs
+    /// are of one album.
+    struct FolderImage
+    {
+        QByteArray folder;
+        QByteArray imageName;
+        std::int64_t modified = 0; ///< nanoseconds since 1970
+        QByteArray key;
+    };
+    [[nodiscard]] Result<Done> writeFolderImages(std::span<const FolderImage> images);
+
+    /// Takes further songs into the full-text index; whether more are waiting.
+    [[nodiscard]] Result<bool> indexNext(int count);
+
+    [[nodiscard]] Result<Done> recordPlay(PersistentID id, Instant when);
+    [[nodiscard]] Result<Done> recordSkip(PersistentID id);
+
+    using FolderVisitor = std::function<void(std::int64_t id, QByteArray path)>;
+    using FileVisitor = std::function<void(const KnownFile &)>;
+    /// All folders, then all files that should be there, then all files that could not be read.
+    [[nodiscard]] Result<Done> visitKnownFiles(const FolderVisitor &folder, const FileVisitor &file) const;
+
+    /// Gives back memory that a scan needed.
+    void releaseMemory();
+
+private:
+    SongStore(QByteArray path, sqlite::Connection connection, const QByteArray &locale);
+    void renewSortKeys();
+    [[nodiscard]] Result<Done> inTransaction(const std::function<void()> &change);
+    [[nodiscard]] Result<Done>
+    changeSong(PersistentID id, const std::function<void(sqlite::Statement &)> &bind, const char *sql);
+
+    QByteArray m_path;
+    TextOrder m_order;
+    mutable std::mutex m_mutex;
+    sqlite::Connection m_connection;
+    SongWriter m_writer;
+};
+
+} // namespace trackwise

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/LibraryFixture.h"
+
+#include <QFile>
+#include <QTest>
+
+namespace trackwise {
+
+LibraryFixture::LibraryFixture()
+    : m_settings(m_folder.filePath(QStringLiteral("device.ini")), QSettings::IniFormat)
+{
+    LibraryConfiguration configuration;
+    configuration.databasePath = databasePath();
+    configuration.musicFolders = {"/music"};
+    auto opened = LinuxLibrary::open(configuration, m_settings);
+    if (!opened)
+        qFatal("%s", qPrintable(opened.failure().detail));
+    m_library = std::move(*opened);
+}
+
+QByteArray LibraryFixture::databasePath() const
+{
+    return QFile::encodeName(m_folder.filePath(QStringLiteral("library.sqlite")));
+}
+
+PersistentID LibraryFixture::add(SongTags tags)
+{
+    ++m_count;
+    if (tags.durationSeconds == 0)
+        tags.durationSeconds = 1;
+    if (tags.audioHash == 0)
+        tags.audioHash = static_cast<std::uint64_t>(m_count);
+    const auto number = static_cast<std::uint64_t>(m_count);
+    const ScannedSong song{
+        {"/music", QByteArray::number(m_count) + ".flac"}, {{1, number}, 100, m_count}, tags};
+    const Result<Done> written =
+        store().write(std::span(&song, 1), {}, Instant(std::chrono::seconds(m_count)));
+    if (!written)
+        qFatal("%s", qPrintable(written.failure().detail));
+    index();
+    return m_library->songForPath(song.file.path())->item.persistentID;
+}
+
+PersistentID LibraryFixture::add(const QString &title, const QString &artist, const QString &album)
+{
+    SongTags tags;
+    tags.title = title;
+    if (!artist.isEmpty())
+        tags.artists = {artist};
+    if (!album.isEmpty())
+        tags.albumTitle = album;
+    return add(tags);
+}
+
+void LibraryFixture::index()
+{
+    while (*store().indexNext(1000)) {
+    }
+}
+
+} // namespace trackwise
