@@ -20,6 +20,9 @@ TextEdit {
     selectionColor: Theme.accent
     textFormat: TextEdit.PlainText
     wrapMode: TextEdit.Wrap
+    Component.onCompleted: root.label.spaceLines(root.textDocument, root.style.lineHeight)
+    onStyleChanged: root.label.spaceLines(root.textDocument, root.style.lineHeight)
+    onTextChanged: root.label.spaceLines(root.textDocument, root.style.lineHeight)
     onSelectedTextChanged: root.label.selection = root.selectedText
 
     Accessible.role: Accessible.EditableText

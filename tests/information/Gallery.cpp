@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <cstdio>
+#include <functional>
 
 using namespace trackwise;
 using namespace std::chrono_literals;
@@ -33,6 +34,7 @@ struct Scene
     MediaItem song;
     bool showsLyrics = false;
     qreal scrolled = 0;
+    std::function<void(QQuickView &)> act = [](QQuickView &) {};
 };
 
 MediaItem goldenHour()
@@ -95,6 +97,25 @@ MediaItem hostile()
     return song;
 }
 
+void focusThirdRow(QQuickView &window)
+{
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(&window, Qt::Key_Tab);
+}
+
+void rightClick(QQuickView &window)
+{
+    QTest::mouseClick(&window, Qt::RightButton, {}, {200, 200});
+}
+
+void holdAFinger(QQuickView &window)
+{
+    static const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+    QTest::touchEvent(&window, screen.get()).press(0, QPoint(300, 210));
+    QTest::qWait(700);
+    QTest::touchEvent(&window, screen.get()).release(0, QPoint(300, 210));
+}
+
 std::vector<Scene> scenes()
 {
     const MediaItem song = goldenHour();
@@ -141,6 +162,12 @@ std::vector<Scene> scenes()
         {.name = QStringLiteral("long"), .size = phone, .song = longWinded()},
         {.name = QStringLiteral("long-tablet"), .song = longWinded()},
         {.name = QStringLiteral("hostile"), .size = phone, .song = hostile()},
+        {.name = QStringLiteral("focus"), .size = phone, .song = song, .act = focusThirdRow},
+        {.name = QStringLiteral("focus-dark"), .size = phone, .theme = dark, .song = song, .act = focusThirdRow},
+        {.name = QStringLiteral("context-menu"), .size = phone, .song = song, .act = rightClick},
+        {.name = QStringLiteral("context-menu-dark"), .size = phone, .theme = dark, .song = song, .act = rightClick},
+        {.name = QStringLiteral("edit-menu"), .size = phone, .song = song, .act = holdAFinger},
+        {.name = QStringLiteral("edit-menu-dark"), .size = phone, .theme = dark, .song = song, .act = holdAFinger},
         {.name = QStringLiteral("lyrics"), .size = phone, .song = song, .showsLyrics = true},
         {.name = QStringLiteral("lyrics-dark-tablet"), .theme = dark, .song = song, .showsLyrics = true},
         {.name = QStringLiteral("lyrics-largest"),
@@ -172,9 +199,11 @@ void draw(const Scene &scene, const QDir &folder)
                                  {QStringLiteral("showsLyrics"), scene.showsLyrics}});
     window.setSource(QUrl(QStringLiteral("qrc:/gallery/Gallery.qml")));
     window.show();
-    (void)QTest::qWaitForWindowExposed(&window);
+    window.requestActivate();
+    (void)QTest::qWaitForWindowActive(&window);
     QMetaObject::invokeMethod(window.rootObject(), "scrollTo", Q_ARG(double, scene.scrolled));
-    QTest::qWait(300); // the scrolling
+    scene.act(window);
+    QTest::qWait(300); // for what moves or fades
     const QString file = folder.filePath(scene.name + QStringLiteral(".png"));
     window.grabWindow().save(file);
     std::puts(qPrintable(file));

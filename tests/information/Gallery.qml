@@ -21,6 +21,7 @@ Item {
         id: information
 
         anchors.fill: parent
+        focus: true
         visible: !root.showsLyrics
         view: root.view
     }
