@@ -12,6 +12,7 @@ FocusableItem {
     signal buttonAction
 
     readonly property real verticalPadding: 9
+    readonly property real focusMargin: 10
     readonly property bool isStacked: Theme.isAccessibilitySize
     // Below a stacked title the value moves up by the title's padding.
     readonly property real minimumSpace: isStacked ? -verticalPadding : 10
@@ -72,5 +73,7 @@ FocusableItem {
     }
     FocusRing {
         visible: root.hasKeyboardFocus
+        anchors.leftMargin: -root.focusMargin
+        anchors.rightMargin: -root.focusMargin
     }
 }
