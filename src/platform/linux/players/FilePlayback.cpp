@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/players/FilePlayback.h"
 
+#include "platform/linux/players/DefaultOutput.h"
+
 #include <QAudioDevice>
 #include <QAudioOutput>
 #include <QFile>
@@ -13,10 +15,17 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 namespace trackwise {
 
+using namespace std::chrono_literals;
+
 namespace {
+
+constexpr auto outputRetry = 200ms;
+constexpr int mostOutputAttempts = 10;
 
 /// The file, open for reading; null when it is absent, unreadable or not a regular file. Opened by its
 /// bytes: names in old collections are not always UTF-8.
@@ -52,6 +61,8 @@ FilePlayback::~FilePlayback()
 bool FilePlayback::load(const QByteArray &path)
 {
     unload();
+    if (m_isSoundLost)
+        return false;
     std::unique_ptr<QFile> file = openRegularFile(path);
     if (!file)
         return false;
@@ -76,7 +87,9 @@ void FilePlayback::unload()
 
 void FilePlayback::play()
 {
-    if (m_file && !m_output->device().isNull())
+    if (!m_file)
+        return;
+    if (hasOutput()) // without one, the library would crash
         m_player->play();
 }
 
@@ -138,13 +151,19 @@ void FilePlayback::ensurePlayer()
     // The other backend lacks AAC without further packages and crashes without its plug-ins.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
-    m_devices = std::make_unique<QMediaDevices>();
     m_output = std::make_unique<QAudioOutput>(QMediaDevices::defaultAudioOutput());
     m_player = std::make_unique<QMediaPlayer>();
     m_player->setAudioOutput(m_output.get());
     applyVolume();
 
-    connect(m_devices.get(), &QMediaDevices::audioOutputsChanged, this, &FilePlayback::followDefaultOutput);
+    m_defaultOutput = std::make_unique<DefaultOutput>();
+    connect(m_defaultOutput.get(), &DefaultOutput::didChange, this, [this](const QByteArray &name) {
+        m_wantedOutput = name;
+        m_attempts = 0;
+        followDefaultOutput();
+    });
+    connect(m_defaultOutput.get(), &DefaultOutput::serverDidVanish, this, &FilePlayback::leaveServer);
+
     connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this, &FilePlayback::stateDidChange);
     connect(m_player.get(), &QMediaPlayer::durationChanged, this, &FilePlayback::durationDidChange);
     connect(m_player.get(), &QMediaPlayer::mediaStatusChanged, this,
@@ -162,15 +181,51 @@ void FilePlayback::ensurePlayer()
     connect(m_player.get(), &QMediaPlayer::errorOccurred, this, fail, Qt::QueuedConnection);
 }
 
+/// Whether there is somewhere to play to; an output that has gone since is replaced by the default one.
+bool FilePlayback::hasOutput()
+{
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    const bool isThere = std::any_of(outputs.begin(), outputs.end(), [this](const QAudioDevice &output) {
+        return output.id() == m_output->device().id();
+    });
+    if (!isThere)
+        m_output->setDevice(QMediaDevices::defaultAudioOutput());
+    return !m_output->device().isNull();
+}
+
+/// The library hears of a new output through a connection of its own, perhaps a little later than we do.
 void FilePlayback::followDefaultOutput()
 {
-    const QAudioDevice device = QMediaDevices::defaultAudioOutput();
-    if (device == m_output->device())
+    if (m_output->device().id() == m_wantedOutput)
         return;
-    if (device.isNull())
-        pause();
-    m_output->setDevice(device);
-    Q_EMIT outputDidChange();
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    const auto wanted = std::find_if(outputs.begin(), outputs.end(), [this](const QAudioDevice &output) {
+        return output.id() == m_wantedOutput;
+    });
+    if (wanted == outputs.end()) {
+        if (++m_attempts < mostOutputAttempts)
+            m_nextAttempt.start();
+        return;
+    }
+    m_output->setDevice(*wanted);
+    Q_EMIT outputDidChange(m_wantedOutput);
+}
+
+/// The sound server has gone. Qt 6.4 does not find one that comes back, and would crash playing to it: sound
+/// is over for this process. If it was playing, Qt also keeps the lock of its connection (an error path of
+/// QPulseAudioSink::write), for which its farewell would wait for ever: the process ends without that.
+void FilePlayback::leaveServer()
+{
+    m_isSoundLost = true;
+    if (state() == State::Playing) {
+        ::on_exit(
+            [](int status, void *) {
+                std::fflush(nullptr);
+                ::_exit(status);
+            },
+            nullptr);
+    }
+    unload();
 }
 
 void FilePlayback::applyVolume()

@@ -3,16 +3,18 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QTimer>
 
 #include <chrono>
 #include <memory>
 
 class QAudioOutput;
 class QFile;
-class QMediaDevices;
 class QMediaPlayer;
 
 namespace trackwise {
+
+class DefaultOutput;
 
 /// Plays one audio file at a time to the device's default output, wherever that is at the moment. Nothing of
 /// the multimedia library is loaded before the first file is. Main thread.
@@ -48,20 +50,26 @@ public:
 Q_SIGNALS:
     void stateDidChange();
     void durationDidChange();
-    void didReachEnd(); ///< the state is Stopped
-    void didFail();     ///< the file is unloaded
-    void outputDidChange();
+    void didReachEnd();                           ///< the state is Stopped
+    void didFail();                               ///< the file is unloaded
+    void outputDidChange(const QByteArray &name); ///< the default output is another, and followed
 
 private:
     void ensurePlayer();
     void followDefaultOutput();
+    [[nodiscard]] bool hasOutput();
+    void leaveServer();
     void applyVolume();
 
     double m_volume = 1;
     std::unique_ptr<QFile> m_file; ///< read by the player: outlives its use there
-    std::unique_ptr<QMediaDevices> m_devices;
     std::unique_ptr<QAudioOutput> m_output;
     std::unique_ptr<QMediaPlayer> m_player;
+    std::unique_ptr<DefaultOutput> m_defaultOutput;
+    QByteArray m_wantedOutput; ///< where sound is to go; the library may not know it yet
+    int m_attempts = 0;        ///< to find it there
+    QTimer m_nextAttempt;
+    bool m_isSoundLost = false;
 };
 
 } // namespace trackwise
