@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/LibraryFixture.h"
 #include "platform/linux/players/FakePlayer.h"
-#include "platform/linux/players/MemoryLibrary.h"
 #include "platform/linux/players/MprisSystemMusicPlayer.h"
 #include "platform/linux/players/PrivateSound.h"
+#include "platform/linux/players/SongFile.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -31,12 +32,14 @@ class tst_MprisSystemMusicPlayer : public QObject
 
 private:
     QTemporaryDir m_folder;
-    MemoryLibrary m_library;
+    LibraryFixture m_library;
+    QList<PersistentID> m_songs; ///< number 1 first
     std::unique_ptr<MprisSystemMusicPlayer> m_system;
 
     void startFollowing()
     {
-        m_system = std::make_unique<MprisSystemMusicPlayer>(m_library, QDBusConnection::sessionBus(), appId);
+        m_system = std::make_unique<MprisSystemMusicPlayer>(m_library.library().matching(),
+                                                            QDBusConnection::sessionBus(), appId);
         m_system->beginGeneratingPlaybackNotifications();
     }
     [[nodiscard]] bool becomesReady()
@@ -50,10 +53,11 @@ private:
         const auto item = m_system->nowPlayingItem();
         return item ? item->title.value_or(QString()) : text("nothing");
     }
-    [[nodiscard]] std::uint64_t song() const
+    /// The number of the song, or 0.
+    [[nodiscard]] qsizetype song() const
     {
         const auto item = m_system->nowPlayingItem();
-        return item ? item->persistentID.value : 0;
+        return item ? m_songs.indexOf(item->persistentID) + 1 : 0;
     }
     [[nodiscard]] QString tone(int number) const
     {
@@ -64,12 +68,13 @@ private Q_SLOTS:
     void initTestCase()
     {
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run inside dbus-run-session");
-        m_library.add(text("One"), text("Band"), text("Album"), 3, tone(1));
-        m_library.add(text("Two"), text("Band"), text("Album"), 3, tone(2));
-        m_library.add(text("Three"), text("Band"), text("Album"), 3, tone(3));
-        for (int number = 1; number <= 3; ++number)
+        for (int number = 1; number <= 3; ++number) {
             QVERIFY(makeTone(tone(number), 3,
                              {QStringLiteral("title=Track %1").arg(number), text("artist=Somebody")}));
+            const QString title = QStringList{text("One"), text("Two"), text("Three")}.at(number - 1);
+            m_songs << addSongFile(m_library, QFileInfo(tone(number)).canonicalFilePath(),
+                                   songTags(title, text("Band"), text("Album"), 3));
+        }
     }
     void cleanup() { m_system.reset(); }
 
@@ -80,7 +85,7 @@ private Q_SLOTS:
         QVERIFY(player.appear());
         startFollowing();
         QVERIFY(becomesReady());
-        QCOMPARE(song(), 2u);
+        QCOMPARE(song(), 2);
         QVERIFY(m_system->raisePlayer());
         QTRY_COMPARE(player.raised(), 1);
     }
@@ -92,8 +97,8 @@ private Q_SLOTS:
         QCOMPARE(title(), text("nothing"));
         QVERIFY(!m_system->raisePlayer());
 
-        m_system =
-            std::make_unique<MprisSystemMusicPlayer>(m_library, QDBusConnection(text("nowhere")), appId);
+        m_system = std::make_unique<MprisSystemMusicPlayer>(m_library.library().matching(),
+                                                            QDBusConnection(text("nowhere")), appId);
         QVERIFY(becomesReady());
         QCOMPARE(title(), text("nothing"));
     }
@@ -101,12 +106,12 @@ private Q_SLOTS:
     void followsAnAlbumInMpv()
     {
         startFollowing();
-        QList<std::uint64_t> songs;
-        QList<std::uint64_t> played;
+        QList<qsizetype> songs;
+        QList<qsizetype> played;
         connect(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange, this,
                 [this, &songs] { songs << song(); });
         connect(m_system.get(), &MprisSystemMusicPlayer::songWasPlayed, this,
-                [&played](PersistentID id) { played << id.value; });
+                [this, &played](PersistentID id) { played << m_songs.indexOf(id) + 1; });
         QProcess mpv;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(text("XDG_CONFIG_HOME"), m_folder.path());
@@ -114,8 +119,8 @@ private Q_SLOTS:
         mpv.start(text("mpv"),
                   {text("--ao=null"), text("--no-terminal"), text("--no-video"), tone(1), tone(2), tone(3)});
         QVERIFY(mpv.waitForStarted());
-        QTRY_COMPARE_WITH_TIMEOUT(played, QList<std::uint64_t>({1, 2, 3}), 20000);
-        QTRY_COMPARE(songs, QList<std::uint64_t>({1, 2, 3, 0})); // and it quits
+        QTRY_COMPARE_WITH_TIMEOUT(played, QList<qsizetype>({1, 2, 3}), 20000);
+        QTRY_COMPARE(songs, QList<qsizetype>({1, 2, 3, 0})); // and it quits
         QTRY_COMPARE(mpv.state(), QProcess::NotRunning);
     }
 
@@ -175,11 +180,11 @@ private Q_SLOTS:
         player.change(playing(text("One"), text("Band")));
         QTest::qWait(60);
         player.change(playing(text("One"), text("Band"), 1.5));
-        QTRY_COMPARE(song(), 1u);
+        QTRY_COMPARE(song(), 1);
         QCOMPARE(changes.size(), 1);
         m_system->endGeneratingPlaybackNotifications();
         player.change(playing(text("Two"), text("Band"), 1.5));
-        QTRY_COMPARE(song(), 2u);
+        QTRY_COMPARE(song(), 2);
         QCOMPARE(changes.size(), 1);
     }
 
@@ -194,7 +199,7 @@ private Q_SLOTS:
             QVERIFY(player->appear());
         startFollowing();
         QVERIFY(becomesReady());
-        QCOMPARE(song(), 3u);
+        QCOMPARE(song(), 3);
 
         const QString interface = text("org.mpris.MediaPlayer2.Player");
         rambling.sendChange({});
@@ -213,7 +218,7 @@ private Q_SLOTS:
         hanging.change(playing(text("Late")));
         QTRY_COMPARE(title(), text("Late"));
         hanging.vanish();
-        QTRY_COMPARE(song(), 3u);
+        QTRY_COMPARE(song(), 3);
         good.change({{text("Metadata"), QVariantMap{}}});
         QTRY_COMPARE(title(), text("nothing"));
     }
@@ -234,7 +239,7 @@ private Q_SLOTS:
         QTRY_VERIFY(title().startsWith(text("Song")));
         players.clear();
         QTRY_COMPARE(m_system->players().size(), 1u);
-        QTRY_COMPARE(song(), 2u);
+        QTRY_COMPARE(song(), 2);
     }
 
     void showsTheLastOfAThousandTracks()
@@ -251,9 +256,9 @@ private Q_SLOTS:
                 QTest::qWait(40);
         }
         player.change(playing(text("Three"), text("Band"), 1.5));
-        QTRY_COMPARE(song(), 3u);
+        QTRY_COMPARE(song(), 3);
         QTest::qWait(400); // nothing older comes after it
-        QCOMPARE(song(), 3u);
+        QCOMPARE(song(), 3);
         QVERIFY2(changes.size() > 1 && changes.size() < 20, qPrintable(QString::number(changes.size())));
     }
 };
