@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <system_error>
 #include <vector>
 
 using namespace trackwise;
@@ -31,7 +32,8 @@ std::vector<Folder> foldersBelow(const std::string &root)
 {
     std::map<std::string, std::vector<QByteArray>> names;
     for (const auto &entry : std::filesystem::recursive_directory_iterator(root)) {
-        if (entry.is_directory() && !entry.is_symlink())
+        std::error_code loopOfLinks;
+        if (!entry.is_symlink() && entry.is_directory(loopOfLinks))
             continue;
         names[entry.path().parent_path().native()].push_back(
             QByteArray::fromStdString(entry.path().filename().native()));

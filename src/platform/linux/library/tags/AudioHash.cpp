@@ -11,7 +11,7 @@ namespace trackwise {
 
 namespace {
 
-constexpr qint64 pieceSize = 16 * 1024;
+constexpr qint64 pieceSize = qint64{16} * 1024;
 constexpr qint64 pieces = 3;
 
 /// Copies a stretch of the extents taken as one; answers how much there was.

@@ -21,7 +21,7 @@ struct Source
 {
     MusicFile &file;
     qint64 position = 0;
-    qint64 budget = 64 * 1024 * 1024;
+    qint64 budget = qint64{64} * 1024 * 1024;
     Clock::time_point deadline = Clock::now() + std::chrono::seconds(2);
 };
 
@@ -133,7 +133,7 @@ FormatPtr opened(AVIOContext &io, Source &source, const AVInputFormat *demuxer)
     format->interrupt_callback = {isTooLate, &source};
     format->io_open = refuseToOpen;
     format->max_analyze_duration = AV_TIME_BASE;
-    format->probesize = 1024 * 1024;
+    format->probesize = 1 << 20;
     format->max_streams = 64;
     if (avformat_open_input(&format, "", demuxer, nullptr) < 0) // frees the context when it fails
         return nullptr;

@@ -18,8 +18,8 @@ struct FrameHeader
     double seconds;
 };
 
-constexpr qint64 searchedBytes = 192 * 1024; ///< junk that is skipped before the first frame
-constexpr int framesInARow = 3;              ///< chance makes one, hardly two, never three
+constexpr qint64 searchedBytes = qint64{192} * 1024; ///< junk that is skipped before the first frame
+constexpr int framesInARow = 3;                      ///< chance makes one, hardly two, never three
 
 /// MPEG audio (ISO 11172-3, 2.4.2.3): sync 11 bits, version 2, layer 2, ..., bit rate 4, sample rate 2,
 /// padding 1.
@@ -48,7 +48,7 @@ std::optional<FrameHeader> mpegHeader(MusicFile::Bytes bytes)
     const int samples = layer == 1 ? 384 : layer == 3 && !isVersion1 ? 576 : 1152;
     const int slot = layer == 1 ? 4 : 1;
     const int slots = samples / 8 / slot * rate * 1000 / samplesPerSecond + (bytes[2] >> 1 & 1);
-    return FrameHeader{Container::Mpeg, version << 8 | layer << 4 | rateIndex, slots * slot,
+    return FrameHeader{Container::Mpeg, version << 8 | layer << 4 | rateIndex, qint64{slots} * slot,
                        static_cast<double>(samples) / samplesPerSecond};
 }
 

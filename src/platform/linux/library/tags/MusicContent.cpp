@@ -6,6 +6,7 @@
 #include "platform/linux/library/tags/Lyrics.h"
 #include "platform/linux/library/tags/Mp4Boxes.h"
 #include "platform/linux/library/tags/TagStream.h"
+#include "platform/linux/library/tags/TagText.h"
 
 #include <taglib/aifffile.h>
 #include <taglib/apefile.h>
@@ -129,8 +130,7 @@ class InfoTexts final : public TagLib::RIFF::Info::StringHandler
 public:
     TagLib::String parse(const TagLib::ByteVector &data) const override
     {
-        const auto text = decodedText({data.data(), static_cast<qsizetype>(data.size())});
-        return {text.toStdWString()};
+        return stringOf(decodedText({data.data(), static_cast<qsizetype>(data.size())}));
     }
 };
 

@@ -16,7 +16,7 @@ namespace trackwise {
 namespace {
 
 /// How much is read around a place in the middle of the file.
-constexpr qint64 smallWindow = 16 * 1024;
+constexpr qint64 smallWindow = qint64{16} * 1024;
 
 Failure openFailure(int error)
 {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr qint64 pageHeaderSize = 27;
 constexpr int mostHeaderPages = 20'000; ///< a 64 MiB cover in pages of 4 KiB is 22,000
-constexpr qint64 pieceSize = 16 * 1024;
+constexpr qint64 pieceSize = qint64{16} * 1024;
 
 /// A page's header (RFC 3533, section 6): sequence number and checksum change when tags are written, the
 /// payload of the sound's pages does not.

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int mostTags = 8;
 constexpr int mostFrames = 1000;
-constexpr qint64 largestId3 = 64 * 1024 * 1024;
+constexpr qint64 largestId3 = qint64{32} * 1024 * 1024;
 constexpr qint64 id3HeaderSize = 10;
 constexpr qint64 id3v1Size = 128;
 constexpr qint64 apeFooterSize = 32;

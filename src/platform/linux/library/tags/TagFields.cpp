@@ -7,7 +7,7 @@ namespace trackwise {
 
 namespace {
 
-constexpr qsizetype longestText = 512 * 1024; ///< in UTF-16 units: 1 MiB
+constexpr qsizetype longestText = qsizetype{512} * 1024; ///< in UTF-16 units: 1 MiB
 constexpr qsizetype mostValues = 256;
 
 struct Spelling

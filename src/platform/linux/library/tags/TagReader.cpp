@@ -15,8 +15,8 @@ namespace trackwise {
 
 namespace {
 
-constexpr qint64 largestImage = 64 * 1024 * 1024;
-constexpr qint64 largestSidecar = 1024 * 1024;
+constexpr qint64 largestImage = qint64{64} * 1024 * 1024;
+constexpr qint64 largestSidecar = qint64{1024} * 1024;
 
 QByteArrayView viewOf(const TagLib::ByteVector &bytes)
 {

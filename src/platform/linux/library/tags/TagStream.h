@@ -41,7 +41,7 @@ private:
     qint64 m_cutBegin = 0;
     qint64 m_cutEnd = 0;
     QByteArray m_head;
-    qint64 m_budget = 256 * 1024 * 1024; ///< bytes still handed out
+    qint64 m_budget = qint64{64} * 1024 * 1024; ///< bytes still handed out
 };
 
 } // namespace trackwise

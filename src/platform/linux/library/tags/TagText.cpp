@@ -5,18 +5,16 @@ namespace trackwise {
 
 QString textOf(const TagLib::String &text)
 {
-    QString result;
-    result.reserve(static_cast<qsizetype>(text.size()));
-    for (const auto c : text) {
-        const auto code = static_cast<char32_t>(c);
-        if (QChar::requiresSurrogates(code)) {
-            result += QChar(QChar::highSurrogate(code));
-            result += QChar(QChar::lowSurrogate(code));
-        } else {
-            result += QChar(static_cast<char16_t>(code));
-        }
-    }
+    QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
+    auto *to = result.data();
+    for (const auto unit : text)
+        *to++ = QChar(static_cast<char16_t>(unit));
     return result;
+}
+
+TagLib::String stringOf(const QString &text)
+{
+    return {std::wstring(text.utf16(), text.utf16() + text.size())};
 }
 
 std::string keyOf(const TagLib::String &key)

@@ -9,8 +9,10 @@
 
 namespace trackwise {
 
-/// A text of TagLib, which keeps UTF-16 units in wide characters.
+// TagLib keeps UTF-16 units in wide characters.
+
 [[nodiscard]] QString textOf(const TagLib::String &text);
+[[nodiscard]] TagLib::String stringOf(const QString &text);
 
 /// A key in upper case; characters outside ASCII become question marks, which no known key has.
 [[nodiscard]] std::string keyOf(const TagLib::String &key);
