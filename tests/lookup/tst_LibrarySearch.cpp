@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lookup/LibrarySearch.h"
+
+#include "platform/MediaLibrary.h"
+
+#include <QTest>
+
+using namespace trackwise;
+
+namespace {
+
+/// Songs in a list, searched one by one.
+class ListedLibrary : public MediaLibrary
+{
+public:
+    std::vector<MediaItem> list;
+
+    void add(unsigned id, const char *title, const char *artist, const char *album)
+    {
+        MediaItem song;
+        song.title = QString::fromUtf8(title);
+        song.artist = QString::fromUtf8(artist);
+        song.albumTitle = QString::fromUtf8(album);
+        song.persistentID = PersistentID{id};
+        list.push_back(song);
+    }
+
+    [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override
+    {
+        return LibraryAuthorizationStatus::Authorized;
+    }
+    void requestAuthorization(AuthorizationHandler handler) override { handler(authorizationStatus()); }
+    [[nodiscard]] std::optional<MediaItem> song(PersistentID) const override { return {}; }
+    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override
+    {
+        std::vector<MediaItem> found;
+        for (const MediaItem &song : list) {
+            if ((!query.title || song.title == query.title) &&
+                (!query.artist || song.artist == query.artist) &&
+                (!query.albumTitle || song.albumTitle == query.albumTitle) && std::ssize(found) < limit)
+                found.push_back(song);
+        }
+        return found;
+    }
+    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
+                                                            const QString &artist) const override
+    {
+        for (const MediaItem &song : list) {
+            if (song.title->compare(title, Qt::CaseInsensitive) == 0 &&
+                song.artist->compare(artist, Qt::CaseInsensitive) == 0)
+                return song;
+        }
+        return {};
+    }
+    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &) const override { return {}; }
+    void recordPlay(PersistentID, Instant) override {}
+    void recordSkip(PersistentID) override {}
+};
+
+} // namespace
+
+class tst_LibrarySearch : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void triesTheSearchesInOrder_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("artist");
+        QTest::addColumn<QString>("album"); // null: not given
+        QTest::addColumn<quint64>("found"); // 0: none
+        const auto row = [](const char *name, const char *title, const char *artist, const char *album,
+                            quint64 found) {
+            QTest::newRow(name) << QString::fromUtf8(title) << QString::fromUtf8(artist)
+                                << (album ? QString::fromUtf8(album) : QString()) << found;
+        };
+        row("all three, though others come first", "Song", "Band", "Album", 4);
+        row("another spelling of the artist", "Song", "The Band", "Album", 2);
+        row("another edition of the album", "Song", "Band", "Album (Deluxe)", 3);
+        row("no album", "Song", "Band", nullptr, 3);
+        row("no album and another artist", "Song", "The Band", nullptr, 0);
+        row("letter case, first of two", "SONG", "BAND", "Album (Deluxe)", 1);
+        row("letter case, no album", "SONG", "BAND", nullptr, 1);
+        row("an empty album is one too", "Single", "Band", "", 5);
+        row("nowhere", "Other", "Band", "Album", 0);
+    }
+    void triesTheSearchesInOrder()
+    {
+        QFETCH(QString, title);
+        QFETCH(QString, artist);
+        QFETCH(QString, album);
+        QFETCH(quint64, found);
+        ListedLibrary library;
+        library.add(1, "song", "band", "Other");
+        library.add(2, "Song", "Somebody", "Album");
+        library.add(3, "Song", "Band", "Live");
+        library.add(4, "Song", "Band", "Album");
+        library.add(6, "Single", "Band", "Album");
+        library.add(5, "Single", "Band", "");
+        const auto song =
+            findLibrarySong(library, title, artist, album.isNull() ? std::nullopt : std::optional(album));
+        QCOMPARE(song ? song->persistentID.value : 0, found);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_LibrarySearch)
+#include "tst_LibrarySearch.moc"

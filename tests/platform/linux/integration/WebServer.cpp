@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/integration/WebServer.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QSslCertificate>
+#include <QSslKey>
+#include <QSslServer>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+WebServer::WebServer(Answer answer, const QSslConfiguration &tls)
+    : m_answer(std::move(answer))
+{
+    if (tls.privateKey().isNull()) {
+        m_server = std::make_unique<QTcpServer>();
+    } else {
+        auto server = std::make_unique<QSslServer>();
+        server->setSslConfiguration(tls);
+        m_server = std::move(server);
+    }
+    connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, [this] {
+        while (QTcpSocket *socket = m_server->nextPendingConnection())
+            serve(socket);
+    });
+    m_server->listen(QHostAddress::LocalHost);
+}
+
+WebServer::~WebServer() = default;
+
+QUrl WebServer::address(const QString &path) const
+{
+    const bool isTls = qobject_cast<QSslServer *>(m_server.get());
+    return QUrl(QStringLiteral("%1://localhost:%2%3")
+                    .arg(isTls ? QStringLiteral("https") : QStringLiteral("http"))
+                    .arg(m_server->serverPort())
+                    .arg(path));
+}
+
+void WebServer::serve(QTcpSocket *socket)
+{
+    const auto takeRequest = [this, socket, head = QByteArray()]() mutable {
+        head += socket->readAll();
+        if (!head.endsWith("\r\n\r\n"))
+            return;
+        m_requests << head;
+        m_answer(*socket, head.split(' ').value(1));
+        head.clear();
+    };
+    connect(socket, &QTcpSocket::readyRead, this, takeRequest);
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+}
+
+void WebServer::reply(QTcpSocket &socket, const QByteArray &statusAndHeaders, const QByteArray &body)
+{
+    socket.write("HTTP/1.1 " + statusAndHeaders + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+                 "\r\n\r\n" + body);
+}
+
+QSslConfiguration selfSigned(const QString &folder)
+{
+    const QString key = folder + QStringLiteral("/key.pem");
+    const QString certificate = folder + QStringLiteral("/certificate.pem");
+    QProcess::execute(QStringLiteral("openssl"),
+                      {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
+                       QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
+                       QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-keyout"), key,
+                       QStringLiteral("-out"), certificate, QStringLiteral("-days"), QStringLiteral("2"),
+                       QStringLiteral("-subj"), QStringLiteral("/CN=localhost"), QStringLiteral("-addext"),
+                       QStringLiteral("subjectAltName=DNS:localhost")});
+    QFile keyFile(key);
+    QSslConfiguration tls;
+    if (keyFile.open(QIODevice::ReadOnly))
+        tls.setPrivateKey(QSslKey(&keyFile, QSsl::Ec));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(certificate));
+    return tls;
+}
