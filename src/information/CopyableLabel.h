@@ -39,7 +39,8 @@ public:
     /// first line.
     Q_INVOKABLE [[nodiscard]] static QPointF editMenuAnchor(QPointF touch);
 
-    /// Gives every line of @p document the height @p lineHeight in points, which TextEdit has no property for.
+    /// Gives every line of @p document the height @p lineHeight in points, which TextEdit has no property
+    /// for.
     Q_INVOKABLE static void spaceLines(QQuickTextDocument *document, qreal lineHeight);
 
 Q_SIGNALS:
