@@ -68,8 +68,9 @@ bool FilePlayback::load(const QByteArray &path)
         return false;
     ensurePlayer();
     m_file = std::move(file);
-    // The name is a hint at the format; it is not opened.
-    m_player->setSourceDevice(m_file.get(), QUrl::fromLocalFile(QFile::decodeName(path)));
+    // By its descriptor: Qt 6.4 garbles names that need encoding in an address, and a QIODevice as source
+    // loses 32 KiB each time. What the file is, FFmpeg sees from its content.
+    m_player->setSource(QUrl::fromLocalFile(QStringLiteral("/proc/self/fd/%1").arg(m_file->handle())));
     if (m_player->hasAudio()) // known at once: this backend reads the file's head within the call
         return true;
     unload();

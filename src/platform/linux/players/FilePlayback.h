@@ -62,7 +62,7 @@ private:
     void applyVolume();
 
     double m_volume = 1;
-    std::unique_ptr<QFile> m_file; ///< read by the player: outlives its use there
+    std::unique_ptr<QFile> m_file; ///< that the player reads
     std::unique_ptr<QAudioOutput> m_output;
     std::unique_ptr<QMediaPlayer> m_player;
     std::unique_ptr<DefaultOutput> m_defaultOutput;

@@ -131,11 +131,11 @@ private Q_SLOTS:
     {
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run inside dbus-run-session");
         QVERIFY(m_sound.start());
-        QVERIFY(makeTone(m_folder.filePath(QStringLiteral("tone #1 ü.m4a")), 60));
+        QVERIFY(makeTone(m_folder.filePath(QStringLiteral("tone #1 100%20 ü?.m4a")), 60));
     }
     void init()
     {
-        const QByteArray path = m_folder.filePath(QStringLiteral("tone #1 ü.m4a")).toUtf8();
+        const QByteArray path = m_folder.filePath(QStringLiteral("tone #1 100%20 ü?.m4a")).toUtf8();
         m_player = std::make_unique<ApplicationMusicPlayer>([path](PersistentID) { return path; });
         m_publisher = std::make_unique<MprisPublisher>(*m_player, settings(), QDBusConnection::sessionBus());
     }
