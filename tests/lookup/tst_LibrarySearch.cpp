@@ -1,63 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lookup/LibrarySearch.h"
-
-#include "platform/MediaLibrary.h"
+#include "lookup/ListedLibrary.h"
 
 #include <QTest>
 
 using namespace trackwise;
-
-namespace {
-
-/// Songs in a list, searched one by one.
-class ListedLibrary : public MediaLibrary
-{
-public:
-    std::vector<MediaItem> list;
-
-    void add(unsigned id, const char *title, const char *artist, const char *album)
-    {
-        MediaItem song;
-        song.title = QString::fromUtf8(title);
-        song.artist = QString::fromUtf8(artist);
-        song.albumTitle = QString::fromUtf8(album);
-        song.persistentID = PersistentID{id};
-        list.push_back(song);
-    }
-
-    [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override
-    {
-        return LibraryAuthorizationStatus::Authorized;
-    }
-    void requestAuthorization(AuthorizationHandler handler) override { handler(authorizationStatus()); }
-    [[nodiscard]] std::optional<MediaItem> song(PersistentID) const override { return {}; }
-    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override
-    {
-        std::vector<MediaItem> found;
-        for (const MediaItem &song : list) {
-            if ((!query.title || song.title == query.title) &&
-                (!query.artist || song.artist == query.artist) &&
-                (!query.albumTitle || song.albumTitle == query.albumTitle) && std::ssize(found) < limit)
-                found.push_back(song);
-        }
-        return found;
-    }
-    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
-                                                            const QString &artist) const override
-    {
-        for (const MediaItem &song : list) {
-            if (song.title->compare(title, Qt::CaseInsensitive) == 0 &&
-                song.artist->compare(artist, Qt::CaseInsensitive) == 0)
-                return song;
-        }
-        return {};
-    }
-    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &) const override { return {}; }
-    void recordPlay(PersistentID, Instant) override {}
-    void recordSkip(PersistentID) override {}
-};
-
-} // namespace
 
 class tst_LibrarySearch : public QObject
 {
