@@ -14,7 +14,11 @@ LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<S
     , m_mediaLibrary(m_store, m_readers, m_access)
     , m_lists(m_readers)
     , m_matching(m_readers)
-{}
+    , m_scan(m_store, m_configuration.musicFolders)
+{
+    QObject::connect(&m_scan, &ScanController::libraryDidChange, &m_mediaLibrary,
+                     &MediaLibrary::libraryDidChange);
+}
 
 Result<std::unique_ptr<LinuxLibrary>> LinuxLibrary::open(const LibraryConfiguration &configuration,
                                                          QSettings &deviceSettings)

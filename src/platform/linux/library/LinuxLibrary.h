@@ -5,6 +5,7 @@
 #include "platform/linux/library/LibraryAccess.h"
 #include "platform/linux/library/LibraryConfiguration.h"
 #include "platform/linux/library/LinuxMediaLibrary.h"
+#include "platform/linux/library/scan/ScanController.h"
 #include "platform/linux/library/store/SongLists.h"
 #include "platform/linux/library/store/SongLookup.h"
 #include "platform/linux/library/store/SongStore.h"
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] MediaLibrary &mediaLibrary() { return m_mediaLibrary; }
     [[nodiscard]] const LibraryBrowser &browser() const { return m_lists; }
     [[nodiscard]] const SongMatching &matching() const { return m_matching; }
+    /// Its changes are announced by the media library too.
+    [[nodiscard]] ScanController &scan() { return m_scan; }
     [[nodiscard]] const std::shared_ptr<SongStore> &store() const { return m_store; }
 
     /// The questions of the command line; any thread.
@@ -61,6 +64,7 @@ private:
     LinuxMediaLibrary m_mediaLibrary;
     SongLists m_lists;
     IndexedSongMatching m_matching;
+    ScanController m_scan;
 };
 
 } // namespace trackwise

@@ -6,12 +6,12 @@
 
 namespace trackwise {
 
-LibraryFixture::LibraryFixture()
+LibraryFixture::LibraryFixture(std::vector<QByteArray> musicFolders)
     : m_settings(m_folder.filePath(QStringLiteral("device.ini")), QSettings::IniFormat)
 {
     LibraryConfiguration configuration;
     configuration.databasePath = databasePath();
-    configuration.musicFolders = {"/music"};
+    configuration.musicFolders = std::move(musicFolders);
     auto opened = LinuxLibrary::open(configuration, m_settings);
     if (!opened)
         qFatal("%s", qPrintable(opened.failure().detail));
@@ -50,6 +50,26 @@ PersistentID LibraryFixture::add(const QString &title, const QString &artist, co
     if (!album.isEmpty())
         tags.albumTitle = album;
     return add(tags);
+}
+
+ScanSummary LibraryFixture::scan()
+{
+    ScanMonitor monitor;
+    const auto result = LibraryScanner(store(), m_library->configuration().musicFolders).run({}, monitor);
+    if (!result)
+        qFatal("%s", qPrintable(result.failure().detail));
+    return *result;
+}
+
+PersistentID LibraryFixture::idAt(const QByteArray &path) const
+{
+    const auto song = m_library->songForPath(path);
+    return song ? song->item.persistentID : PersistentID{};
+}
+
+Availability LibraryFixture::availability(PersistentID id) const
+{
+    return m_library->song(id).value().availability;
 }
 
 void LibraryFixture::index()

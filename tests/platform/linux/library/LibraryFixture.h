@@ -12,7 +12,7 @@ namespace trackwise {
 class LibraryFixture
 {
 public:
-    LibraryFixture();
+    explicit LibraryFixture(std::vector<QByteArray> musicFolders = {"/music"});
 
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }
     [[nodiscard]] QByteArray databasePath() const;
@@ -23,6 +23,10 @@ public:
     PersistentID add(SongTags tags);
     PersistentID add(const QString &title, const QString &artist, const QString &album = {});
     void index();
+    /// Scans the music folders to the end.
+    ScanSummary scan();
+    [[nodiscard]] PersistentID idAt(const QByteArray &path) const;
+    [[nodiscard]] Availability availability(PersistentID id) const;
 
 private:
     QTemporaryDir m_folder;

@@ -117,8 +117,11 @@ private Q_SLOTS:
         QCOMPARE(titles(fixture, QStringLiteral("bef")), QStringList());
         QCOMPARE(titles(fixture, QStringLiteral("aft")), QStringList(QStringLiteral("After")));
 
-        const SongRowID row{1};
-        QVERIFY(fixture.store().setAvailability(std::span(&row, 1), Availability::FileGone));
+        const SongPlace elsewhere{SongRowID{1}, 1, "b.mp3"};
+        QVERIFY(fixture.store().setAvailability(std::span(&elsewhere, 1), Availability::FileGone));
+        QCOMPARE(titles(fixture, QStringLiteral("aft")), QStringList(QStringLiteral("After")));
+        const SongPlace place{SongRowID{1}, 1, "a.mp3"};
+        QVERIFY(fixture.store().setAvailability(std::span(&place, 1), Availability::FileGone));
         QCOMPARE(titles(fixture, QStringLiteral("aft")), QStringList());
         QVERIFY(fixture.store().write(std::span(&song, 1), {}, {}));
         QCOMPARE(titles(fixture, QStringLiteral("aft")), QStringList(QStringLiteral("After")));

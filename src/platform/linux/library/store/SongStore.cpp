@@ -98,34 +98,43 @@ Result<Done> SongStore::write(std::span<const ScannedSong> songs, std::span<cons
     });
 }
 
-Result<Done> SongStore::setAvailability(std::span<const SongRowID> songs, Availability availability)
+Result<Done> SongStore::setAvailability(std::span<const SongPlace> places, Availability availability)
 {
     return inTransaction([&] {
-        for (const SongRowID song : songs)
-            m_writer.setAvailability(song, availability);
+        for (const SongPlace &place : places) {
+            if (m_writer.isAt(place.song, place.folder, place.name))
+                m_writer.setAvailability(place.song, availability);
+        }
     });
 }
 
-Result<Done> SongStore::forgetProblems(std::span<const FileName> files)
+Result<Done> SongStore::forgetProblems(std::span<const SongPlace> places)
 {
     return inTransaction([&] {
-        for (const FileName &file : files)
-            m_writer.forgetProblem(m_writer.folderID(file.folder), file.name);
+        for (const SongPlace &place : places)
+            m_writer.forgetProblem(place.folder, place.name);
     });
 }
 
 Result<Done> SongStore::writeFolderImages(std::span<const FolderImage> images)
 {
     return inTransaction([&] {
+        sqlite::Statement albums = m_connection.prepare("SELECT count(DISTINCT coalesce(albums.folded, '')) "
+                                                        "FROM files JOIN songs ON songs.id = files.song"
+                                                        " LEFT JOIN albums ON albums.id = songs.album_id "
+                                                        "WHERE files.folder = ? AND files.availability = 0");
         sqlite::Statement write = m_connection.prepare(
             "UPDATE folders SET image = ?, image_modified = ?, image_key = ? WHERE id = ?");
         for (const FolderImage &image : images) {
-            write.bindBytes(image.imageName).bind(image.modified);
-            if (image.key.isEmpty())
-                write.bind(nullptr);
-            else
+            const std::int64_t folder = m_writer.folderID(image.folder);
+            const bool isOneAlbum = albums.bind(folder).step() && albums.integer(0) == 1;
+            albums.reset();
+            write.bindBytes(image.name).bind(image.modified);
+            if (isOneAlbum && !image.key.isEmpty())
                 write.bindText({image.key.constData(), static_cast<std::size_t>(image.key.size())});
-            write.bind(m_writer.folderID(image.folder)).run();
+            else
+                write.bind(nullptr);
+            write.bind(folder).run();
         }
     });
 }
@@ -173,11 +182,12 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
 {
     const std::scoped_lock lock(m_mutex);
     try {
-        sqlite::Statement folders = m_connection.prepare("SELECT id, path FROM folders");
+        sqlite::Statement folders =
+            m_connection.prepare("SELECT id, path, image, image_modified FROM folders");
         while (folders.step())
-            folder(folders.integer(0), folders.bytes(1));
+            folder({folders.integer(0), folders.bytes(1), folders.bytes(2), folders.integer(3)});
 
-        const auto visit = [&file](sqlite::Statement statement) {
+        const auto visit = [&file](sqlite::Statement &statement) {
             while (statement.step()) {
                 KnownFile known;
                 known.song = SongRowID{statement.integer(0)};
@@ -188,12 +198,17 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
                                    statement.integer(5),
                                    statement.integer(6)};
                 known.availability = static_cast<Availability>(statement.integer(7));
+                known.isWorthRetrying = statement.integer(8) != 0;
                 file(known);
             }
         };
-        visit(m_connection.prepare("SELECT song, folder, name, device, inode, size, modified, availability"
-                                   " FROM files WHERE availability < 2"));
-        visit(m_connection.prepare("SELECT 0, folder, name, 0, inode, size, modified, 0 FROM problems"));
+        sqlite::Statement songs =
+            m_connection.prepare("SELECT song, folder, name, device, inode, size, modified, availability, 0"
+                                 " FROM files WHERE availability < 2");
+        visit(songs);
+        sqlite::Statement problems = m_connection.prepare(
+            "SELECT 0, folder, name, 0, inode, size, modified, 0, kind = ? FROM problems");
+        visit(problems.bind(static_cast<std::int64_t>(FailureKind::Unreadable)));
         return Done{};
     } catch (const sqlite::Error &error) {
         return sqlite::asFailure(error);

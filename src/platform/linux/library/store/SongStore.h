@@ -21,6 +21,36 @@ struct KnownFile
     std::string_view name; ///< valid during the call that hands it over
     StatSignature signature;
     Availability availability = Availability::Available;
+    bool isWorthRetrying =
+        false; ///< a failure that passes without a change of the file, such as a permission
+};
+
+/// A folder that the library knows, and the picture beside its songs.
+struct KnownFolder
+{
+    std::int64_t id = 0;
+    QByteArray path;
+    QByteArray imageName;
+    std::int64_t imageModified = 0; ///< nanoseconds since 1970
+};
+
+/// Where the library believes a song to be. What is said about the place does not count once the song has
+/// been found elsewhere.
+struct SongPlace
+{
+    SongRowID song{};
+    std::int64_t folder = 0;
+    QByteArray name;
+};
+
+/// The image that a folder has beside its songs; an empty key: none. It counts while the folder's songs are
+/// of one album.
+struct FolderImage
+{
+    QByteArray folder;
+    QByteArray name;
+    std::int64_t modified = 0; ///< nanoseconds since 1970
+    QByteArray key;
 };
 
 /// The one writer of the library's database. Any thread; every call is one transaction and blocks on the
@@ -39,18 +69,9 @@ public:
     /// Writes what a scan has read: all of it or, on failure, none.
     [[nodiscard]] Result<Done> write(std::span<const ScannedSong> songs,
                                      std::span<const ScanProblem> problems, Instant now);
-    [[nodiscard]] Result<Done> setAvailability(std::span<const SongRowID> songs, Availability availability);
-    /// Problems of files that are not there any more, or are well now.
-    [[nodiscard]] Result<Done> forgetProblems(std::span<const FileName> files);
-    /// Which image beside its songs a folder has; an empty key for none. It counts while the folder's songs
-    /// are of one album.
-    struct FolderImage
-    {
-        QByteArray folder;
-        QByteArray imageName;
-        std::int64_t modified = 0; ///< nanoseconds since 1970
-        QByteArray key;
-    };
+    [[nodiscard]] Result<Done> setAvailability(std::span<const SongPlace> places, Availability availability);
+    /// Forgets problems of files that are not there any more.
+    [[nodiscard]] Result<Done> forgetProblems(std::span<const SongPlace> places);
     [[nodiscard]] Result<Done> writeFolderImages(std::span<const FolderImage> images);
 
     /// Takes further songs into the full-text index; whether more are waiting.
@@ -59,7 +80,7 @@ public:
     [[nodiscard]] Result<Done> recordPlay(PersistentID id, Instant when);
     [[nodiscard]] Result<Done> recordSkip(PersistentID id);
 
-    using FolderVisitor = std::function<void(std::int64_t id, QByteArray path)>;
+    using FolderVisitor = std::function<void(KnownFolder)>;
     using FileVisitor = std::function<void(const KnownFile &)>;
     /// All folders, then all files that should be there, then all files that could not be read.
     [[nodiscard]] Result<Done> visitKnownFiles(const FolderVisitor &folder, const FileVisitor &file) const;

@@ -92,6 +92,7 @@ struct SongWriter::Statements
         , writeLongTexts(c.prepare("INSERT OR REPLACE INTO long_texts VALUES (?, ?, ?)"))
         , removeLongTexts(c.prepare("DELETE FROM long_texts WHERE song = ?"))
         , availability(c.prepare("UPDATE files SET availability = ? WHERE song = ?"))
+        , place(c.prepare("SELECT 1 FROM files WHERE song = ? AND folder = ? AND name = ?"))
         , findFolder(c.prepare("SELECT id FROM folders WHERE path = ?"))
         , addFolder(c.prepare("INSERT INTO folders (path) VALUES (?)"))
         , findArtist(c.prepare("SELECT id FROM artists WHERE folded = ?"))
@@ -104,7 +105,7 @@ struct SongWriter::Statements
         , forgetProblem(c.prepare("DELETE FROM problems WHERE folder = ? AND name = ?"))
     {}
 
-    Statement insert, update, persistentID, writeFile, writeLongTexts, removeLongTexts, availability;
+    Statement insert, update, persistentID, writeFile, writeLongTexts, removeLongTexts, availability, place;
     Statement findFolder, addFolder, findArtist, addArtist, findAlbum, addAlbum, writeProblem, forgetProblem;
 };
 
@@ -280,6 +281,8 @@ void SongWriter::write(const ScannedSong &scanned, Instant now)
     if (occupant && occupant != known)
         setAvailability(*occupant, Availability::FileGone);
 
+    forgetProblem(folder, scanned.file.name);
+
     const SearchTexts texts = searchTextsOf(scanned);
     if (!known) {
         const SongRowID song = add(scanned, now);
@@ -298,6 +301,15 @@ void SongWriter::write(const ScannedSong &scanned, Instant now)
     m_searchIndex.replace(*known, texts);
 }
 
+bool SongWriter::isAt(SongRowID song, std::int64_t folderID, const QByteArray &name)
+{
+    Statement &find = m_statements->place;
+    find.bind(static_cast<std::int64_t>(song)).bind(folderID).bindBytes(name);
+    const bool isThere = find.step();
+    find.reset();
+    return isThere;
+}
+
 void SongWriter::setAvailability(SongRowID song, Availability availability)
 {
     m_statements->availability.bind(static_cast<std::int64_t>(availability))
@@ -310,6 +322,11 @@ void SongWriter::setAvailability(SongRowID song, Availability availability)
 void SongWriter::writeProblem(const ScanProblem &problem)
 {
     const std::int64_t folder = folderID(problem.file.folder);
+    // The song that was here keeps all it has until its sound turns up again.
+    if (const auto occupant = m_identity.occupant(folder, problem.file.name)) {
+        const bool mayPass = problem.kind == FailureKind::Unreadable;
+        setAvailability(*occupant, mayPass ? Availability::DiskAbsent : Availability::FileGone);
+    }
     m_statements->writeProblem.bind(folder)
         .bindBytes(problem.file.name)
         .bind(static_cast<std::int64_t>(problem.signature.identity.inode))

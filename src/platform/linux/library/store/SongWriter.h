@@ -23,6 +23,7 @@ public:
     void write(const ScannedSong &scanned, Instant now);
     void writeProblem(const ScanProblem &problem);
     void forgetProblem(std::int64_t folderID, const QByteArray &name);
+    [[nodiscard]] bool isAt(SongRowID song, std::int64_t folderID, const QByteArray &name);
     void setAvailability(SongRowID song, Availability availability);
 
     [[nodiscard]] std::int64_t folderID(const QByteArray &path);

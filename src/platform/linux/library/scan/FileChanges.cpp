@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/scan/FileChanges.h"
+
+#include <linux/magic.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+
+#include <algorithm>
+#include <array>
+
+namespace trackwise {
+
+namespace {
+// Not in every version of the system's header.
+constexpr long exfatMagic = 0x2011bab0;
+constexpr long fuseMagic = 0x65735546;
+constexpr long cifsMagic = 0xff534d42;
+constexpr long smb2Magic = 0xfe534d42;
+
+constexpr std::int64_t second = 1'000'000'000;
+constexpr std::int64_t coarseStep = 2 * second; ///< FAT keeps even seconds
+constexpr std::int64_t hour = 3600 * second;    ///< and local time, which moves with the clocks
+
+bool isWithin(const QByteArray &path, const QByteArray &folder)
+{
+    return path == folder || path.startsWith(folder.endsWith('/') ? folder : folder + '/');
+}
+
+bool isWithinAny(const QByteArray &path, const std::vector<QByteArray> &folders)
+{
+    return std::any_of(folders.begin(), folders.end(),
+                       [&path](const QByteArray &folder) { return isWithin(path, folder); });
+}
+
+bool isSameCoarseTime(std::int64_t a, std::int64_t b)
+{
+    const std::int64_t difference = std::abs(a - b);
+    return difference <= coarseStep || std::abs(difference - hour) <= coarseStep;
+}
+
+std::int64_t modifiedAt(const QByteArray &path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0 ? status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec : 0;
+}
+} // namespace
+
+bool FileChanges::hasStableInodes(std::uint64_t device, const QByteArray &folder)
+{
+    const auto known = m_stableInodes.find(device);
+    if (known != m_stableInodes.end())
+        return known->second;
+    struct statfs status = {};
+    constexpr std::array unstable{
+        static_cast<long>(MSDOS_SUPER_MAGIC), exfatMagic, fuseMagic, cifsMagic, smb2Magic,
+        static_cast<long>(SMB_SUPER_MAGIC)};
+    const bool isStable =
+        statfs(folder.constData(), &status) != 0 ||
+        std::find(unstable.begin(), unstable.end(), static_cast<long>(status.f_type)) == unstable.end();
+    m_stableInodes.emplace(device, isStable);
+    return isStable;
+}
+
+bool FileChanges::isUnchanged(const FoundFile &file, std::span<KnownFiles::Entry> known)
+{
+    bool isSame = false;
+    for (KnownFiles::Entry &entry : known) {
+        entry.isSeen = true;
+        if (!entry.isProblem())
+            m_presentDevices.insert(entry.signature.identity.device);
+        const bool isStable = m_stableInodes[file.signature.identity.device];
+        const bool isSameFile = !isStable || entry.signature.identity.inode == file.signature.identity.inode;
+        const bool isSameTime = isStable
+                                    ? entry.signature.modified == file.signature.modified
+                                    : isSameCoarseTime(entry.signature.modified, file.signature.modified);
+        if (entry.isWorthRetrying || !isSameFile || !isSameTime ||
+            entry.signature.size != file.signature.size)
+            continue;
+        // A file that has failed since it was a song is decided by its failure.
+        isSame = true;
+        if (entry.isProblem())
+            return true;
+        if (entry.availability != Availability::Available && known.size() == 1)
+            m_returned.push_back(m_known.place(entry));
+    }
+    return isSame;
+}
+
+void FileChanges::take(FoundFolder folder)
+{
+    m_monitor.noteFound(std::ssize(folder.music));
+    m_monitor.noteFolder(folder.path);
+    m_presentDevices.insert(folder.device);
+    const KnownFolder *known = m_known.folder(folder.path);
+    std::shared_ptr<const FolderListing> companions;
+    bool hasChanges = false;
+    qsizetype unchanged = 0;
+    for (FoundFile &file : folder.music) {
+        (void)hasStableInodes(file.signature.identity.device, folder.path);
+        if (isUnchanged(file, m_known.find(known, file.name))) {
+            ++unchanged;
+            continue;
+        }
+        hasChanges = true;
+        FileName name{folder.path, std::move(file.name)};
+        if (file.failure) {
+            m_needs.problem({std::move(name), file.signature, *file.failure, file.reason});
+            continue;
+        }
+        if (!companions)
+            companions = std::make_shared<FolderListing>(folder.path, folder.companions);
+        if (!m_needs.file({std::move(name), file.signature, companions}))
+            return;
+    }
+    m_monitor.noteHandled(unchanged);
+    if (!folder.music.empty())
+        takeImage(folder, known, hasChanges, companions);
+}
+
+void FileChanges::takeImage(const FoundFolder &folder, const KnownFolder *known, bool hasChanges,
+                            const std::shared_ptr<const FolderListing> &companions)
+{
+    const bool wasThere = known && !known->imageName.isEmpty();
+    if (folder.companions.empty() && !wasThere)
+        return;
+    const auto listing =
+        companions ? companions : std::make_shared<const FolderListing>(folder.path, folder.companions);
+    const std::optional<QByteArray> image = listing->imageFile();
+    if (!image) {
+        if (wasThere)
+            (void)m_needs.image({{folder.path, {}, 0, {}}, nullptr});
+        return;
+    }
+    const QByteArray name = image->mid(image->lastIndexOf('/') + 1);
+    const std::int64_t modified = modifiedAt(*image);
+    const bool isSame = wasThere && known->imageName == name && known->imageModified == modified;
+    if (hasChanges || !isSame)
+        (void)m_needs.image({{folder.path, name, modified, {}}, listing});
+}
+
+FileChanges::Missing FileChanges::missing(const std::vector<QByteArray> &roots) const
+{
+    Missing missing;
+    for (const KnownFiles::Entry &entry : m_known.entries()) {
+        const QByteArray &folder = m_known.folders()[entry.folder].path;
+        if (entry.isSeen || !isWithinAny(folder, roots))
+            continue;
+        const bool isUnknown = isWithinAny(folder, m_unreadable);
+        if (entry.isProblem()) {
+            if (!isUnknown)
+                missing.problems.push_back(m_known.place(entry));
+            continue;
+        }
+        // No file and no folder of its disk was seen: an empty mount point, not an emptied folder.
+        const bool isDiskThere = m_presentDevices.contains(entry.signature.identity.device);
+        const Availability now =
+            isUnknown || !isDiskThere ? Availability::DiskAbsent : Availability::FileGone;
+        if (now != entry.availability)
+            (now == Availability::FileGone ? missing.gone : missing.diskAbsent)
+                .push_back(m_known.place(entry));
+    }
+    return missing;
+}
+
+} // namespace trackwise

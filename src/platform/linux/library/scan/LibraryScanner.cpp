@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/scan/LibraryScanner.h"
+
+#include "platform/linux/library/scan/BoundedQueue.h"
+#include "platform/linux/library/scan/FileChanges.h"
+#include "platform/linux/library/tags/TagReader.h"
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <variant>
+
+namespace trackwise {
+
+namespace {
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t queueLength = 128;
+constexpr std::size_t batchSize = 500;
+constexpr auto longestWait = 1s; ///< until songs that have been read are seen
+constexpr int indexStep = 4000;  ///< songs; about a tenth of a second of writing
+constexpr qsizetype songsBetweenIndexing = 20'000;
+
+Instant now()
+{
+    return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+}
+
+using Task = std::variant<ReadFile, ReadImage, ScanProblem>;
+using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem>;
+
+Outcome performed(ReadFile task)
+{
+    Result<SongTags> tags = readTags(task.file.path(), *task.companions);
+    if (!tags)
+        return ScanProblem{std::move(task.file), task.signature, tags.failure().kind, tags.failure().detail};
+    return ScannedSong{std::move(task.file), task.signature, *std::move(tags)};
+}
+
+Outcome performed(ReadImage task)
+{
+    if (task.companions) {
+        if (const auto artwork = task.companions->artwork())
+            task.image.key = artwork->key;
+    }
+    return std::move(task.image);
+}
+
+Outcome performed(ScanProblem task)
+{
+    return task;
+}
+
+/// The threads between the music folders and the writer.
+class Pipeline
+{
+public:
+    Pipeline(const std::vector<QByteArray> &roots, FileChanges::Needs &needs)
+        : m_roots(roots)
+    {
+        const auto hand = [this](auto task) { return m_tasks.push(std::move(task), m_stop.get_token()); };
+        needs = {hand, hand, [hand](ScanProblem problem) { (void)hand(std::move(problem)); }};
+    }
+
+    void start(FileChanges &changes, ScanMonitor &monitor, unsigned readers)
+    {
+        m_threads.emplace_back([this, &changes, &monitor] {
+            const FolderWalk::Visitor visitor{
+                [&changes](FoundFolder folder) { changes.take(std::move(folder)); },
+                [&changes](const QByteArray &folder) { changes.takeUnreadable(folder); }};
+            m_isWalkComplete = FolderWalk::walk(m_roots, visitor, m_stop.get_token());
+            monitor.noteAllFound();
+            m_tasks.close();
+        });
+        m_readersAtWork = readers;
+        for (unsigned i = 0; i < readers; ++i)
+            m_threads.emplace_back([this] { read(); });
+    }
+
+    [[nodiscard]] std::optional<Outcome> next() { return m_outcomes.pop(m_stop.get_token()); }
+    void stop() { m_stop.request_stop(); }
+    [[nodiscard]] bool isStopped() const { return m_stop.stop_requested(); }
+    /// Whether all folders were walked. Waits for the threads.
+    [[nodiscard]] bool finish()
+    {
+        m_threads.clear();
+        return m_isWalkComplete && !isStopped();
+    }
+    ~Pipeline() { stop(); }
+
+private:
+    void read()
+    {
+        while (std::optional<Task> task = m_tasks.pop(m_stop.get_token())) {
+            Outcome outcome = std::visit([](auto &&t) { return performed(std::move(t)); }, *std::move(task));
+            if (!m_outcomes.push(std::move(outcome), m_stop.get_token()))
+                break;
+        }
+        if (--m_readersAtWork == 0)
+            m_outcomes.close();
+    }
+
+    const std::vector<QByteArray> &m_roots;
+    std::stop_source m_stop;
+    BoundedQueue<Task> m_tasks{queueLength};
+    BoundedQueue<Outcome> m_outcomes{queueLength};
+    std::atomic<unsigned> m_readersAtWork = 0;
+    bool m_isWalkComplete = false;
+    std::vector<std::jthread> m_threads; ///< last: they end before what they use
+};
+
+/// Gathers what was read and writes it in batches.
+class BatchWriter
+{
+public:
+    BatchWriter(SongStore &store, ScanMonitor &monitor)
+        : m_store(store)
+        , m_monitor(monitor)
+    {}
+
+    [[nodiscard]] Result<Done> take(Outcome outcome)
+    {
+        if (auto *song = std::get_if<ScannedSong>(&outcome))
+            m_songs.push_back(std::move(*song));
+        else if (auto *problem = std::get_if<ScanProblem>(&outcome))
+            m_problems.push_back(std::move(*problem));
+        else
+            m_images.push_back(std::get<FolderImage>(std::move(outcome)));
+        const bool isFull = m_songs.size() + m_problems.size() >= batchSize;
+        return isFull || Clock::now() - m_lastWrite > longestWait ? write() : Done{};
+    }
+
+    [[nodiscard]] Result<Done> write()
+    {
+        m_lastWrite = Clock::now();
+        if (m_songs.empty() && m_problems.empty())
+            return Done{};
+        // The readers finish out of order; the library's order is that of the names.
+        std::sort(m_songs.begin(), m_songs.end(), [](const ScannedSong &a, const ScannedSong &b) {
+            return std::tie(a.file.folder, a.file.name) < std::tie(b.file.folder, b.file.name);
+        });
+        if (const Result<Done> written = m_store.write(m_songs, m_problems, now()); !written)
+            return written;
+        m_summary.songsRead += std::ssize(m_songs);
+        m_summary.filesFailed += std::ssize(m_problems);
+        m_sinceIndexing += std::ssize(m_songs);
+        m_monitor.noteHandled(std::ssize(m_songs) + std::ssize(m_problems));
+        m_monitor.noteLibraryChange();
+        m_songs.clear();
+        m_problems.clear();
+        return m_sinceIndexing >= songsBetweenIndexing ? index({}) : Done{};
+    }
+
+    [[nodiscard]] Result<Done> index(const std::stop_token &stop)
+    {
+        m_sinceIndexing = 0;
+        for (;;) {
+            const Result<bool> isMoreWaiting = m_store.indexNext(indexStep);
+            if (!isMoreWaiting)
+                return isMoreWaiting.failure();
+            if (!*isMoreWaiting || stop.stop_requested())
+                return Done{};
+        }
+    }
+
+    [[nodiscard]] Result<Done> writeImages()
+    {
+        return m_images.empty() ? Done{} : m_store.writeFolderImages(m_images);
+    }
+
+    [[nodiscard]] ScanSummary &summary() { return m_summary; }
+
+private:
+    SongStore &m_store;
+    ScanMonitor &m_monitor;
+    std::vector<ScannedSong> m_songs;
+    std::vector<ScanProblem> m_problems;
+    std::vector<FolderImage> m_images; ///< written last, when it is known how many albums a folder holds
+    ScanSummary m_summary;
+    qsizetype m_sinceIndexing = 0;
+    Clock::time_point m_lastWrite = Clock::now();
+};
+
+Result<Done> writeMissing(SongStore &store, const FileChanges::Missing &missing)
+{
+    if (!missing.gone.empty()) {
+        if (const auto written = store.setAvailability(missing.gone, Availability::FileGone); !written)
+            return written;
+    }
+    if (!missing.diskAbsent.empty()) {
+        if (const auto written = store.setAvailability(missing.diskAbsent, Availability::DiskAbsent);
+            !written)
+            return written;
+    }
+    return missing.problems.empty() ? Done{} : store.forgetProblems(missing.problems);
+}
+} // namespace
+
+LibraryScanner::LibraryScanner(SongStore &store, std::vector<QByteArray> musicFolders, unsigned readers)
+    : m_store(store)
+    , m_musicFolders(std::move(musicFolders))
+    , m_readers(readers != 0 ? readers : std::max(1U, std::thread::hardware_concurrency()))
+{}
+
+Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor)
+{
+    Result<KnownFiles> known = KnownFiles::load(m_store);
+    if (!known)
+        return known.failure();
+    BatchWriter writer(m_store, monitor);
+    FileChanges::Needs needs;
+    Pipeline pipeline(m_musicFolders, needs);
+    FileChanges changes(*known, monitor, needs);
+    const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
+    pipeline.start(changes, monitor, m_readers);
+
+    while (std::optional<Outcome> outcome = pipeline.next()) {
+        if (const Result<Done> taken = writer.take(std::move(*outcome)); !taken) {
+            pipeline.stop();
+            (void)pipeline.finish();
+            return taken.failure();
+        }
+    }
+    writer.summary().isComplete = pipeline.finish();
+    Result<Done> written = writer.write(); // what was read before a cancellation is kept as well
+    if (written && !changes.returned().empty())
+        written = m_store.setAvailability(changes.returned(), Availability::Available);
+    if (written && writer.summary().isComplete) {
+        const FileChanges::Missing missing = changes.missing(m_musicFolders);
+        writer.summary().songsMissing = std::ssize(missing.gone) + std::ssize(missing.diskAbsent);
+        written = writeMissing(m_store, missing);
+        if (written)
+            written = writer.writeImages();
+    }
+    if (written)
+        written = writer.index(stop);
+    if (!written)
+        return written.failure();
+    if (writer.summary().songsRead + writer.summary().songsMissing + std::ssize(changes.returned()) > 0)
+        monitor.noteLibraryChange();
+    m_store.releaseMemory();
+    malloc_trim(0); // the readers' heaps would stay with the process otherwise
+    return writer.summary();
+}
+
+} // namespace trackwise

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/LibraryFixture.h"
+#include "platform/linux/library/MusicFolder.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace trackwise;
+
+class tst_LibraryScanner : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QList<QByteArray> songNames(LibraryFixture &fixture)
+    {
+        QList<QByteArray> names;
+        fixture.library().forEachSong([&names](const LibrarySong &song) {
+            names << song.file.name;
+            return true;
+        });
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+private Q_SLOTS:
+    void takesMusicAndNothingElse()
+    {
+        const MusicFolder music;
+        music.write("a.wav", 1, "A");
+        music.write("sub/b.WAV", 2, "B");
+        music.write("sub/Caf\xe9.wav", 3, "Name that is not UTF-8");
+        music.write(".hidden song.wav", 4, "D");
+        music.write("...And More/e.wav", 5, "E");
+        music.write(".hidden/no.wav", 6, "No");
+        music.write("quiet/no.wav", 7, "No");
+        music.writeBytes("quiet/.nomedia", {});
+        music.write("lost+found/no.wav", 8, "No");
+        music.write("no.txt", 9, "No");
+        music.writeBytes("._a.wav", "AppleDouble");
+        music.makeFolder("folder.wav");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        QCOMPARE(songNames(fixture),
+                 (QList<QByteArray>{".hidden song.wav", "Caf\xe9.wav", "a.wav", "b.WAV", "e.wav"}));
+        QCOMPARE(fixture.library().status().problems, 0);
+        music.remove("sub"); // QTemporaryDir cannot: the name is not UTF-8
+    }
+
+    void followsEachLinkOnce()
+    {
+        const MusicFolder music;
+        const MusicFolder outside;
+        music.write("real/a.wav", 1, "A");
+        outside.write("far/b.wav", 2, "B");
+        (void)symlink(".", music.path("real/itself").constData());
+        (void)symlink("real", music.path("again").constData());
+        (void)symlink("/", music.path("everything").constData());
+        (void)symlink("..", music.path("parent").constData());
+        (void)symlink(outside.path("far").constData(), music.path("0 far").constData());
+        (void)symlink(outside.path("far").constData(), music.path("1 far").constData());
+        (void)symlink("real/a.wav", music.path("alias.wav").constData());
+        LibraryFixture fixture({music.root(), music.path("real")});
+        fixture.scan();
+        QCOMPARE(songNames(fixture), (QList<QByteArray>{"a.wav", "alias.wav", "b.wav"}));
+        QVERIFY(fixture.idAt(music.path("real/a.wav")).isInLibrary());
+    }
+
+    void remembersWhatCouldNotBeRead()
+    {
+        const MusicFolder music;
+        music.write("good.wav", 1, "Good");
+        music.writeBytes("empty.mp3", {});
+        music.writeBytes("garbage.flac", QByteArray("no music at all ").repeated(500));
+        music.writeBytes("web.mp3", "<!DOCTYPE html><title>404</title>");
+        QCOMPARE(mkfifo(music.path("pipe.mp3").constData(), 0600), 0);
+        (void)symlink("nowhere.mp3", music.path("dangling.mp3").constData());
+        (void)symlink("loop.mp3", music.path("loop.mp3").constData());
+        LibraryFixture fixture({music.root()});
+        const ScanSummary first = fixture.scan();
+        QCOMPARE(first.songsRead, 1);
+        QCOMPARE(first.filesFailed, 6);
+        const auto problems = fixture.library().problems();
+        QCOMPARE(problems.size(), 6U);
+        for (const ScanProblem &problem : problems)
+            QVERIFY2(!problem.reason.isEmpty() && problem.file.folder == music.root(), problem.file.name);
+
+        QCOMPARE(fixture.scan().filesFailed, 0); // not tried again
+
+        music.write("garbage.flac", 2, "Well Now"); // the content decides what it is
+        music.remove("empty.mp3");
+        const ScanSummary third = fixture.scan();
+        QCOMPARE(third.songsRead, 1);
+        QCOMPARE(fixture.library().problems().size(), 4U);
+        QCOMPARE(fixture.library().status().available, 2);
+    }
+
+    void keepsASongWhoseFileIsDamagedForNow()
+    {
+        const MusicFolder music;
+        music.write("a.wav", 1, "A");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        const PersistentID id = fixture.idAt(music.path("a.wav"));
+        music.writeBytes("a.wav", "half writt");
+        fixture.scan();
+        QCOMPARE(fixture.availability(id), Availability::FileGone);
+        QCOMPARE(fixture.library().problems().size(), 1U);
+        music.write("a.wav", 1, "A again");
+        fixture.scan();
+        QCOMPARE(fixture.idAt(music.path("a.wav")), id);
+        QCOMPARE(fixture.availability(id), Availability::Available);
+        QVERIFY(fixture.library().problems().empty());
+    }
+
+    void marksNothingWhenStopped()
+    {
+        const MusicFolder music;
+        music.write("a.wav", 1, "A");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        const PersistentID id = fixture.idAt(music.path("a.wav"));
+        music.remove("a.wav");
+        std::stop_source stop;
+        stop.request_stop();
+        ScanMonitor monitor;
+        const auto result = LibraryScanner(fixture.store(), {music.root()}).run(stop.get_token(), monitor);
+        QVERIFY(result && !result->isComplete);
+        QCOMPARE(fixture.availability(id), Availability::Available);
+    }
+
+    void takesTheImageOfAFolderWithOneAlbum()
+    {
+        const QByteArray png = QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000000100000001080600000"
+                                                   "01f15c4890000000d49444154789c6360606060000000050001"
+                                                   "5e2a9d440000000049454e44ae426082");
+        const MusicFolder music;
+        music.write("album/a.wav", 1, "A");
+        music.writeBytes("album/Cover.PNG", png);
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        const auto artwork = [&] {
+            return fixture.library().songForPath(music.path("album/a.wav"))->item.artwork;
+        };
+        QVERIFY(artwork());
+        QCOMPARE(artwork()->read()->bytes, png);
+        music.remove("album/Cover.PNG");
+        fixture.scan();
+        QVERIFY(!artwork());
+    }
+
+    void tellsHowFarItHasCome()
+    {
+        const MusicFolder music;
+        for (int i = 0; i < 50; ++i)
+            music.write(QByteArray::number(i) + ".wav", i, "Title");
+        LibraryFixture fixture({music.root()});
+        ScanController &scan = fixture.library().scan();
+        QSignalSpy finished(&scan, &ScanController::finished);
+        QSignalSpy changed(&fixture.library().mediaLibrary(), &MediaLibrary::libraryDidChange);
+        scan.start();
+        QVERIFY(scan.progress().isRunning);
+        scan.start(); // another one follows
+        QVERIFY(finished.wait());
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(!changed.isEmpty());
+        const ScanProgress progress = scan.progress();
+        QCOMPARE(progress.filesFound, 50);
+        QCOMPARE(progress.filesHandled, 50);
+        QVERIFY(progress.isTotalKnown && !progress.isRunning);
+        QCOMPARE(fixture.library().search(QStringLiteral("title"), 100).size(), 50U);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_LibraryScanner)
+#include "tst_LibraryScanner.moc"
