@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/Figures.h"
+
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+
+namespace trackwise {
+
+namespace {
+double statusMegabytes(const std::string &key)
+{
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word) {
+        double kilobytes = 0;
+        if (word == key + ':' && status >> kilobytes)
+            return kilobytes / 1024;
+    }
+    return 0;
+}
+} // namespace
+
+double cpuSeconds()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+
+double residentMegabytes()
+{
+    return statusMegabytes("VmRSS");
+}
+
+double peakMegabytes()
+{
+    return statusMegabytes("VmHWM");
+}
+
+void printFigure(const std::string &name, double value, const char *unit)
+{
+    std::printf("%s %.4g %s\n", name.c_str(), value, unit);
+    std::fflush(stdout);
+}
+
+} // namespace trackwise

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace trackwise {
+
+/// Processor time of the whole process, all threads.
+[[nodiscard]] double cpuSeconds();
+/// Memory of the process that is in use now, with what it has mapped.
+[[nodiscard]] double residentMegabytes();
+/// The most that it has been since the start.
+[[nodiscard]] double peakMegabytes();
+void printFigure(const std::string &name, double value, const char *unit);
+
+} // namespace trackwise

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// library_figures scan DATABASE FOLDER   brings the library up to date; what that costs
+// library_figures rows DATABASE COUNT    fills a library with made-up songs
+// library_figures search DATABASE        what typing and looking up cost
+// library_figures dump DATABASE FOLDER   a JSON line for every song below FOLDER
+//
+// Figures are printed one a line: name, value, unit.
+#include "library/Figures.h"
+#include "library/MadeUpSongs.h"
+
+#include "platform/linux/library/LinuxLibrary.h"
+#include "platform/linux/library/scan/LibraryScanner.h"
+
+#include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+#include <QStringDecoder>
+
+#include <cstdio>
+
+using namespace trackwise;
+
+namespace {
+
+std::unique_ptr<LinuxLibrary> opened(const QByteArray &database, std::vector<QByteArray> folders)
+{
+    static QSettings none(QStringLiteral("/dev/null"), QSettings::IniFormat);
+    LibraryConfiguration configuration;
+    configuration.databasePath = database;
+    configuration.musicFolders = std::move(folders);
+    auto library = LinuxLibrary::open(configuration, none);
+    if (!library)
+        qFatal("%s", qPrintable(library.failure().detail));
+    return std::move(*library);
+}
+
+int scan(const QByteArray &database, const QByteArray &folder)
+{
+    const auto library = opened(database, {folder});
+    const double idle = residentMegabytes();
+    ScanMonitor monitor;
+    QElapsedTimer timer;
+    timer.start();
+    const double cpuBefore = cpuSeconds();
+    const auto result = LibraryScanner(*library->store(), {folder}).run({}, monitor);
+    const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    const double cpu = cpuSeconds() - cpuBefore;
+    if (!result)
+        qFatal("%s", qPrintable(result.failure().detail));
+    const auto files = static_cast<double>(monitor.progress(false).filesFound);
+    printFigure("files", files, "files");
+    printFigure("songs_read", static_cast<double>(result->songsRead), "songs");
+    printFigure("files_failed", static_cast<double>(result->filesFailed), "files");
+    printFigure("wall", seconds, "s");
+    printFigure("rate", files / seconds, "files/s");
+    printFigure("cpu", cpu, "s");
+    printFigure("cpu_per_file", cpu / files * 1e3, "ms");
+    printFigure("memory_above_idle", peakMegabytes() - idle, "MB");
+    return 0;
+}
+
+int rows(const QByteArray &database, int count)
+{
+    const auto library = opened(database, {"/music"});
+    QElapsedTimer timer;
+    timer.start();
+    MadeUpSongs songs;
+    constexpr int batch = 1000;
+    for (int written = 0; written < count; written += batch) {
+        const auto next = songs.next(std::min(batch, count - written));
+        if (const auto result = library->store()->write(next, {}, Instant(std::chrono::seconds(written)));
+            !result)
+            qFatal("%s", qPrintable(result.failure().detail));
+    }
+    while (*library->store()->indexNext(10'000)) {
+    }
+    printFigure("written_per_second", count / (static_cast<double>(timer.nsecsElapsed()) / 1e9), "songs/s");
+    return 0;
+}
+
+/// Milliseconds of each call, in order of size.
+template <typename Call>
+std::vector<double> timings(int rounds, Call call)
+{
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        call(i);
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    return times;
+}
+
+double p99(const std::vector<double> &times)
+{
+    return times[times.size() * 99 / 100];
+}
+
+void typeEverything(const LinuxLibrary &library)
+{
+    constexpr int rounds = 100;
+    double worst = 0;
+    std::string worstText;
+    for (const QString &whole : typedTexts()) {
+        for (qsizetype length = 1; length <= whole.size(); ++length) {
+            const QString typed = whole.left(length);
+            (void)library.search(typed, 50);
+            const double time = p99(timings(rounds, [&](int) { (void)library.search(typed, 50); }));
+            if (time > worst) {
+                worst = time;
+                worstText = typed.toStdString();
+            }
+        }
+    }
+    std::printf("# the slowest text: \"%s\"\n", worstText.c_str());
+    printFigure("typed_p99_of_worst", worst, "ms");
+}
+
+int search(const QByteArray &database)
+{
+    const auto library = opened(database, {"/music"});
+    const std::string count = std::to_string(library->status().available);
+    std::printf("# %s songs\n", count.c_str());
+    typeEverything(*library);
+
+    std::vector<LibrarySong> sample;
+    int passed = 0;
+    library->forEachSong([&](const LibrarySong &song) {
+        if (passed++ % 997 == 0)
+            sample.push_back(song);
+        return sample.size() < 1000;
+    });
+    const auto lookUp = [&](const char *name, auto call) {
+        constexpr int rounds = 5000;
+        const auto at = [&](int i) -> const LibrarySong & {
+            return sample[static_cast<std::size_t>(i) % sample.size()];
+        };
+        const auto times = timings(rounds, [&](int i) { call(at(i)); });
+        printFigure(std::string(name) + "_median", times[times.size() / 2], "ms");
+        printFigure(std::string(name) + "_p99", p99(times), "ms");
+    };
+    const MediaLibrary &songs = library->mediaLibrary();
+    lookUp("by_id", [&](const LibrarySong &s) { (void)songs.song(s.item.persistentID); });
+    lookUp("by_title_artist", [&](const LibrarySong &s) {
+        (void)songs.songs({s.item.title, s.item.artist, {}}, 1);
+    });
+    lookUp("by_title_album", [&](const LibrarySong &s) {
+        (void)songs.songs({s.item.title, {}, s.item.albumTitle}, 1);
+    });
+    lookUp("without_case",
+           [&](const LibrarySong &s) { (void)songs.songIgnoringCase(*s.item.title, *s.item.artist); });
+    lookUp("by_catalog_id",
+           [&](const LibrarySong &s) { (void)songs.songWithCatalogID(s.item.playbackStoreID); });
+    lookUp("by_path", [&](const LibrarySong &s) { (void)library->matching().idOfPath(s.file.path()); });
+    printFigure("list_of_all", timings(5, [&](int) { (void)library->browser().songs({}); })[2], "ms");
+    return 0;
+}
+
+QJsonObject asJson(const LibrarySong &song, const QByteArray &root)
+{
+    QJsonObject fields;
+    const auto text = [&fields](const char *name, const std::optional<QString> &value) {
+        if (value)
+            fields[QLatin1StringView(name)] = *value;
+    };
+    const auto number = [&fields](const char *name, unsigned value) {
+        if (value != 0)
+            fields[QLatin1StringView(name)] = static_cast<qint64>(value);
+    };
+    const MediaItem &item = song.item;
+    text("title", item.title);
+    text("artist", item.artist);
+    text("album", item.albumTitle);
+    text("albumartist", item.albumArtist);
+    text("composer", item.composer);
+    text("genre", item.genre);
+    text("comment", item.comments);
+    text("lyrics", item.lyrics);
+    text("catalogue_id", item.playbackStoreID.isEmpty() ? std::nullopt : std::optional(item.playbackStoreID));
+    if (item.releaseDate)
+        fields[QLatin1StringView("released")] =
+            static_cast<qint64>(item.releaseDate->time_since_epoch().count());
+    number("track", item.albumTrackNumber);
+    number("tracktotal", item.albumTrackCount);
+    number("disc", item.discNumber);
+    number("disctotal", item.discCount);
+    number("bpm", item.beatsPerMinute);
+    number("stars", item.rating);
+    number("playcount", item.playCount);
+    number("compilation", item.isCompilation);
+    number("explicit", item.isExplicitItem);
+    number("artwork", item.artwork != nullptr);
+    QJsonObject line{{QLatin1StringView("fields"), fields}};
+    const QByteArray path = song.file.path().mid(root.size() + 1);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded = utf8(path);
+    if (utf8.hasError())
+        line[QLatin1StringView("path_hex")] = QString::fromLatin1(path.toHex());
+    else
+        line[QLatin1StringView("path")] = decoded;
+    return line;
+}
+
+int dump(const QByteArray &database, const QByteArray &root)
+{
+    opened(database, {root})->forEachSong([&root](const LibrarySong &song) {
+        if (song.availability == Availability::Available && song.file.folder.startsWith(root)) {
+            std::puts(QJsonDocument(asJson(song, root)).toJson(QJsonDocument::Compact).constData());
+        }
+        return true;
+    });
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const std::vector<QByteArray> arguments(argv + 1, argv + argc);
+    const QByteArray what = arguments.empty() ? QByteArray() : arguments.front();
+    if (what == "scan" && arguments.size() == 3)
+        return scan(arguments[1], arguments[2]);
+    if (what == "rows" && arguments.size() == 3)
+        return rows(arguments[1], arguments[2].toInt());
+    if (what == "search" && arguments.size() == 2)
+        return search(arguments[1]);
+    if (what == "dump" && arguments.size() == 3)
+        return dump(arguments[1], arguments[2]);
+    std::fputs("usage: library_figures scan|dump DATABASE FOLDER | rows DATABASE COUNT | search DATABASE\n",
+               stderr);
+    return 2;
+}
