@@ -84,6 +84,7 @@ private:
     [[nodiscard]] Result<SongTags> read(const QByteArray &bytes) const
     {
         QFile file(QFile::decodeName(path()));
+        file.remove(); // writing over it would make the file system flush it each time
         if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write the test file");
         file.close();
