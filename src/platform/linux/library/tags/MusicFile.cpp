@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,6 +18,34 @@ namespace {
 
 /// How much is read around a place in the middle of the file.
 constexpr qint64 smallWindow = qint64{16} * 1024;
+
+using Buffer = std::unique_ptr<std::uint8_t[]>;
+
+/// Windows wait here for the thread's next file: to get and free such blocks for each file takes longer than
+/// to read it.
+std::vector<Buffer> &spareBuffers()
+{
+    thread_local std::vector<Buffer> spare;
+    return spare;
+}
+
+Buffer takeBuffer()
+{
+    auto &spare = spareBuffers();
+    if (spare.empty())
+        return std::make_unique_for_overwrite<std::uint8_t[]>(
+            static_cast<std::size_t>(MusicFile::windowSize));
+    auto buffer = std::move(spare.back());
+    spare.pop_back();
+    return buffer;
+}
+
+void giveBack(Buffer buffer)
+{
+    constexpr std::size_t mostSpares = 4;
+    if (buffer && spareBuffers().size() < mostSpares)
+        spareBuffers().push_back(std::move(buffer));
+}
 
 Failure openFailure(int error)
 {
@@ -61,6 +90,8 @@ MusicFile::MusicFile(MusicFile &&other) noexcept
 
 MusicFile::~MusicFile()
 {
+    giveBack(std::move(m_beginning.bytes));
+    giveBack(std::move(m_elsewhere.bytes));
     if (m_descriptor >= 0)
         ::close(m_descriptor);
 }
@@ -103,7 +134,7 @@ qint64 MusicFile::read(qint64 offset, void *to, qint64 length) const
 void MusicFile::fill(Window &window, qint64 offset, qint64 length) const
 {
     if (!window.bytes)
-        window.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<size_t>(windowSize));
+        window.bytes = takeBuffer();
     window.offset = offset;
     window.length = read(offset, window.bytes.get(), std::min(length, m_size - offset));
 }

@@ -22,7 +22,7 @@ public:
 
     /// The most that view() gives at once. Below 64 KiB, from where on freeing memory tidies up the whole
     /// heap.
-    static constexpr qint64 windowSize = qint64{60} * 1024;
+    static constexpr qint64 windowSize = qint64{64} * 1024;
 
     [[nodiscard]] static Result<MusicFile> open(const QByteArray &path);
 

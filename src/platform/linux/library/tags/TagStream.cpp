@@ -6,6 +6,18 @@
 
 namespace trackwise {
 
+namespace {
+
+constexpr qint64 mebibyte = qint64{1024} * 1024;
+
+} // namespace
+
+/// A parser has no reason to see a file more than a few times over, or more than the largest tags of it.
+TagStream::TagStream(MusicFile &file)
+    : m_file(file)
+    , m_budget(std::min(mebibyte + 4 * std::min(file.size(), 16 * mebibyte), 64 * mebibyte))
+{}
+
 void TagStream::cut(qint64 begin, qint64 end, QByteArray head)
 {
     m_cutBegin = begin;

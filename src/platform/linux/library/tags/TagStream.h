@@ -13,9 +13,7 @@ namespace trackwise {
 class TagStream final : public TagLib::IOStream
 {
 public:
-    explicit TagStream(MusicFile &file)
-        : m_file(file)
-    {}
+    explicit TagStream(MusicFile &file);
 
     /// Leaves out [@p begin, @p end) and shows @p head in place of the file's first bytes.
     void cut(qint64 begin, qint64 end, QByteArray head);
@@ -41,7 +39,7 @@ private:
     qint64 m_cutBegin = 0;
     qint64 m_cutEnd = 0;
     QByteArray m_head;
-    qint64 m_budget = qint64{64} * 1024 * 1024; ///< bytes still handed out
+    qint64 m_budget; ///< bytes still handed out
 };
 
 } // namespace trackwise
