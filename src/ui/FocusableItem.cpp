@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "information/FocusableItem.h"
+#include "ui/FocusableItem.h"
 
 #include <QFocusEvent>
 
