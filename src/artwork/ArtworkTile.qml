@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Window
+import Trackwise.Artwork
+import Trackwise.Ui
+
+/// The cover as a rounded square with a soft shadow, or an empty square with a note in it. A cover can be
+/// copied and dragged out.
+FocusableItem {
+    id: root
+
+    required property ArtworkViewModel view
+    required property real side
+    readonly property real cornerRadius: 12
+    readonly property real placeholderShare: 0.42
+    readonly property color ground: Theme.isDark ? Theme.tertiarySystemBackground : Theme.secondarySystemBackground
+
+    width: root.side
+    height: root.side
+    activeFocusOnTab: picture.hasPicture
+
+    Accessible.role: Accessible.Graphic
+    Accessible.name: picture.hasPicture ? qsTr("Album artwork") : qsTr("Album artwork, empty")
+    Accessible.focusable: picture.hasPicture
+
+    TileGround {
+        anchors.fill: parent
+        color: root.ground
+        radius: root.cornerRadius
+        shadowOpacity: 0.12
+        shadowRadius: 10
+        shadowOffset: 10
+    }
+    Symbol {
+        anchors.centerIn: parent
+        visible: picture.isEmpty && root.side > 0
+        name: root.view.placeholderSymbol
+        size: root.side * root.placeholderShare
+        color: Theme.systemFill
+    }
+    ArtworkPicture {
+        id: picture
+
+        anchors.fill: parent
+        source: root.view.artworkAddress
+        radius: root.cornerRadius
+        opacity: picture.hasPicture ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.alertDuration
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    FocusRing {
+        radius: root.cornerRadius + air + border.width
+        visible: root.hasKeyboardFocus
+    }
+
+    Loader {
+        id: menu
+
+        property point place
+
+        function openAt(place: point) {
+            menu.place = place;
+            menu.active = true;
+        }
+        function didClose() {
+            menu.active = false;
+            root.forceActiveFocus(Qt.PopupFocusReason);
+        }
+
+        active: false
+        sourceComponent: ContextMenu {
+            parent: root
+            x: menu.place.x
+            y: menu.place.y
+            Component.onCompleted: open()
+            onClosed: menu.didClose()
+
+            ContextMenuItem {
+                text: qsTr("Copy")
+                symbolName: "doc.on.doc"
+                onTriggered: root.view.copyArtwork()
+            }
+        }
+    }
+    Shortcut {
+        sequences: [StandardKey.Copy]
+        enabled: root.activeFocus && picture.hasPicture
+        onActivated: root.view.copyArtwork()
+    }
+    Shortcut {
+        sequences: ["Menu", "Shift+F10"]
+        enabled: root.activeFocus && picture.hasPicture
+        onActivated: menu.openAt(Qt.point(root.width / 2, root.height / 2))
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        enabled: picture.hasPicture
+        onTapped: eventPoint => menu.openAt(eventPoint.position)
+    }
+    TapHandler {
+        id: touch
+
+        acceptedDevices: PointerDevice.TouchScreen
+        enabled: picture.hasPicture
+        onLongPressed: menu.openAt(touch.point.position)
+    }
+    DragHandler {
+        id: pull
+
+        target: null
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
+        enabled: picture.hasPicture && !root.view.isDragging
+        onActiveChanged: pull.active ? root.view.startDrag(root.side, root.cornerRadius, Screen.devicePixelRatio,
+                                                           root.ground, pull.centroid.pressPosition)
+                                     : root.view.cancelDrag()
+    }
+}

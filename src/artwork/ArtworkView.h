@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "artwork/ArtworkContent.h"
+#include "artwork/ArtworkDrag.h"
+
+#include <QColor>
+#include <QObject>
+#include <QPointF>
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+
+namespace trackwise {
+
+class AddressOpener;
+class MusicPlayer;
+
+/// What every artwork view uses; all of it outlives them.
+struct ArtworkServices
+{
+    MusicPlayer &player; ///< the app's own, never the system's
+    AddressOpener &opener;
+    ArtworkLoader &loader;
+    ArtworkFiles &files;
+    std::function<Instant()> now;
+};
+
+/// Feeds `ArtworkView.qml`: one song's cover and, beneath it, its title, artist and play button. Another
+/// song gets another view; of this one only isPlaying and isDragging change. Main thread.
+class ArtworkView : public QObject
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(ArtworkViewModel)
+    QML_UNCREATABLE("made by controllers")
+    Q_PROPERTY(QString artworkAddress READ artworkAddress CONSTANT)
+    Q_PROPERTY(QString placeholderSymbol READ placeholderSymbol CONSTANT)
+    Q_PROPERTY(bool hasSong READ hasSong CONSTANT)
+    Q_PROPERTY(QString title READ title CONSTANT)
+    Q_PROPERTY(bool isTitleRightToLeft READ isTitleRightToLeft CONSTANT)
+    Q_PROPERTY(bool hasArtist READ hasArtist CONSTANT)
+    Q_PROPERTY(QString artist READ artist CONSTANT)
+    Q_PROPERTY(bool isExplicit READ isExplicit CONSTANT)
+    Q_PROPERTY(QString spokenText READ spokenText CONSTANT)
+    Q_PROPERTY(bool isNowPlaying READ isNowPlaying CONSTANT)
+    Q_PROPERTY(bool showsPlayButton READ showsPlayButton CONSTANT)
+    Q_PROPERTY(bool alignPlaybackWithArtwork READ alignPlaybackWithArtwork CONSTANT)
+    Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY isPlayingChanged)
+    Q_PROPERTY(bool isDragging READ isDragging NOTIFY isDraggingChanged)
+
+public:
+    ArtworkView(ArtworkContent content, const ArtworkServices &services, QObject *parent = nullptr);
+
+    [[nodiscard]] QString artworkAddress() const { return m_artworkAddress; }
+    [[nodiscard]] QString placeholderSymbol() const { return m_placeholderSymbol; }
+    [[nodiscard]] bool hasSong() const { return m_content.mediaItem.has_value(); }
+    [[nodiscard]] QString title() const { return m_titleBlock.title; }
+    [[nodiscard]] bool isTitleRightToLeft() const { return m_titleBlock.title.isRightToLeft(); }
+    [[nodiscard]] bool hasArtist() const { return m_titleBlock.artist.has_value(); }
+    [[nodiscard]] QString artist() const { return m_titleBlock.artist.value_or(QString()); }
+    [[nodiscard]] bool isExplicit() const { return m_titleBlock.isExplicit; }
+    [[nodiscard]] QString spokenText() const { return trackwise::spokenText(m_titleBlock); }
+    [[nodiscard]] bool isNowPlaying() const { return m_content.isNowPlaying; }
+    [[nodiscard]] bool showsPlayButton() const;
+    [[nodiscard]] bool alignPlaybackWithArtwork() const { return m_content.alignPlaybackWithArtwork; }
+    [[nodiscard]] bool isPlaying() const { return m_isPlaying; }
+    [[nodiscard]] bool isDragging() const { return m_drag.isCarrying(); }
+
+    /// Side of the tile where the host has this width to give.
+    Q_INVOKABLE [[nodiscard]] qreal side(qreal availableWidth) const { return artworkSide(availableWidth); }
+
+    /// The view has come on screen: from now on isPlaying is what the player says.
+    Q_INVOKABLE void appear();
+    /// Pauses or resumes this song where the player has it loaded, else loads it and plays it. Whether it
+    /// plays then is seen in isPlaying, when the player says so.
+    Q_INVOKABLE void togglePlayback();
+    Q_INVOKABLE void openMusicApp();
+    Q_INVOKABLE void copyArtwork();
+    /// Lengths in points; @p hotSpot from the tile's top left corner.
+    Q_INVOKABLE void startDrag(qreal side, qreal cornerRadius, qreal pixelRatio, const QColor &ground,
+                               const QPointF &hotSpot);
+    Q_INVOKABLE void cancelDrag();
+
+Q_SIGNALS:
+    void isPlayingChanged();
+    void isDraggingChanged();
+
+private:
+    [[nodiscard]] bool isLoadedInPlayer() const;
+    void refreshIsPlaying();
+
+    ArtworkContent m_content;
+    MusicPlayer &m_player;
+    AddressOpener &m_opener;
+    QString m_artworkAddress;
+    QString m_placeholderSymbol;
+    TitleBlock m_titleBlock;
+    ArtworkDrag m_drag;
+    bool m_isPlaying = false;
+};
+
+} // namespace trackwise

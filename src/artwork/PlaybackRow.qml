@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Artwork
+import Trackwise.Ui
+
+/// The song's title and artist, led by the way to the music app for the song that plays there, followed by
+/// the play button for one that can be played here.
+Item {
+    id: root
+
+    required property ArtworkViewModel view
+    readonly property real leastGap: 10
+    readonly property real symbolSize: 32
+
+    implicitHeight: Math.max(information.implicitHeight, playButton.visible ? playButton.height : 0)
+
+    Column {
+        id: information
+
+        anchors.left: parent.left
+        anchors.right: playButton.visible ? playButton.left : parent.right
+        anchors.rightMargin: root.leastGap
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 6
+
+        Accessible.role: Accessible.Grouping
+        Accessible.name: root.view.spokenText
+
+        StyledText {
+            visible: root.view.isNowPlaying
+            width: parent.width
+            style: Theme.caption2.bold()
+            color: Theme.secondaryLabel
+            horizontalAlignment: Text.AlignLeft
+            wrapMode: Text.Wrap
+            text: qsTr("NOW PLAYING")
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        Item {
+            width: parent.width
+            implicitHeight: Math.max(titles.implicitHeight, link.visible ? link.height : 0)
+
+            MusicAppLink {
+                id: link
+
+                anchors.left: parent.left
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.view.isNowPlaying
+                size: root.symbolSize
+                onActivated: root.view.openMusicApp()
+            }
+            TitleBlock {
+                id: titles
+
+                anchors.left: link.visible ? link.right : parent.left
+                anchors.leftMargin: link.visible ? 8 : 0
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                view: root.view
+            }
+        }
+    }
+    PlainButton {
+        id: playButton
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        width: 30
+        height: Theme.touchTarget
+        visible: root.view.showsPlayButton
+        symbolName: root.view.isPlaying ? "pause.fill" : "play.fill"
+        symbolSize: root.symbolSize
+        Accessible.name: root.view.isPlaying ? qsTr("Pause") : qsTr("Play")
+        onClicked: root.view.togglePlayback()
+    }
+}

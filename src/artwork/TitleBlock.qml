@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Artwork
+import Trackwise.Ui
+
+/// Title and artist, one thing to a screen reader. The mark of an explicit song follows the last word of its
+/// title; it is drawn, since few fonts have it, in a space kept free by characters that do not break.
+Column {
+    id: root
+
+    required property ArtworkViewModel view
+    readonly property string space: "\u00a0"
+    readonly property string keptFree: "\u2007\u2007" // two digits wide
+    property real lastLineTop: 0
+    property real lastLineWidth: 0
+
+    spacing: 2
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.view.spokenText
+
+    StyledText {
+        id: title
+
+        readonly property bool endsAtLeft: text.length > 0 && root.view.isTitleRightToLeft
+        readonly property real lineLeft: LayoutMirroring.enabled ? width - root.lastLineWidth : 0
+
+        width: parent.width
+        style: Theme.headline
+        horizontalAlignment: Text.AlignLeft
+        wrapMode: Text.Wrap
+        text: root.view.isExplicit ? root.view.title + root.space + root.keptFree : root.view.title
+        Accessible.ignored: true
+        onLineLaidOut: line => {
+            root.lastLineTop = line.y;
+            root.lastLineWidth = line.implicitWidth;
+        }
+
+        Symbol {
+            visible: root.view.isExplicit
+            size: metrics.font.pixelSize
+            x: title.lineLeft + (title.endsAtLeft ? free.advanceWidth - width : root.lastLineWidth - free.advanceWidth)
+            y: root.lastLineTop + metrics.ascent - (metrics.tightBoundingRect("E").height + height) / 2
+            name: "e.square.fill"
+            color: Theme.secondaryLabel
+        }
+        FontMetrics {
+            id: metrics
+
+            font: title.font
+        }
+        TextMetrics {
+            id: free
+
+            font: title.font
+            text: root.keptFree
+        }
+    }
+    StyledText {
+        width: parent.width
+        visible: root.view.hasArtist
+        style: Theme.callout
+        color: Theme.secondaryLabel
+        horizontalAlignment: Text.AlignLeft
+        wrapMode: Text.Wrap
+        text: root.view.artist
+        Accessible.ignored: true
+    }
+}

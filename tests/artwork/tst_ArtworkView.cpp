@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "artwork/ArtworkFiles.h"
+#include "artwork/ArtworkImageProvider.h"
+#include "artwork/ArtworkPicture.h"
+#include "artwork/ArtworkSidebarView.h"
+#include "support/AddressOpenerDouble.h"
+#include "support/Covers.h"
+#include "support/MusicPlayerDouble.h"
+#include "ui/Engine.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QMimeData>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QSemaphore>
+#include <QTest>
+
+using namespace trackwise;
+
+namespace {
+
+MediaItem song(const QString &title, std::shared_ptr<MemoryArtwork> artwork = {})
+{
+    MediaItem item;
+    item.persistentID = {1};
+    item.title = title;
+    item.artist = QStringLiteral("The Quiet Machines");
+    item.artwork = std::move(artwork);
+    return item;
+}
+
+/// A real sidebar in a real window, with everything around it in memory.
+class SidebarWindow
+{
+public:
+    explicit SidebarWindow(std::optional<MediaItem> shown, bool isNowPlaying = false, QSize size = {320, 600})
+        : sidebar(std::move(shown), isNowPlaying, false,
+                  {player, opener, loader, files, [] { return Instant{}; }})
+    {
+        QAccessible::setActive(true);
+        player.beginGeneratingPlaybackNotifications();
+        prepareEngine(*window.engine());
+        window.engine()->addImageProvider(artworkProviderName(), new ArtworkImageProvider(loader));
+        window.setResizeMode(QQuickView::SizeRootObjectToView);
+        window.resize(size);
+        window.setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&sidebar)}});
+        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Artwork/ArtworkSidebarView.qml")));
+        window.show();
+        window.requestActivate();
+        (void)QTest::qWaitForWindowActive(&window);
+    }
+
+    /// The element with this accessible name and role; null when there is none to be seen.
+    [[nodiscard]] QQuickItem *find(const QString &name, QAccessible::Role role) const
+    {
+        for (QQuickItem *item : window.rootObject()->findChildren<QQuickItem *>()) {
+            QAccessibleInterface *element = QAccessible::queryAccessibleInterface(item);
+            if (element && element->role() == role && element->text(QAccessible::Name) == name &&
+                item->isVisible())
+                return item;
+        }
+        return nullptr;
+    }
+    [[nodiscard]] QRectF place(const QString &name, QAccessible::Role role) const
+    {
+        const QQuickItem *item = find(name, role);
+        return item ? item->mapRectToScene(item->boundingRect()) : QRectF();
+    }
+    [[nodiscard]] QQuickItem *tile() const
+    {
+        return find(QStringLiteral("Album artwork"), QAccessible::Graphic);
+    }
+    [[nodiscard]] QQuickItem *emptyTile() const
+    {
+        return find(QStringLiteral("Album artwork, empty"), QAccessible::Graphic);
+    }
+
+    MusicPlayerDouble player;
+    AddressOpenerDouble opener;
+    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
+    QTemporaryDir folder;
+    ArtworkFiles files{folder.path()};
+    ArtworkSidebarView sidebar;
+    QQuickView window;
+};
+
+std::shared_ptr<MemoryArtwork> cover(const QColor &color)
+{
+    return std::make_shared<MemoryArtwork>(coverBytes({400, 400}, color, "png"));
+}
+
+const QString lines = QStringLiteral("Lines, The Quiet Machines");
+
+} // namespace
+
+class tst_ArtworkView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPickedSongHasItsCoverItsTextsAndAButton()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        QTRY_VERIFY(at.tile());
+        QCOMPARE(at.tile()->size(), QSizeF(240, 240));
+        QCOMPARE(at.tile()->mapToScene({}).x(), 40.0);
+        const QRectF texts = at.place(lines, QAccessible::StaticText);
+        QVERIFY(texts.top() > at.tile()->mapToScene({0, 240}).y() + 24);
+        QCOMPARE(texts.left(), 40.0);
+        QCOMPARE(at.place(QStringLiteral("Play"), QAccessible::Button).right(), 280.0);
+        QVERIFY(!at.find(QStringLiteral("NOW PLAYING"), QAccessible::Heading));
+        QVERIFY(!at.find(QStringLiteral("Open Music app"), QAccessible::Link));
+    }
+
+    void theButtonPlaysAndIsRenamed()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines")));
+        QQuickItem *button = at.find(QStringLiteral("Play"), QAccessible::Button);
+        QVERIFY(button);
+        button->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(&at.window, Qt::Key_Space);
+        QVERIFY(at.find(QStringLiteral("Pause"), QAccessible::Button));
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        QVERIFY(at.find(QStringLiteral("Play"), QAccessible::Button));
+    }
+
+    void aFollowedSongHasAHeadingAndTheWayToTheMusicApp()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines")), true);
+        const QRectF heading = at.place(QStringLiteral("NOW PLAYING"), QAccessible::Heading);
+        const QRectF link = at.place(QStringLiteral("Open Music app"), QAccessible::Link);
+        const QRectF texts = at.place(lines, QAccessible::StaticText);
+        QVERIFY(!heading.isEmpty() && !link.isEmpty());
+        QVERIFY(heading.bottom() < texts.top());
+        QVERIFY(link.right() <= texts.left() - 8);
+        QVERIFY(!at.find(QStringLiteral("Play"), QAccessible::Button));
+        QTest::mouseClick(&at.window, Qt::LeftButton, {}, link.center().toPoint());
+        QCOMPARE(at.opener.opened.size(), size_t{1});
+    }
+
+    void withoutASongThereIsOnlyTheEmptyTile()
+    {
+        SidebarWindow at(std::nullopt);
+        QVERIFY(at.emptyTile());
+        QVERIFY(!at.find(QStringLiteral("Play"), QAccessible::Button));
+        QCOMPARE(at.emptyTile()->mapToScene({0, 0}).y(), 180.0); // in the column's middle
+    }
+
+    void aNarrowColumnHidesTheTile()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)), false, {70, 400});
+        QQuickItem *tile = at.emptyTile();
+        QVERIFY(tile);
+        QCOMPARE(tile->size(), QSizeF(0, 0));
+    }
+
+    void aBrokenCoverIsAnEmptyTileWithoutCommands()
+    {
+        SidebarWindow at(
+            song(QStringLiteral("Lines"), std::make_shared<MemoryArtwork>("\xff\xd8\xff broken")));
+        QTRY_COMPARE(at.window.rootObject()->findChild<ArtworkPicture *>()->isEmpty(), true);
+        QVERIFY(at.emptyTile());
+        QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+        at.emptyTile()->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keySequence(&at.window, QKeySequence::Copy);
+        QVERIFY(at.loader.pool().waitForDone());
+        QCoreApplication::processEvents();
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+        QTest::mouseClick(&at.window, Qt::RightButton, {}, {160, 250});
+        QVERIFY(!at.find(QStringLiteral("Copy"), QAccessible::MenuItem));
+    }
+
+    void theCoverIsCopiedByKeyAndByMenu_data()
+    {
+        QTest::addColumn<bool>("byMenu");
+        QTest::newRow("key") << false;
+        QTest::newRow("menu") << true;
+    }
+    void theCoverIsCopiedByKeyAndByMenu()
+    {
+        QFETCH(bool, byMenu);
+        QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        QTRY_VERIFY(at.tile());
+        at.tile()->forceActiveFocus(Qt::TabFocusReason);
+        if (byMenu) {
+            QTest::keyClick(&at.window, Qt::Key_Menu);
+            QTRY_VERIFY(at.window.activeFocusItem() != at.tile());
+            QTest::keyClick(&at.window, Qt::Key_Down);
+            QTest::keyClick(&at.window, Qt::Key_Return);
+        } else {
+            QTest::keySequence(&at.window, QKeySequence::Copy);
+        }
+        QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
+    }
+
+    void theLastOfManySongsIsTheOneShown()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        auto *picture = at.window.rootObject()->findChild<ArtworkPicture *>();
+        QTRY_VERIFY(picture->hasPicture());
+
+        QSemaphore goOn;
+        const auto slow = cover(Qt::green);
+        slow->beforeRead = [&goOn] { goOn.acquire(); };
+        const MediaItem slowSong = song(QStringLiteral("Slow"), slow);
+        const MediaItem lastSong = song(QStringLiteral("Last"), cover(Qt::blue));
+        picture->setSource(at.loader.address(slowSong));
+        QVERIFY(!picture->hasPicture()); // the old one is gone at once
+        QTRY_COMPARE(slow->reads.load(), 1);
+        picture->setSource(at.loader.address(lastSong));
+        QTRY_VERIFY(picture->hasPicture());
+        goOn.release();
+        QVERIFY(at.loader.pool().waitForDone());
+        QCoreApplication::processEvents();
+        const auto shown = [&at] { return at.window.grabWindow().pixelColor(160, 260); };
+        QTRY_VERIFY(shown().blue() > 250 && shown().red() < 5 && shown().green() < 5);
+    }
+};
+
+QTEST_MAIN(tst_ArtworkView)
+#include "tst_ArtworkView.moc"
