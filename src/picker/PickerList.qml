@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// One list of the picker. However long the library is, only the rows in view exist.
+ListView {
+    id: root
+
+    required property MediaPicker picker
+    required property LibraryListModel list
+    readonly property bool isCurrent: root.picker.currentList === root.list
+    readonly property bool showsIndex: root.list.hasSections && root.contentHeight > 2 * root.height
+    readonly property real headerHeight: root.list.hasSections ? Theme.footnote.lineHeight + 8 : 0
+    property bool wasAtTop: false
+
+    model: root.list
+    clip: true
+    enabled: root.isCurrent
+    reuseItems: true
+    currentIndex: -1
+    keyNavigationEnabled: false
+    activeFocusOnTab: true
+    boundsBehavior: Flickable.DragOverBounds
+    section.property: root.list.hasSections ? "section" : ""
+    section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
+
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Library")
+
+    section.delegate: Rectangle {
+        required property string section
+
+        width: ListView.view.width
+        height: root.headerHeight
+        color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground // as the sheet's
+
+        StyledText {
+            anchors.left: parent.left
+            anchors.leftMargin: 18 // as the rows
+            anchors.verticalCenter: parent.verticalCenter
+            text: parent.section
+            style: Theme.footnote
+            color: Theme.secondaryLabel
+            font.weight: Font.DemiBold
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+    }
+
+    delegate: PickerRow {
+        width: ListView.view.width
+        isHighlighted: index === root.list.highlightedRow
+        isOfGroup: root.list.isOfGroups
+        isOfArtist: root.list.isOfArtists
+        trailingInset: root.showsIndex ? sectionIndex.width : Theme.touchTarget / 2
+        onActivated: root.picker.activate(index)
+    }
+
+    Connections {
+        target: root.list
+
+        // A header may lie where a row is looked for, so there are two looks at either end.
+        function onViewportWanted() {
+            const top = root.contentY + root.headerHeight;
+            const bottom = root.contentY + root.height - 1;
+            root.list.setViewport(Math.max(root.indexAt(0, top), root.indexAt(0, top + root.headerHeight)), Math.max(root.indexAt(0, bottom), root.indexAt(0, bottom - root.headerHeight)));
+        }
+        function onHighlightDidMove(row: int) {
+            root.positionViewAtIndex(row, ListView.Contain);
+            root.contentY = Math.max(root.originY, Math.min(root.contentY, root.itemAtIndex(row).y - root.headerHeight));
+        }
+        function onWillUpdate() {
+            root.wasAtTop = root.atYBeginning && root.list.highlightedRow < 0;
+        }
+        function onDidUpdate() {
+            if (root.wasAtTop)
+                root.positionViewAtBeginning();
+        }
+    }
+
+    FocusRing {
+        anchors.margins: 2
+        visible: root.activeFocus && root.list.highlightedRow < 0
+    }
+    SectionIndex {
+        id: sectionIndex
+
+        parent: root
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        anchors.topMargin: root.headerHeight
+        visible: root.showsIndex
+        list: root.list
+        onRowChosen: row => root.positionViewAtIndex(row, ListView.Beginning)
+    }
+    EmptyStateView {
+        parent: root
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width
+        visible: root.isCurrent && root.list.isLoaded && root.list.count === 0
+        picker: root.picker
+    }
+}

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// A song, an artist or an album in a list of the picker.
+Item {
+    id: root
+
+    required property int index
+    required property string title
+    required property string subtitle
+    required property url artwork
+    required property bool isExplicit
+    required property bool isAvailable
+    required property bool startsSection
+    required property string spokenText
+
+    property bool isHighlighted: false
+    property bool isOfGroup: false
+    property bool isOfArtist: false
+    property real trailingInset: Theme.touchTarget / 2
+
+    signal activated
+
+    readonly property real margin: 18
+    readonly property real gap: 12
+    readonly property real airAround: 8
+    readonly property real artworkSize: 44
+    readonly property real dimmed: 0.45
+
+    implicitHeight: Math.max(root.artworkSize, texts.height) + 2 * root.airAround
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.spokenText
+    Accessible.selectable: true
+    Accessible.selected: root.isHighlighted
+    Accessible.onPressAction: root.activated()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: root.airAround
+        anchors.rightMargin: root.airAround
+        radius: root.airAround
+        color: Theme.systemFill
+        visible: root.isHighlighted || pointer.containsMouse
+        opacity: root.isHighlighted || pointer.pressed ? 1 : 0.5
+    }
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: root.airAround
+        anchors.rightMargin: root.airAround
+        radius: root.airAround
+        color: "transparent"
+        border.color: Theme.accent
+        border.width: 2 // as every focus ring
+        visible: root.isHighlighted
+    }
+    Separator {
+        anchors.top: parent.top
+        anchors.left: texts.left
+        anchors.right: parent.right
+        visible: root.index > 0 && !root.startsSection
+    }
+    RowArtwork {
+        id: artworkTile
+
+        anchors.left: parent.left
+        anchors.leftMargin: root.margin
+        anchors.verticalCenter: parent.verticalCenter
+        width: root.artworkSize
+        height: root.artworkSize
+        source: root.artwork
+        isRound: root.isOfArtist
+        opacity: root.isAvailable ? 1 : root.dimmed
+    }
+    Item {
+        id: texts
+
+        anchors.left: artworkTile.right
+        anchors.leftMargin: root.gap
+        anchors.right: chevron.left
+        anchors.rightMargin: root.gap
+        anchors.verticalCenter: parent.verticalCenter
+        // One height for all rows of a list, so that places in a long list can be computed.
+        height: Theme.callout.lineHeight * titleText.maximumLineCount + Theme.footnote.lineHeight
+        opacity: artworkTile.opacity
+
+        StyledText {
+            id: titleText
+
+            anchors.left: parent.left
+            width: Math.min(implicitWidth, parent.width - (root.isExplicit ? mark.width + root.airAround : 0))
+            text: root.title
+            style: Theme.callout
+            elide: Text.ElideRight
+            wrapMode: Text.Wrap
+            maximumLineCount: Theme.isAccessibilitySize ? 2 : 1
+            horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true
+        }
+        ExplicitMark {
+            id: mark
+
+            anchors.left: titleText.right
+            anchors.leftMargin: root.airAround
+            anchors.verticalCenter: titleText.verticalCenter
+            visible: root.isExplicit
+        }
+        StyledText {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: titleText.bottom
+            text: root.subtitle
+            style: Theme.footnote
+            color: Theme.secondaryLabel
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            horizontalAlignment: Text.AlignLeft
+            Accessible.ignored: true
+        }
+    }
+    Symbol {
+        id: chevron
+
+        anchors.right: parent.right
+        anchors.rightMargin: root.trailingInset
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.isOfGroup
+        name: "chevron.forward"
+        size: root.isOfGroup ? root.gap : 0
+        color: Theme.secondaryLabel
+        mirrors: true
+    }
+    MouseArea {
+        id: pointer
+
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: root.activated()
+    }
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import QtQuick.Templates as T
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// One of the picker's tabs. The arrow keys go from one to the next, and the Tab key to the chosen one.
+T.TabButton {
+    id: root
+
+    required property MediaPicker picker
+    required property int tab
+
+    checked: root.picker.tab === root.tab
+    focusPolicy: root.checked ? Qt.StrongFocus : Qt.ClickFocus
+    hoverEnabled: true
+    leftPadding: 12
+    rightPadding: 12
+    implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
+    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
+    onClicked: root.picker.tab = root.tab
+    onActiveFocusChanged: if (root.activeFocus) root.picker.tab = root.tab
+
+    Accessible.name: root.text
+    Accessible.selected: root.checked
+    Accessible.onPressAction: root.clicked()
+
+    background: Item {
+        Rectangle {
+            id: capsule
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            height: Theme.footnote.lineHeight + root.leftPadding
+            radius: height / 2
+            color: Theme.systemFill
+            opacity: root.checked ? 1 : root.hovered ? 0.5 : 0
+        }
+        FocusRing {
+            anchors.fill: capsule
+            radius: height / 2
+            visible: root.visualFocus
+        }
+    }
+    contentItem: StyledText {
+        text: root.text
+        style: Theme.footnote
+        font.weight: Font.DemiBold
+        color: root.checked ? Theme.label : Theme.secondaryLabel
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// The ways to look through the library, side by side; larger texts can be moved sideways.
+Flickable {
+    id: root
+
+    required property MediaPicker picker
+    readonly property real margin: 10
+
+    implicitHeight: row.implicitHeight
+    contentWidth: row.implicitWidth
+    contentHeight: row.implicitHeight
+    flickableDirection: Flickable.HorizontalFlick
+    interactive: row.implicitWidth > root.width
+    clip: interactive
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Lists")
+
+    Row {
+        id: row
+
+        leftPadding: root.margin
+        rightPadding: root.margin
+        width: Math.max(implicitWidth, root.width)
+        spacing: 4
+
+        PickerTab {
+            id: songsTab
+
+            picker: root.picker
+            tab: MediaPicker.Songs
+            text: qsTr("Songs")
+            KeyNavigation.right: artistsTab
+        }
+        PickerTab {
+            id: artistsTab
+
+            picker: root.picker
+            tab: MediaPicker.Artists
+            text: qsTr("Artists")
+            KeyNavigation.right: albumsTab
+        }
+        PickerTab {
+            id: albumsTab
+
+            picker: root.picker
+            tab: MediaPicker.Albums
+            text: qsTr("Albums")
+            KeyNavigation.right: recentTab
+        }
+        PickerTab {
+            id: recentTab
+
+            picker: root.picker
+            tab: MediaPicker.RecentlyAdded
+            text: qsTr("Recently Added")
+        }
+    }
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// Back, the title, and Cancel. Very large texts stand in two lines.
+Item {
+    id: root
+
+    required property MediaPicker picker
+    readonly property real margin: 18
+    readonly property real gap: 8
+    readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : 0) + root.margin + root.gap
+
+    implicitHeight: Theme.isAccessibilitySize ? cancel.height + title.implicitHeight + root.gap : Math.max(cancel.height, title.implicitHeight) + root.gap
+
+    PlainButton {
+        id: back
+
+        anchors.left: parent.left
+        anchors.leftMargin: root.margin
+        anchors.top: parent.top
+        anchors.topMargin: root.gap / 2
+        height: Theme.touchTarget
+        visible: root.picker.canGoBack
+        display: PlainButton.IconOnly
+        text: qsTr("Back")
+        symbolName: "chevron.backward"
+        symbolMirrors: true
+        onClicked: root.picker.goBack()
+    }
+    PlainButton {
+        id: cancel
+
+        anchors.right: parent.right
+        anchors.rightMargin: root.margin
+        anchors.top: parent.top
+        anchors.topMargin: root.gap / 2
+        height: Math.max(Theme.touchTarget, implicitHeight)
+        text: qsTr("Cancel")
+        onClicked: root.picker.cancel()
+    }
+    StyledText {
+        id: title
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.isAccessibilitySize ? root.margin : root.sides
+        anchors.rightMargin: anchors.leftMargin
+        height: Theme.isAccessibilitySize ? implicitHeight : parent.height
+        text: root.picker.title
+        style: Theme.headline
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+}

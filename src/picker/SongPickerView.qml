@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Picker
+import Trackwise.Ui
+
+/// The song picker: a sheet's content. The search field has the keyboard focus as soon as the sheet has it.
+FocusScope {
+    id: root
+
+    required property MediaPicker picker
+    readonly property real margin: 18
+
+    focus: true
+    implicitWidth: 540
+    implicitHeight: 640
+
+    Keys.onPressed: event => {
+        event.accepted = root.picker.handleKey(event.key, event.modifiers, false) || root.picker.type(event.text);
+    }
+    Component.onCompleted: root.picker.prepare()
+
+    Shortcut {
+        sequences: [StandardKey.Find]
+        onActivated: search.focusInput()
+    }
+    PickerTitleBar {
+        id: titleBar
+
+        anchors.top: parent.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        picker: root.picker
+    }
+    SearchField {
+        id: search
+
+        anchors.top: titleBar.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: root.margin
+        anchors.rightMargin: root.margin
+        focus: true
+        picker: root.picker
+    }
+    PickerPages {
+        anchors.top: search.bottom
+        anchors.topMargin: 4 // under the field's own air
+        anchors.bottom: banner.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        picker: root.picker
+    }
+    ScanBanner {
+        id: banner
+
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        height: visible ? implicitHeight : 0
+        visible: root.picker.scan.isRunning
+        scan: root.picker.scan
+    }
+}

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "picker/ListDifference.h"
+#include "picker/SectionLabels.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+using namespace trackwise;
+
+namespace {
+
+using Keys = std::vector<std::uint64_t>;
+
+/// What a list that follows the edits ends with: kept rows are those of @p before.
+Keys followed(const std::vector<ListEdit> &edits, const Keys &before, const Keys &after)
+{
+    Keys result;
+    size_t taken = 0;
+    for (const ListEdit &edit : edits) {
+        const auto count = static_cast<size_t>(edit.count);
+        if (edit.kind == ListEdit::Kind::Insert || edit.kind == ListEdit::Kind::Replace) {
+            const auto from = after.begin() + static_cast<std::ptrdiff_t>(result.size());
+            result.insert(result.end(), from, from + edit.count);
+            taken += edit.kind == ListEdit::Kind::Replace ? count : 0;
+            continue;
+        }
+        if (edit.kind == ListEdit::Kind::Keep) {
+            const auto from = before.begin() + static_cast<std::ptrdiff_t>(taken);
+            result.insert(result.end(), from, from + edit.count);
+        }
+        taken += count;
+    }
+    return taken == before.size() ? result : Keys{};
+}
+
+int rowsOf(const std::vector<ListEdit> &edits, ListEdit::Kind kind)
+{
+    return std::accumulate(edits.begin(), edits.end(), 0, [kind](int sum, const ListEdit &edit) {
+        return edit.kind == kind ? sum + edit.count : sum;
+    });
+}
+
+} // namespace
+
+class tst_ListDifference : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void leadsFromOneOrderToTheOther_data()
+    {
+        QTest::addColumn<Keys>("before");
+        QTest::addColumn<Keys>("after");
+        QTest::addColumn<int>("kept");
+        QTest::newRow("nothing at all") << Keys{} << Keys{} << 0;
+        QTest::newRow("first songs") << Keys{} << Keys{1, 2} << 0;
+        QTest::newRow("all gone") << Keys{1, 2} << Keys{} << 0;
+        QTest::newRow("same") << Keys{1, 2, 3} << Keys{1, 2, 3} << 3;
+        QTest::newRow("in the middle") << Keys{1, 4} << Keys{1, 2, 3, 4} << 2;
+        QTest::newRow("at both ends") << Keys{2, 3} << Keys{1, 2, 3, 4} << 2;
+        QTest::newRow("gone and come") << Keys{1, 2, 3, 4} << Keys{1, 5, 4} << 2;
+        QTest::newRow("one went to the front") << Keys{1, 2, 3, 4} << Keys{4, 1, 2, 3} << 3;
+        QTest::newRow("turned round") << Keys{1, 2, 3} << Keys{3, 2, 1} << 1;
+        QTest::newRow("repeated key") << Keys{1, 2} << Keys{1, 2, 1} << 2;
+    }
+    void leadsFromOneOrderToTheOther()
+    {
+        QFETCH(Keys, before);
+        QFETCH(Keys, after);
+        const auto edits = difference(before, after);
+        QCOMPARE(followed(edits, before, after), after);
+        QTEST(rowsOf(edits, ListEdit::Kind::Keep), "kept");
+    }
+
+    void coarseEditsLeadThereTooAndSpareTheVisibleRows()
+    {
+        std::mt19937 random(1);
+        for (int round = 0; round < 200; ++round) {
+            Keys all(120);
+            std::iota(all.begin(), all.end(), 1);
+            Keys before;
+            Keys after;
+            std::ranges::copy_if(all, std::back_inserter(before), [&](auto) { return random() % 3 != 0; });
+            std::ranges::copy_if(all, std::back_inserter(after), [&](auto) { return random() % 3 != 0; });
+            if (round % 2 == 1)
+                std::swap(after[random() % after.size()], after[random() % after.size()]);
+            const auto first = static_cast<int>(random() % before.size());
+            const int last = std::min(first + 9, static_cast<int>(before.size()) - 1);
+
+            const auto precise = difference(before, after);
+            const auto coarse = coarsened(precise, first, last);
+            QCOMPARE(followed(coarse, before, after), after);
+            QVERIFY(coarse.size() <= 2 * 10 + 6);
+
+            // Every visible row that the precise edits keep is kept.
+            int oldRow = 0;
+            int keptVisible = 0;
+            for (const ListEdit &edit : precise) {
+                if (edit.kind == ListEdit::Kind::Keep)
+                    keptVisible +=
+                        std::max(0, std::min(oldRow + edit.count - 1, last) - std::max(oldRow, first) + 1);
+                if (edit.kind != ListEdit::Kind::Insert)
+                    oldRow += edit.count;
+            }
+            QVERIFY(rowsOf(coarse, ListEdit::Kind::Keep) >= keptVisible);
+        }
+    }
+
+    void fitsLettersIntoTheIndex_data()
+    {
+        QTest::addColumn<int>("places");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("all fit") << 7 << QStringLiteral("ABCDEFG");
+        QTest::newRow("every other") << 6 << QStringLiteral("A•D•G");
+        QTest::newRow("ends only") << 3 << QStringLiteral("A•G");
+        QTest::newRow("no room") << 2 << QString();
+        QTest::newRow("hidden") << -1 << QString();
+    }
+    void fitsLettersIntoTheIndex()
+    {
+        QFETCH(int, places);
+        const QStringList labels = QStringLiteral("A B C D E F G").split(u' ');
+        QTEST(fittedLabels(labels, places).join(QString()), "shown");
+    }
+};
+
+Q_DECLARE_METATYPE(Keys)
+QTEST_GUILESS_MAIN(tst_ListDifference)
+#include "tst_ListDifference.moc"

@@ -1,0 +1,292 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "picker/MediaPicker.h"
+#include "support/SyntheticLibrary.h"
+#include "ui/Engine.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace trackwise;
+
+namespace {
+
+/// The picker in a window of a phone's size.
+struct PickerWindow
+{
+    explicit PickerWindow(int songCount)
+        : library(songCount)
+    {
+        QAccessible::setActive(true);
+        prepareEngine(*view.engine());
+        view.setInitialProperties({{QStringLiteral("picker"), QVariant::fromValue(&picker)}});
+        view.setResizeMode(QQuickView::SizeRootObjectToView);
+        view.resize(360, 720);
+        view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Picker/SongPickerView.qml")));
+        view.show();
+        QVERIFY(QTest::qWaitForWindowActive(&view));
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&view, key, modifiers);
+    }
+    void type(const char *text)
+    {
+        for (; *text; ++text)
+            QTest::keyClick(&view, *text);
+    }
+    [[nodiscard]] PersistentID picked() const
+    {
+        if (picks.size() != 1)
+            return {};
+        const auto items = picks.at(0).at(0).value<std::vector<MediaItem>>();
+        return items.size() == 1 ? items.front().persistentID : PersistentID{};
+    }
+    /// The visible list and its row's item.
+    [[nodiscard]] QQuickItem *list() const { return listBelow(view.rootObject()); }
+    [[nodiscard]] static QQuickItem *listBelow(QQuickItem *item)
+    {
+        if (item->inherits("QQuickListView") && item->isVisible() && item->property("isCurrent").toBool())
+            return item;
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *list = listBelow(child))
+                return list;
+        }
+        return nullptr;
+    }
+    [[nodiscard]] QQuickItem *rowItem(int row) const
+    {
+        QQuickItem *item = nullptr;
+        QMetaObject::invokeMethod(list(), "itemAtIndex", Q_RETURN_ARG(QQuickItem *, item), Q_ARG(int, row));
+        return item;
+    }
+    [[nodiscard]] qreal placeOf(int row) const
+    {
+        const QQuickItem *item = rowItem(row);
+        return item ? item->mapToItem(view.rootObject(), {0, 0}).y() : -1;
+    }
+    /// Role and name of everything that a screen reader finds below @p item.
+    void collectSpoken(QAccessibleInterface *interface, QStringList &names) const
+    {
+        if (!interface || interface->state().invisible)
+            return;
+        const QString name = interface->text(QAccessible::Name);
+        if (!name.isEmpty())
+            names.append(QStringLiteral("%1 %2").arg(static_cast<int>(interface->role())).arg(name));
+        for (int i = 0; i < interface->childCount(); ++i)
+            collectSpoken(interface->child(i), names);
+    }
+    [[nodiscard]] QStringList spoken()
+    {
+        QStringList names;
+        collectSpoken(QAccessible::queryAccessibleInterface(&view), names);
+        return names;
+    }
+
+    SyntheticLibrary library;
+    ScriptedScan scan;
+    MediaPicker picker{library, library, scan};
+    QSignalSpy picks{&picker, &MediaPicker::didPick};
+    QSignalSpy cancels{&picker, &MediaPicker::didCancel};
+    QQuickView view;
+};
+
+QString spokenAs(QAccessible::Role role, const QString &name)
+{
+    return QStringLiteral("%1 %2").arg(static_cast<int>(role)).arg(name);
+}
+
+} // namespace
+
+class tst_SongPicker : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QStringLiteral("en_US"))); }
+
+    void arrowsAndReturnPickASong()
+    {
+        PickerWindow w(100000);
+        QTRY_COMPARE(w.picker.songs()->count(), 100000);
+        QCOMPARE(w.picker.songs()->highlightedRow(), -1);
+        w.press(Qt::Key_Down);
+        w.press(Qt::Key_Down);
+        w.press(Qt::Key_Up);
+        QCOMPARE(w.picker.songs()->highlightedRow(), 0);
+        w.press(Qt::Key_PageDown);
+        QVERIFY(w.picker.songs()->highlightedRow() > 4);
+        w.press(Qt::Key_End);
+        QCOMPARE(w.picker.songs()->highlightedRow(), 99999);
+        QTRY_VERIFY(w.rowItem(99999));
+        w.press(Qt::Key_Home);
+        w.press(Qt::Key_Down);
+        QCOMPARE(w.picks.size(), 0);
+        w.press(Qt::Key_Return);
+        QCOMPARE(w.picked(), PersistentID{20});
+    }
+
+    void typingFindsASong()
+    {
+        PickerWindow w(1000);
+        QTRY_COMPARE(w.picker.songs()->count(), 1000);
+        w.type("song 000123");
+        w.press(Qt::Key_Return); // perhaps before the results are there
+        QTRY_COMPARE(w.picked(), PersistentID{1230});
+    }
+
+    void typingGoesToTheFieldFromTheList()
+    {
+        PickerWindow w(1000);
+        QTRY_COMPARE(w.picker.songs()->count(), 1000);
+        w.list()->forceActiveFocus();
+        w.type("00");
+        QCOMPARE(w.picker.searchText(), QStringLiteral("00"));
+        w.type("7");
+        QCOMPARE(w.picker.searchText(), QStringLiteral("007"));
+        QTRY_VERIFY(w.picker.isShowingResults());
+    }
+
+    void escapeClearsThenGoesBackThenCancels()
+    {
+        PickerWindow w(1000);
+        QTRY_COMPARE(w.picker.songs()->count(), 1000);
+        w.picker.setTab(MediaPicker::Tab::Albums);
+        QTRY_COMPARE(w.picker.albums()->count(), 100);
+        w.press(Qt::Key_Down);
+        w.press(Qt::Key_Down);
+        w.press(Qt::Key_Return);
+        QTRY_COMPARE(w.picker.groupSongs()->count(), 10);
+        QCOMPARE(w.picker.title(), QStringLiteral("Album 0000002"));
+        w.type("zzz");
+        QTRY_VERIFY(w.picker.isShowingResults());
+
+        w.press(Qt::Key_Escape);
+        QCOMPARE(w.picker.searchText(), QString());
+        QVERIFY(w.picker.isShowingGroup());
+        w.press(Qt::Key_Escape);
+        QVERIFY(!w.picker.isShowingGroup());
+        QCOMPARE(w.picker.albums()->highlightedRow(), 1);
+        QCOMPARE(w.cancels.size(), 0);
+        w.press(Qt::Key_Escape);
+        QCOMPARE(w.cancels.size(), 1);
+        QCOMPARE(w.picks.size(), 0);
+    }
+
+    void goesBackByAltLeft()
+    {
+        PickerWindow w(1000);
+        w.picker.setTab(MediaPicker::Tab::Artists);
+        QTRY_COMPARE(w.picker.artists()->count(), 10);
+        w.picker.activate(3);
+        QTRY_COMPARE(w.picker.groupSongs()->count(), 100);
+        w.press(Qt::Key_Left, Qt::AltModifier);
+        QVERIFY(!w.picker.isShowingGroup());
+        QCOMPARE(w.picker.currentList(), w.picker.artists());
+    }
+
+    void startsCleanOnTheLastTabWhenShownAgain()
+    {
+        PickerWindow w(1000);
+        w.picker.setTab(MediaPicker::Tab::RecentlyAdded);
+        QTRY_COMPARE(w.picker.recentlyAdded()->count(), 1000);
+        w.press(Qt::Key_Down);
+        w.type("000");
+        w.picker.cancel();
+        w.library.insert({25});
+        QTest::qWait(0);
+        QCOMPARE(w.picker.recentlyAdded()->count(), 1000); // nobody looks
+
+        w.picker.prepare();
+        QCOMPARE(w.picker.tab(), MediaPicker::Tab::RecentlyAdded);
+        QCOMPARE(w.picker.searchText(), QString());
+        QCOMPARE(w.picker.recentlyAdded()->highlightedRow(), -1);
+        QTRY_COMPARE(w.picker.recentlyAdded()->count(), 1001);
+    }
+
+    void givesNoSongWhenItVanished()
+    {
+        PickerWindow w(100);
+        QTRY_COMPARE(w.picker.songs()->count(), 100);
+        w.library.blockSignals(true);
+        w.library.remove({10});
+        w.picker.activate(0);
+        QCOMPARE(w.picks.size(), 1);
+        QVERIFY(w.picks.at(0).at(0).value<std::vector<MediaItem>>().empty());
+    }
+
+    void rowsInViewStayWhereTheyAreWhileAScanAddsSongs_data()
+    {
+        QTest::addColumn<int>("added");
+        QTest::newRow("a few") << 5;
+        QTest::newRow("very many") << 2000;
+    }
+    void rowsInViewStayWhereTheyAreWhileAScanAddsSongs()
+    {
+        QFETCH(int, added);
+        PickerWindow w(10000);
+        QTRY_COMPARE(w.picker.songs()->count(), 10000);
+        w.picker.songs()->highlight(5000);
+        QTRY_VERIFY(w.placeOf(5000) > 0);
+        w.picker.songs()->highlight(-1);
+        const qreal place = w.placeOf(5000);
+
+        w.library.blockSignals(true);
+        for (int i = 0; i < added; ++i) // before and after the rows in view, not between them
+            w.library.insert({static_cast<std::uint64_t>(i % 2 ? 1005 + i * 10 : 60005 + i * 10)});
+        w.library.blockSignals(false);
+        Q_EMIT w.library.libraryDidChange();
+        QTRY_COMPARE(w.picker.songs()->count(), 10000 + added);
+        const int moved = 5000 + added / 2;
+        QTRY_VERIFY(w.rowItem(moved));
+        QCOMPARE(w.placeOf(moved), place);
+        QTRY_COMPARE(w.rowItem(moved)->property("title").toString(), SyntheticLibrary::titleOf({50010}));
+    }
+
+    void saysWhyThereIsNothing()
+    {
+        PickerWindow w(0);
+        QSignalSpy folder(&w.picker, &MediaPicker::folderWanted);
+        QTRY_VERIFY(w.picker.songs()->isLoaded());
+        QCOMPARE(w.picker.emptyState().title, QStringLiteral("No Music Found"));
+        QVERIFY(w.spoken().contains(spokenAs(QAccessible::Button, QStringLiteral("Choose Folder…"))));
+
+        w.scan.report({.isRunning = true,
+                       .filesFound = 5678,
+                       .filesHandled = 1234,
+                       .isTotalKnown = true,
+                       .currentFolder = QStringLiteral("/music/<b>x</b>")});
+        QCOMPARE(w.picker.emptyState().title, QStringLiteral("Looking for Music"));
+        QVERIFY(w.spoken().contains(
+            spokenAs(QAccessible::ProgressBar, QStringLiteral("Reading music: 1,234 of 5,678"))));
+        w.picker.scan()->cancel();
+        QVERIFY(!w.picker.scan()->isRunning());
+
+        w.type("<i>x</i>");
+        QTRY_COMPARE(w.picker.emptyState().message, QStringLiteral("No song matches “<i>x</i>”."));
+    }
+
+    void isSpoken()
+    {
+        PickerWindow w(1000);
+        QTRY_COMPARE(w.picker.songs()->count(), 1000);
+        QTRY_VERIFY(w.rowItem(0));
+        const QStringList names = w.spoken();
+        for (const QString &expected : {
+                 spokenAs(QAccessible::Heading, QStringLiteral("Select Song")),
+                 spokenAs(QAccessible::Button, QStringLiteral("Cancel")),
+                 spokenAs(QAccessible::EditableText, QStringLiteral("Search Songs")),
+                 spokenAs(QAccessible::PageTab, QStringLiteral("Songs")),
+                 spokenAs(QAccessible::PageTab, QStringLiteral("Recently Added")),
+                 spokenAs(QAccessible::ListItem, QStringLiteral("Song 0000010, Artist 0000001")),
+                 spokenAs(QAccessible::ListItem, QStringLiteral("Song 0000070, Artist 0000001, explicit")),
+             })
+            QVERIFY2(names.contains(expected), qPrintable(expected + u'\n' + names.join(u'\n')));
+    }
+};
+
+QTEST_MAIN(tst_SongPicker)
+#include "tst_SongPicker.moc"

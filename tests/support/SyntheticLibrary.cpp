@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/SyntheticLibrary.h"
+
+#include <algorithm>
+
+namespace trackwise {
+
+namespace {
+
+constexpr std::uint64_t step = 10;
+constexpr std::uint64_t idsInAlbum = 10 * step;
+constexpr std::uint64_t idsInArtist = 100 * step;
+constexpr std::uint64_t letters = 26;
+constexpr size_t maxMatches = 1000;
+
+std::uint64_t groupOf(PersistentID song, std::uint64_t idsInOne)
+{
+    return (song.value - 1) / idsInOne + 1;
+}
+
+QString numbered(const QString &name, std::uint64_t number)
+{
+    return QStringLiteral("%1 %2").arg(name).arg(number, 7, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+SyntheticLibrary::SyntheticLibrary(int songCount)
+    : m_lastID(static_cast<std::uint64_t>(songCount) * step)
+{
+    m_songs.reserve(static_cast<size_t>(songCount));
+    for (std::uint64_t id = step; id <= m_lastID; id += step)
+        m_songs.push_back({id});
+}
+
+void SyntheticLibrary::insert(PersistentID song)
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_songs.insert(std::ranges::lower_bound(m_songs, song), song);
+    }
+    Q_EMIT libraryDidChange();
+}
+
+void SyntheticLibrary::remove(PersistentID song)
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        std::erase(m_songs, song);
+    }
+    Q_EMIT libraryDidChange();
+}
+
+QString SyntheticLibrary::titleOf(PersistentID song)
+{
+    return numbered(QStringLiteral("Song"), song.value);
+}
+
+std::vector<PersistentID> SyntheticLibrary::allSongs() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_songs;
+}
+
+qsizetype SyntheticLibrary::songCount() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return static_cast<qsizetype>(m_songs.size());
+}
+
+SongIndex SyntheticLibrary::songs(const SongScope &scope) const
+{
+    if (beforeSongs)
+        beforeSongs(scope);
+    SongIndex index{.songs = allSongs(), .sections = {}};
+    const auto keepIf = [&index](auto isWanted) { std::erase_if(index.songs, std::not_fn(isWanted)); };
+    switch (scope.kind) {
+    case SongScope::Kind::All:
+        for (size_t row = 0; row < index.songs.size(); ++row) {
+            const auto letter =
+                static_cast<char16_t>(u'A' + (index.songs[row].value - 1) * letters / m_lastID);
+            if (index.sections.empty() || index.sections.back().label != QString(QChar(letter)))
+                index.sections.push_back({QString(QChar(letter)), static_cast<qsizetype>(row)});
+        }
+        break;
+    case SongScope::Kind::RecentlyAdded:
+        std::ranges::reverse(index.songs);
+        break;
+    case SongScope::Kind::OfArtist:
+        keepIf([&](PersistentID id) { return GroupKey(groupOf(id, idsInArtist)) == scope.group; });
+        break;
+    case SongScope::Kind::OfAlbum:
+        keepIf([&](PersistentID id) { return GroupKey(groupOf(id, idsInAlbum)) == scope.group; });
+        break;
+    case SongScope::Kind::Matching:
+        keepIf([&](PersistentID id) { return titleOf(id).contains(scope.searchText, Qt::CaseInsensitive); });
+        index.songs.resize(std::min(index.songs.size(), maxMatches));
+        break;
+    }
+    return index;
+}
+
+std::vector<SongRow> SyntheticLibrary::songRows(std::span<const PersistentID> ids) const
+{
+    if (beforeRows)
+        beforeRows(ids);
+    std::vector<SongRow> rows;
+    for (const PersistentID id : ids)
+        rows.push_back({.id = id,
+                        .title = titleOf(id),
+                        .artist = numbered(QStringLiteral("Artist"), groupOf(id, idsInArtist)),
+                        .album = numbered(QStringLiteral("Album"), groupOf(id, idsInAlbum)),
+                        .artworkKey = {},
+                        .isExplicit = id.value % 70 == 0,
+                        .isAvailable = id.value % 130 != 0});
+    return rows;
+}
+
+GroupIndex SyntheticLibrary::groups(std::uint64_t idsInOne) const
+{
+    GroupIndex index;
+    for (const PersistentID id : allSongs()) {
+        const GroupKey key{static_cast<std::int64_t>(groupOf(id, idsInOne))};
+        if (index.groups.empty() || index.groups.back() != key)
+            index.groups.push_back(key);
+    }
+    return index;
+}
+
+GroupIndex SyntheticLibrary::artists() const
+{
+    return groups(idsInArtist);
+}
+GroupIndex SyntheticLibrary::albums() const
+{
+    return groups(idsInAlbum);
+}
+
+std::vector<GroupRow> SyntheticLibrary::rowsOfGroups(std::span<const GroupKey> groups, GroupNaming naming,
+                                                     std::uint64_t idsInOne) const
+{
+    std::vector<GroupRow> rows;
+    for (const GroupKey key : groups) {
+        const auto number = static_cast<std::uint64_t>(key);
+        const bool isAlbum = naming == GroupNaming::Album;
+        GroupRow row{.key = key, .songCount = static_cast<int>(idsInOne / step)};
+        row.name = numbered(isAlbum ? QStringLiteral("Album") : QStringLiteral("Artist"), number);
+        if (isAlbum)
+            row.artist = numbered(QStringLiteral("Artist"), (number - 1) / (idsInArtist / idsInAlbum) + 1);
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+std::vector<GroupRow> SyntheticLibrary::artistRows(std::span<const GroupKey> artists) const
+{
+    return rowsOfGroups(artists, GroupNaming::Artist, idsInArtist);
+}
+
+std::vector<GroupRow> SyntheticLibrary::albumRows(std::span<const GroupKey> albums) const
+{
+    return rowsOfGroups(albums, GroupNaming::Album, idsInAlbum);
+}
+
+LibraryAuthorizationStatus SyntheticLibrary::authorizationStatus() const
+{
+    return LibraryAuthorizationStatus::Authorized;
+}
+
+void SyntheticLibrary::requestAuthorization(AuthorizationHandler handler)
+{
+    handler(LibraryAuthorizationStatus::Authorized);
+}
+
+std::optional<MediaItem> SyntheticLibrary::song(PersistentID id) const
+{
+    if (!std::ranges::binary_search(allSongs(), id))
+        return std::nullopt;
+    MediaItem item;
+    item.title = titleOf(id);
+    item.persistentID = id;
+    return item;
+}
+
+std::vector<MediaItem> SyntheticLibrary::songs(const SongQuery &, int) const
+{
+    return {};
+}
+
+std::optional<MediaItem> SyntheticLibrary::songIgnoringCase(const QString &, const QString &) const
+{
+    return std::nullopt;
+}
+
+std::optional<MediaItem> SyntheticLibrary::songWithCatalogID(const QString &) const
+{
+    return std::nullopt;
+}
+
+} // namespace trackwise

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/LibraryBrowser.h"
+#include "platform/LibraryScan.h"
+#include "platform/MediaLibrary.h"
+
+#include <functional>
+#include <mutex>
+
+namespace trackwise {
+
+/// A library of made-up songs in memory, as large as wished. A song's texts follow from its identifier:
+/// titles rise with it from A to Z, ten songs make an album and a hundred an artist.
+class SyntheticLibrary : public MediaLibrary, public LibraryBrowser
+{
+    Q_OBJECT
+
+public:
+    /// Identifiers are 10, 20, 30 and so on; those between are free for insert().
+    explicit SyntheticLibrary(int songCount);
+
+    /// Both tell the library's observers.
+    void insert(PersistentID song);
+    void remove(PersistentID song);
+    [[nodiscard]] static QString titleOf(PersistentID song);
+    /// Called on the worker before each answer; may wait. Set it before the first question.
+    std::function<void(const SongScope &)> beforeSongs;
+    std::function<void(std::span<const PersistentID>)> beforeRows;
+
+    [[nodiscard]] qsizetype songCount() const override;
+    [[nodiscard]] SongIndex songs(const SongScope &scope) const override;
+    [[nodiscard]] std::vector<SongRow> songRows(std::span<const PersistentID> ids) const override;
+    [[nodiscard]] GroupIndex artists() const override;
+    [[nodiscard]] GroupIndex albums() const override;
+    [[nodiscard]] std::vector<GroupRow> artistRows(std::span<const GroupKey> artists) const override;
+    [[nodiscard]] std::vector<GroupRow> albumRows(std::span<const GroupKey> albums) const override;
+
+    [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override;
+    void requestAuthorization(AuthorizationHandler handler) override;
+    [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override;
+    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override;
+    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
+                                                            const QString &artist) const override;
+    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override;
+    void recordPlay(PersistentID, Instant) override {}
+    void recordSkip(PersistentID) override {}
+
+private:
+    enum class GroupNaming { Artist, Album };
+    [[nodiscard]] std::vector<PersistentID> allSongs() const;
+    [[nodiscard]] GroupIndex groups(std::uint64_t idsInOne) const;
+    [[nodiscard]] std::vector<GroupRow> rowsOfGroups(std::span<const GroupKey> groups, GroupNaming naming,
+                                                     std::uint64_t idsInOne) const;
+
+    mutable std::mutex m_mutex;
+    std::vector<PersistentID> m_songs;
+    std::uint64_t m_lastID;
+};
+
+/// A scan that says what it is told to say.
+class ScriptedScan : public LibraryScan
+{
+    Q_OBJECT
+
+public:
+    void start() override {}
+    void cancel() override { report({}); }
+    [[nodiscard]] ScanProgress progress() const override { return m_progress; }
+    void report(const ScanProgress &progress)
+    {
+        m_progress = progress;
+        Q_EMIT progressDidChange();
+    }
+
+private:
+    ScanProgress m_progress;
+};
+
+} // namespace trackwise
