@@ -112,6 +112,10 @@ const Plan &plan()
             {QStringLiteral("platform/linux/players"), names("platform")},
             {QStringLiteral("platform/linux/audio"), names("platform")},
             {QStringLiteral("platform/linux/integration"), names("platform")},
+            // Puts the others together into one device for the composition root.
+            {QStringLiteral("platform/linux/device"),
+             names("platform/linux/library platform/linux/players platform/linux/audio "
+                   "platform/linux/integration")},
             {QStringLiteral("platform/linux/recognizer"), names("platform fingerprint")},
         };
     }();

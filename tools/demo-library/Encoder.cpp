@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QProcess>
 
+#include <span>
 #include <stdexcept>
 
 namespace trackwise::demo {
@@ -43,8 +44,8 @@ void encode(const std::vector<float> &sound, const QString &path)
     ffmpeg.start(QStringLiteral("ffmpeg"), arguments);
     if (!ffmpeg.waitForStarted())
         throw std::runtime_error("cannot start ffmpeg; is it installed?");
-    ffmpeg.write(reinterpret_cast<const char *>(sound.data()),
-                 static_cast<qint64>(sound.size() * sizeof(float)));
+    const auto bytes = std::as_bytes(std::span(sound));
+    ffmpeg.write(reinterpret_cast<const char *>(bytes.data()), static_cast<qint64>(bytes.size()));
     ffmpeg.closeWriteChannel();
     if (!ffmpeg.waitForFinished(-1) || ffmpeg.exitStatus() != QProcess::NormalExit || ffmpeg.exitCode() != 0)
         throw std::runtime_error("ffmpeg failed: " + ffmpeg.readAllStandardError().toStdString());

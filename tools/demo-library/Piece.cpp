@@ -114,13 +114,15 @@ void append(Piece &piece, const Section &section)
 {
     for (const Line &line : section.lines) {
         Part &part = partOf(piece, line);
-        for (double round = 0; round < section.length; round += line.figure.length) {
+        double round = 0;
+        while (round < section.length) {
             for (Note note : line.figure.notes) {
                 if (round + note.start >= section.length)
                     continue;
                 note.start += piece.beats + round;
                 part.notes.push_back(note);
             }
+            round += line.figure.length;
         }
     }
     piece.beats += section.length;

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "cli/CommandLine.h"
+#include "platform/Result.h"
+#include "platform/linux/library/LinuxLibrary.h"
+
+#include <QSettings>
+
+#include <memory>
+#include <optional>
+
+namespace trackwise::cli {
+
+/// One call of the program, taken apart.
+struct Call
+{
+    std::vector<QByteArray> operands;
+    std::optional<QByteArray> database;   ///< --library; absolute
+    std::vector<QByteArray> musicFolders; ///< --folder; absolute; empty: the user's
+    bool wantsHelp = false;
+    bool wantsJson = false;
+    bool wantsMore = false;
+    bool wantsLyrics = false;
+};
+
+/// Which of these options a command knows; --help, --library and --folder are known to all.
+struct KnownOptions
+{
+    bool json = false;
+    bool more = false;
+    bool lyrics = false;
+};
+
+/// Takes @p arguments apart. The detail of a failure is a sentence for the user.
+[[nodiscard]] Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOptions &known);
+
+/// @p path from the current folder on, without "." and "..".
+[[nodiscard]] QByteArray absolutePath(const QByteArray &path);
+
+/// The library that a call is about: the user's, or what its options say.
+struct OpenLibrary
+{
+    std::unique_ptr<QSettings> settings;
+    std::unique_ptr<LinuxLibrary> library;
+
+    LinuxLibrary *operator->() const { return library.get(); }
+};
+[[nodiscard]] Result<OpenLibrary> openLibrary(const Call &call);
+
+} // namespace trackwise::cli

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Commands.h"
+
+#include "cli/Console.h"
+#include "platform/linux/library/scan/ScanController.h"
+
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+
+namespace trackwise::cli {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+volatile std::sig_atomic_t interrupted = 0;
+
+QString textOf(const ScanProgress &progress)
+{
+    const QString total = progress.isTotalKnown ? QString::number(progress.filesFound)
+                                                : QString::number(progress.filesFound) + u'+';
+    return QStringLiteral("%1 of %2 files  %3")
+        .arg(QString::number(progress.filesHandled), total, progress.currentFolder);
+}
+
+bool hasAnyFolder(const std::vector<QByteArray> &folders)
+{
+    return std::any_of(folders.begin(), folders.end(),
+                       [](const QByteArray &folder) { return QFileInfo(QFile::decodeName(folder)).isDir(); });
+}
+
+} // namespace
+
+ExitCode scanLibrary(const Call &call)
+{
+    const auto library = openLibrary(call);
+    if (!library)
+        return giveUp(library.failure());
+    const std::vector<QByteArray> &folders = (*library)->configuration().musicFolders;
+    if (folders.empty())
+        return giveUp(
+            {FailureKind::NotFound, QStringLiteral("there is no music folder; name one with --folder")});
+
+    ScanController scan((*library)->store(), folders);
+    {
+        StatusLine line;
+        QEventLoop loop;
+        QTimer interruption;
+        QObject::connect(&scan, &ScanController::progressDidChange, &loop,
+                         [&] { line.show(textOf(scan.progress())); });
+        QObject::connect(&scan, &ScanController::finished, &loop, &QEventLoop::quit, Qt::QueuedConnection);
+        // A signal handler may do no more than this; the timer does the rest.
+        std::signal(SIGINT, [](int) { interrupted = 1; });
+        std::signal(SIGTERM, [](int) { interrupted = 1; });
+        QObject::connect(&interruption, &QTimer::timeout, &loop, [&] {
+            if (interrupted != 0)
+                scan.cancel();
+        });
+        interruption.start(100ms);
+        scan.start();
+        loop.exec();
+    }
+    if (scan.failure())
+        return giveUp(*scan.failure());
+    if (interrupted != 0)
+        return giveUp({FailureKind::Cancelled, QStringLiteral("stopped; what has been read is kept")});
+    // Scanned all the same: the songs of an absent disk are marked as such.
+    for (const QByteArray &folder : folders)
+        if (!QFileInfo(QFile::decodeName(folder)).isDir())
+            complain(QStringLiteral("not there: ") + QFile::decodeName(folder));
+    const LibraryStatus status = (*library)->status();
+    print(QStringLiteral("%1 songs, %2 files with problems\n").arg(status.available).arg(status.problems));
+    return hasAnyFolder(folders) ? ExitCode::Success : ExitCode::NotFound;
+}
+
+} // namespace trackwise::cli
