@@ -18,7 +18,8 @@ std::unique_ptr<Alert> makeAlert(const AlertMessage &message, const AlertDestina
     if (message.includesOpenMusic)
         actions.push_back({Texts::tr("Open Music"), AlertAction::Style::Default, destinations.openMusic});
     if (message.includesOpenSettings && destinations.openSettings)
-        actions.push_back({Texts::tr("Open Settings"), AlertAction::Style::Default, destinations.openSettings});
+        actions.push_back(
+            {Texts::tr("Open Settings"), AlertAction::Style::Default, destinations.openSettings});
 
     const bool offersWayOut = !actions.empty();
     const int preferred = offersWayOut ? static_cast<int>(actions.size()) - 1 : 0;
@@ -28,26 +29,31 @@ std::unique_ptr<Alert> makeAlert(const AlertMessage &message, const AlertDestina
 
 AlertMessage songNotAddedToLibrary()
 {
-    return {Texts::tr("Song Not Added to Library"),
-            Texts::tr("This song needs to be added to your Music Library to access its information. You can do this "
-                 "in the Music app."),
-            true, false};
+    return {
+        Texts::tr("Song Not Added to Library"),
+        Texts::tr(
+            "This song needs to be added to your Music Library to access its information. You can do this "
+            "in the Music app."),
+        true, false};
 }
 
 AlertMessage libraryAccessDenied()
 {
-    return {Texts::tr("No Music Access"),
-            Texts::tr("Trackwise does not currently have access to your music library. Please turn on Media & Apple "
-                 "Music access in the Settings app."),
-            false, true};
+    return {
+        Texts::tr("No Music Access"),
+        Texts::tr(
+            "Trackwise does not currently have access to your music library. Please turn on Media & Apple "
+            "Music access in the Settings app."),
+        false, true};
 }
 
 AlertMessage libraryAccessRestricted()
 {
-    return {Texts::tr("No Music Access"),
-            Texts::tr("Trackwise does not have access to your music library due to restrictions enabled on your "
-                 "device."),
-            false, true};
+    return {
+        Texts::tr("No Music Access"),
+        Texts::tr("Trackwise does not have access to your music library due to restrictions enabled on your "
+                  "device."),
+        false, true};
 }
 
 AlertMessage noSongPlaying()

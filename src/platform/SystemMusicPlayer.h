@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <optional>
 
 namespace trackwise {
@@ -20,6 +21,10 @@ public:
     /// The library's record of what is playing, or one with persistent identifier 0 and what the player
     /// says when the library does not have the song. Nothing when no player has a song.
     [[nodiscard]] virtual std::optional<MediaItem> nowPlayingItem() const = 0;
+
+    /// Calls @p handler once nowPlayingItem() tells what is playing: at once, or soon after the start.
+    /// Not called when the player goes first.
+    virtual void whenReady(std::function<void()> handler) = 0;
 
     /// The change signal is sent only between these two; calls nest.
     virtual void beginGeneratingPlaybackNotifications() = 0;

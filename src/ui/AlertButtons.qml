@@ -69,8 +69,7 @@ Grid {
                 id: label
 
                 text: button.text
-                style: Theme.body
-                font.weight: button.index === root.alert?.preferredAction ? Font.DemiBold : Font.Normal
+                style: root.alert && button.index === root.alert.preferredAction ? Theme.headline : Theme.body
                 color: Theme.accent
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter

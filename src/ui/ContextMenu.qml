@@ -3,8 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// A menu that opens where the user asked for it, or below a button. Its items are ContextMenuItem and
-/// ContextMenuSeparator.
+/// A menu that opens where the user asked for it, or below a button. Its items are ContextMenuItem.
 T.Menu {
     id: root
 

@@ -8,18 +8,32 @@ T.MenuItem {
     id: root
 
     property string symbolName: ""
+    /// Starts a section of the menu.
+    property bool hasLineAbove: false
+    readonly property real lineRoom: hasLineAbove ? 9 : 0
 
     implicitWidth: label.implicitWidth + symbol.width + 52
-    implicitHeight: Math.max(40, label.implicitHeight + 16)
+    implicitHeight: Math.max(40, label.implicitHeight + 16) + lineRoom
+    topPadding: lineRoom
     width: ListView.view ? ListView.view.width : implicitWidth
     hoverEnabled: true
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.text
 
-    background: Rectangle {
-        radius: 8
-        color: Theme.systemFill
-        opacity: root.down ? 1 : root.highlighted ? 0.6 : 0
+    background: Item {
+        Rectangle {
+            anchors.fill: parent
+            anchors.topMargin: root.lineRoom
+            radius: 8
+            color: Theme.systemFill
+            opacity: root.down ? 1 : root.highlighted ? 0.6 : 0
+        }
+        Separator {
+            x: 6
+            y: root.lineRoom / 2
+            width: parent.width - 2 * x
+            visible: root.hasLineAbove
+        }
     }
     contentItem: Item {
         opacity: root.enabled ? 1 : 0.4

@@ -39,6 +39,7 @@ public:
 
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QUrl source() const { return m_source; }
+    [[nodiscard]] const QObject *model() const { return m_model.get(); }
     [[nodiscard]] QVariantMap properties() const { return m_properties; }
 
 private:

@@ -62,6 +62,13 @@ TextStyle TextStyle::bold() const
     return style;
 }
 
+TextStyle TextStyle::medium() const
+{
+    TextStyle style = *this;
+    style.font.setWeight(QFont::Medium);
+    return style;
+}
+
 Theme::Theme(QObject *parent)
     : QObject(parent)
 {}

@@ -22,8 +22,9 @@ public:
     QFont font;
     qreal lineHeight = 0;
 
-    /// The same style in bold.
+    /// The same style in bold, and in medium weight.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const;
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle medium() const;
 
     friend bool operator==(const TextStyle &, const TextStyle &) = default;
 };

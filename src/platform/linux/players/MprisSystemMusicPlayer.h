@@ -32,7 +32,7 @@ public:
 
     /// Calls @p handler once nowPlayingItem() tells what was playing when this was made: at once or within
     /// about a second. Before that it tells nothing. Not called when the player goes first.
-    void whenReady(std::function<void()> handler);
+    void whenReady(std::function<void()> handler) override;
     /// Looks the track up again; for when the library has changed. The change signal is sent only if it is
     /// another song now: a play counted since is none.
     void refresh();

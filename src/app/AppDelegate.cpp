@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/AppDelegate.h"
+
+#include "artwork/ArtworkImageProvider.h"
+#include "picker/MediaPicker.h"
+#include "platform/MediaLibrary.h"
+#include "preferences/Preferences.h"
+#include "ui/Engine.h"
+#include "ui/Theme.h"
+
+#include <algorithm>
+
+namespace trackwise {
+
+namespace {
+
+Instant now()
+{
+    return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+}
+
+ArtworkLoader::Resolver artworkOf(MediaLibrary &library)
+{
+    return [&library](PersistentID id) {
+        const std::optional<MediaItem> song = library.song(id);
+        return song ? song->artwork : ArtworkPtr();
+    };
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObject *parent)
+    : QObject(parent)
+    , m_device(device)
+    , m_preferences(preferences)
+    , m_artworkLoader(artworkOf(device.library))
+    , m_artworkFiles(device.cacheFolder)
+    , m_artworkServices{device.player, device.addresses, m_artworkLoader, m_artworkFiles, now}
+    , m_detailServices{
+          device.library,
+          device.systemPlayer,
+          preferences,
+          device.addresses,
+          m_artworkServices,
+          device.catalog,
+          m_searches,
+          [this] { return std::make_shared<MediaPicker>(m_device.library, m_device.browser, m_device.scan); },
+          [this] { return static_cast<int>(m_scenes.size()); },
+          {},
+          FormatLocale::fromEnvironment(),
+          QTimeZone::systemTimeZone()}
+    , m_containerServices{device.player,    preferences,      m_artworkServices,
+                          device.addresses, device.storePage, [] { return QDateTime::currentDateTime(); }}
+{
+    prepareEngine(m_engine);
+    m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));
+    connect(&device.appearance, &Appearance::appearanceDidChange, this, &AppDelegate::applyAppearance);
+    applyAppearance();
+}
+
+AppDelegate::~AppDelegate()
+{
+    m_scenes.clear();
+}
+
+void AppDelegate::didFinishLaunching()
+{
+    if (!m_preferences.firstLaunchDate())
+        m_preferences.setFirstLaunchDate(QDateTime::currentDateTimeUtc());
+}
+
+void AppDelegate::newWindow()
+{
+    m_scenes.push_back(std::make_unique<WindowScene>(m_engine, m_detailServices, m_containerServices));
+    WindowScene *scene = m_scenes.back().get();
+    connect(
+        scene, &WindowScene::didClose, this, [this, scene] { removeScene(scene); }, Qt::QueuedConnection);
+    connect(&scene->detail(), &DetailViewController::newWindowWanted, this, &AppDelegate::newWindow);
+    scene->show();
+}
+
+void AppDelegate::activate()
+{
+    if (m_scenes.empty())
+        newWindow();
+    else
+        m_scenes.back()->raise();
+}
+
+void AppDelegate::removeScene(WindowScene *scene)
+{
+    std::erase_if(m_scenes, [scene](const auto &open) { return open.get() == scene; });
+}
+
+void AppDelegate::applyAppearance()
+{
+    const Appearance &appearance = m_device.appearance;
+    themeOf(m_engine).setSettings({appearance.isDark(), appearance.prefersHighContrast(),
+                                   appearance.prefersReducedMotion(), static_cast<int>(appearance.textSize()),
+                                   appearance.accent()});
+}
+
+} // namespace trackwise

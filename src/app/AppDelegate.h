@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/WindowScene.h"
+#include "artwork/ArtworkFiles.h"
+#include "artwork/ArtworkLoader.h"
+#include "lookup/CatalogLookup.h"
+#include "platform/Appearance.h"
+#include "platform/LibraryBrowser.h"
+#include "platform/LibraryScan.h"
+
+#include <QQmlEngine>
+
+#include <memory>
+#include <vector>
+
+namespace trackwise {
+
+/// What the app is given of the device.
+struct AppDevice
+{
+    MediaLibrary &library;
+    const LibraryBrowser &browser;
+    LibraryScan &scan;
+    MusicPlayer &player;
+    SystemMusicPlayer &systemPlayer;
+    Appearance &appearance;
+    AddressOpener &addresses;
+    const CatalogLookup &catalog;
+    QString cacheFolder;
+    QUrl storePage; ///< where reviews are written
+};
+
+/// The app itself: what all windows share, and the windows. Main thread.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p device and @p preferences must outlive the app.
+    AppDelegate(const AppDevice &device, Preferences &preferences, QObject *parent = nullptr);
+    ~AppDelegate() override;
+
+    /// Records the day of the first launch, once.
+    void didFinishLaunching();
+    Q_INVOKABLE void newWindow();
+    /// Brings a window of ours to the front, or opens one.
+    void activate();
+    [[nodiscard]] const std::vector<std::unique_ptr<WindowScene>> &scenes() const { return m_scenes; }
+
+    /// Shows the settings in the window of that presentation; set by whoever makes the settings screen.
+    void setSettingsScreen(std::function<void(Presentation &)> open)
+    {
+        m_detailServices.openSettings = std::move(open);
+    }
+
+private:
+    void applyAppearance();
+    void removeScene(WindowScene *scene);
+
+    AppDevice m_device;
+    Preferences &m_preferences;
+    ArtworkLoader m_artworkLoader;
+    ArtworkFiles m_artworkFiles;
+    ArtworkServices m_artworkServices;
+    QThreadPool m_searches;
+    DetailServices m_detailServices;
+    ContainerServices m_containerServices;
+    QQmlEngine m_engine; ///< its image provider looks at the loader
+    std::vector<std::unique_ptr<WindowScene>> m_scenes;
+};
+
+} // namespace trackwise

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/StartOptions.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+namespace trackwise {
+
+namespace {
+
+std::optional<QSize> sizeFrom(const QString &text)
+{
+    const QStringList parts = text.split(u'x');
+    if (parts.size() != 2)
+        return std::nullopt;
+    const QSize size(parts.at(0).toInt(), parts.at(1).toInt());
+    return size.isEmpty() ? std::nullopt : std::optional(size);
+}
+
+} // namespace
+
+Result<StartOptions> parseStartOptions(const QStringList &arguments)
+{
+    const QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("Use the demo library."));
+    const QCommandLineOption show(
+        QStringLiteral("show"),
+        QStringLiteral("Show this song: a file, an identifier, or words to search for."),
+        QStringLiteral("SONG"));
+    const QCommandLineOption screenshot(
+        QStringLiteral("screenshot"),
+        QStringLiteral("Save a picture of the window once the song is drawn, then quit."),
+        QStringLiteral("FILE"));
+    const QCommandLineOption library(QStringLiteral("library"),
+                                     QStringLiteral("Keep the library in this file."), QStringLiteral("DB"));
+    const QCommandLineOption folder(QStringLiteral("folder"),
+                                    QStringLiteral("Look for music in this folder."), QStringLiteral("DIR"));
+    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Size of the window in points."),
+                                  QStringLiteral("WIDTHxHEIGHT"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Shows everything that a music library knows about one song.\n\n"
+                       "Without a window: trackwise info, trackwise library (see their --help)."));
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
+    parser.addOptions({demo, show, screenshot, library, folder, size});
+    if (!parser.parse(arguments))
+        return Failure{FailureKind::Malformed, parser.errorText()};
+
+    StartOptions options;
+    if (parser.isSet(help))
+        options.answer = parser.helpText();
+    else if (parser.isSet(version))
+        options.answer = QStringLiteral("trackwise %1\n").arg(QCoreApplication::applicationVersion());
+    options.usesDemoLibrary = parser.isSet(demo);
+    options.show = parser.value(show);
+    options.screenshotFile = parser.value(screenshot);
+    options.database = parser.value(library);
+    options.folder = parser.value(folder);
+    if (parser.isSet(size)) {
+        options.size = sizeFrom(parser.value(size));
+        if (!options.size)
+            return Failure{FailureKind::Malformed, QStringLiteral("not a size: %1").arg(parser.value(size))};
+    }
+    return options;
+}
+
+} // namespace trackwise

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Result.h"
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace trackwise {
+
+/// What the program was asked for when it was started with a window.
+struct StartOptions
+{
+    bool usesDemoLibrary = false;
+    QString show;                  ///< a song: its file, its identifier, or words to search for
+    QString screenshotFile;        ///< save the window there once the song is drawn, then quit
+    QString database;              ///< another library than the user's
+    QString folder;                ///< another music folder than the user's
+    std::optional<QSize> size;     ///< of the first window, in points
+    std::optional<QString> answer; ///< to print instead of starting: help, or the version
+
+    friend bool operator==(const StartOptions &, const StartOptions &) = default;
+};
+
+/// @p arguments start with the program's name. Malformed where they make no sense; the detail says why.
+[[nodiscard]] Result<StartOptions> parseStartOptions(const QStringList &arguments);
+
+} // namespace trackwise

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/ContainerViewController.h"
+#include "detail/DetailViewController.h"
+#include "ui/Presentation.h"
+
+#include <QObject>
+#include <QQuickWindow>
+
+#include <memory>
+
+class QQmlEngine;
+
+namespace trackwise {
+
+/// One window and all that belongs to it alone. Main thread.
+class WindowScene : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The services and the engine must outlive the scene.
+    WindowScene(QQmlEngine &engine, const DetailServices &detailServices,
+                const ContainerServices &containerServices, QObject *parent = nullptr);
+    ~WindowScene() override;
+
+    void show();
+    /// Brings the window to the front, as far as the desktop lets us.
+    void raise();
+    [[nodiscard]] QQuickWindow &window() { return *m_window; }
+    [[nodiscard]] DetailViewController &detail() { return m_detail; }
+    [[nodiscard]] Presentation &presentation() { return m_presentation; }
+
+Q_SIGNALS:
+    void didClose();
+
+private:
+    Presentation m_presentation;
+    DetailViewController m_detail;
+    ContainerViewController m_container;
+    std::unique_ptr<QQuickWindow> m_window; ///< last: its views look at the others
+};
+
+} // namespace trackwise

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "information/FormatLocale.h"
+
+#include <QThreadPool>
+#include <QTimeZone>
+
+#include <functional>
+#include <memory>
+
+namespace trackwise {
+
+class AddressOpener;
+struct ArtworkServices;
+class CatalogLookup;
+class MediaLibrary;
+class MediaPicker;
+class Preferences;
+class Presentation;
+class SystemMusicPlayer;
+
+/// What detail controllers need of the device and the app; one for all windows.
+struct DetailServices
+{
+    MediaLibrary &library;
+    SystemMusicPlayer &systemPlayer;
+    Preferences &preferences;
+    AddressOpener &addresses;
+    const ArtworkServices &artwork;
+    const CatalogLookup &catalog;
+    QThreadPool &searches; ///< for searches of the library; waited for before the library goes
+    std::function<std::shared_ptr<MediaPicker>()> makePicker;
+    std::function<int()> connectedScenes;
+    /// Opens the settings screen in the window of that presentation; may be empty.
+    std::function<void(Presentation &)> openSettings;
+    FormatLocale locale;
+    QTimeZone zone;
+};
+
+} // namespace trackwise

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "artwork/ArtworkView.h"
+#include "detail/DetailServices.h"
+#include "detail/DetailViewControllerDelegate.h"
+#include "detail/LibraryAccessGate.h"
+#include "detail/LinkDrop.h"
+#include "detail/MoreMenu.h"
+#include "detail/NowPlayingSource.h"
+#include "detail/SongPickerSource.h"
+#include "information/InformationView.h"
+#include "ui/Presentation.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace trackwise {
+
+/// The main screen of a window. Holds the song that is shown; every source of songs ends in
+/// displayMediaItem(), and clearSelectedSong() is the one way back to no song. Main thread.
+class DetailViewController : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("one for each window")
+    Q_PROPERTY(trackwise::InformationView *informationView READ informationView NOTIFY songDidChange)
+    Q_PROPERTY(trackwise::ArtworkView *artworkView READ artworkView NOTIFY songDidChange)
+    Q_PROPERTY(bool isNoSongLabelVisible READ isNoSongLabelVisible NOTIFY noSongLabelDidChange)
+    Q_PROPERTY(trackwise::MoreMenu *moreMenu READ moreMenu CONSTANT)
+    Q_PROPERTY(trackwise::Presentation *presentation READ presentation CONSTANT)
+
+public:
+    using Completion = NowPlayingSource::Completion;
+
+    /// @p services and @p presentation must outlive the controller.
+    DetailViewController(const DetailServices &services, Presentation &presentation,
+                         QObject *parent = nullptr);
+    ~DetailViewController() override;
+
+    /// The delegate is held weakly: it is not told of anything once it has gone.
+    template <typename Delegate>
+    void setDelegate(Delegate *delegate)
+    {
+        m_delegate = delegate;
+        m_delegateObject = delegate;
+    }
+
+    /// To be called once, when the view is there: shows what is playing now, and follows it.
+    void viewDidLoad();
+
+    /// Shows a song of the library. One that is not in it (persistent identifier 0) is refused: the song
+    /// shown before stays. @p completion, which may be empty, is told whether the song was shown.
+    void displayMediaItem(const MediaItem &mediaItem, bool isNowPlaying, bool showsNotInLibraryAlert,
+                          const Completion &completion = {});
+    /// Rebuilds the information view. For displayMediaItem() and the search for a dropped link only.
+    void showInformationView(const MediaItem &mediaItem);
+    void updateMoreMenu();
+    void presentAlert(const QString &title, const QString &message, bool includesOpenMusic,
+                      bool includesOpenSettings);
+
+    void selectNowPlayingSong(bool showsAlerts, Completion completion = {});
+    void selectSongFromNowPlaying();
+    void presentLyrics(const MediaItem &mediaItem);
+
+    // What the user can ask for.
+    Q_INVOKABLE void selectSongFromLibrary();
+    Q_INVOKABLE void selectSongNowPlayingKeyCommanded() { selectNowPlayingSong(true); }
+    Q_INVOKABLE void clearSelectedSong();
+    Q_INVOKABLE void handleDroppedURLs(const QStringList &addresses);
+    Q_INVOKABLE void pasteLink();
+
+    [[nodiscard]] const std::optional<MediaItem> &visibleMediaItem() const { return m_visibleMediaItem; }
+    [[nodiscard]] bool isTrackingNowPlaying() const { return m_isTrackingNowPlaying; }
+    [[nodiscard]] InformationView *informationView() const { return m_informationView.get(); }
+    /// Stands above the list in narrow windows; there while the list is.
+    [[nodiscard]] ArtworkView *artworkView() const { return m_artworkView.get(); }
+    [[nodiscard]] bool isNoSongLabelVisible() const { return m_noSongLabelVisible; }
+    [[nodiscard]] MoreMenu *moreMenu() const { return m_moreMenu; }
+    [[nodiscard]] Presentation *presentation() const { return &m_presentation; }
+
+Q_SIGNALS:
+    void songDidChange();
+    void noSongLabelDidChange();
+    void newWindowWanted();
+
+private:
+    void showPlayingSongAtStart();
+    void systemNowPlayingItemDidChange();
+    [[nodiscard]] LinkDrop::Actions linkActions();
+    void librarySongDidChange(PersistentID song);
+    void presentMessage(const AlertMessage &message);
+    void perform(MoreCommand command);
+    void setNoSongLabelVisible(bool visible);
+    void tellDelegate(const std::optional<MediaItem> &mediaItem, bool isNowPlaying);
+    [[nodiscard]] std::unique_ptr<InformationView> makeInformationView(const MediaItem &mediaItem);
+
+    const DetailServices &m_services;
+    Presentation &m_presentation;
+    DetailViewControllerDelegate *m_delegate = nullptr;
+    QPointer<QObject> m_delegateObject;
+    std::optional<MediaItem> m_visibleMediaItem;
+    bool m_isTrackingNowPlaying = false;
+    bool m_noSongLabelVisible = false;
+    std::unique_ptr<ArtworkView> m_artworkView;
+    std::unique_ptr<InformationView> m_informationView;
+    MoreMenu *m_moreMenu;
+    LibraryAccessGate *m_gate;
+    NowPlayingSource *m_nowPlaying;
+    SongPickerSource *m_picker;
+    LinkDrop *m_linkDrop;
+};
+
+} // namespace trackwise

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQml
+import QtQuick
+import Trackwise.Detail
+import Trackwise.Ui
+
+/// The menu behind the "More" button.
+ContextMenu {
+    id: root
+
+    required property MoreMenu menu
+
+    heading: root.menu.title
+
+    Instantiator {
+        model: root.menu
+        onObjectAdded: (index, object) => root.insertItem(index, object)
+        onObjectRemoved: (index, object) => root.removeItem(object)
+
+        delegate: ContextMenuItem {
+            required property int index
+            required property string title
+            required symbolName
+            required property bool isEnabled
+            required property bool startsSection
+
+            text: title
+            enabled: isEnabled
+            hasLineAbove: startsSection
+            onTriggered: root.menu.trigger(index)
+        }
+    }
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "detail/NowPlayingSource.h"
+
+#include <QPointer>
+
+namespace trackwise {
+
+NowPlayingSource::NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate &gate, Display display,
+                                   LibraryAccessGate::PresentAlert presentAlert, QObject *parent)
+    : QObject(parent)
+    , m_player(player)
+    , m_gate(gate)
+    , m_display(std::move(display))
+    , m_presentAlert(std::move(presentAlert))
+{}
+
+void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion completion)
+{
+    m_gate.requestLibraryAccess(
+        showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
+        [source = QPointer(this), showsAlerts, completion = std::move(completion)](bool authorized) {
+            if (source && authorized)
+                source->take(showsAlerts, completion);
+        });
+}
+
+void NowPlayingSource::take(bool showsAlerts, const Completion &completion)
+{
+    if (const std::optional<MediaItem> song = m_player.nowPlayingItem()) {
+        m_display(*song, showsAlerts, completion);
+        return;
+    }
+    if (completion)
+        completion(false);
+    if (showsAlerts)
+        m_presentAlert(noSongPlaying());
+}
+
+} // namespace trackwise

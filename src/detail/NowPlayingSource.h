@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "detail/LibraryAccessGate.h"
+#include "platform/SystemMusicPlayer.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace trackwise {
+
+/// Takes the song that the system's player is playing now. Main thread.
+class NowPlayingSource : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Completion = std::function<void(bool shown)>;
+    /// Shows a song that is playing now; the Boolean says whether to complain when it is not in the library.
+    using Display = std::function<void(const MediaItem &, bool showsNotInLibraryAlert, Completion)>;
+
+    NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate &gate, Display display,
+                     LibraryAccessGate::PresentAlert presentAlert, QObject *parent = nullptr);
+
+    /// Without permission nothing is shown and @p completion, which may be empty, is not called.
+    void selectNowPlayingSong(bool showsAlerts, Completion completion);
+
+private:
+    void take(bool showsAlerts, const Completion &completion);
+
+    SystemMusicPlayer &m_player;
+    LibraryAccessGate &m_gate;
+    Display m_display;
+    LibraryAccessGate::PresentAlert m_presentAlert;
+};
+
+} // namespace trackwise

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Result.h"
+#include "platform/linux/integration/DesktopAddressOpener.h"
+#include "platform/linux/integration/DesktopAppearance.h"
+#include "platform/linux/integration/NetworkHttpClient.h"
+#include "platform/linux/integration/StoredDeviceSettings.h"
+#include "platform/linux/library/LinuxLibrary.h"
+#include "platform/linux/players/ApplicationMusicPlayer.h"
+#include "platform/linux/players/MprisPublisher.h"
+#include "platform/linux/players/MprisSystemMusicPlayer.h"
+
+#include <QSettings>
+
+#include <functional>
+#include <memory>
+
+namespace trackwise {
+
+/// Everything that the app asks of this device, wired together. One for the process; it outlives all windows.
+/// Main thread.
+class Device
+{
+public:
+    struct Options
+    {
+        QString appId;
+        /// The settings screen's file; the user's answer about the library is kept there too.
+        QString settingsFile;
+        /// Another library than that of the settings. Whoever names one has allowed its use.
+        std::optional<LibraryConfiguration> library;
+        std::function<void()> raise; ///< brings a window of ours to the front
+        std::function<void()> quit;
+    };
+
+    /// Fails when the library cannot be opened.
+    [[nodiscard]] static Result<std::unique_ptr<Device>> open(const Options &options);
+    ~Device();
+
+    [[nodiscard]] LinuxLibrary &library() { return *m_library; }
+    [[nodiscard]] StoredDeviceSettings &settings() { return m_settings; }
+    [[nodiscard]] Appearance &appearance() { return m_appearance; }
+    [[nodiscard]] MusicPlayer &player() { return m_player; }
+    [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
+    [[nodiscard]] HttpClient &http() { return m_http; }
+    [[nodiscard]] const QSettings &settingsFile() const { return *m_settingsFile; }
+    [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
+
+private:
+    struct Files;
+    Device(const Options &options, Files files);
+    void connectCounts();
+    void followIgnoredPlayers();
+
+    std::unique_ptr<QSettings> m_settingsFile;
+    std::unique_ptr<QSettings> m_accessFile; ///< of a library other than that of the settings
+    StoredDeviceSettings m_settings;
+    DesktopAppearance m_appearance;
+    std::unique_ptr<LinuxLibrary> m_library;
+    ApplicationMusicPlayer m_player;
+    MprisPublisher m_publisher;
+    MprisSystemMusicPlayer m_systemPlayer;
+    DesktopAddressOpener m_addresses;
+    NetworkHttpClient m_http;
+};
+
+} // namespace trackwise
