@@ -19,11 +19,8 @@ T.ApplicationWindow {
     minimumHeight: 300
     title: qsTr("Trackwise")
     color: Theme.systemBackground
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true
-
-    T.Overlay.overlay.LayoutMirroring.enabled: LayoutMirroring.enabled
-    T.Overlay.overlay.LayoutMirroring.childrenInherit: true
 
     ContainerView {
         anchors.fill: parent

@@ -83,6 +83,11 @@ void Theme::setSettings(const ThemeSettings &settings)
     Q_EMIT changed();
 }
 
+bool Theme::isRightToLeft() const
+{
+    return QGuiApplication::layoutDirection() == Qt::RightToLeft;
+}
+
 bool Theme::isAccessibilitySize() const
 {
     return m_settings.textSize >= firstAccessibilitySize;

@@ -51,6 +51,7 @@ class Theme : public QObject
 
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
     Q_PROPERTY(bool isAccessibilitySize READ isAccessibilitySize NOTIFY changed)
 
     Q_PROPERTY(QColor systemBackground READ systemBackground NOTIFY changed)
@@ -89,6 +90,8 @@ public:
 
     [[nodiscard]] bool isDark() const { return m_settings.isDark; }
     [[nodiscard]] bool reducesMotion() const { return m_settings.reducesMotion; }
+    /// Whether the user's language is written from right to left.
+    [[nodiscard]] bool isRightToLeft() const;
     [[nodiscard]] bool isAccessibilitySize() const;
 
     [[nodiscard]] QColor systemBackground() const;
