@@ -18,7 +18,9 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr std::size_t queueLength = 128;
+constexpr std::size_t handful =
+    16; ///< files that change threads together: waking a thread for each costs more
+constexpr std::size_t queueLength = 8; ///< handfuls
 constexpr std::size_t batchSize = 500;
 constexpr auto longestWait = 1s; ///< until songs that have been read are seen
 constexpr int indexStep = 4000;  ///< songs; about a tenth of a second of writing
@@ -61,7 +63,10 @@ public:
     Pipeline(const std::vector<QByteArray> &roots, FileChanges::Needs &needs)
         : m_roots(roots)
     {
-        const auto hand = [this](auto task) { return m_tasks.push(std::move(task), m_stop.get_token()); };
+        const auto hand = [this](auto task) {
+            m_gathered.emplace_back(std::move(task));
+            return m_gathered.size() < handful || handOver();
+        };
         needs = {hand, hand, [hand](ScanProblem problem) { (void)hand(std::move(problem)); }};
     }
 
@@ -73,6 +78,7 @@ public:
                 [&changes](const QByteArray &folder) { changes.takeUnreadable(folder); }};
             m_isWalkComplete = FolderWalk::walk(m_roots, visitor, m_stop.get_token());
             monitor.noteAllFound();
+            (void)handOver();
             m_tasks.close();
         });
         m_readersAtWork = readers;
@@ -80,7 +86,7 @@ public:
             m_threads.emplace_back([this] { read(); });
     }
 
-    [[nodiscard]] std::optional<Outcome> next() { return m_outcomes.pop(m_stop.get_token()); }
+    [[nodiscard]] std::optional<std::vector<Outcome>> next() { return m_outcomes.pop(m_stop.get_token()); }
     void stop() { m_stop.request_stop(); }
     [[nodiscard]] bool isStopped() const { return m_stop.stop_requested(); }
     /// Whether all folders were walked. Waits for the threads.
@@ -92,11 +98,20 @@ public:
     ~Pipeline() { stop(); }
 
 private:
+    bool handOver() { return m_tasks.push(std::exchange(m_gathered, {}), m_stop.get_token()); }
+
     void read()
     {
-        while (std::optional<Task> task = m_tasks.pop(m_stop.get_token())) {
-            Outcome outcome = std::visit([](auto &&t) { return performed(std::move(t)); }, *std::move(task));
-            if (!m_outcomes.push(std::move(outcome), m_stop.get_token()))
+        while (std::optional<std::vector<Task>> tasks = m_tasks.pop(m_stop.get_token())) {
+            std::vector<Outcome> outcomes;
+            outcomes.reserve(tasks->size());
+            for (Task &task : *tasks) {
+                if (m_stop.stop_requested())
+                    break;
+                outcomes.push_back(
+                    std::visit([](auto &&t) { return performed(std::move(t)); }, std::move(task)));
+            }
+            if (!m_outcomes.push(std::move(outcomes), m_stop.get_token()))
                 break;
         }
         if (--m_readersAtWork == 0)
@@ -105,8 +120,9 @@ private:
 
     const std::vector<QByteArray> &m_roots;
     std::stop_source m_stop;
-    BoundedQueue<Task> m_tasks{queueLength};
-    BoundedQueue<Outcome> m_outcomes{queueLength};
+    std::vector<Task> m_gathered; ///< by the walk
+    BoundedQueue<std::vector<Task>> m_tasks{queueLength};
+    BoundedQueue<std::vector<Outcome>> m_outcomes{queueLength};
     std::atomic<unsigned> m_readersAtWork = 0;
     bool m_isWalkComplete = false;
     std::vector<std::jthread> m_threads; ///< last: they end before what they use
@@ -121,7 +137,15 @@ public:
         , m_monitor(monitor)
     {}
 
-    [[nodiscard]] Result<Done> take(Outcome outcome)
+    [[nodiscard]] Result<Done> take(std::vector<Outcome> outcomes)
+    {
+        for (Outcome &outcome : outcomes)
+            gather(std::move(outcome));
+        const bool isFull = m_songs.size() + m_problems.size() >= batchSize;
+        return isFull || Clock::now() - m_lastWrite > longestWait ? write() : Done{};
+    }
+
+    void gather(Outcome outcome)
     {
         if (auto *song = std::get_if<ScannedSong>(&outcome))
             m_songs.push_back(std::move(*song));
@@ -129,8 +153,6 @@ public:
             m_problems.push_back(std::move(*problem));
         else
             m_images.push_back(std::get<FolderImage>(std::move(outcome)));
-        const bool isFull = m_songs.size() + m_problems.size() >= batchSize;
-        return isFull || Clock::now() - m_lastWrite > longestWait ? write() : Done{};
     }
 
     [[nodiscard]] Result<Done> write()
@@ -217,8 +239,8 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
     pipeline.start(changes, monitor, m_readers);
 
-    while (std::optional<Outcome> outcome = pipeline.next()) {
-        if (const Result<Done> taken = writer.take(std::move(*outcome)); !taken) {
+    while (std::optional<std::vector<Outcome>> outcomes = pipeline.next()) {
+        if (const Result<Done> taken = writer.take(std::move(*outcomes)); !taken) {
             pipeline.stop();
             (void)pipeline.finish();
             return taken.failure();
