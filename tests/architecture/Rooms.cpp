@@ -31,11 +31,11 @@ bool isLinuxRoom(const QString &room)
 bool mayKnow(const Plan &plan, const QString &path, const QString &other)
 {
     const QString room = roomOf(plan, path);
-    if (isLinuxRoom(other) && !isLinuxRoom(room)) {
-        // The build file of the composition root links what the composition root makes.
-        const bool isRoot = path == compositionRoot || path == QStringLiteral("app/CMakeLists.txt");
-        return isRoot || room == QStringLiteral("cli");
-    }
+    // Its build file links what the composition root makes and starts.
+    if (path == compositionRoot || path == QStringLiteral("app/CMakeLists.txt"))
+        return plan.contains(other);
+    if (isLinuxRoom(other) && !isLinuxRoom(room))
+        return room == QStringLiteral("cli");
     QSet<QString> known;
     collect(plan, room, known);
     return known.contains(other);
