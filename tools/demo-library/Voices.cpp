@@ -73,11 +73,12 @@ Samples shaped(const Tone &tone, const Envelope &envelope, const std::function<d
 // seconds.
 Samples pluck(const Tone &tone, double brightness, double ring)
 {
-    const double period = sampleRateHz / tone.frequencyHz - 0.5 * (1 - brightness) - 0.5;
-    const auto line = static_cast<size_t>(period);
-    const double fraction = period - static_cast<double>(line);
+    // The filter holds a sound back by a part of a sample; the line makes up the rest of the period.
+    const double period = sampleRateHz / tone.frequencyHz - 0.5 * (1 - brightness);
+    const auto line = static_cast<size_t>(std::ceil(period));
+    const double fraction = static_cast<double>(line) - period;
     Noise noise(tone.seed);
-    std::vector<double> string(line + 1);
+    std::vector<double> string(line);
     double last = 0;
     for (double &point : string)
         point = last = 0.5 * last + 0.5 * noise.next(); // a finger, not a knife
