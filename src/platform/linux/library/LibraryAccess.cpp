@@ -64,15 +64,16 @@ void LibraryAccess::request(MediaLibrary::AuthorizationHandler handler)
     m_waiting.push_back(std::move(handler));
     if (m_waiting.size() > 1)
         return;
-    m_question([access = QPointer(this)](bool isAllowed) {
+    m_question([access = QPointer(this)](std::optional<bool> isAllowed) {
         if (access)
             access->answer(isAllowed);
     });
 }
 
-void LibraryAccess::answer(bool isAllowed)
+void LibraryAccess::answer(std::optional<bool> isAllowed)
 {
-    setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized : LibraryAuthorizationStatus::Denied);
+    if (isAllowed)
+        setStatus(*isAllowed ? LibraryAuthorizationStatus::Authorized : LibraryAuthorizationStatus::Denied);
     const auto waiting = std::exchange(m_waiting, {});
     for (const MediaLibrary::AuthorizationHandler &handler : waiting)
         handler(status());

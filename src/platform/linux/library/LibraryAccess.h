@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QSettings;
@@ -19,8 +20,10 @@ class LibraryAccess : public QObject
     Q_OBJECT
 
 public:
+    /// What the user answers; nothing when the question went away without an answer.
+    using Answer = std::function<void(std::optional<bool> isAllowed)>;
     /// Asks the user and hands the answer over, now or later; never answering counts as not decided.
-    using Question = std::function<void(std::function<void(bool isAllowed)> answer)>;
+    using Question = std::function<void(Answer answer)>;
 
     /// @p settings must outlive this object.
     LibraryAccess(QSettings &settings, std::vector<QByteArray> musicFolders, QObject *parent = nullptr);
@@ -38,7 +41,7 @@ Q_SIGNALS:
     void statusDidChange();
 
 private:
-    void answer(bool isAllowed);
+    void answer(std::optional<bool> isAllowed);
 
     QSettings &m_settings;
     std::vector<QByteArray> m_musicFolders;

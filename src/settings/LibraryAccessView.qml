@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Settings
+import Trackwise.Ui
+
+/// The device's question whether the app may use the music library.
+FocusScope {
+    id: root
+
+    required property LibraryAccessRequest request
+
+    readonly property real margin: 22
+    readonly property real gap: 12
+    readonly property real symbolSize: 56
+    readonly property real textWidth: 420
+
+    SettingsPage {
+        id: page
+
+        anchors.fill: parent
+        margin: Math.max(root.margin, (width - root.textWidth) / 2)
+
+        Item {
+            id: opening
+
+            width: parent.width
+            height: Math.max(root.margin * 2, (page.height - texts.height - buttons.height) / 3)
+        }
+        Column {
+            id: texts
+
+            width: parent.width
+            spacing: root.gap
+
+            Symbol {
+                anchors.horizontalCenter: parent.horizontalCenter
+                name: "music.note"
+                size: root.symbolSize
+            }
+            StyledText {
+                width: parent.width
+                text: qsTr("“Trackwise” would like to access your music library")
+                style: Theme.title2.bold()
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+            StyledText {
+                width: parent.width
+                bottomPadding: root.gap
+                text: qsTr("It shows what your library knows about a song. It reads the music in these folders and never changes it.")
+                style: Theme.subheadline
+                color: Theme.secondaryLabel
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
+            }
+            FolderList {
+                width: parent.width
+                folders: root.request.folders
+            }
+            FolderChoice {
+                height: Theme.touchTarget
+                text: qsTr("Choose Another Folder…")
+                onChosen: folder => root.request.addFolder(folder)
+            }
+        }
+        // The answers stand at the lower edge, or after the text where it needs the room.
+        Item {
+            width: parent.width
+            height: Math.max(root.margin, page.height - opening.height - texts.height - buttons.height - page.spaceBelow)
+        }
+        Column {
+            id: buttons
+
+            width: parent.width
+            spacing: root.gap
+
+            PromptButton {
+                width: parent.width
+                text: qsTr("OK")
+                isFilled: true
+                focus: true
+                onClicked: root.request.allow()
+            }
+            PromptButton {
+                width: parent.width
+                text: qsTr("Don't Allow")
+                onClicked: root.request.deny()
+            }
+        }
+    }
+}

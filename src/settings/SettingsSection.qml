@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Ui
+
+/// Rows of the settings under a heading.
+Column {
+    id: root
+
+    required property string title
+
+    readonly property real spaceAbove: 26
+    readonly property real spaceBelow: 4
+
+    StyledText {
+        width: parent.width
+        topPadding: root.spaceAbove
+        bottomPadding: root.spaceBelow
+        text: root.title
+        style: Theme.title3.bold()
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+}

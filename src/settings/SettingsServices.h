@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace trackwise {
+
+class Appearance;
+class DeviceSettings;
+class MediaLibrary;
+class MusicFolders;
+
+/// Another player as people know it.
+struct KnownPlayer
+{
+    QString name;  ///< as DeviceSettings::ignoredPlayers() names it
+    QString title; ///< for people
+
+    friend bool operator==(const KnownPlayer &, const KnownPlayer &) = default;
+};
+
+/// What the settings screen shows and changes; one for all windows.
+struct SettingsServices
+{
+    DeviceSettings &device;
+    Appearance &appearance;
+    MusicFolders &folders;
+    MediaLibrary &library;
+    std::function<void(bool isAllowed)> setMusicAccess;
+    std::function<std::vector<KnownPlayer>()> players; ///< those that run now
+};
+
+} // namespace trackwise
