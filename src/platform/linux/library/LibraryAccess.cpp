@@ -46,6 +46,14 @@ LibraryAuthorizationStatus LibraryAccess::status() const
     return LibraryAuthorizationStatus::NotDetermined;
 }
 
+void LibraryAccess::setMusicFolders(std::vector<QByteArray> folders)
+{
+    const LibraryAuthorizationStatus before = status();
+    m_musicFolders = std::move(folders);
+    if (status() != before)
+        Q_EMIT statusDidChange();
+}
+
 void LibraryAccess::setStatus(LibraryAuthorizationStatus status)
 {
     const LibraryAuthorizationStatus before = this->status();

@@ -30,6 +30,7 @@ public:
 
     /// Restricted where there are music folders and the system lets us read none of them.
     [[nodiscard]] LibraryAuthorizationStatus status() const;
+    void setMusicFolders(std::vector<QByteArray> folders);
     void setStatus(LibraryAuthorizationStatus status);
 
     /// Who asks the user; without one, nothing is ever decided.

@@ -29,6 +29,17 @@ Result<std::unique_ptr<LinuxLibrary>> LinuxLibrary::open(const LibraryConfigurat
     return std::unique_ptr<LinuxLibrary>(new LinuxLibrary(configuration, std::move(*store), deviceSettings));
 }
 
+void LinuxLibrary::setMusicFolders(const std::vector<QByteArray> &folders)
+{
+    if (folders == m_configuration.musicFolders)
+        return;
+    m_configuration.musicFolders = folders;
+    m_access.setMusicFolders(folders);
+    m_scan.setMusicFolders(folders);
+    if (m_access.status() == LibraryAuthorizationStatus::Authorized)
+        m_scan.start();
+}
+
 LibraryStatus LinuxLibrary::status() const
 {
     return m_readers.read(LibraryStatus{}, [](Reader &reader) {

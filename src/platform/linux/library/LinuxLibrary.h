@@ -34,6 +34,8 @@ public:
                                                                     QSettings &deviceSettings);
 
     [[nodiscard]] const LibraryConfiguration &configuration() const { return m_configuration; }
+    /// Takes over another choice of folders and, where that is allowed, scans them. Main thread.
+    void setMusicFolders(const std::vector<QByteArray> &folders);
     [[nodiscard]] LibraryAccess &access() { return m_access; }
     [[nodiscard]] MediaLibrary &mediaLibrary() { return m_mediaLibrary; }
     [[nodiscard]] const LibraryBrowser &browser() const { return m_lists; }

@@ -104,7 +104,7 @@ private Q_SLOTS:
         NetworkHttpClient client(m_trusting);
         QCOMPARE(**fetch(client, server.address(QStringLiteral("/late"))), QByteArray("late"));
         for (const char *path : {"/never", "/half"}) {
-            const Answer answer = fetch(client, server.address(QString::fromLatin1(path)), 300ms);
+            const Answer answer = fetch(client, server.address(QString::fromLatin1(path)), 150ms);
             QVERIFY(!*answer);
             QCOMPARE(answer->failure().kind, FailureKind::Unavailable);
         }
@@ -223,7 +223,7 @@ private Q_SLOTS:
         Answer answer;
         {
             NetworkHttpClient client(m_trusting);
-            client.get(server.address(QStringLiteral("/")), 500ms, &receiver,
+            client.get(server.address(QStringLiteral("/")), 200ms, &receiver,
                        [&answer](Result<QByteArray> reply) { answer = std::move(reply); });
             QTRY_COMPARE(server.requests().size(), 1);
         }

@@ -116,6 +116,34 @@ private Q_SLOTS:
         QVERIFY(fixture.library().problems().empty());
     }
 
+    void followsTheChoiceOfMusicFolders()
+    {
+        const MusicFolder one;
+        const MusicFolder other;
+        one.write("a.wav", 1, "A");
+        other.write("b.wav", 2, "B");
+        LibraryFixture fixture({one.root()});
+        fixture.library().access().setStatus(LibraryAuthorizationStatus::Authorized);
+        QSignalSpy finished(&fixture.library().scan(), &ScanController::finished);
+        fixture.library().setMusicFolders({one.root(), other.root()});
+        QVERIFY(finished.wait());
+        const PersistentID a = fixture.idAt(one.path("a.wav"));
+        const PersistentID b = fixture.idAt(other.path("b.wav"));
+        QCOMPARE(fixture.availability(a), Availability::Available);
+        QCOMPARE(fixture.availability(b), Availability::Available);
+
+        fixture.library().setMusicFolders({other.root()});
+        QVERIFY(finished.wait());
+        QCOMPARE(fixture.availability(a), Availability::FileGone);
+        QCOMPARE(fixture.availability(b), Availability::Available);
+
+        fixture.library().setMusicFolders({one.root()});
+        QVERIFY(finished.wait());
+        QCOMPARE(fixture.idAt(one.path("a.wav")), a); // known as before
+        QCOMPARE(fixture.availability(a), Availability::Available);
+        QCOMPARE(fixture.availability(b), Availability::FileGone);
+    }
+
     void marksNothingWhenStopped()
     {
         const MusicFolder music;

@@ -143,9 +143,11 @@ FileChanges::Missing FileChanges::missing(const std::vector<QByteArray> &roots) 
     Missing missing;
     for (const KnownFiles::Entry &entry : m_known.entries()) {
         const QByteArray &folder = m_known.folders()[entry.folder].path;
-        if (entry.isSeen || !isWithinAny(folder, roots))
+        if (entry.isSeen)
             continue;
-        const bool isUnknown = isWithinAny(folder, m_unreadable);
+        // What lies outside was found when another folder was a music folder too.
+        const bool isOutside = !isWithinAny(folder, roots);
+        const bool isUnknown = !isOutside && isWithinAny(folder, m_unreadable);
         if (entry.isProblem()) {
             if (!isUnknown)
                 missing.problems.push_back(m_known.place(entry));
@@ -153,8 +155,8 @@ FileChanges::Missing FileChanges::missing(const std::vector<QByteArray> &roots) 
         }
         // No file and no folder of its disk was seen: an empty mount point, not an emptied folder.
         const bool isDiskThere = m_presentDevices.contains(entry.signature.identity.device);
-        const Availability now =
-            isUnknown || !isDiskThere ? Availability::DiskAbsent : Availability::FileGone;
+        const bool isGone = isOutside || (!isUnknown && isDiskThere);
+        const Availability now = isGone ? Availability::FileGone : Availability::DiskAbsent;
         if (now != entry.availability)
             (now == Availability::FileGone ? missing.gone : missing.diskAbsent)
                 .push_back(m_known.place(entry));

@@ -53,7 +53,8 @@ public:
 
     struct Missing
     {
-        std::vector<SongPlace> gone;       ///< the folder was read, the file is not in it
+        std::vector<SongPlace>
+            gone; ///< the folder was read and the file is not in it, or the folder lies in no root
         std::vector<SongPlace> diskAbsent; ///< nobody can tell
         std::vector<SongPlace> problems;   ///< failures of files that are gone
     };

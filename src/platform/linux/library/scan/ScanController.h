@@ -24,6 +24,9 @@ public:
     /// Stops the scan and waits for it.
     ~ScanController() override;
 
+    /// For the scans that start from now on.
+    void setMusicFolders(std::vector<QByteArray> folders) { m_musicFolders = std::move(folders); }
+
     void start() override;
     void cancel() override;
     [[nodiscard]] ScanProgress progress() const override;
