@@ -27,8 +27,7 @@ T.Popup {
     onClosed: root.presentation.alertDidHide()
 
     T.Overlay.modal: Rectangle {
-        color: "#000000"
-        opacity: 0.28
+        color: "#47000000" // 28 %; the popup itself takes the opacity to 1 and back
     }
 
     background: Rectangle {

@@ -29,8 +29,7 @@ T.Popup {
     onClosed: root.presentation.sheetDidHide()
 
     T.Overlay.modal: Rectangle {
-        color: "#000000"
-        opacity: root.opened || root.enter.running ? 0.3 : 0
+        color: "#4d000000" // 30 %; the popup itself takes the opacity to 1 and back
 
         Behavior on opacity {
             NumberAnimation {
