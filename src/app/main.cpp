@@ -6,6 +6,8 @@
 #include "lookup/CatalogLookup.h"
 #include "platform/linux/device/Device.h"
 #include "preferences/Preferences.h"
+#include "settings/LibraryAccessRequest.h"
+#include "settings/SettingsScreen.h"
 #include "ui/Translations.h"
 
 #include <QDir>
@@ -87,6 +89,26 @@ void chooseFont()
     QGuiApplication::setFont(font);
 }
 
+SettingsServices settingsServices(Device &device)
+{
+    return {.device = device.settings(),
+            .appearance = device.appearance(),
+            .folders = device.musicFolders(),
+            .library = device.library().mediaLibrary(),
+            .setMusicAccess =
+                [&device](bool isAllowed) {
+                    device.library().access().setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized
+                                                                  : LibraryAuthorizationStatus::Denied);
+                },
+            .players =
+                [&device] {
+                    std::vector<KnownPlayer> players;
+                    for (const PlayerDescription &player : device.systemPlayer().players())
+                        players.push_back({playerKind(player.player), player.identity});
+                    return players;
+                }};
+}
+
 /// The first window with what the program was started for.
 class Launch : public QObject
 {
@@ -97,7 +119,7 @@ public:
         , m_options(std::move(options))
     {
         LibraryAccess &access = device.library().access();
-        access.setQuestion([this](std::function<void(bool)> answer) { askForAccess(std::move(answer)); });
+        access.setQuestion([this](LibraryAccess::Answer answer) { askForAccess(std::move(answer)); });
         connect(&device.library().mediaLibrary(), &MediaLibrary::authorizationStatusDidChange, this,
                 [this] { scanIfAllowed(); });
         connect(&device.library().scan(), &ScanController::finished, this, [this] { scanDidFinish(); });
@@ -121,20 +143,14 @@ private:
     }
 
     // The question may come while the first window is still being made.
-    void askForAccess(std::function<void(bool)> answer)
+    void askForAccess(LibraryAccess::Answer answer)
     {
         QTimer::singleShot(0, this, [this, answer = std::move(answer)] {
             if (m_app.scenes().empty())
-                return;
-            QStringList folders;
-            for (const QByteArray &folder : m_device.library().configuration().musicFolders)
-                folders << QFile::decodeName(folder);
-            std::vector<AlertAction> actions{
-                {QObject::tr("OK"), AlertAction::Style::Default, [answer] { answer(true); }},
-                {QObject::tr("Don't Allow"), AlertAction::Style::Cancel, [answer] { answer(false); }}};
-            m_app.scenes().front()->presentation().presentAlert(
-                std::make_unique<Alert>(QObject::tr("“Trackwise” would like to access your music library"),
-                                        folders.join(u'\n'), std::move(actions), 0));
+                answer(std::nullopt);
+            else
+                presentLibraryAccessRequest(m_device.musicFolders(), m_app.scenes().front()->presentation(),
+                                            answer);
         });
     }
 
@@ -230,6 +246,8 @@ int runWindows(QGuiApplication &application, const StartOptions &options)
                      QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID))},
                     preferences);
     running = &app;
+    app.setSettingsScreen(
+        [&device](Presentation &presentation) { presentSettings(settingsServices(device), presentation); });
     app.didFinishLaunching();
     Launch launch(app, device, options);
     launch.run();

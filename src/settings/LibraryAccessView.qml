@@ -14,6 +14,8 @@ FocusScope {
     readonly property real symbolSize: 56
     readonly property real textWidth: 420
 
+    focus: true
+
     SettingsPage {
         id: page
 

@@ -15,6 +15,8 @@ FocusScope {
     readonly property list<string> themes: [qsTr("Automatic"), qsTr("Light"), qsTr("Dark")]
     readonly property list<string> motions: [qsTr("Automatic"), qsTr("Reduced"), qsTr("Full")]
 
+    focus: true
+
     NavigationBar {
         id: bar
 

@@ -57,6 +57,7 @@ Device::Device(const Options &options, Files files)
     : m_settingsFile(std::move(files.settings))
     , m_accessFile(std::move(files.access))
     , m_settings(*m_settingsFile)
+    , m_musicFolders(*m_settingsFile)
     , m_appearance(m_settings)
     , m_library(std::move(files.library))
     , m_player([songs = m_library.get()](PersistentID id) { return pathOf(*songs, id); })
@@ -66,6 +67,8 @@ Device::Device(const Options &options, Files files)
 {
     connectCounts();
     followIgnoredPlayers();
+    if (!options.library)
+        followMusicFolders();
 }
 
 Device::~Device() = default;
@@ -91,6 +94,13 @@ void Device::followIgnoredPlayers()
     };
     ignore();
     QObject::connect(&m_settings, &DeviceSettings::ignoredPlayersDidChange, &m_systemPlayer, ignore);
+}
+
+void Device::followMusicFolders()
+{
+    QObject::connect(&m_musicFolders, &MusicFolders::foldersDidChange, &m_library->mediaLibrary(), [this] {
+        m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_settingsFile).musicFolders);
+    });
 }
 
 } // namespace trackwise

@@ -7,6 +7,7 @@
 #include "platform/linux/integration/NetworkHttpClient.h"
 #include "platform/linux/integration/StoredDeviceSettings.h"
 #include "platform/linux/library/LinuxLibrary.h"
+#include "platform/linux/library/StoredMusicFolders.h"
 #include "platform/linux/players/ApplicationMusicPlayer.h"
 #include "platform/linux/players/MprisPublisher.h"
 #include "platform/linux/players/MprisSystemMusicPlayer.h"
@@ -40,6 +41,8 @@ public:
 
     [[nodiscard]] LinuxLibrary &library() { return *m_library; }
     [[nodiscard]] StoredDeviceSettings &settings() { return m_settings; }
+    /// The folders of the settings, whichever library is in use.
+    [[nodiscard]] MusicFolders &musicFolders() { return m_musicFolders; }
     [[nodiscard]] Appearance &appearance() { return m_appearance; }
     [[nodiscard]] MusicPlayer &player() { return m_player; }
     [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
@@ -52,10 +55,12 @@ private:
     Device(const Options &options, Files files);
     void connectCounts();
     void followIgnoredPlayers();
+    void followMusicFolders();
 
     std::unique_ptr<QSettings> m_settingsFile;
     std::unique_ptr<QSettings> m_accessFile; ///< of a library other than that of the settings
     StoredDeviceSettings m_settings;
+    StoredMusicFolders m_musicFolders;
     DesktopAppearance m_appearance;
     std::unique_ptr<LinuxLibrary> m_library;
     ApplicationMusicPlayer m_player;
