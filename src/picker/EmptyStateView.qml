@@ -24,8 +24,7 @@ Column {
     StyledText {
         width: root.width - 2 * root.margin
         text: root.picker.emptyState.title
-        style: Theme.title3
-        font.weight: Font.DemiBold
+        style: Theme.title3.bold()
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
         Accessible.role: Accessible.Heading

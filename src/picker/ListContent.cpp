@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/ListContent.h"
 
+#include "artwork/ArtworkAddress.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -10,11 +12,11 @@ namespace trackwise {
 
 namespace {
 
-QUrl artworkUrl(PersistentID song, const QString &artworkKey)
+QString artworkOf(PersistentID song, const QString &artworkKey)
 {
     if (artworkKey.isEmpty() || !song.isInLibrary())
         return {};
-    return QUrl(QStringLiteral("image://artwork/%1/%2").arg(song.toString(), artworkKey));
+    return artworkAddress({.song = song, .key = QByteArray::fromHex(artworkKey.toLatin1())});
 }
 
 QString artistText(const QString &artist)
@@ -27,17 +29,20 @@ ListRow rowOf(const SongRow &song)
     return {.title = song.title.isEmpty() ? QCoreApplication::translate("SongPicker", "Unknown Title")
                                           : song.title,
             .subtitle = artistText(song.artist),
-            .artwork = artworkUrl(song.id, song.artworkKey),
+            .artwork = artworkOf(song.id, song.artworkKey),
             .isExplicit = song.isExplicit,
             .isAvailable = song.isAvailable};
 }
 
 ListRow rowOf(const GroupRow &group, ListContent::Kind kind)
 {
-    ListRow row{.title = group.name, .artwork = artworkUrl(group.artworkSong, group.artworkKey)};
+    ListRow row{.title = group.name, .artwork = artworkOf(group.artworkSong, group.artworkKey)};
     if (kind == ListContent::Kind::Artists) {
         row.title = artistText(group.name);
-        row.subtitle = QCoreApplication::translate("SongPicker", "%n song(s)", nullptr, group.songCount);
+        // Two texts, so that English reads well without a catalogue of its own.
+        row.subtitle = group.songCount == 1
+                           ? QCoreApplication::translate("SongPicker", "%n song", nullptr, group.songCount)
+                           : QCoreApplication::translate("SongPicker", "%n songs", nullptr, group.songCount);
     } else {
         if (group.name.isEmpty())
             row.title = QCoreApplication::translate("SongPicker", "Unknown Album");

@@ -3,8 +3,6 @@
 
 #include "platform/LibraryBrowser.h"
 
-#include <QUrl>
-
 namespace trackwise {
 
 /// What one list of the picker shows.
@@ -29,7 +27,7 @@ struct ListRow
 {
     QString title;
     QString subtitle;
-    QUrl artwork; ///< empty: none
+    QString artwork; ///< address of a picture; empty: none
     bool isExplicit = false;
     bool isAvailable = true;
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import QtQuick.Templates as T
 import Trackwise.Picker
 import Trackwise.Ui
 
@@ -22,6 +23,9 @@ ListView {
     keyNavigationEnabled: false
     activeFocusOnTab: true
     boundsBehavior: Flickable.DragOverBounds
+    T.ScrollBar.vertical: ListScrollBar {
+        visible: !root.showsIndex
+    }
     section.property: root.list.hasSections ? "section" : ""
     section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
 
@@ -40,9 +44,8 @@ ListView {
             anchors.leftMargin: 18 // as the rows
             anchors.verticalCenter: parent.verticalCenter
             text: parent.section
-            style: Theme.footnote
+            style: Theme.footnote.bold()
             color: Theme.secondaryLabel
-            font.weight: Font.DemiBold
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }
@@ -53,7 +56,7 @@ ListView {
         isHighlighted: index === root.list.highlightedRow
         isOfGroup: root.list.isOfGroups
         isOfArtist: root.list.isOfArtists
-        trailingInset: root.showsIndex ? sectionIndex.width : Theme.touchTarget / 2
+        indexWidth: root.showsIndex ? sectionIndex.width : 0
         onActivated: root.picker.activate(index)
     }
 

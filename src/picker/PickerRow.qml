@@ -10,7 +10,7 @@ Item {
     required property int index
     required property string title
     required property string subtitle
-    required property url artwork
+    required property string artwork
     required property bool isExplicit
     required property bool isAvailable
     required property bool startsSection
@@ -19,7 +19,7 @@ Item {
     property bool isHighlighted: false
     property bool isOfGroup: false
     property bool isOfArtist: false
-    property real trailingInset: Theme.touchTarget / 2
+    property real indexWidth: 0 ///< what the letters beside the list cover
 
     signal activated
 
@@ -40,7 +40,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: root.airAround
-        anchors.rightMargin: root.airAround
+        anchors.rightMargin: root.indexWidth > 0 ? root.indexWidth : root.airAround
         radius: root.airAround
         color: Theme.systemFill
         visible: root.isHighlighted || pointer.containsMouse
@@ -49,7 +49,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: root.airAround
-        anchors.rightMargin: root.airAround
+        anchors.rightMargin: root.indexWidth > 0 ? root.indexWidth : root.airAround
         radius: root.airAround
         color: "transparent"
         border.color: Theme.accent
@@ -60,6 +60,7 @@ Item {
         anchors.top: parent.top
         anchors.left: texts.left
         anchors.right: parent.right
+        anchors.rightMargin: root.indexWidth
         visible: root.index > 0 && !root.startsSection
     }
     RowArtwork {
@@ -79,8 +80,8 @@ Item {
 
         anchors.left: artworkTile.right
         anchors.leftMargin: root.gap
-        anchors.right: chevron.left
-        anchors.rightMargin: root.gap
+        anchors.right: root.isOfGroup ? chevron.left : chevron.right
+        anchors.rightMargin: root.isOfGroup || root.indexWidth > 0 ? root.gap : 0
         anchors.verticalCenter: parent.verticalCenter
         // One height for all rows of a list, so that places in a long list can be computed.
         height: Theme.callout.lineHeight * titleText.maximumLineCount + Theme.footnote.lineHeight
@@ -99,13 +100,16 @@ Item {
             horizontalAlignment: Text.AlignLeft
             Accessible.ignored: true
         }
-        ExplicitMark {
+        Symbol {
             id: mark
 
             anchors.left: titleText.right
             anchors.leftMargin: root.airAround
             anchors.verticalCenter: titleText.verticalCenter
             visible: root.isExplicit
+            name: "e.square.fill"
+            size: Theme.footnote.lineHeight
+            color: Theme.secondaryLabel
         }
         StyledText {
             anchors.left: parent.left
@@ -124,11 +128,11 @@ Item {
         id: chevron
 
         anchors.right: parent.right
-        anchors.rightMargin: root.trailingInset
+        anchors.rightMargin: Math.max(root.margin, root.indexWidth)
         anchors.verticalCenter: parent.verticalCenter
         visible: root.isOfGroup
         name: "chevron.forward"
-        size: root.isOfGroup ? root.gap : 0
+        size: root.gap
         color: Theme.secondaryLabel
         mirrors: true
     }

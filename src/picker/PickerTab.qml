@@ -45,8 +45,7 @@ T.TabButton {
     }
     contentItem: StyledText {
         text: root.text
-        style: Theme.footnote
-        font.weight: Font.DemiBold
+        style: Theme.footnote.bold()
         color: root.checked ? Theme.label : Theme.secondaryLabel
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

@@ -10,16 +10,32 @@ Flickable {
     required property MediaPicker picker
     readonly property real margin: 10
 
+    /// Brings all of the chosen tab into view.
+    function revealChosen() {
+        const tab = row.children[root.picker.tab];
+        const least = tab.x + tab.width + root.margin - root.width;
+        root.contentX = Math.max(0, least, Math.min(root.contentX, tab.x - root.margin));
+    }
+
     implicitHeight: row.implicitHeight
-    contentWidth: row.implicitWidth
+    contentWidth: row.width
     contentHeight: row.implicitHeight
     flickableDirection: Flickable.HorizontalFlick
     interactive: row.implicitWidth > root.width
     clip: interactive
+    onWidthChanged: root.revealChosen()
+    onContentWidthChanged: root.revealChosen()
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Lists")
 
+    Connections {
+        target: root.picker
+
+        function onTabChanged() {
+            root.revealChosen();
+        }
+    }
     Row {
         id: row
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Window
+import Trackwise.Artwork
 import Trackwise.Picker
 import Trackwise.Ui
 
-/// A row's small artwork, or a note on a plain ground until there is one.
+/// A row's small artwork, or a symbol on a plain ground until there is one.
 Rectangle {
     id: root
 
-    required property url source
+    required property string source
     property bool isRound: false
     readonly property real cornerRadius: 6
-    readonly property real glyphShare: 0.5
+    readonly property real symbolShare: 0.5
 
     radius: root.isRound ? root.width / 2 : root.cornerRadius
     color: Theme.systemFill
@@ -19,20 +19,16 @@ Rectangle {
 
     Symbol {
         anchors.centerIn: parent
-        visible: image.status !== Image.Ready
+        visible: !picture.hasPicture
         name: root.isRound ? "person" : "music.note"
-        size: Math.round(root.width * root.glyphShare)
+        size: Math.round(root.width * root.symbolShare)
         color: Theme.secondaryLabel
     }
-    Image {
-        id: image
+    ArtworkPicture {
+        id: picture
 
         anchors.fill: parent
         source: root.source
-        sourceSize.width: Math.ceil(root.width * Screen.devicePixelRatio)
-        sourceSize.height: Math.ceil(root.height * Screen.devicePixelRatio)
-        fillMode: Image.PreserveAspectCrop
-        asynchronous: true
-        Accessible.ignored: true
+        radius: root.radius
     }
 }

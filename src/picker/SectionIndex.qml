@@ -42,9 +42,8 @@ Item {
 
                 width: letters.width
                 text: modelData
-                style: Theme.caption2
+                style: Theme.caption2.bold()
                 color: Theme.accent
-                font.weight: Font.DemiBold
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.ignored: true
             }
