@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSGNinePatchNode>
+#include <QSGRendererInterface>
+#include <QSGTexture>
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +44,15 @@ void drawShadow(QImage &image, const QRectF &shadow, const TileGroundLook &look)
             line[x] = qRgba(0, 0, 0, qRound(255 * look.shadowOpacity * strength));
         }
     }
+}
+
+void showPatch(QSGNinePatchNode &node, const QQuickWindow &window, const QImage &image)
+{
+    QSGTexture *texture = window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel);
+    node.setTexture(texture);
+    // The node keeps the texture, but for the software renderer's, which has only copied what is in it.
+    if (window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software)
+        delete texture;
 }
 
 } // namespace
@@ -106,8 +117,7 @@ QSGNode *TileGround::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
     if (isNewNode)
         node = window()->createNinePatchNode();
     if (isNewNode || isNewLook)
-        node->setTexture(
-            window()->createTextureFromImage(m_patch.image, QQuickWindow::TextureHasAlphaChannel));
+        showPatch(*node, *window(), m_patch.image);
     node->setBounds(boundingRect().marginsAdded(m_patch.beyond / pixelRatio));
     node->setDevicePixelRatio(pixelRatio);
     node->setPadding(m_patch.fixed.left(), m_patch.fixed.top(), m_patch.fixed.right(),
