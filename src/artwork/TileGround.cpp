@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QQuickWindow>
 #include <QSGNinePatchNode>
-#include <QSGRendererInterface>
 #include <QSGTexture>
 
 #include <algorithm>
@@ -48,11 +47,7 @@ void drawShadow(QImage &image, const QRectF &shadow, const TileGroundLook &look)
 
 void showPatch(QSGNinePatchNode &node, const QQuickWindow &window, const QImage &image)
 {
-    QSGTexture *texture = window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel);
-    node.setTexture(texture);
-    // The node keeps the texture, but for the software renderer's, which has only copied what is in it.
-    if (window.rendererInterface()->graphicsApi() == QSGRendererInterface::Software)
-        delete texture;
+    node.setTexture(window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel));
 }
 
 } // namespace

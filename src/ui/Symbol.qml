@@ -18,6 +18,6 @@ Image {
     mirror: root.mirrors && LayoutMirroring.enabled
     sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
     sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
-    source: root.name === "" ? "" : "image://symbol/" + root.name + "/" + root.color
+    source: Theme.symbolSource(root.name, root.color)
     Accessible.ignored: true
 }

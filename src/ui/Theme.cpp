@@ -146,6 +146,13 @@ QColor Theme::onAccent() const
     return contrastRatio(accent(), white) >= readableTextContrast ? white : QColor(Qt::black);
 }
 
+QUrl Theme::symbolSource(const QString &name, const QColor &color) const
+{
+    if (name.isEmpty())
+        return {};
+    return QUrl(QStringLiteral("image://symbol/%1/%2").arg(name, color.name(QColor::HexArgb)));
+}
+
 TextStyle Theme::largeTitle() const
 {
     return textStyle(m_settings, 34, 41);

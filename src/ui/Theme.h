@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
@@ -117,6 +118,10 @@ public:
     [[nodiscard]] TextStyle footnote() const;
     [[nodiscard]] TextStyle caption() const;
     [[nodiscard]] TextStyle caption2() const;
+
+    /// The source of the image that shows a symbol in a colour; empty without a name. Made here since QML of
+    /// Qt 6.4 that turns a colour into text may crash when memory is collected meanwhile.
+    Q_INVOKABLE [[nodiscard]] QUrl symbolSource(const QString &name, const QColor &color) const;
 
     [[nodiscard]] qreal touchTarget() const { return 44; }
     /// Milliseconds. With reduced motion every transition is a short cross-fade.
