@@ -18,8 +18,9 @@ public:
     [[nodiscard]] int size() const { return m_taken + static_cast<int>(m_old->keys.size()) - m_left; }
     [[nodiscard]] std::uint64_t at(int row) const
     {
-        return row < m_taken ? m_new->keys[static_cast<size_t>(row)]
-                             : m_old->keys[static_cast<size_t>(row - m_taken + m_left)];
+        const auto index = static_cast<size_t>(row);
+        const auto taken = static_cast<size_t>(m_taken);
+        return row < m_taken ? m_new->keys[index] : m_old->keys[index - taken + static_cast<size_t>(m_left)];
     }
     /// The order that is shown, or is about to be.
     [[nodiscard]] const OrderPtr &order() const { return m_new; }
