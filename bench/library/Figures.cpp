@@ -33,6 +33,11 @@ double residentMegabytes()
     return statusMegabytes("VmRSS");
 }
 
+double privateMegabytes()
+{
+    return statusMegabytes("RssAnon");
+}
+
 double peakMegabytes()
 {
     return statusMegabytes("VmHWM");
