@@ -27,13 +27,13 @@ scans() {
     "$figures" scan "$work/scan-$1.sqlite" "$work/music-$1" | prefixed "no_change_$1"
 }
 
-# The time of one update into an empty database, in files per second.
+# One update into an empty database: files per second, and seconds of processor time.
 peer_rate() {
     peer=$work/peer
     rm -rf "$peer"
-    mkdir -p "$peer/playlists"
+    mkdir -p "$peer/playlists" "$peer/music"
     cat >"$peer/conf" <<CONF
-music_directory "$work/music-10000"
+music_directory "$peer/music"
 db_file "$peer/db"
 state_file "$peer/state"
 playlist_directory "$peer/playlists"
@@ -53,13 +53,19 @@ CONF
         sleep 0.05
         tries=$((tries + 1))
     done
+    # It scans by itself when it starts without a database: the files come only now.
+    mpc update --wait >/dev/null
+    ln -s "$work/music-10000" "$peer/music/files"
+    used() { awk -v ticks="$(getconf CLK_TCK)" '{ print ($14 + $15) / ticks }' "/proc/$daemon/stat"; }
+    before=$(used)
     begin=$(date +%s%N)
     mpc update --wait >/dev/null
     end=$(date +%s%N)
+    after=$(used)
     songs=$(mpc stats | awk '/Songs/ { print $2 }')
     kill "$daemon"
     wait "$daemon" 2>/dev/null || true
-    echo "$songs $((end - begin))" | awk '{ print $1 / ($2 / 1e9) }'
+    echo "$songs $((end - begin)) $before $after" | awk '{ print $1 / ($2 / 1e9), $4 - $3 }'
 }
 
 tree 10000
@@ -70,9 +76,12 @@ if command -v mpd >/dev/null && command -v mpc >/dev/null; then
     # In turns, so that both meet the same machine.
     for round in 1 2 3; do
         rm -f "$work/turn.sqlite"*
-        ours=$("$figures" scan "$work/turn.sqlite" "$work/music-10000" | awk '$1 == "rate" { print $2 }')
+        ours=$("$figures" scan "$work/turn.sqlite" "$work/music-10000" |
+            awk '$1 == "rate" { rate = $2 } $1 == "cpu" { cpu = $2 } END { print rate, cpu }')
         theirs=$(peer_rate)
-        echo "$ours $theirs" | awk -v round=$round '{ printf "ratio_to_mpd_%d %.2f times (%.0f to %.0f files/s)\n", round, $1 / $2, $1, $2 }'
+        echo "$ours $theirs" | awk -v round=$round '{
+            printf "rate_ratio_to_mpd_%d %.2f times (%.0f to %.0f files/s)\n", round, $1 / $3, $1, $3
+            printf "cpu_ratio_to_mpd_%d %.2f times (%.2f to %.2f s)\n", round, $4 / $2, $2, $4 }'
     done
 else
     echo "# no mpd and mpc here: no ratio"

@@ -19,13 +19,23 @@ double statusMegabytes(const std::string &key)
     }
     return 0;
 }
+
+double clockSeconds(clockid_t clock)
+{
+    timespec now = {};
+    clock_gettime(clock, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
 } // namespace
 
 double cpuSeconds()
 {
-    timespec now = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+    return clockSeconds(CLOCK_PROCESS_CPUTIME_ID);
+}
+
+double threadCpuSeconds()
+{
+    return clockSeconds(CLOCK_THREAD_CPUTIME_ID);
 }
 
 double residentMegabytes()

@@ -7,6 +7,8 @@ namespace trackwise {
 
 /// Processor time of the whole process, all threads.
 [[nodiscard]] double cpuSeconds();
+/// Processor time of the calling thread.
+[[nodiscard]] double threadCpuSeconds();
 /// Memory of the process that is in use now, with what it has mapped.
 [[nodiscard]] double residentMegabytes();
 /// The part of it that is this process's alone: without what is mapped from files.

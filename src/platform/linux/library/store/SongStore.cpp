@@ -17,8 +17,8 @@ PRAGMA foreign_keys = ON;
 PRAGMA secure_delete = OFF;
 PRAGMA temp_store = MEMORY;
 PRAGMA cache_size = -8192;
-PRAGMA wal_autocheckpoint = 2000;
-PRAGMA journal_size_limit = 16777216;
+PRAGMA wal_autocheckpoint = 8000;
+PRAGMA journal_size_limit = 33554432;
 )sql";
 
 bool makeFolderOf(const QByteArray &path)
