@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ContainerViewController.h"
+#include "artwork/ArtworkFiles.h"
+#include "artwork/ArtworkLoader.h"
+#include "lookup/CatalogLookup.h"
+#include "lookup/ListedLibrary.h"
+#include "picker/MediaPicker.h"
+#include "platform/HttpClient.h"
+#include "platform/SystemMusicPlayer.h"
+#include "preferences/Preferences.h"
+#include "support/AddressOpenerDouble.h"
+#include "support/MusicPlayerDouble.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThreadPool>
+
+using namespace trackwise;
+
+namespace {
+
+class SystemPlayerDouble : public SystemMusicPlayer
+{
+public:
+    std::optional<MediaItem> item;
+
+    [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
+    void whenReady(std::function<void()> handler) override { handler(); }
+    void beginGeneratingPlaybackNotifications() override {}
+    void endGeneratingPlaybackNotifications() override {}
+    void change(std::optional<MediaItem> now)
+    {
+        item = std::move(now);
+        Q_EMIT nowPlayingItemDidChange();
+    }
+};
+
+/// There is no network here.
+class NoHttp : public HttpClient
+{
+public:
+    void get(const QUrl &, std::chrono::milliseconds, QObject *, Handler) override {}
+};
+
+MediaItem song(unsigned id)
+{
+    MediaItem item;
+    item.title = QStringLiteral("song %1").arg(id);
+    item.persistentID = PersistentID{id};
+    return item;
+}
+
+/// A window's controllers over doubles of the device.
+struct Window
+{
+    QTemporaryDir folder;
+    QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
+    Preferences preferences{defaults};
+    ListedLibrary library;
+    SystemPlayerDouble systemPlayer;
+    MusicPlayerDouble player;
+    AddressOpenerDouble addresses;
+    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
+    ArtworkFiles files{folder.path()};
+    ArtworkServices artwork{player, addresses, loader, files, [] { return Instant(); }};
+    NoHttp http;
+    CatalogLookup catalog{http, {}};
+    QThreadPool searches;
+    DetailServices services{library,  systemPlayer, preferences, addresses, artwork, catalog,
+                            searches, {},           {},          {},        {},      QTimeZone::utc()};
+    ContainerServices containerServices{player,    preferences, artwork,
+                                        addresses, QUrl(),      [] { return QDateTime::currentDateTime(); }};
+    Presentation presentation;
+    DetailViewController detail{services, presentation};
+    ContainerViewController container{containerServices, detail};
+
+    void start()
+    {
+        container.viewDidLoad();
+        detail.viewDidLoad();
+    }
+    [[nodiscard]] unsigned shown() const
+    {
+        return detail.visibleMediaItem()
+                   ? static_cast<unsigned>(detail.visibleMediaItem()->persistentID.value)
+                   : 0;
+    }
+};
+
+} // namespace
+
+class tst_Container : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void stopsThePlayerOnlyForTheSongBefore_data()
+    {
+        QTest::addColumn<unsigned>("shownBefore");
+        QTest::addColumn<unsigned>("playing");
+        QTest::addColumn<unsigned>("chosen");
+        QTest::addColumn<bool>("stops");
+        QTest::newRow("nothing shown, nothing loaded") << 0U << 0U << 1U << true;
+        QTest::newRow("nothing shown, a song plays") << 0U << 7U << 1U << false;
+        QTest::newRow("the song before plays") << 1U << 1U << 2U << true;
+        QTest::newRow("the song before plays and is chosen again") << 1U << 1U << 1U << true;
+        QTest::newRow("another song plays") << 1U << 7U << 2U << false;
+        QTest::newRow("nothing plays") << 1U << 0U << 2U << false;
+    }
+    void stopsThePlayerOnlyForTheSongBefore()
+    {
+        QFETCH(unsigned, shownBefore);
+        QFETCH(unsigned, playing);
+        QFETCH(unsigned, chosen);
+        Window window;
+        window.start();
+        if (shownBefore)
+            window.detail.displayMediaItem(song(shownBefore), false, true);
+        window.player.setItem(playing ? std::optional(song(playing)) : std::nullopt);
+        window.player.commands.clear();
+        window.detail.displayMediaItem(song(chosen), false, true);
+        QTEST(window.player.commands ==
+                  QStringList({QStringLiteral("stop"), QStringLiteral("skipToBeginning")}),
+              "stops");
+    }
+
+    void refusesASongOutsideTheLibrary()
+    {
+        Window window;
+        window.start();
+        window.detail.displayMediaItem(song(1), true, true);
+        bool shown = true;
+        window.detail.displayMediaItem(song(0), false, false, [&](bool was) { shown = was; });
+        QVERIFY(!shown);
+        QVERIFY(!window.presentation.alert());
+        window.detail.displayMediaItem(song(0), false, true);
+        QCOMPARE(window.presentation.alert()->title(), QStringLiteral("Song Not Added to Library"));
+        QCOMPARE(window.presentation.alert()->actionTitles(),
+                 QStringList({QStringLiteral("Open Music"), QStringLiteral("Cancel")}));
+        QCOMPARE(window.presentation.alert()->preferredAction(), 0);
+        QCOMPARE(window.shown(), 1U);
+        QVERIFY(window.detail.isTrackingNowPlaying());
+        QCOMPARE(window.preferences.soundsViewedCount(), 1);
+    }
+
+    void clearingCountsNothingAndHappensOnce()
+    {
+        Window window;
+        window.start();
+        window.detail.clearSelectedSong();
+        window.detail.displayMediaItem(song(1), false, true);
+        const auto clearItem = [&] { return window.detail.moreMenu()->items().at(1).isEnabled; };
+        QVERIFY(clearItem());
+        window.detail.clearSelectedSong();
+        QVERIFY(!clearItem());
+        QVERIFY(!window.detail.informationView());
+        QVERIFY(window.detail.isNoSongLabelVisible());
+        QCOMPARE(window.preferences.soundsViewedCount(), 1);
+    }
+
+    void followsTheSystemsPlayerUntilASongIsChosen()
+    {
+        Window window;
+        window.systemPlayer.item = song(1);
+        window.start();
+        QTRY_COMPARE(window.shown(), 1U);
+        window.systemPlayer.change(song(2));
+        QTRY_COMPARE(window.shown(), 2U);
+        window.systemPlayer.change(std::nullopt);
+        QThreadPool::globalInstance()->waitForDone(); // the question whether the library may be used
+        QCoreApplication::processEvents();
+        QCOMPARE(window.shown(), 2U);
+        window.detail.displayMediaItem(song(5), false, true);
+        window.systemPlayer.change(song(3));
+        QCoreApplication::processEvents();
+        QCOMPARE(window.shown(), 5U);
+        QVERIFY(!window.presentation.alert());
+    }
+
+    void saysWhyThereIsNoMusic_data()
+    {
+        QTest::addColumn<LibraryAuthorizationStatus>("status");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("allowed, nothing plays")
+            << LibraryAuthorizationStatus::Authorized << QStringLiteral("No Song Playing");
+        QTest::newRow("denied") << LibraryAuthorizationStatus::Denied << QStringLiteral("No Music Access");
+        QTest::newRow("restricted") << LibraryAuthorizationStatus::Restricted
+                                    << QStringLiteral("No Music Access");
+    }
+    void saysWhyThereIsNoMusic()
+    {
+        QFETCH(LibraryAuthorizationStatus, status);
+        QFETCH(QString, title);
+        Window window;
+        window.library.status = status;
+        window.start();
+        window.detail.selectNowPlayingSong(true);
+        QTRY_VERIFY(window.presentation.alert());
+        QCOMPARE(window.presentation.alert()->title(), title);
+    }
+
+    void laysOutTheColumn_data()
+    {
+        QTest::addColumn<QSizeF>("window");
+        QTest::addColumn<qreal>("width");
+        QTest::addColumn<bool>("visible");
+        QTest::newRow("phone") << QSizeF(360, 720) << 320.0 << false;
+        QTest::newRow("tablet upright") << QSizeF(768, 1024) << 320.0 << true;
+        QTest::newRow("tablet") << QSizeF(1024, 768) << 414.0 << true;
+        QTest::newRow("square, just wide enough") << QSizeF(700, 700) << 320.0 << true;
+    }
+    void laysOutTheColumn()
+    {
+        QFETCH(QSizeF, window);
+        Window controllers;
+        controllers.container.viewWillTransitionToSize(window);
+        QTEST(controllers.container.columnWidth(), "width");
+        QTEST(controllers.container.isSidebarVisible(), "visible");
+    }
+};
+
+QTEST_MAIN(tst_Container)
+#include "tst_Container.moc"
