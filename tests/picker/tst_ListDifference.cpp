@@ -127,6 +127,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(Keys)
 QTEST_GUILESS_MAIN(tst_ListDifference)
 #include "tst_ListDifference.moc"
