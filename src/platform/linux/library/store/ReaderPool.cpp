@@ -11,7 +11,7 @@ constexpr std::size_t mostIdleReaders = 3;
 // Mapped pages belong to the system and are shared by all readers; the readers' own caches stay small.
 constexpr const char *readerPragmas = R"sql(
 PRAGMA query_only = ON;
-PRAGMA mmap_size = 1073741824;
+PRAGMA mmap_size = 0;
 PRAGMA cache_size = -4096;
 PRAGMA temp_store = MEMORY;
 )sql";
