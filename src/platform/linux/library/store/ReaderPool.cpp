@@ -8,7 +8,7 @@ Q_LOGGING_CATEGORY(libraryLog, "trackwise.library")
 namespace {
 constexpr std::size_t mostIdleReaders = 3;
 
-// Mapped pages belong to the system and are shared by all readers; the readers' own caches stay small.
+// Not mapped: every reader would count the whole database towards the memory of the program.
 constexpr const char *readerPragmas = R"sql(
 PRAGMA query_only = ON;
 PRAGMA mmap_size = 0;
