@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/LibraryFixture.h"
-#include "platform/linux/library/MusicFolder.h"
+#include "platform/linux/library/WavFolder.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -29,7 +29,7 @@ private:
 private Q_SLOTS:
     void takesMusicAndNothingElse()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("a.wav", 1, "A");
         music.write("sub/b.WAV", 2, "B");
         music.write("sub/Caf\xe9.wav", 3, "Name that is not UTF-8");
@@ -52,8 +52,8 @@ private Q_SLOTS:
 
     void followsEachLinkOnce()
     {
-        const MusicFolder music;
-        const MusicFolder outside;
+        const WavFolder music;
+        const WavFolder outside;
         music.write("real/a.wav", 1, "A");
         outside.write("far/b.wav", 2, "B");
         (void)symlink(".", music.path("real/itself").constData());
@@ -71,7 +71,7 @@ private Q_SLOTS:
 
     void remembersWhatCouldNotBeRead()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("good.wav", 1, "Good");
         music.writeBytes("empty.mp3", {});
         music.writeBytes("garbage.flac", QByteArray("no music at all ").repeated(500));
@@ -100,7 +100,7 @@ private Q_SLOTS:
 
     void keepsASongWhoseFileIsDamagedForNow()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("a.wav", 1, "A");
         LibraryFixture fixture({music.root()});
         fixture.scan();
@@ -118,8 +118,8 @@ private Q_SLOTS:
 
     void followsTheChoiceOfMusicFolders()
     {
-        const MusicFolder one;
-        const MusicFolder other;
+        const WavFolder one;
+        const WavFolder other;
         one.write("a.wav", 1, "A");
         other.write("b.wav", 2, "B");
         LibraryFixture fixture({one.root()});
@@ -146,7 +146,7 @@ private Q_SLOTS:
 
     void marksNothingWhenStopped()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("a.wav", 1, "A");
         LibraryFixture fixture({music.root()});
         fixture.scan();
@@ -165,7 +165,7 @@ private Q_SLOTS:
         const QByteArray png = QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000000100000001080600000"
                                                    "01f15c4890000000d49444154789c6360606060000000050001"
                                                    "5e2a9d440000000049454e44ae426082");
-        const MusicFolder music;
+        const WavFolder music;
         music.write("album/a.wav", 1, "A");
         music.writeBytes("album/Cover.PNG", png);
         LibraryFixture fixture({music.root()});
@@ -182,7 +182,7 @@ private Q_SLOTS:
 
     void tellsHowFarItHasCome()
     {
-        const MusicFolder music;
+        const WavFolder music;
         for (int i = 0; i < 50; ++i)
             music.write(QByteArray::number(i) + ".wav", i, "Title");
         LibraryFixture fixture({music.root()});

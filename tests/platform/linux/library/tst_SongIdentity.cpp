@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/LibraryFixture.h"
-#include "platform/linux/library/MusicFolder.h"
+#include "platform/linux/library/WavFolder.h"
 
 #include <QTest>
 
@@ -11,7 +11,7 @@ using namespace trackwise;
 using namespace std::chrono_literals;
 
 namespace {
-using Step = std::function<void(const MusicFolder &)>;
+using Step = std::function<void(const WavFolder &)>;
 
 /// What is done to the files "a/one.wav" (sound 1) and "a/two.wav" (sound 2), and where the songs are then;
 /// empty: nowhere.
@@ -36,58 +36,57 @@ private Q_SLOTS:
         const auto row = [](const char *name, const QByteArray &one, const QByteArray &two, Step step) {
             QTest::newRow(name) << Change{std::move(step), one, two};
         };
-        row("nothing", "a/one.wav", "a/two.wav", [](const MusicFolder &) {});
+        row("nothing", "a/one.wav", "a/two.wav", [](const WavFolder &) {});
         row("retagged in place", "a/one.wav", "a/two.wav",
-            [](const MusicFolder &music) { music.write("a/one.wav", 1, "Another Title", "Zoe"); });
-        row("retagged through a new file", "a/one.wav", "a/two.wav", [](const MusicFolder &music) {
+            [](const WavFolder &music) { music.write("a/one.wav", 1, "Another Title", "Zoe"); });
+        row("retagged through a new file", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
             music.write("a/new.tmp", 1, "Another Title", "Zoe");
             music.move("a/new.tmp", "a/one.wav");
         });
         row("renamed", "a/zzz.wav", "a/two.wav",
-            [](const MusicFolder &music) { music.move("a/one.wav", "a/zzz.wav"); });
-        row("renamed and retagged", "a/zzz.wav", "a/two.wav", [](const MusicFolder &music) {
+            [](const WavFolder &music) { music.move("a/one.wav", "a/zzz.wav"); });
+        row("renamed and retagged", "a/zzz.wav", "a/two.wav", [](const WavFolder &music) {
             music.move("a/one.wav", "a/zzz.wav");
             music.write("a/zzz.wav", 1, "Another Title");
         });
         row("moved to another folder", "b/c/one.wav", "a/two.wav",
-            [](const MusicFolder &music) { music.move("a/one.wav", "b/c/one.wav"); });
-        row("folder renamed", "0/one.wav", "0/two.wav",
-            [](const MusicFolder &music) { music.move("a", "0"); });
-        row("copied elsewhere and deleted", "b/one.wav", "a/two.wav", [](const MusicFolder &music) {
+            [](const WavFolder &music) { music.move("a/one.wav", "b/c/one.wav"); });
+        row("folder renamed", "0/one.wav", "0/two.wav", [](const WavFolder &music) { music.move("a", "0"); });
+        row("copied elsewhere and deleted", "b/one.wav", "a/two.wav", [](const WavFolder &music) {
             music.copy("a/one.wav", "b/one.wav");
             music.remove("a/one.wav");
         });
-        row("names swapped", "a/two.wav", "a/one.wav", [](const MusicFolder &music) {
+        row("names swapped", "a/two.wav", "a/one.wav", [](const WavFolder &music) {
             music.move("a/one.wav", "a/x");
             music.move("a/two.wav", "a/one.wav");
             music.move("a/x", "a/two.wav");
         });
-        row("contents swapped", "a/two.wav", "a/one.wav", [](const MusicFolder &music) {
+        row("contents swapped", "a/two.wav", "a/one.wav", [](const WavFolder &music) {
             music.write("a/one.wav", 2, "Two");
             music.write("a/two.wav", 1, "One");
         });
         row("moved over the other", "a/two.wav", "",
-            [](const MusicFolder &music) { music.move("a/one.wav", "a/two.wav"); });
+            [](const WavFolder &music) { music.move("a/one.wav", "a/two.wav"); });
         row("better copy under the same name", "a/one.wav", "a/two.wav",
-            [](const MusicFolder &music) { music.write("a/one.wav", 77, "ONE", "ann"); });
+            [](const WavFolder &music) { music.write("a/one.wav", 77, "ONE", "ann"); });
         row("another song under the same name", "", "a/two.wav",
-            [](const MusicFolder &music) { music.write("a/one.wav", 77, "Something Else"); });
+            [](const WavFolder &music) { music.write("a/one.wav", 77, "Something Else"); });
         row("copied", "a/one.wav", "a/two.wav",
-            [](const MusicFolder &music) { music.copy("a/one.wav", "a/0 copy.wav"); });
-        row("linked hard", "a/one.wav", "a/two.wav", [](const MusicFolder &music) {
+            [](const WavFolder &music) { music.copy("a/one.wav", "a/0 copy.wav"); });
+        row("linked hard", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
             std::filesystem::create_hard_link(music.path("a/one.wav").toStdString(),
                                               music.path("a/0 link.wav").toStdString());
         });
-        row("kept as a backup beside a new file", "a/one.wav", "a/two.wav", [](const MusicFolder &music) {
+        row("kept as a backup beside a new file", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
             music.move("a/one.wav", "a/0 backup.wav");
             music.write("a/one.wav", 1, "Another Title");
         });
-        row("deleted", "", "a/two.wav", [](const MusicFolder &music) { music.remove("a/one.wav"); });
+        row("deleted", "", "a/two.wav", [](const WavFolder &music) { music.remove("a/one.wav"); });
     }
     void followsTheSound()
     {
         QFETCH(Change, change);
-        const MusicFolder music;
+        const WavFolder music;
         music.write("a/one.wav", 1, "One");
         music.write("a/two.wav", 2, "Two");
         LibraryFixture fixture({music.root()});
@@ -121,7 +120,7 @@ private Q_SLOTS:
 
     void comesBackAsItself()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("one.wav", 1, "One");
         LibraryFixture fixture({music.root()});
         fixture.scan();
@@ -137,7 +136,7 @@ private Q_SLOTS:
 
     void keepsSongsOfAnAbsentFolder()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("disk/one.wav", 1, "One");
         music.write("other/two.wav", 2, "Two");
         LibraryFixture fixture({music.path("disk"), music.path("other")});
@@ -155,7 +154,7 @@ private Q_SLOTS:
 
     void doesNotGuessBetweenVanishedTwins()
     {
-        const MusicFolder music;
+        const WavFolder music;
         music.write("a/one.wav", 1, "One");
         music.copy("a/one.wav", "b/one.wav");
         LibraryFixture fixture({music.root()});

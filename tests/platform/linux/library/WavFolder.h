@@ -8,7 +8,7 @@
 namespace trackwise {
 
 /// A folder with real music files: a tenth of a second of WAV, tagged. Paths are relative to it.
-class MusicFolder
+class WavFolder
 {
 public:
     [[nodiscard]] QByteArray root() const;

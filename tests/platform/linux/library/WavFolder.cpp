@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/linux/library/MusicFolder.h"
+#include "platform/linux/library/WavFolder.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -31,12 +31,12 @@ std::filesystem::path native(const QByteArray &path)
 }
 } // namespace
 
-QByteArray MusicFolder::root() const
+QByteArray WavFolder::root() const
 {
     return QFile::encodeName(m_folder.path()) + "/music";
 }
 
-void MusicFolder::writeBytes(const QByteArray &name, const QByteArray &bytes) const
+void WavFolder::writeBytes(const QByteArray &name, const QByteArray &bytes) const
 {
     const QByteArray file = path(name);
     std::filesystem::create_directories(native(file).parent_path());
@@ -47,8 +47,8 @@ void MusicFolder::writeBytes(const QByteArray &name, const QByteArray &bytes) co
     std::fclose(handle);
 }
 
-void MusicFolder::write(const QByteArray &name, int sound, const QByteArray &title,
-                        const QByteArray &artist) const
+void WavFolder::write(const QByteArray &name, int sound, const QByteArray &title,
+                      const QByteArray &artist) const
 {
     constexpr int samples = 800; // at 8000 Hz, 8 bits, mono
     QByteArray data(samples, 0);
@@ -60,25 +60,25 @@ void MusicFolder::write(const QByteArray &name, int sound, const QByteArray &tit
                chunk("RIFF", "WAVE" + chunk("fmt ", format) + chunk("data", data) + chunk("LIST", tags)));
 }
 
-void MusicFolder::makeFolder(const QByteArray &name) const
+void WavFolder::makeFolder(const QByteArray &name) const
 {
     std::filesystem::create_directories(native(path(name)));
 }
 
-void MusicFolder::move(const QByteArray &from, const QByteArray &to) const
+void WavFolder::move(const QByteArray &from, const QByteArray &to) const
 {
     std::filesystem::create_directories(native(path(to)).parent_path());
     std::filesystem::rename(native(path(from)), native(path(to)));
 }
 
-void MusicFolder::copy(const QByteArray &from, const QByteArray &to) const
+void WavFolder::copy(const QByteArray &from, const QByteArray &to) const
 {
     std::filesystem::create_directories(native(path(to)).parent_path());
     std::filesystem::copy_file(native(path(from)), native(path(to)),
                                std::filesystem::copy_options::overwrite_existing);
 }
 
-void MusicFolder::remove(const QByteArray &name) const
+void WavFolder::remove(const QByteArray &name) const
 {
     std::filesystem::remove_all(native(path(name)));
 }
