@@ -33,6 +33,8 @@ ContainerViewController::ContainerViewController(const ContainerServices &servic
     , m_columnWidth(narrowColumn)
 {
     m_detail.setDelegate(this);
+    connect(&m_detail, &DetailViewController::visibleMediaItemDidChange, this,
+            &ContainerViewController::refreshMediaItem);
 }
 
 ContainerViewController::~ContainerViewController()
@@ -64,6 +66,12 @@ void ContainerViewController::installSidebar()
     m_artworkSidebar =
         std::make_unique<ArtworkSidebarView>(m_mediaItem, m_isNowPlaying, true, m_services.artwork);
     Q_EMIT sidebarDidChange();
+}
+
+void ContainerViewController::refreshMediaItem()
+{
+    m_mediaItem = m_detail.visibleMediaItem();
+    m_artworkSidebar->artwork()->setMediaItem(*m_mediaItem);
 }
 
 void ContainerViewController::detailViewControllerDidChangeMediaItem(

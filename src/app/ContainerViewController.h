@@ -81,6 +81,7 @@ Q_SIGNALS:
 
 private:
     void installSidebar();
+    void refreshMediaItem();
     void stopPlayerIfItPlayedThePreviousSong();
     void runReviewPolicy();
 

@@ -15,16 +15,30 @@ ArtworkView::ArtworkView(ArtworkContent content, const ArtworkServices &services
     : QObject(parent)
     , m_content(std::move(content))
     , m_player(services.player)
+    , m_loader(services.loader)
     , m_opener(services.opener)
     , m_placeholderSymbol(trackwise::placeholderSymbol(services.now(), QTimeZone::systemTimeZone()))
     , m_drag(services.loader, services.files)
 {
-    if (m_content.mediaItem) {
-        m_artworkAddress = services.loader.address(*m_content.mediaItem);
-        m_titleBlock = titleBlock(*m_content.mediaItem);
-    }
+    readMediaItem();
     connect(&m_player, &MusicPlayer::playbackStateDidChange, this, &ArtworkView::refreshIsPlaying);
     connect(&m_drag, &ArtworkDrag::isCarryingChanged, this, &ArtworkView::isDraggingChanged);
+}
+
+void ArtworkView::readMediaItem()
+{
+    if (!m_content.mediaItem)
+        return;
+    m_artworkAddress = m_loader.address(*m_content.mediaItem);
+    m_titleBlock = titleBlock(*m_content.mediaItem);
+}
+
+void ArtworkView::setMediaItem(const MediaItem &mediaItem)
+{
+    Q_ASSERT(m_content.mediaItem && isSameSong(mediaItem, *m_content.mediaItem));
+    m_content.mediaItem = mediaItem;
+    readMediaItem();
+    Q_EMIT mediaItemChanged();
 }
 
 bool ArtworkView::showsPlayButton() const

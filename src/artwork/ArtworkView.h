@@ -27,21 +27,21 @@ struct ArtworkServices
 };
 
 /// Feeds `ArtworkView.qml`: one song's cover and, beneath it, its title, artist and play button. Another
-/// song gets another view; of this one only isPlaying and isDragging change. Main thread.
+/// song gets another view; this one follows its song's own values, and the player. Main thread.
 class ArtworkView : public QObject
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(ArtworkViewModel)
     QML_UNCREATABLE("made by controllers")
-    Q_PROPERTY(QString artworkAddress READ artworkAddress CONSTANT)
+    Q_PROPERTY(QString artworkAddress READ artworkAddress NOTIFY mediaItemChanged)
     Q_PROPERTY(QString placeholderSymbol READ placeholderSymbol CONSTANT)
     Q_PROPERTY(bool hasSong READ hasSong CONSTANT)
-    Q_PROPERTY(QString title READ title CONSTANT)
-    Q_PROPERTY(bool isTitleRightToLeft READ isTitleRightToLeft CONSTANT)
-    Q_PROPERTY(bool hasArtist READ hasArtist CONSTANT)
-    Q_PROPERTY(QString artist READ artist CONSTANT)
-    Q_PROPERTY(bool isExplicit READ isExplicit CONSTANT)
-    Q_PROPERTY(QString spokenText READ spokenText CONSTANT)
+    Q_PROPERTY(QString title READ title NOTIFY mediaItemChanged)
+    Q_PROPERTY(bool isTitleRightToLeft READ isTitleRightToLeft NOTIFY mediaItemChanged)
+    Q_PROPERTY(bool hasArtist READ hasArtist NOTIFY mediaItemChanged)
+    Q_PROPERTY(QString artist READ artist NOTIFY mediaItemChanged)
+    Q_PROPERTY(bool isExplicit READ isExplicit NOTIFY mediaItemChanged)
+    Q_PROPERTY(QString spokenText READ spokenText NOTIFY mediaItemChanged)
     Q_PROPERTY(bool isNowPlaying READ isNowPlaying CONSTANT)
     Q_PROPERTY(bool showsPlayButton READ showsPlayButton CONSTANT)
     Q_PROPERTY(bool alignPlaybackWithArtwork READ alignPlaybackWithArtwork CONSTANT)
@@ -66,6 +66,9 @@ public:
     [[nodiscard]] bool isPlaying() const { return m_isPlaying; }
     [[nodiscard]] bool isDragging() const { return m_drag.isCarrying(); }
 
+    /// Takes a later record of the same song.
+    void setMediaItem(const MediaItem &mediaItem);
+
     /// Side of the tile where the host has this width to give.
     Q_INVOKABLE [[nodiscard]] qreal side(qreal availableWidth) const { return artworkSide(availableWidth); }
 
@@ -82,15 +85,18 @@ public:
     Q_INVOKABLE void cancelDrag();
 
 Q_SIGNALS:
+    void mediaItemChanged();
     void isPlayingChanged();
     void isDraggingChanged();
 
 private:
+    void readMediaItem();
     [[nodiscard]] bool isLoadedInPlayer() const;
     void refreshIsPlaying();
 
     ArtworkContent m_content;
     MusicPlayer &m_player;
+    ArtworkLoader &m_loader;
     AddressOpener &m_opener;
     QString m_artworkAddress;
     QString m_placeholderSymbol;

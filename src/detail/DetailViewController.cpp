@@ -32,8 +32,12 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
             [this](const MediaItem &song) { displayMediaItem(song, false, true); });
     connect(m_picker, &SongPickerSource::folderWanted, this,
             [this] { m_presentation.dismiss([this] { perform(MoreCommand::OpenSettings); }); });
-    connect(&services.library, &MediaLibrary::songDidChange, this,
-            &DetailViewController::librarySongDidChange);
+    connect(&services.library, &MediaLibrary::songDidChange, this, [this](PersistentID song) {
+        if (m_visibleMediaItem && m_visibleMediaItem->persistentID == song)
+            refreshVisibleMediaItem();
+    });
+    connect(&services.library, &MediaLibrary::libraryDidChange, this,
+            &DetailViewController::refreshVisibleMediaItem);
 }
 
 DetailViewController::~DetailViewController()
@@ -118,9 +122,9 @@ void DetailViewController::showInformationView(const MediaItem &mediaItem)
 std::unique_ptr<InformationView> DetailViewController::makeInformationView(const MediaItem &mediaItem)
 {
     InformationView::Song song{mediaItem, m_isTrackingNowPlaying, true, {}};
-    song.lyricsAction = [controller = QPointer(this), mediaItem] {
-        if (controller)
-            controller->presentLyrics(mediaItem);
+    song.lyricsAction = [controller = QPointer(this)] {
+        if (controller && controller->m_visibleMediaItem)
+            controller->presentLyrics(*controller->m_visibleMediaItem);
     };
     return std::make_unique<InformationView>(std::move(song), m_services.preferences, m_services.locale,
                                              m_services.zone);
@@ -195,15 +199,19 @@ void DetailViewController::systemNowPlayingItemDidChange()
         selectNowPlayingSong(false);
 }
 
-// A count of the shown song has changed. It is the same song: nobody has chosen anything, so the list is
-// made again without counting a view or stopping a player.
-void DetailViewController::librarySongDidChange(PersistentID song)
+// A play of the shown song was counted, or its file was retagged. It is the same song: nobody has chosen
+// anything, so what is shown stays and its values follow.
+void DetailViewController::refreshVisibleMediaItem()
 {
-    if (!m_visibleMediaItem || m_visibleMediaItem->persistentID != song)
+    if (!m_visibleMediaItem)
         return;
-    const std::optional<MediaItem> now = m_services.library.song(song);
-    if (now && *now != *m_visibleMediaItem)
-        showInformationView(*now);
+    const std::optional<MediaItem> now = m_services.library.song(m_visibleMediaItem->persistentID);
+    if (!now || *now == *m_visibleMediaItem)
+        return;
+    m_visibleMediaItem = now;
+    m_artworkView->setMediaItem(*now);
+    m_informationView->setMediaItem(*now);
+    Q_EMIT visibleMediaItemDidChange();
 }
 
 void DetailViewController::presentLyrics(const MediaItem &mediaItem)

@@ -85,6 +85,8 @@ public:
 
 Q_SIGNALS:
     void songDidChange();
+    /// Values of the shown song, such as its play count, are different; it is the same song.
+    void visibleMediaItemDidChange();
     void noSongLabelDidChange();
     void newWindowWanted();
 
@@ -92,7 +94,7 @@ private:
     void showPlayingSongAtStart();
     void systemNowPlayingItemDidChange();
     [[nodiscard]] LinkDrop::Actions linkActions();
-    void librarySongDidChange(PersistentID song);
+    void refreshVisibleMediaItem();
     void presentMessage(const AlertMessage &message);
     void perform(MoreCommand command);
     void setNoSongLabelVisible(bool visible);

@@ -21,7 +21,7 @@ FocusableItem {
 
     implicitHeight: divider.y + divider.height
     activeFocusOnTab: !root.row.hasButton
-    onRowChanged: label.renew(root.row.value) // another song's row, not a change of this one's
+    onRowChanged: label.renew(root.row.value) // what is copied is what is shown
 
     Accessible.ignored: root.row.hasButton
     Accessible.role: Accessible.StaticText

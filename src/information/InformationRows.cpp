@@ -97,6 +97,16 @@ QString InformationRow::spoken() const
     return title + QStringLiteral(", ") + valueAccessibilityLabel.value_or(value);
 }
 
+InformationRow InformationRows::mainRow(int index) const
+{
+    return main.at(static_cast<size_t>(index));
+}
+
+InformationRow InformationRows::moreRow(int index) const
+{
+    return more.at(static_cast<size_t>(index));
+}
+
 InformationRows informationRows(const MediaItem &item, const FormatLocale &locale, const QTimeZone &zone)
 {
     return {mainRows(item, locale, zone), moreRows(item, locale, zone)};

@@ -42,8 +42,16 @@ public:
 /// The rows that are always shown and those that follow them when more is asked for.
 struct InformationRows
 {
+    Q_GADGET
+    QML_VALUE_TYPE(informationRows)
+
+public:
     std::vector<InformationRow> main;
     std::vector<InformationRow> more;
+
+    /// @p index is from 0 to below the number of rows.
+    Q_INVOKABLE [[nodiscard]] trackwise::InformationRow mainRow(int index) const;
+    Q_INVOKABLE [[nodiscard]] trackwise::InformationRow moreRow(int index) const;
 
     friend bool operator==(const InformationRows &, const InformationRows &) = default;
 };

@@ -9,7 +9,9 @@ InformationView::InformationView(Song song, Preferences &preferences, const Form
                                  const QTimeZone &zone, QObject *parent)
     : QObject(parent)
     , m_song(std::move(song))
-    , m_rows(informationRows(m_song.mediaItem, locale, zone))
+    , m_locale(locale)
+    , m_zone(zone)
+    , m_rows(informationRows(m_song.mediaItem, m_locale, m_zone))
     , m_userDefaultsStore(preferences)
 {
     connect(&m_userDefaultsStore, &UserDefaultsStore::didChange, this,
@@ -21,14 +23,15 @@ int InformationView::moreRowCount() const
     return showMoreInformation() ? static_cast<int>(m_rows.more.size()) : 0;
 }
 
-InformationRow InformationView::mainRow(int index) const
+void InformationView::setMediaItem(const MediaItem &mediaItem)
 {
-    return m_rows.main.at(static_cast<size_t>(index));
-}
-
-InformationRow InformationView::moreRow(int index) const
-{
-    return m_rows.more.at(static_cast<size_t>(index));
+    Q_ASSERT(isSameSong(mediaItem, m_song.mediaItem));
+    m_song.mediaItem = mediaItem;
+    const InformationRows rows = informationRows(mediaItem, m_locale, m_zone);
+    if (rows == m_rows)
+        return;
+    m_rows = rows;
+    Q_EMIT rowsChanged();
 }
 
 void InformationView::run(const InformationRow &row) const

@@ -48,7 +48,7 @@ ScrollingPage {
             required property int index
 
             width: parent.width
-            row: root.view.mainRow(index)
+            row: root.view.rows.mainRow(index)
         }
     }
     Repeater {
@@ -58,7 +58,7 @@ ScrollingPage {
             required property int index
 
             width: parent.width
-            row: root.view.moreRow(index)
+            row: root.view.rows.moreRow(index)
             onButtonAction: root.view.run(row)
         }
     }

@@ -11,6 +11,7 @@
 #include "support/AddressOpenerDouble.h"
 #include "support/MusicPlayerDouble.h"
 
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThreadPool>
@@ -122,6 +123,40 @@ private Q_SLOTS:
         QTEST(window.player.commands ==
                   QStringList({QStringLiteral("stop"), QStringLiteral("skipToBeginning")}),
               "stops");
+    }
+
+    void followsTheShownSongsValuesWithoutShowingItAgain()
+    {
+        Window window;
+        window.library.list = {song(1), song(2)};
+        window.start();
+        window.detail.displayMediaItem(song(1), true, true);
+        window.player.setItem(song(1));
+        window.player.commands.clear();
+        const InformationView *list = window.detail.informationView();
+        ArtworkSidebarView *sidebar = window.container.sidebar();
+        QSignalSpy changes(&window.detail, &DetailViewController::visibleMediaItemDidChange);
+
+        window.library.list[0].playCount = 1;
+        Q_EMIT window.library.songDidChange(PersistentID{2});
+        QCOMPARE(changes.size(), 0);
+        Q_EMIT window.library.songDidChange(PersistentID{1});
+        QCOMPARE(list->rows().main.at(8).value, QStringLiteral("1"));
+        window.library.list[0].title = QStringLiteral("retagged");
+        Q_EMIT window.library.libraryDidChange();
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(list->rows().main.front().value, QStringLiteral("retagged"));
+        QCOMPARE(sidebar->artwork()->title(), QStringLiteral("retagged"));
+        QCOMPARE(window.detail.artworkView()->title(), QStringLiteral("retagged"));
+
+        QCOMPARE(window.detail.informationView(), list);
+        QCOMPARE(window.container.sidebar(), sidebar);
+        QVERIFY(window.detail.isTrackingNowPlaying());
+        QVERIFY(window.player.commands.isEmpty());
+        QCOMPARE(window.preferences.soundsViewedCount(), 1);
+        window.detail.displayMediaItem(song(2), false,
+                                       true); // the player plays what was shown, though retagged
+        QVERIFY(!window.player.commands.isEmpty());
     }
 
     void refusesASongOutsideTheLibrary()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "information/ListWindow.h"
 
+#include <QClipboard>
 #include <QFontMetricsF>
 #include <QSignalSpy>
 #include <QTcpServer>
@@ -217,6 +218,36 @@ private Q_SLOTS:
             new InformationView({.mediaItem = song}, list.preferences, {}, QTimeZone::utc(), &list.window);
         list.window.rootObject()->setProperty("view", QVariant::fromValue(other));
         QCOMPARE(list.place(QStringLiteral("Information")).top(), top);
+    }
+
+    void valuesOfTheShownSongFollowInPlace()
+    {
+        MediaItem song = shortSong();
+        song.persistentID = PersistentID{1};
+        ListWindow list(song, {360, 300});
+        list.information.toggleShowMoreInformation();
+        const QString lyrics = QStringLiteral("Lyrics, Show Lyrics");
+        QTRY_VERIFY(list.place(lyrics).top() > list.place(QStringLiteral("Comments")).top()); // laid out
+        list.press(Qt::Key_End);
+        QTRY_VERIFY(list.place(lyrics).bottom() + 25 <= 300);
+        QQuickItem *comments = list.find(QStringLiteral("Comments"));
+        comments->forceActiveFocus(Qt::TabFocusReason);
+        const QRectF place = list.place(lyrics);
+
+        song.title = QStringLiteral("Golden Hour");
+        song.comments = QStringLiteral("Live");
+        song.playCount = 1;
+        list.information.setMediaItem(song);
+        QStringList expected = collapsedNames + moreNames;
+        expected[1] = QStringLiteral("Show Less");
+        expected[2] = QStringLiteral("Title, Golden Hour");
+        expected[10] = QStringLiteral("Play count, 1");
+        expected[21] = QStringLiteral("Comments, Live");
+        QCOMPARE(list.names(), expected);
+        QCOMPARE(list.place(lyrics), place);
+        QCOMPARE(list.window.activeFocusItem(), comments);
+        list.press(Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Live"));
     }
 
     void theArtworkStandsAboveTheListInNarrowWindows()

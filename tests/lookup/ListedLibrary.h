@@ -5,6 +5,8 @@
 
 #include <QThreadPool>
 
+#include <algorithm>
+
 namespace trackwise {
 
 /// Songs in a list, searched one by one.
@@ -33,7 +35,12 @@ public:
         QThreadPool::globalInstance()->start(
             [handler = std::move(handler), answer = status] { handler(answer); });
     }
-    [[nodiscard]] std::optional<MediaItem> song(PersistentID) const override { return {}; }
+    [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override
+    {
+        const auto found = std::find_if(list.begin(), list.end(),
+                                        [id](const auto &song) { return song.persistentID == id; });
+        return found == list.end() ? std::nullopt : std::optional(*found);
+    }
     [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override
     {
         std::vector<MediaItem> found;
