@@ -22,8 +22,9 @@ Column {
     StyledText {
         id: title
 
+        readonly property bool isMirrored: LayoutMirroring.enabled
         readonly property bool endsAtLeft: text.length > 0 && root.view.isTitleRightToLeft
-        readonly property real lineLeft: LayoutMirroring.enabled ? width - root.lastLineWidth : 0
+        readonly property real lineLeft: isMirrored ? width - root.lastLineWidth : 0
 
         width: parent.width
         style: Theme.headline
@@ -39,7 +40,7 @@ Column {
         Symbol {
             visible: root.view.isExplicit
             size: metrics.font.pixelSize
-            x: title.lineLeft + (title.endsAtLeft ? free.advanceWidth - width : root.lastLineWidth - free.advanceWidth)
+            x: title.lineLeft + (title.endsAtLeft ? free.advanceWidth - width : root.lastLineWidth - (title.isMirrored ? width : free.advanceWidth))
             y: root.lastLineTop + metrics.ascent - (metrics.tightBoundingRect("E").height + height) / 2
             name: "e.square.fill"
             color: Theme.secondaryLabel

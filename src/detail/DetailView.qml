@@ -21,6 +21,9 @@ FocusScope {
     NavigationBar {
         id: bar
 
+        readonly property textStyle buttonStyle: Theme.subheadline.medium().atMost(bar.largestText)
+        readonly property real buttonSymbolSize: 18 / 15 * buttonStyle.font.pixelSize // 18 beside letters of 15
+
         width: parent.width
         margin: root.isRegularWidth ? 22 : 18 // as the list below
 
@@ -30,7 +33,8 @@ FocusScope {
             height: Theme.touchTarget
             text: qsTr("Select Song")
             symbolName: "plus.circle"
-            style: Theme.subheadline.medium()
+            style: bar.buttonStyle
+            symbolSize: bar.buttonSymbolSize
             onClicked: root.controller.selectSongFromLibrary()
         }
         PlainButton {
@@ -40,6 +44,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             height: Theme.touchTarget
             symbolName: "ellipsis.circle"
+            symbolSize: bar.buttonSymbolSize
             Accessible.name: qsTr("More")
             onClicked: moreMenu.open()
 

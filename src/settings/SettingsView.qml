@@ -21,14 +21,14 @@ FocusScope {
         id: bar
 
         width: parent.width
-        title: Theme.isAccessibilitySize ? "" : root.title // no room beside the button
+        title: root.title
         margin: root.margin
 
         PlainButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Done")
-            style: Theme.headline
+            style: Theme.headline.atMost(bar.largestText)
             focus: true
             onClicked: root.screen.dismiss()
         }

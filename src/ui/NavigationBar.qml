@@ -10,8 +10,10 @@ Item {
     property real margin: 22
     default property alias content: ends.data
     readonly property real barHeight: 52
+    /// The bar keeps its height at every text size: its letters stop growing here.
+    readonly property int largestText: 24
 
-    implicitHeight: Math.max(barHeight, titleText.implicitHeight + 16)
+    implicitHeight: barHeight
 
     StyledText {
         id: titleText
@@ -19,7 +21,7 @@ Item {
         anchors.centerIn: parent
         width: Math.min(implicitWidth, root.width * 0.5)
         text: root.title
-        style: Theme.headline
+        style: Theme.headline.atMost(root.largestText)
         elide: Text.ElideRight
         Accessible.role: Accessible.Heading
         Accessible.name: root.title

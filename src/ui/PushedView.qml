@@ -25,6 +25,7 @@ FocusScope {
             symbolName: "chevron.backward"
             symbolMirrors: true
             text: qsTr("Back")
+            style: Theme.body.atMost(bar.largestText)
             focus: true
             onClicked: root.presentation.pop()
         }

@@ -69,6 +69,16 @@ TextStyle TextStyle::medium() const
     return style;
 }
 
+TextStyle TextStyle::atMost(int pixelSize) const
+{
+    TextStyle style = *this;
+    if (font.pixelSize() > pixelSize) {
+        style.font.setPixelSize(pixelSize);
+        style.lineHeight = std::round(lineHeight * pixelSize / font.pixelSize());
+    }
+    return style;
+}
+
 Theme::Theme(QObject *parent)
     : QObject(parent)
 {}
