@@ -31,9 +31,7 @@ T.AbstractButton {
     Keys.onEnterPressed: root.clicked()
 
     background: Rectangle {
-        anchors.fill: parent
-        anchors.leftMargin: -root.hoverMargin
-        anchors.rightMargin: -root.hoverMargin
+        anchors.fill: ground
         radius: 8
         color: Theme.systemFill
         opacity: root.hovered && root.enabled ? 0.5 : 0
@@ -85,9 +83,16 @@ T.AbstractButton {
         width: Math.max(root.width, Theme.touchTarget)
         height: Math.max(root.height, Theme.touchTarget)
     }
+    // What is seen of the button's area: close around its content, however high it is.
+    Item {
+        id: ground
+
+        anchors.centerIn: parent
+        width: root.width + 2 * root.hoverMargin
+        height: Math.min(root.height, root.implicitContentHeight + 2 * root.hoverMargin)
+    }
     FocusRing {
+        anchors.fill: ground
         visible: root.visualFocus
-        anchors.leftMargin: -root.hoverMargin
-        anchors.rightMargin: -root.hoverMargin
     }
 }
