@@ -2,6 +2,7 @@
 #include "platform/linux/players/FilePlayback.h"
 
 #include "platform/linux/players/DefaultOutput.h"
+#include "platform/linux/players/SoundConnection.h"
 
 #include <QAudioDevice>
 #include <QAudioOutput>
@@ -15,8 +16,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 namespace trackwise {
 
@@ -26,6 +25,9 @@ namespace {
 
 constexpr auto outputRetry = 200ms;
 constexpr int mostOutputAttempts = 10;
+constexpr auto serverRetry = 1s;
+constexpr std::chrono::milliseconds libraryRetry = 4s; // the library tries once, after three seconds
+constexpr auto longestReturn = 10s;
 
 /// The file, open for reading; null when it is absent, unreadable or not a regular file. Opened by its
 /// bytes: names in old collections are not always UTF-8.
@@ -50,7 +52,14 @@ std::unique_ptr<QFile> openRegularFile(const QByteArray &path)
 
 FilePlayback::FilePlayback(QObject *parent)
     : QObject(parent)
-{}
+{
+    for (QTimer *timer : {&m_nextAttempt, &m_nextReturn})
+        timer->setSingleShot(true);
+    m_nextAttempt.setInterval(outputRetry);
+    connect(&m_nextAttempt, &QTimer::timeout, this, &FilePlayback::followDefaultOutput);
+    m_nextReturn.setInterval(serverRetry);
+    connect(&m_nextReturn, &QTimer::timeout, this, &FilePlayback::returnToServer);
+}
 
 FilePlayback::~FilePlayback()
 {
@@ -61,8 +70,6 @@ FilePlayback::~FilePlayback()
 bool FilePlayback::load(const QByteArray &path)
 {
     unload();
-    if (m_isSoundLost)
-        return false;
     std::unique_ptr<QFile> file = openRegularFile(path);
     if (!file)
         return false;
@@ -79,6 +86,7 @@ bool FilePlayback::load(const QByteArray &path)
 
 void FilePlayback::unload()
 {
+    m_playUntil = {};
     if (!m_file)
         return;
     m_player->stop();
@@ -90,18 +98,22 @@ void FilePlayback::play()
 {
     if (!m_file)
         return;
+    if (m_isServerLost)
+        m_playUntil.setRemainingTime(longestReturn);
     if (hasOutput()) // without one, the library would crash
         m_player->play();
 }
 
 void FilePlayback::pause()
 {
+    m_playUntil = {};
     if (m_file && state() == State::Playing)
         m_player->pause();
 }
 
 void FilePlayback::stop()
 {
+    m_playUntil = {};
     if (m_file)
         m_player->stop();
 }
@@ -152,18 +164,9 @@ void FilePlayback::ensurePlayer()
     // The other backend lacks AAC without further packages and crashes without its plug-ins.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
-    m_output = std::make_unique<QAudioOutput>(QMediaDevices::defaultAudioOutput());
     m_player = std::make_unique<QMediaPlayer>();
-    m_player->setAudioOutput(m_output.get());
-    applyVolume();
-
-    m_defaultOutput = std::make_unique<DefaultOutput>();
-    connect(m_defaultOutput.get(), &DefaultOutput::didChange, this, [this](const QByteArray &name) {
-        m_wantedOutput = name;
-        m_attempts = 0;
-        followDefaultOutput();
-    });
-    connect(m_defaultOutput.get(), &DefaultOutput::serverDidVanish, this, &FilePlayback::leaveServer);
+    m_isServerLost = !canPlayTo(QMediaDevices::defaultAudioOutput());
+    makeOutput();
 
     connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this, &FilePlayback::stateDidChange);
     connect(m_player.get(), &QMediaPlayer::durationChanged, this, &FilePlayback::durationDidChange);
@@ -182,9 +185,27 @@ void FilePlayback::ensurePlayer()
     connect(m_player.get(), &QMediaPlayer::errorOccurred, this, fail, Qt::QueuedConnection);
 }
 
+void FilePlayback::makeOutput()
+{
+    m_output = std::make_unique<QAudioOutput>(QMediaDevices::defaultAudioOutput());
+    applyVolume();
+    m_player->setAudioOutput(m_output.get());
+    m_defaultOutput = std::make_unique<DefaultOutput>();
+    connect(m_defaultOutput.get(), &DefaultOutput::didChange, this, [this](const QByteArray &name) {
+        m_wantedOutput = name;
+        m_attempts = 0;
+        followDefaultOutput();
+    });
+    connect(m_defaultOutput.get(), &DefaultOutput::serverDidVanish, this, &FilePlayback::leaveServer);
+}
+
 /// Whether there is somewhere to play to; an output that has gone since is replaced by the default one.
 bool FilePlayback::hasOutput()
 {
+    if (m_isServerLost && !m_nextReturn.isActive())
+        returnToServer();
+    if (m_isServerLost)
+        return false;
     const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
     const bool isThere = std::any_of(outputs.begin(), outputs.end(), [this](const QAudioDevice &output) {
         return output.id() == m_output->device().id();
@@ -212,21 +233,43 @@ void FilePlayback::followDefaultOutput()
     Q_EMIT outputDidChange(m_wantedOutput);
 }
 
-/// The sound server has gone. Qt 6.4 does not find one that comes back, and would crash playing to it: sound
-/// is over for this process. If it was playing, Qt also keeps the lock of its connection (an error path of
-/// QPulseAudioSink::write), for which its farewell would wait for ever: the process ends without that.
+/// The sound server has gone. The song stands where it was, without an output, until the library has
+/// connected again.
 void FilePlayback::leaveServer()
 {
-    m_isSoundLost = true;
-    if (state() == State::Playing) {
-        ::on_exit(
-            [](int status, void *) {
-                std::fflush(nullptr);
-                ::_exit(status);
-            },
-            nullptr);
+    if (m_isServerLost)
+        return;
+    m_isServerLost = true;
+    m_nextAttempt.stop();
+    pause();
+    m_player->setAudioOutput(nullptr);
+    m_sinceLoss.start();
+    m_nextReturn.start();
+}
+
+void FilePlayback::returnToServer()
+{
+    m_isServerLost = !canPlayTo(QMediaDevices::defaultAudioOutput());
+    if (!m_isServerLost) {
+        makeOutput();
+        if (m_file && !m_playUntil.hasExpired())
+            m_player->play();
+        return;
     }
-    unload();
+    if (!m_sinceLoss.isValid())
+        return; // there never was one
+    if (m_sinceLoss.elapsed() > libraryRetry.count())
+        lookForServer();
+    m_nextReturn.start();
+}
+
+void FilePlayback::lookForServer()
+{
+    m_defaultOutput = std::make_unique<DefaultOutput>();
+    connect(m_defaultOutput.get(), &DefaultOutput::didChange, this, [this] {
+        m_sinceLoss.start();
+        connectSoundAgain();
+    });
 }
 
 void FilePlayback::applyVolume()

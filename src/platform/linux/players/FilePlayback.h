@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -35,7 +37,8 @@ public:
     void unload();
     [[nodiscard]] bool isLoaded() const { return m_file != nullptr; }
 
-    /// Does nothing without a file or without any audio output.
+    /// Does nothing without a file or without any audio output. Losing the sound server pauses; play() then
+    /// plays when it comes back within ten seconds.
     void play();
     void pause();
     void stop(); ///< and goes back to the beginning
@@ -57,8 +60,11 @@ Q_SIGNALS:
 private:
     void ensurePlayer();
     void followDefaultOutput();
+    void makeOutput();
     [[nodiscard]] bool hasOutput();
     void leaveServer();
+    void returnToServer();
+    void lookForServer();
     void applyVolume();
 
     double m_volume = 1;
@@ -69,7 +75,10 @@ private:
     QByteArray m_wantedOutput; ///< where sound is to go; the library may not know it yet
     int m_attempts = 0;        ///< to find it there
     QTimer m_nextAttempt;
-    bool m_isSoundLost = false;
+    bool m_isServerLost = false;
+    QElapsedTimer m_sinceLoss;  ///< or since the library was told to connect again
+    QDeadlineTimer m_playUntil; ///< play when the server comes back before
+    QTimer m_nextReturn;
 };
 
 } // namespace trackwise

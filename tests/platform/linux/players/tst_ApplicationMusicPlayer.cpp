@@ -238,16 +238,43 @@ private Q_SLOTS:
         QVERIFY(playback.position() < position + 5s);
     }
 
-    void survivesTheLossOfTheSoundServer() // the last: there is no sound after it
+    void soundsAgainWhenTheSoundServerIsBack_data()
     {
+        QTest::addColumn<bool>("wasPlaying");
+        QTest::addColumn<bool>("asksBefore"); // the server is back
+        QTest::addColumn<int>("awaySeconds");
+        QTest::newRow("playing") << true << true << 0;
+        QTest::newRow("paused, for longer than Qt waits") << false << false << 5;
+    }
+    void soundsAgainWhenTheSoundServerIsBack()
+    {
+        QFETCH(bool, wasPlaying);
+        QFETCH(bool, asksBefore);
+        QFETCH(int, awaySeconds);
         load({longSong});
         m_player->play();
         QTRY_VERIFY(m_player->position() > 100ms);
+        m_player->seek(20s);
+        QTRY_VERIFY(m_player->position() > 20s);
+        if (!wasPlaying)
+            m_player->pause();
         m_sound.stop();
-        QTRY_VERIFY(m_player->playbackState() != PlaybackState::Playing);
-        m_player->play();
-        QTest::qWait(100);
-        QVERIFY(m_player->playbackState() != PlaybackState::Playing);
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Paused);
+        const auto position = m_player->position();
+        if (asksBefore)
+            m_player->play();
+        QTest::qWait(100 + 1000 * awaySeconds);
+        QCOMPARE(m_player->playbackState(), PlaybackState::Paused);
+        QVERIFY(position > 19s && m_player->position() == position);
+
+        QVERIFY(m_sound.start());
+        if (!asksBefore)
+            m_player->play();
+        QTRY_VERIFY_WITH_TIMEOUT(m_player->position() > position + 500ms, 10000);
+        QVERIFY(m_player->position() < position + 10s);
+        const QStringList inputs{QStringLiteral("list"), QStringLiteral("short"),
+                                 QStringLiteral("sink-inputs")};
+        QCOMPARE(m_sound.control(inputs).count(QLatin1Char('\n')), 1);
     }
 };
 

@@ -30,7 +30,7 @@ private Q_SLOTS:
         QTest::qWait(50); // for what is found out behind our back
         QCOMPARE(player.playbackState(), PlaybackState::Stopped);
         QCOMPARE(player.nowPlayingItem(), std::optional(song));
-        QCOMPARE(player.duration(), 30s);
+        QVERIFY(player.duration() >= 30s && player.duration() < 31s);
         player.seek(10s);
         player.pause();
         player.stop();
