@@ -4,6 +4,7 @@
 #include "artwork/Squircle.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QQuickWindow>
 #include <QSGNinePatchNode>
 #include <QSGTexture>
@@ -45,10 +46,36 @@ void drawShadow(QImage &image, const QRectF &shadow, const TileGroundLook &look)
     }
 }
 
-void showPatch(QSGNinePatchNode &node, const QQuickWindow &window, const QImage &image)
+/// A picture in nine parts, and its texture. Of the nodes that Qt makes for it the software renderer's leaves
+/// the texture behind, the others delete it as they should: what is left of it goes here.
+class GroundNode : public QSGNode
 {
-    node.setTexture(window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel));
-}
+public:
+    explicit GroundNode(const QQuickWindow &window)
+        : m_patch(window.createNinePatchNode())
+    {
+        appendChildNode(m_patch);
+    }
+    ~GroundNode() override
+    {
+        delete m_patch;
+        delete m_texture.data();
+    }
+    Q_DISABLE_COPY_MOVE(GroundNode)
+
+    [[nodiscard]] QSGNinePatchNode &patch() { return *m_patch; }
+    void show(const QQuickWindow &window, const QImage &image)
+    {
+        const QPointer<QSGTexture> before = m_texture;
+        m_texture = window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel);
+        m_patch->setTexture(m_texture);
+        delete before.data();
+    }
+
+private:
+    QSGNinePatchNode *m_patch;
+    QPointer<QSGTexture> m_texture;
+};
 
 } // namespace
 
@@ -96,7 +123,7 @@ TileGroundLook TileGround::lookInPixels(qreal pixelRatio) const
 
 QSGNode *TileGround::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
-    auto *node = static_cast<QSGNinePatchNode *>(oldNode);
+    auto *node = static_cast<GroundNode *>(oldNode);
     if (width() < 1 || height() < 1) {
         delete node;
         return nullptr;
@@ -110,14 +137,15 @@ QSGNode *TileGround::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
     }
     const bool isNewNode = !node;
     if (isNewNode)
-        node = window()->createNinePatchNode();
+        node = new GroundNode(*window());
     if (isNewNode || isNewLook)
-        showPatch(*node, *window(), m_patch.image);
-    node->setBounds(boundingRect().marginsAdded(m_patch.beyond / pixelRatio));
-    node->setDevicePixelRatio(pixelRatio);
-    node->setPadding(m_patch.fixed.left(), m_patch.fixed.top(), m_patch.fixed.right(),
+        node->show(*window(), m_patch.image);
+    QSGNinePatchNode &patch = node->patch();
+    patch.setBounds(boundingRect().marginsAdded(m_patch.beyond / pixelRatio));
+    patch.setDevicePixelRatio(pixelRatio);
+    patch.setPadding(m_patch.fixed.left(), m_patch.fixed.top(), m_patch.fixed.right(),
                      m_patch.fixed.bottom());
-    node->update();
+    patch.update();
     return node;
 }
 
