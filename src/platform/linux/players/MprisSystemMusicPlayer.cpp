@@ -16,7 +16,7 @@ namespace {
 
 // A file on a server that has gone can hold up one look-up for minutes; the next must not wait for it.
 constexpr int mostLookUps = 3;
-constexpr auto longestWaitForReady = 1500ms;
+constexpr auto longestFirstLookUp = 800ms;
 
 MediaItem lookUp(const SongMatching &library, const TrackMetadata &track)
 {
@@ -41,10 +41,11 @@ MprisSystemMusicPlayer::MprisSystemMusicPlayer(const SongMatching &library, cons
     connect(&m_follower, &MprisFollower::currentDidChange, this, &MprisSystemMusicPlayer::lookUpCurrent);
     connect(&m_follower, &MprisFollower::surveyDidEnd, this, [this] {
         m_hasSurveyed = true;
-        if (!m_follower.current())
+        if (m_follower.current())
+            QTimer::singleShot(longestFirstLookUp, this, &MprisSystemMusicPlayer::becomeReady);
+        else
             becomeReady();
     });
-    QTimer::singleShot(longestWaitForReady, this, &MprisSystemMusicPlayer::becomeReady);
     m_follower.start();
 }
 

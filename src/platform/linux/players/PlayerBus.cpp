@@ -16,7 +16,10 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto callTimeout = 2s;
-constexpr auto surveyLimit = 700ms; // a player that hangs must not hold up the others
+// A player that hangs must not hold up the others. Counted in steps, since only the time in which answers can
+// be taken in counts: while the first window is being made, the main thread does not look at any.
+constexpr auto surveyTick = 100ms;
+constexpr int surveyTicks = 7;
 constexpr auto retryDelay = 5s;
 constexpr int mostFailures = 3;
 
@@ -68,8 +71,10 @@ PlayerBus::PlayerBus(const QDBusConnection &bus, Filter isWanted, QObject *paren
     , m_bus(bus)
     , m_isWanted(std::move(isWanted))
 {
-    m_surveyTimer.setSingleShot(true);
-    connect(&m_surveyTimer, &QTimer::timeout, this, [this] { surveyStep(-m_surveyPending); });
+    connect(&m_surveyTimer, &QTimer::timeout, this, [this] {
+        if (++m_surveyTicksGone == surveyTicks)
+            surveyStep(-m_surveyPending);
+    });
 }
 
 void PlayerBus::start()
@@ -89,7 +94,7 @@ void PlayerBus::start()
     m_bus.connect(QString(), QLatin1String(mprisPath), QLatin1String(mprisPlayerInterface),
                   QStringLiteral("Seeked"), this, SLOT(seeked(QDBusMessage)));
 
-    m_surveyTimer.start(surveyLimit);
+    m_surveyTimer.start(surveyTick);
     surveyStep(+1);
     call(busCall(QStringLiteral("ListNames")), [this](const QDBusMessage &reply) {
         const QStringList names = reply.arguments().value(0).toStringList();

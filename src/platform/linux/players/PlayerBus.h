@@ -73,6 +73,7 @@ private:
     QHash<QString, Player> m_players;
     QMultiHash<QString, QString> m_playersOfOwner;
     QTimer m_surveyTimer;
+    int m_surveyTicksGone = 0;
     int m_surveyPending = 0;
     bool m_isSurveying = false;
 };

@@ -7,6 +7,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 
 #include <memory>
 
@@ -84,6 +85,7 @@ private Q_SLOTS:
         player.set(playing(text("two"), text("BAND"), 1.5));
         QVERIFY(player.appear());
         startFollowing();
+        QThread::msleep(750); // the first window takes its time: no answer is looked at meanwhile
         QVERIFY(becomesReady());
         QCOMPARE(song(), 2);
         QVERIFY(m_system->raisePlayer());
