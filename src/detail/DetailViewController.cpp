@@ -30,8 +30,12 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
 {
     connect(m_picker, &SongPickerSource::didPickSong, this,
             [this](const MediaItem &song) { displayMediaItem(song, false, true); });
-    connect(m_picker, &SongPickerSource::folderWanted, this,
-            [this] { m_presentation.dismiss([this] { perform(MoreCommand::OpenSettings); }); });
+    connect(m_picker, &SongPickerSource::folderWanted, this, [this] {
+        m_presentation.dismiss([controller = QPointer(this)] {
+            if (controller)
+                controller->perform(MoreCommand::OpenSettings);
+        });
+    });
     connect(&services.library, &MediaLibrary::songDidChange, this, [this](PersistentID song) {
         if (m_visibleMediaItem && m_visibleMediaItem->persistentID == song)
             refreshVisibleMediaItem();
