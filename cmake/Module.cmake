@@ -15,11 +15,7 @@ add_library(trackwise_flags INTERFACE)
 target_include_directories(trackwise_flags INTERFACE "${CMAKE_SOURCE_DIR}/src")
 target_compile_definitions(trackwise_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-if(TRACKWISE_SANITIZERS)
-    target_compile_options(trackwise_flags INTERFACE
-        "-fsanitize=${TRACKWISE_SANITIZERS}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
-    target_link_options(trackwise_flags INTERFACE "-fsanitize=${TRACKWISE_SANITIZERS}")
-endif()
+include(Sanitizers)
 
 set(TRACKWISE_WARNINGS -Wall -Wextra -Wno-missing-field-initializers -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
     -Wduplicated-cond -Wlogical-op -Wcast-qual -Wformat=2 -Wimplicit-fallthrough)
@@ -80,8 +76,12 @@ function(add_test_program name)
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
     trackwise_strict_sources(${arg_SOURCES})
     add_test(NAME ${name} COMMAND ${arg_COMMAND_PREFIX} $<TARGET_FILE:${name}>)
+    set(environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 TZ=UTC ${TRACKWISE_TEST_ENVIRONMENT})
+    if("${arg_USES}" MATCHES "Linked::")
+        list(APPEND environment ${TRACKWISE_DRAWING_TEST_ENVIRONMENT})
+    endif()
     set_tests_properties(${name} PROPERTIES
         LABELS "${arg_LABELS}"
-        TIMEOUT 120
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC;${arg_ENVIRONMENT}")
+        TIMEOUT ${TRACKWISE_TEST_SECONDS}
+        ENVIRONMENT "${environment};${arg_ENVIRONMENT}")
 endfunction()

@@ -162,9 +162,11 @@ private Q_SLOTS:
     void closesAWindowAtAnyMoment()
     {
         FakePlayer player(QStringLiteral("player"));
+        player.set(playing(QStringLiteral("Song 1"), QStringLiteral("Ann")));
         QVERIFY(player.appear());
         Program program(m_music, m_folder, m_catalog);
         WindowScene &stays = program.openWindow();
+        QTRY_VERIFY(stays.detail().isTrackingNowPlaying());
         for (int round = 0; round < rounds; ++round) {
             WindowScene &closes = program.openWindow();
             program.keepBusy(closes, round);

@@ -223,7 +223,7 @@ private Q_SLOTS:
         Answer answer;
         {
             NetworkHttpClient client(m_trusting);
-            client.get(server.address(QStringLiteral("/")), 200ms, &receiver,
+            client.get(server.address(QStringLiteral("/")), 600ms, &receiver,
                        [&answer](Result<QByteArray> reply) { answer = std::move(reply); });
             QTRY_COMPARE(server.requests().size(), 1);
         }
