@@ -74,12 +74,7 @@ void DetailViewController::showPlayingSongAtStart()
 LinkDrop::Actions DetailViewController::linkActions()
 {
     return {[this](const AlertMessage &message) { presentMessage(message); },
-            [this](const MediaItem &song) {
-                m_isTrackingNowPlaying = false;
-                showInformationView(song);
-                updateMoreMenu();
-                tellDelegate(song, false);
-            },
+            [this](const MediaItem &song) { show(song, false); },
             [this](const MediaItem &song) { displayMediaItem(song, false, true); }};
 }
 
@@ -98,16 +93,22 @@ void DetailViewController::displayMediaItem(const MediaItem &mediaItem, bool isN
                                             bool showsNotInLibraryAlert, const Completion &completion)
 {
     const bool isInLibrary = mediaItem.persistentID.isInLibrary();
-    if (isInLibrary) {
-        m_isTrackingNowPlaying = isNowPlaying;
-        showInformationView(mediaItem);
-        updateMoreMenu();
-        tellDelegate(mediaItem, isNowPlaying);
-    } else if (showsNotInLibraryAlert) {
+    if (isInLibrary)
+        show(mediaItem, isNowPlaying);
+    else if (showsNotInLibraryAlert)
         presentMessage(songNotAddedToLibrary());
-    }
     if (completion)
         completion(isInLibrary);
+}
+
+void DetailViewController::show(const MediaItem &mediaItem, bool isNowPlaying)
+{
+    if (!isNowPlaying)
+        m_nowPlaying->dropSilentRequests();
+    m_isTrackingNowPlaying = isNowPlaying;
+    showInformationView(mediaItem);
+    updateMoreMenu();
+    tellDelegate(mediaItem, isNowPlaying);
 }
 
 void DetailViewController::showInformationView(const MediaItem &mediaItem)
@@ -138,6 +139,7 @@ void DetailViewController::clearSelectedSong()
 {
     if (!m_informationView)
         return;
+    m_nowPlaying->dropSilentRequests();
     setNoSongLabelVisible(true);
     const std::unique_ptr<ArtworkView> oldArtwork = std::move(m_artworkView);
     const std::unique_ptr<InformationView> old = std::move(m_informationView);

@@ -92,6 +92,7 @@ Q_SIGNALS:
 
 private:
     void showPlayingSongAtStart();
+    void show(const MediaItem &mediaItem, bool isNowPlaying);
     void systemNowPlayingItemDidChange();
     [[nodiscard]] LinkDrop::Actions linkActions();
     void refreshVisibleMediaItem();

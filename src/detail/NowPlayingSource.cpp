@@ -16,12 +16,14 @@ NowPlayingSource::NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate 
 
 void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion completion)
 {
-    m_gate.requestLibraryAccess(
-        showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
-        [source = QPointer(this), showsAlerts, completion = std::move(completion)](bool authorized) {
-            if (source && authorized)
-                source->take(showsAlerts, completion);
-        });
+    m_gate.requestLibraryAccess(showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
+                                [source = QPointer(this), showsAlerts, choices = m_choices,
+                                 completion = std::move(completion)](bool authorized) {
+                                    if (!source || !authorized)
+                                        return;
+                                    if (showsAlerts || choices == source->m_choices)
+                                        source->take(showsAlerts, completion);
+                                });
 }
 
 void NowPlayingSource::take(bool showsAlerts, const Completion &completion)

@@ -25,6 +25,8 @@ public:
 
     /// Without permission nothing is shown and @p completion, which may be empty, is not called.
     void selectNowPlayingSong(bool showsAlerts, Completion completion);
+    /// The user has chosen otherwise: silent requests that are under way come to nothing.
+    void dropSilentRequests() { ++m_choices; }
 
 private:
     void take(bool showsAlerts, const Completion &completion);
@@ -33,6 +35,7 @@ private:
     LibraryAccessGate &m_gate;
     Display m_display;
     LibraryAccessGate::PresentAlert m_presentAlert;
+    unsigned m_choices = 0; ///< of the user, while requests were under way
 };
 
 } // namespace trackwise

@@ -1,94 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ContainerViewController.h"
-#include "artwork/ArtworkFiles.h"
-#include "artwork/ArtworkLoader.h"
-#include "lookup/CatalogLookup.h"
-#include "lookup/ListedLibrary.h"
-#include "picker/MediaPicker.h"
-#include "platform/HttpClient.h"
-#include "platform/SystemMusicPlayer.h"
-#include "preferences/Preferences.h"
-#include "support/AddressOpenerDouble.h"
-#include "support/MusicPlayerDouble.h"
+#include "app/WindowControllers.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QThreadPool>
 
 using namespace trackwise;
-
-namespace {
-
-class SystemPlayerDouble : public SystemMusicPlayer
-{
-public:
-    std::optional<MediaItem> item;
-
-    [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
-    void whenReady(std::function<void()> handler) override { handler(); }
-    void beginGeneratingPlaybackNotifications() override {}
-    void endGeneratingPlaybackNotifications() override {}
-    void change(std::optional<MediaItem> now)
-    {
-        item = std::move(now);
-        Q_EMIT nowPlayingItemDidChange();
-    }
-};
-
-/// There is no network here.
-class NoHttp : public HttpClient
-{
-public:
-    void get(const QUrl &, std::chrono::milliseconds, QObject *, Handler) override {}
-};
-
-MediaItem song(unsigned id)
-{
-    MediaItem item;
-    item.title = QStringLiteral("song %1").arg(id);
-    item.persistentID = PersistentID{id};
-    return item;
-}
-
-/// A window's controllers over doubles of the device.
-struct Window
-{
-    QTemporaryDir folder;
-    QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
-    Preferences preferences{defaults};
-    ListedLibrary library;
-    SystemPlayerDouble systemPlayer;
-    MusicPlayerDouble player;
-    AddressOpenerDouble addresses;
-    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
-    ArtworkFiles files{folder.path()};
-    ArtworkServices artwork{player, addresses, loader, files, [] { return Instant(); }};
-    NoHttp http;
-    CatalogLookup catalog{http, {}};
-    QThreadPool searches;
-    DetailServices services{library,  systemPlayer, preferences, addresses, artwork, catalog,
-                            searches, {},           {},          {},        {},      QTimeZone::utc()};
-    ContainerServices containerServices{player,    preferences, artwork,
-                                        addresses, QUrl(),      [] { return QDateTime::currentDateTime(); }};
-    Presentation presentation;
-    DetailViewController detail{services, presentation};
-    ContainerViewController container{containerServices, detail};
-
-    void start()
-    {
-        container.viewDidLoad();
-        detail.viewDidLoad();
-    }
-    [[nodiscard]] unsigned shown() const
-    {
-        return detail.visibleMediaItem()
-                   ? static_cast<unsigned>(detail.visibleMediaItem()->persistentID.value)
-                   : 0;
-    }
-};
-
-} // namespace
+using Window = WindowControllers;
 
 class tst_Container : public QObject
 {
@@ -210,6 +127,39 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(window.shown(), 5U);
         QVERIFY(!window.presentation.alert());
+    }
+
+    void whatTheUserChoosesStays_data()
+    {
+        QTest::addColumn<bool>("isFollowing");
+        QTest::addColumn<bool>("isAskedFor");
+        QTest::addColumn<bool>("clears");
+        QTest::addColumn<unsigned>("shown");
+        QTest::newRow("start under way") << false << false << false << 5U;
+        QTest::newRow("change of track under way") << true << false << false << 5U;
+        QTest::newRow("change of track under way, cleared") << true << false << true << 0U;
+        QTest::newRow("asked for what is playing") << false << true << false << 2U;
+    }
+    void whatTheUserChoosesStays()
+    {
+        QFETCH(bool, isFollowing);
+        QFETCH(bool, isAskedFor);
+        QFETCH(bool, clears);
+        Window window;
+        window.systemPlayer.item = song(1);
+        window.start();
+        if (isFollowing)
+            QTRY_COMPARE(window.shown(), 1U);
+        window.systemPlayer.change(song(2)); // when followed, it is asked whether the library may be used
+        if (isAskedFor)
+            window.detail.selectNowPlayingSong(true);
+        if (clears)
+            window.detail.clearSelectedSong();
+        else
+            window.detail.displayMediaItem(song(5), false, true);
+        QThreadPool::globalInstance()->waitForDone(); // the answers are on their way
+        QCoreApplication::processEvents();
+        QTEST(window.shown(), "shown");
     }
 
     void saysWhyThereIsNoMusic_data()

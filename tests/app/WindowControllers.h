@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/ContainerViewController.h"
+#include "artwork/ArtworkFiles.h"
+#include "artwork/ArtworkLoader.h"
+#include "lookup/CatalogLookup.h"
+#include "lookup/ListedLibrary.h"
+#include "picker/MediaPicker.h"
+#include "platform/HttpClient.h"
+#include "platform/SystemMusicPlayer.h"
+#include "preferences/Preferences.h"
+#include "support/AddressOpenerDouble.h"
+#include "support/MusicPlayerDouble.h"
+
+#include <QTemporaryDir>
+#include <QThreadPool>
+
+namespace trackwise {
+
+/// A player that is ready from the start and plays what it is told.
+class SystemPlayerDouble : public SystemMusicPlayer
+{
+public:
+    std::optional<MediaItem> item;
+
+    [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
+    void whenReady(std::function<void()> handler) override { handler(); }
+    void beginGeneratingPlaybackNotifications() override {}
+    void endGeneratingPlaybackNotifications() override {}
+    void change(std::optional<MediaItem> now)
+    {
+        item = std::move(now);
+        Q_EMIT nowPlayingItemDidChange();
+    }
+};
+
+/// There is no network here.
+class NoHttp : public HttpClient
+{
+public:
+    void get(const QUrl &, std::chrono::milliseconds, QObject *, Handler) override {}
+};
+
+inline MediaItem song(unsigned id)
+{
+    MediaItem item;
+    item.title = QStringLiteral("song %1").arg(id);
+    item.persistentID = PersistentID{id};
+    return item;
+}
+
+/// A window's controllers over doubles of the device.
+struct WindowControllers
+{
+    QTemporaryDir folder;
+    QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
+    Preferences preferences{defaults};
+    ListedLibrary library;
+    SystemPlayerDouble systemPlayer;
+    MusicPlayerDouble player;
+    AddressOpenerDouble addresses;
+    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
+    ArtworkFiles files{folder.path()};
+    ArtworkServices artwork{player, addresses, loader, files, [] { return Instant(); }};
+    NoHttp http;
+    CatalogLookup catalog{http, {}};
+    QThreadPool searches;
+    DetailServices services{library,  systemPlayer, preferences, addresses, artwork, catalog,
+                            searches, {},           {},          {},        {},      QTimeZone::utc()};
+    ContainerServices containerServices{player,    preferences, artwork,
+                                        addresses, QUrl(),      [] { return QDateTime::currentDateTime(); }};
+    Presentation presentation;
+    DetailViewController detail{services, presentation};
+    ContainerViewController container{containerServices, detail};
+
+    void start()
+    {
+        container.viewDidLoad();
+        detail.viewDidLoad();
+    }
+    [[nodiscard]] unsigned shown() const
+    {
+        return detail.visibleMediaItem()
+                   ? static_cast<unsigned>(detail.visibleMediaItem()->persistentID.value)
+                   : 0;
+    }
+};
+
+} // namespace trackwise
