@@ -51,6 +51,7 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
           QTimeZone::systemTimeZone()}
     , m_containerServices{device.player,    preferences,      m_artworkServices,
                           device.addresses, device.storePage, [] { return QDateTime::currentDateTime(); }}
+    , m_opening(device.library, device.scan, device.songOfFile)
 {
     prepareEngine(m_engine);
     m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));
@@ -85,6 +86,25 @@ void AppDelegate::activate()
         newWindow();
     else
         m_scenes.back()->raise();
+}
+
+void AppDelegate::open(const QStringList &addresses)
+{
+    activate();
+    m_opening.open(addresses, m_scenes.back()->detail());
+}
+
+void AppDelegate::activateAction(const QString &name)
+{
+    activate();
+    WindowScene &scene = *m_scenes.back();
+    if (name == QLatin1StringView("SelectSongNowPlayingAction"))
+        scene.detail().selectSongFromNowPlaying();
+    else if (name == QLatin1StringView("SelectSongAction"))
+        scene.presentation().dismiss([detail = QPointer(&scene.detail())] {
+            if (detail)
+                detail->selectSongFromLibrary();
+        });
 }
 
 void AppDelegate::removeScene(WindowScene *scene)

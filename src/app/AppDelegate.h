@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/AddressOpening.h"
 #include "app/WindowScene.h"
 #include "artwork/ArtworkFiles.h"
 #include "artwork/ArtworkLoader.h"
@@ -29,6 +30,7 @@ struct AppDevice
     const CatalogLookup &catalog;
     QString cacheFolder;
     QUrl storePage; ///< where reviews are written
+    AddressOpening::SongOfFile songOfFile;
 };
 
 /// The app itself: what all windows share, and the windows. Main thread.
@@ -46,6 +48,10 @@ public:
     Q_INVOKABLE void newWindow();
     /// Brings a window of ours to the front, or opens one.
     void activate();
+    /// Shows song links or files' songs in a window of ours.
+    void open(const QStringList &addresses);
+    /// Carries out an action of the desktop entry; one that we do not know only shows a window.
+    void activateAction(const QString &name);
     [[nodiscard]] const std::vector<std::unique_ptr<WindowScene>> &scenes() const { return m_scenes; }
 
     /// Shows the settings in the window of that presentation; set by whoever makes the settings screen.
@@ -66,6 +72,7 @@ private:
     QThreadPool m_searches;
     DetailServices m_detailServices;
     ContainerServices m_containerServices;
+    AddressOpening m_opening;
     QQmlEngine m_engine; ///< its image provider looks at the loader
     std::vector<std::unique_ptr<WindowScene>> m_scenes;
 };

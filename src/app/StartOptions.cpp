@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartOptions.h"
 
+#include "app/AddressOpening.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 
 namespace trackwise {
 
@@ -18,6 +21,13 @@ std::optional<QSize> sizeFrom(const QString &text)
 }
 
 } // namespace
+
+bool StartOptions::canBeHandedOver() const
+{
+    StartOptions plain;
+    plain.addresses = addresses;
+    return *this == plain;
+}
 
 Result<StartOptions> parseStartOptions(const QStringList &arguments)
 {
@@ -43,6 +53,9 @@ Result<StartOptions> parseStartOptions(const QStringList &arguments)
                        "Without a window: trackwise info, trackwise library (see their --help)."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("ADDRESS"),
+                                 QStringLiteral("Show the song of this link, or of this file."),
+                                 QStringLiteral("[ADDRESS...]"));
     parser.addOptions({demo, show, screenshot, library, folder, size});
     if (!parser.parse(arguments))
         return Failure{FailureKind::Malformed, parser.errorText()};
@@ -53,6 +66,7 @@ Result<StartOptions> parseStartOptions(const QStringList &arguments)
     else if (parser.isSet(version))
         options.answer = QStringLiteral("trackwise %1\n").arg(QCoreApplication::applicationVersion());
     options.usesDemoLibrary = parser.isSet(demo);
+    options.addresses = addressesOf(parser.positionalArguments(), QDir::currentPath());
     options.show = parser.value(show);
     options.screenshotFile = parser.value(screenshot);
     options.database = parser.value(library);

@@ -20,7 +20,11 @@ struct StartOptions
     QString database;              ///< another library than the user's
     QString folder;                ///< another music folder than the user's
     std::optional<QSize> size;     ///< of the first window, in points
+    QStringList addresses;         ///< of song links and song files to show
     std::optional<QString> answer; ///< to print instead of starting: help, or the version
+
+    /// Nothing but addresses was given: an app that runs already can show them just as well.
+    [[nodiscard]] bool canBeHandedOver() const;
 
     friend bool operator==(const StartOptions &, const StartOptions &) = default;
 };

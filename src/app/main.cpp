@@ -5,12 +5,14 @@
 #include "lookup/CatalogConfiguration.h"
 #include "lookup/CatalogLookup.h"
 #include "platform/linux/device/Device.h"
+#include "platform/linux/integration/DesktopApplication.h"
 #include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
 #include "ui/Translations.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFont>
 #include <QGuiApplication>
@@ -19,6 +21,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <filesystem>
 
 using namespace trackwise;
 
@@ -59,10 +62,20 @@ std::optional<LibraryConfiguration> otherLibrary(const StartOptions &options)
     return configuration;
 }
 
+std::optional<MediaItem> songOfFile(const LinuxLibrary &library, const QByteArray &path)
+{
+    std::error_code error; // a file that has gone has no other name
+    const auto resolved = std::filesystem::canonical(path.toStdString(), error);
+    for (const QByteArray &name : {path, QByteArray::fromStdString(resolved.string())})
+        if (const auto known = library.songForPath(name))
+            return known->item;
+    return std::nullopt;
+}
+
 std::optional<MediaItem> songNamed(const LinuxLibrary &library, const QString &words)
 {
-    if (const auto known = library.songForPath(QFile::encodeName(QDir::current().absoluteFilePath(words))))
-        return known->item;
+    if (auto known = songOfFile(library, QFile::encodeName(QDir::current().absoluteFilePath(words))))
+        return known;
     std::optional<PersistentID> id = PersistentID::fromString(words);
     if (!id) {
         const std::vector<PersistentID> found = library.search(words, 1);
@@ -131,6 +144,8 @@ public:
         if (m_options.size)
             m_app.scenes().front()->window().resize(*m_options.size);
         scanIfAllowed();
+        if (!m_options.addresses.isEmpty())
+            m_app.open(m_options.addresses);
         if (m_options.show.isEmpty() && !m_options.screenshotFile.isEmpty())
             saveScreenshotSoon();
     }
@@ -216,7 +231,22 @@ private:
     StartOptions m_options;
 };
 
-int runWindows(QGuiApplication &application, const StartOptions &options)
+// Whether another one of us runs already and has taken over what this start is for.
+bool isHandedOver(DesktopApplication &place, const StartOptions &options)
+{
+    if (!options.canBeHandedOver())
+        return false;
+    QEventLoop waiting;
+    auto standing = DesktopApplication::Standing::Running;
+    place.start(options.addresses, [&](DesktopApplication::Standing answer) {
+        standing = answer;
+        waiting.quit();
+    });
+    waiting.exec();
+    return standing == DesktopApplication::Standing::HandedOver;
+}
+
+int runWindows(QGuiApplication &application, DesktopApplication &place, const StartOptions &options)
 {
     if (options.usesDemoLibrary && demoFolder().isEmpty()) {
         say(QStringLiteral("the demo library is not installed"));
@@ -243,7 +273,8 @@ int runWindows(QGuiApplication &application, const StartOptions &options)
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
                      QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
-                     QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID))},
+                     QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
+                     [&device](const QByteArray &path) { return songOfFile(device.library(), path); }},
                     preferences);
     running = &app;
     app.setSettingsScreen(
@@ -251,7 +282,11 @@ int runWindows(QGuiApplication &application, const StartOptions &options)
     app.didFinishLaunching();
     Launch launch(app, device, options);
     launch.run();
+    place.setRequests({.activate = [&app] { app.activate(); },
+                       .open = [&app](const QStringList &addresses) { app.open(addresses); },
+                       .activateAction = [&app](const QString &name) { app.activateAction(name); }});
     const int result = application.exec();
+    place.setRequests({});
     running = nullptr;
     return result;
 }
@@ -283,7 +318,10 @@ int main(int argc, char *argv[])
         std::fputs(qPrintable(*options->answer), stdout);
         return EXIT_SUCCESS;
     }
+    DesktopApplication place(QStringLiteral(TRACKWISE_APP_ID), QDBusConnection::sessionBus());
+    if (isHandedOver(place, *options))
+        return EXIT_SUCCESS;
     chooseFont();
     installTranslations(application);
-    return runWindows(application, *options);
+    return runWindows(application, place, *options);
 }

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/AddressOpening.h"
+
+#include "detail/DetailViewController.h"
+#include "platform/LibraryScan.h"
+#include "platform/MediaLibrary.h"
+
+#include <QDir>
+#include <QFile>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace trackwise {
+
+namespace {
+
+bool hasScheme(const QString &operand)
+{
+    return operand.startsWith(QLatin1StringView("file:/")) ||
+           (operand.contains(QLatin1StringView("://")) && !QUrl(operand).scheme().isEmpty());
+}
+
+} // namespace
+
+QStringList addressesOf(const QStringList &operands, const QString &currentFolder)
+{
+    QStringList addresses;
+    for (const QString &operand : operands) {
+        const QString path = QDir::cleanPath(QDir(currentFolder).absoluteFilePath(operand));
+        addresses << (hasScheme(operand) ? operand : QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
+    }
+    return addresses;
+}
+
+std::optional<QByteArray> fileOfAddress(const QString &address)
+{
+    const QUrl url(address);
+    if (url.scheme() != QLatin1StringView("file") ||
+        (!url.host().isEmpty() && url.host() != QLatin1StringView("localhost")))
+        return std::nullopt;
+    // Not toLocalFile(): names that are not UTF-8 would be lost.
+    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+}
+
+AddressOpening::AddressOpening(MediaLibrary &library, LibraryScan &scan, SongOfFile songOfFile,
+                               QObject *parent)
+    : QObject(parent)
+    , m_library(library)
+    , m_scan(scan)
+    , m_songOfFile(std::move(songOfFile))
+{
+    connect(&scan, &LibraryScan::progressDidChange, this, [this] {
+        if (m_wanted)
+            show(*std::exchange(m_wanted, std::nullopt));
+    });
+}
+
+void AddressOpening::open(const QStringList &addresses, DetailViewController &detail)
+{
+    if (addresses.isEmpty())
+        return;
+    if (!std::ranges::all_of(addresses, [](const QString &a) { return fileOfAddress(a).has_value(); })) {
+        detail.handleDroppedURLs(addresses);
+        return;
+    }
+    // It goes with the window, and the request with it.
+    auto *gate = new LibraryAccessGate(
+        m_library,
+        [&detail](const AlertMessage &m) {
+            detail.presentAlert(m.title, m.message, m.includesOpenMusic, m.includesOpenSettings);
+        },
+        &detail);
+    const Wanted wanted{*fileOfAddress(addresses.front()), &detail};
+    gate->requestLibraryAccess(RefusalAlerts::Shown, [this, gate, wanted](bool authorized) {
+        gate->deleteLater();
+        if (authorized)
+            show(wanted);
+    });
+}
+
+void AddressOpening::show(const Wanted &wanted)
+{
+    if (!wanted.detail)
+        return;
+    if (const std::optional<MediaItem> song = m_songOfFile(wanted.file)) {
+        wanted.detail->displayMediaItem(*song, false, true);
+    } else if (m_scan.progress().isRunning) {
+        m_wanted = wanted;
+    } else {
+        const QString path = QFile::decodeName(wanted.file);
+        wanted.detail->presentAlert(
+            tr("Song Not Found"),
+            QFile::exists(path) ? tr("There is no song “%1” in your music library. Music folders are chosen "
+                                     "in the settings.")
+                                      .arg(path)
+                                : tr("There is no file “%1”.").arg(path),
+            false, QFile::exists(path));
+    }
+}
+
+} // namespace trackwise
