@@ -35,11 +35,16 @@ public:
     }
 };
 
-/// There is no network here.
+/// There is no network here: every request waits for ever.
 class NoHttp : public HttpClient
 {
 public:
-    void get(const QUrl &, std::chrono::milliseconds, QObject *, Handler) override {}
+    std::vector<QUrl> asked;
+
+    void get(const QUrl &address, std::chrono::milliseconds, QObject *, Handler) override
+    {
+        asked.push_back(address);
+    }
 };
 
 inline MediaItem song(unsigned id)
@@ -50,8 +55,8 @@ inline MediaItem song(unsigned id)
     return item;
 }
 
-/// A window's controllers over doubles of the device.
-struct WindowControllers
+/// Doubles of what the device gives to windows.
+struct WindowDevice
 {
     QTemporaryDir folder;
     QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
@@ -70,6 +75,11 @@ struct WindowControllers
                             searches, {},           {},          {},        {},      QTimeZone::utc()};
     ContainerServices containerServices{player,    preferences, artwork,
                                         addresses, QUrl(),      [] { return QDateTime::currentDateTime(); }};
+};
+
+/// A window's controllers over doubles of the device.
+struct WindowControllers : WindowDevice
+{
     Presentation presentation;
     DetailViewController detail{services, presentation};
     ContainerViewController container{containerServices, detail};

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/WindowControllers.h"
+#include "app/WindowScene.h"
+#include "artwork/ArtworkImageProvider.h"
+#include "detail/LinkDropTarget.h"
+#include "support/SyntheticLibrary.h"
+#include "ui/Engine.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QTest>
+
+#include <memory>
+
+using namespace trackwise;
+
+namespace {
+
+const QString songLink = QStringLiteral("https://music.apple.com/album/1?i=100");
+
+/// A real window over doubles of the device.
+struct Window : WindowDevice
+{
+    Window()
+    {
+        library.add(7, "Seven", "Band", "Album", "100");
+        services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan); };
+        services.connectedScenes = [] { return 1; };
+        prepareEngine(engine);
+        engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(loader));
+        scene = std::make_unique<WindowScene>(engine, services, containerServices);
+        scene->show();
+        (void)QTest::qWaitForWindowActive(&window());
+    }
+    [[nodiscard]] QQuickWindow &window() const { return scene->window(); }
+    [[nodiscard]] const Alert *alert() const { return scene->presentation().alert(); }
+    [[nodiscard]] QString shownTitle() const
+    {
+        return scene->detail().visibleMediaItem() ? *scene->detail().visibleMediaItem()->title : QString();
+    }
+    template <typename Item>
+    [[nodiscard]] Item *find() const
+    {
+        return findBelow<Item>(window().contentItem());
+    }
+    template <typename Item>
+    [[nodiscard]] static Item *findBelow(QQuickItem *item)
+    {
+        if (auto *found = qobject_cast<Item *>(item))
+            return found;
+        for (QQuickItem *child : item->childItems()) {
+            if (auto *found = findBelow<Item>(child))
+                return found;
+        }
+        return nullptr;
+    }
+    /// Sends a drag event as the window system does; gives back the action, or none where it was refused.
+    template <typename Event>
+    Qt::DropAction drag(const QMimeData &data)
+    {
+        const QPointF middle(window().width() / 2.0, window().height() / 2.0);
+        return send(event<Event>(middle, data));
+    }
+    template <typename Event>
+    static Event event(const QPointF &place, const QMimeData &data)
+    {
+        constexpr auto offered = Qt::MoveAction | Qt::CopyAction | Qt::LinkAction;
+        if constexpr (std::is_same_v<Event, QDropEvent>)
+            return Event(place, offered, &data, Qt::LeftButton, Qt::NoModifier);
+        else
+            return Event(place.toPoint(), offered, &data, Qt::LeftButton, Qt::NoModifier);
+    }
+    Qt::DropAction send(QDropEvent &&event)
+    {
+        event.ignore();
+        QCoreApplication::sendEvent(&window(), &event);
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+    }
+    void drop(const QMimeData &data)
+    {
+        drag<QDragEnterEvent>(data);
+        drag<QDropEvent>(data);
+    }
+    /// The name of what has the keyboard, for a screen reader.
+    [[nodiscard]] QString focused() const
+    {
+        QAccessibleInterface *item = QAccessible::queryAccessibleInterface(window().activeFocusItem());
+        return item ? item->text(QAccessible::Name) : QString();
+    }
+    void presentAlert(const char *title, bool includesOpenMusic)
+    {
+        scene->detail().presentAlert(QString::fromUtf8(title), QStringLiteral("What to do about it."),
+                                     includesOpenMusic, false);
+    }
+    [[nodiscard]] bool waitForAlert(const char *title) const
+    {
+        return QTest::qWaitFor([&] {
+            return alert() && alert()->title() == QString::fromUtf8(title) &&
+                   focused() == alert()->actionTitles().value(alert()->preferredAction());
+        });
+    }
+
+    SyntheticLibrary songs{100};
+    ScriptedScan scan;
+    QQmlEngine engine;
+    std::unique_ptr<WindowScene> scene;
+};
+
+std::unique_ptr<QMimeData> dragged(const QString &format, const QByteArray &bytes)
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setData(format, bytes);
+    return data;
+}
+
+} // namespace
+
+class tst_MainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QAccessible::setActive(true); }
+
+    void takesDroppedLinks_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("taken");
+        const QString browserLink = songLink + QStringLiteral("\nSeven");
+        const QByteArray utf16(reinterpret_cast<const char *>(browserLink.utf16()),
+                               browserLink.size() * qsizetype(sizeof(char16_t)));
+        const auto row = [](const char *name, const char *format, const QByteArray &bytes, bool taken) {
+            QTest::newRow(name) << QString::fromUtf8(format) << bytes << taken;
+        };
+        row("list of addresses", "text/uri-list", songLink.toUtf8() + "\r\n", true);
+        row("browser's link", "text/x-moz-url", utf16, true);
+        row("text", "text/plain", "listen: " + songLink.toUtf8(), true);
+        row("link in HTML", "text/html", "<b><a href=\"" + songLink.toUtf8() + "&amp;l=de\">Seven</a></b>",
+            true);
+        row("text without a link", "text/plain", "Seven", false);
+        row("picture", "image/png", "\x89PNG", false);
+    }
+    void takesDroppedLinks()
+    {
+        QFETCH(QString, format);
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, taken);
+        Window w;
+        const auto *target = w.find<LinkDropTarget>();
+        const auto data = dragged(format, bytes);
+        const Qt::DropAction action = taken ? Qt::CopyAction : Qt::IgnoreAction;
+        QCOMPARE(w.drag<QDragEnterEvent>(*data), action);
+        QCOMPARE(target->isTargeted(), taken);
+        QCOMPARE(w.drag<QDragMoveEvent>(*data), action);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(&w.window(), &leave);
+        QVERIFY(!target->isTargeted());
+        QCOMPARE(w.drag<QDragEnterEvent>(*data), action);
+        QCOMPARE(w.drag<QDropEvent>(*data), action);
+        QVERIFY(!target->isTargeted());
+        if (taken)
+            QTRY_COMPARE(w.shownTitle(), QStringLiteral("Seven"));
+        QVERIFY(!w.alert());
+    }
+
+    void everyDropStartsAChainOfItsOwn()
+    {
+        Window w;
+        for (const char *id : {"201", "202", "201"}) {
+            QMimeData data;
+            data.setUrls({QUrl(QStringLiteral("https://music.apple.com/?i=") + QString::fromUtf8(id))});
+            w.drop(data);
+        }
+        QTRY_COMPARE(w.http.asked.size(), std::size_t(3));
+    }
+
+    void pastesALink()
+    {
+        Window w;
+        QGuiApplication::clipboard()->setText(songLink);
+        QTest::keySequence(&w.window(), QKeySequence::Paste);
+        QTRY_COMPARE(w.shownTitle(), QStringLiteral("Seven"));
+        QGuiApplication::clipboard()->setText(QStringLiteral("Seven"));
+        QTest::keySequence(&w.window(), QKeySequence::Paste);
+        QTRY_VERIFY(w.alert());
+        QCOMPARE(w.alert()->title(), QStringLiteral("Song Not Found"));
+    }
+
+    void keysOpenAndCloseThePicker()
+    {
+        Window w;
+        const Presentation &presentation = w.scene->presentation();
+        QTest::keySequence(&w.window(), QKeySequence::Open);
+        QTRY_VERIFY(presentation.isSheetVisible());
+        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        QTest::keyClick(&w.window(), Qt::Key_Escape);
+        QTRY_VERIFY(!presentation.isPresenting());
+        QCOMPARE(w.shownTitle(), QString());
+    }
+
+    void keysAnswerAlerts_data()
+    {
+        QTest::addColumn<bool>("offersMusic");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<bool>("opensMusic");
+        QTest::newRow("OK by Return") << false << Qt::Key_Return << false;
+        QTest::newRow("OK by Escape") << false << Qt::Key_Escape << false;
+        QTest::newRow("preferred by Return") << true << Qt::Key_Return << true;
+        QTest::newRow("preferred by Enter") << true << Qt::Key_Enter << true;
+        QTest::newRow("cancelled by Escape") << true << Qt::Key_Escape << false;
+    }
+    void keysAnswerAlerts()
+    {
+        QFETCH(bool, offersMusic);
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, opensMusic);
+        Window w;
+        w.presentAlert("First", offersMusic);
+        w.presentAlert("Second", false); // waits
+        QVERIFY(w.waitForAlert("First"));
+        QTest::keyClick(&w.window(), key);
+        QVERIFY(w.waitForAlert("Second"));
+        QCOMPARE(w.addresses.opened.size(), opensMusic ? 1U : 0U);
+    }
+
+    void keepsTheKeyboardInAnAlert()
+    {
+        Window w;
+        w.presentAlert("First", true);
+        QVERIFY(w.waitForAlert("First"));
+        QStringList visited;
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(&w.window(), Qt::Key_Tab);
+            visited << w.focused();
+        }
+        const QStringList both{QStringLiteral("Cancel"), QStringLiteral("Open Music")};
+        QCOMPARE(visited, both + both);
+        QTest::keySequence(&w.window(), QKeySequence::Open); // commands wait until it is answered
+        QVERIFY(!w.scene->presentation().sheet());
+    }
+
+    void readsAnAlertAloud()
+    {
+        Window w;
+        w.presentAlert("First", false);
+        QVERIFY(w.waitForAlert("First"));
+        const QAccessibleInterface *dialog =
+            QAccessible::queryAccessibleInterface(w.window().activeFocusItem());
+        while (dialog && dialog->role() != QAccessible::Dialog && dialog->role() != QAccessible::AlertMessage)
+            dialog = dialog->parent();
+        QVERIFY(dialog);
+        QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("First"));
+        QCOMPARE(dialog->text(QAccessible::Description), QStringLiteral("What to do about it."));
+    }
+
+    void laysOutTheColumns_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("column"); ///< where the details begin
+        QTest::newRow("just wide enough") << QSize(700, 900) << 320;
+        QTest::newRow("a point too narrow") << QSize(699, 400) << 0;
+        QTest::newRow("upright") << QSize(768, 1024) << 320;
+        QTest::newRow("lying") << QSize(1024, 768) << 414;
+        QTest::newRow("phone") << QSize(360, 720) << 0;
+    }
+    void laysOutTheColumns()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, column);
+        Window w;
+        w.window().resize(size);
+        const auto *details = w.find<LinkDropTarget>();
+        QTRY_COMPARE(qRound(details->mapToScene({}).x()), column);
+        QTRY_COMPARE(qRound(details->width()), size.width() - column);
+    }
+};
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_MainWindow.moc"
