@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar_EG">
 <context>
+    <name>ArtworkTile</name>
+    <message>
+        <source>Album artwork</source>
+        <translation>غلاف الألبوم</translation>
+    </message>
+    <message>
+        <source>Album artwork, empty</source>
+        <translation>غلاف الألبوم، فارغ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -9,10 +24,86 @@
     </message>
 </context>
 <context>
+    <name>DetailAlerts</name>
+    <message>
+        <source>Open Music</source>
+        <translation>فتح الموسيقى</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>فتح الإعدادات</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>Song Not Added to Library</source>
+        <translation>الأغنية ليست في المكتبة</translation>
+    </message>
+    <message>
+        <source>This song needs to be added to your Music Library to access its information. You can do this in the Music app.</source>
+        <translation>يجب إضافة هذه الأغنية إلى مكتبتك الموسيقية لعرض معلوماتها. يمكنك فعل ذلك في تطبيق الموسيقى.</translation>
+    </message>
+    <message>
+        <source>No Music Access</source>
+        <translation>لا يوجد إذن للوصول إلى الموسيقى</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your music library. Please turn on Media &amp; Apple Music access in the Settings app.</source>
+        <translation>ليس لدى Trackwise حاليًا إذن للوصول إلى مكتبتك الموسيقية. يرجى تفعيل الوصول إلى الوسائط وApple Music في تطبيق الإعدادات.</translation>
+    </message>
+    <message>
+        <source>Trackwise does not have access to your music library due to restrictions enabled on your device.</source>
+        <translation>لا يمكن لـ Trackwise الوصول إلى مكتبتك الموسيقية بسبب القيود المفعّلة على جهازك.</translation>
+    </message>
+    <message>
+        <source>No Song Playing</source>
+        <translation>لا توجد أغنية قيد التشغيل</translation>
+    </message>
+    <message>
+        <source>Would you like to play something?</source>
+        <translation>هل تريد تشغيل شيء ما؟</translation>
+    </message>
+</context>
+<context>
+    <name>DetailView</name>
+    <message>
+        <source>Select Song</source>
+        <translation>اختيار أغنية</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>المزيد</translation>
+    </message>
+    <message>
+        <source>No Song Selected</source>
+        <translation>لم يتم اختيار أغنية</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Copy</source>
         <translation>نسخ</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyStateView</name>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>اختيار مجلد…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderList</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>إزالة %1</translation>
     </message>
 </context>
 <context>
@@ -31,10 +122,103 @@
     </message>
 </context>
 <context>
+    <name>LibraryAccessView</name>
+    <message>
+        <source>“Trackwise” would like to access your music library</source>
+        <translation>يريد «Trackwise» الوصول إلى مكتبتك الموسيقية</translation>
+    </message>
+    <message>
+        <source>It shows what your library knows about a song. It reads the music in these folders and never changes it.</source>
+        <translation>يعرض ما تعرفه مكتبتك عن الأغنية. يقرأ الموسيقى في هذه المجلدات ولا يغيّرها أبدًا.</translation>
+    </message>
+    <message>
+        <source>Choose Another Folder…</source>
+        <translation>اختيار مجلد آخر…</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>عدم السماح</translation>
+    </message>
+</context>
+<context>
     <name>LyricsView</name>
     <message>
         <source>Lyrics</source>
         <translation>كلمات الأغنية</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Trackwise</source>
+        <translation>Trackwise</translation>
+    </message>
+</context>
+<context>
+    <name>MusicAppLink</name>
+    <message>
+        <source>Open Music app</source>
+        <translation>فتح تطبيق الموسيقى</translation>
+    </message>
+</context>
+<context>
+    <name>PickerList</name>
+    <message>
+        <source>Library</source>
+        <translation>المكتبة</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTabs</name>
+    <message>
+        <source>Lists</source>
+        <translation>القوائم</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>الأغاني</translation>
+    </message>
+    <message>
+        <source>Artists</source>
+        <translation>الفنانون</translation>
+    </message>
+    <message>
+        <source>Albums</source>
+        <translation>الألبومات</translation>
+    </message>
+    <message>
+        <source>Recently Added</source>
+        <translation>المضافة حديثًا</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTitleBar</name>
+    <message>
+        <source>Back</source>
+        <translation>رجوع</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>إلغاء</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackRow</name>
+    <message>
+        <source>NOW PLAYING</source>
+        <translation>قيد التشغيل الآن</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>إيقاف مؤقت</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>تشغيل</translation>
     </message>
 </context>
 <context>
@@ -49,6 +233,376 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>RTL</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>عرض النسخة التجريبية</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>ليس الآن</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>لم يُعثر على موسيقى</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>لا توجد أغانٍ في مجلد الموسيقى. هل تريد التجول مع اثنتي عشرة أغنية تجريبية؟</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewCard</name>
+    <message>
+        <source>Do you like Trackwise?</source>
+        <translation>هل يعجبك Trackwise؟</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>ليس الآن</translation>
+    </message>
+    <message>
+        <source>Write a Review</source>
+        <translation>كتابة مراجعة</translation>
+    </message>
+</context>
+<context>
+    <name>ScanBanner</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>إيقاف قراءة الموسيقى</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search Songs</source>
+        <translation>البحث عن أغانٍ</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>مسح البحث</translation>
+    </message>
+</context>
+<context>
+    <name>SectionIndex</name>
+    <message>
+        <source>Letters</source>
+        <translation>الحروف</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>الإعدادات</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>تلقائي</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>فاتح</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>داكن</translation>
+    </message>
+    <message>
+        <source>Reduced</source>
+        <translation>مخفّضة</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>كاملة</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>تم</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>الموسيقى</translation>
+    </message>
+    <message>
+        <source>Music access</source>
+        <translation>الوصول إلى الموسيقى</translation>
+    </message>
+    <message>
+        <source>The system does not let Trackwise read your music folders.</source>
+        <translation>لا يسمح النظام لـ Trackwise بقراءة مجلدات الموسيقى.</translation>
+    </message>
+    <message>
+        <source>Trackwise reads your music and never changes it.</source>
+        <translation>يقرأ Trackwise موسيقاك ولا يغيّرها أبدًا.</translation>
+    </message>
+    <message>
+        <source>Add Music Folder…</source>
+        <translation>إضافة مجلد موسيقى…</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>الميكروفون</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>الوصول إلى الميكروفون</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>للتعرف على الموسيقى من حولك. ما يُسمع يبقى على هذا الجهاز.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>المظهر</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>السمة</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>الحركة</translation>
+    </message>
+    <message>
+        <source>Reduced motion fades where it would slide.</source>
+        <translation>تستبدل الحركة المخفّضة الانزلاق بالتلاشي.</translation>
+    </message>
+    <message>
+        <source>Text size of the desktop</source>
+        <translation>حجم نص سطح المكتب</translation>
+    </message>
+    <message>
+        <source>Players to Ignore</source>
+        <translation>المشغّلات المتجاهلة</translation>
+    </message>
+    <message>
+        <source>Other players are listed here while they run.</source>
+        <translation>تظهر المشغّلات الأخرى هنا أثناء تشغيلها.</translation>
+    </message>
+    <message>
+        <source>Ignore %1</source>
+        <translation>تجاهل %1</translation>
+    </message>
+</context>
+<context>
+    <name>SongPicker</name>
+    <message>
+        <source>No Results</source>
+        <translation>لا توجد نتائج</translation>
+    </message>
+    <message>
+        <source>No song matches “%1”.</source>
+        <translation>لا توجد أغنية تطابق «%1».</translation>
+    </message>
+    <message>
+        <source>Looking for Music</source>
+        <translation>جارٍ البحث عن الموسيقى</translation>
+    </message>
+    <message>
+        <source>Songs appear here as soon as they have been read.</source>
+        <translation>تظهر الأغاني هنا بمجرد قراءتها.</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>لم يُعثر على موسيقى</translation>
+    </message>
+    <message>
+        <source>Add songs to your music folder, or choose the folder in which your music is.</source>
+        <translation>أضف أغاني إلى مجلد الموسيقى، أو اختر المجلد الذي توجد فيه موسيقاك.</translation>
+    </message>
+    <message>
+        <source>Unknown Artist</source>
+        <translation>فنان غير معروف</translation>
+    </message>
+    <message>
+        <source>Unknown Title</source>
+        <translation>عنوان غير معروف</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>لا أغانٍ</numerusform>
+            <numerusform>أغنية واحدة</numerusform>
+            <numerusform>أغنيتان</numerusform>
+            <numerusform>%n أغانٍ</numerusform>
+            <numerusform>%n أغنية</numerusform>
+            <numerusform>%n أغنية</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>لا أغانٍ</numerusform>
+            <numerusform>أغنية واحدة</numerusform>
+            <numerusform>أغنيتان</numerusform>
+            <numerusform>%n أغانٍ</numerusform>
+            <numerusform>%n أغنية</numerusform>
+            <numerusform>%n أغنية</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unknown Album</source>
+        <translation>ألبوم غير معروف</translation>
+    </message>
+</context>
+<context>
+    <name>TextSizeSlider</name>
+    <message>
+        <source>Text size</source>
+        <translation>حجم النص</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::DetailViewController</name>
+    <message>
+        <source>Lyrics</source>
+        <translation>كلمات الأغنية</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryListModel</name>
+    <message>
+        <source>explicit</source>
+        <translation>محتوى صريح</translation>
+    </message>
+    <message>
+        <source>file not available</source>
+        <translation>الملف غير متوفر</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LinkDrop</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>لم يُعثر على الأغنية</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be an Apple Music song.</source>
+        <translation>لا يبدو أن هذه أغنية من Apple Music.</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be a valid song.</source>
+        <translation>لا يبدو أن هذه أغنية صالحة.</translation>
+    </message>
+    <message>
+        <source>Failed to Look Up Song</source>
+        <translation>تعذّر البحث عن الأغنية</translation>
+    </message>
+    <message>
+        <source>You can try to find it via Select Song.</source>
+        <translation>يمكنك محاولة العثور عليها عبر «اختيار أغنية».</translation>
+    </message>
+    <message>
+        <source>Failed to Load Song</source>
+        <translation>تعذّر تحميل الأغنية</translation>
+    </message>
+    <message>
+        <source>Please check your internet connection and try again. Or you can find it via Select Song without an internet connection.</source>
+        <translation>يرجى التحقق من اتصالك بالإنترنت والمحاولة مرة أخرى. أو يمكنك العثور عليها عبر «اختيار أغنية» دون اتصال بالإنترنت.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t Find Song</source>
+        <translation>تعذّر العثور على الأغنية</translation>
+    </message>
+    <message>
+        <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
+        <translation>يجب إضافة الأغاني إلى مكتبتك للحصول على معلوماتها. إذا لم تكن هذه الأغنية في مكتبتك، فأضفها ثم حاول مرة أخرى.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MediaPicker</name>
+    <message>
+        <source>Select Song</source>
+        <translation>اختيار أغنية</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MoreMenu</name>
+    <message>
+        <source>Now Playing</source>
+        <translation>قيد التشغيل الآن</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>مسح الأغنية المختارة</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>الإعدادات</translation>
+    </message>
+    <message>
+        <source>Select Song from</source>
+        <translation>اختيار أغنية من</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ScanStatus</name>
+    <message>
+        <source>Reading music: %1 of %2</source>
+        <translation>قراءة الموسيقى: %1 من %2</translation>
+    </message>
+    <message>
+        <source>Looking for music: %1 of %2 found</source>
+        <translation>البحث عن الموسيقى: %1 من %2</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SettingsScreen</name>
+    <message>
+        <source>Music Access</source>
+        <translation>الوصول إلى الموسيقى</translation>
+    </message>
+    <message>
+        <source>Extra Small</source>
+        <translation>صغير جدًا</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>صغير</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>متوسط</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>قياسي</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>كبير</translation>
+    </message>
+    <message>
+        <source>Extra Large</source>
+        <translation>كبير جدًا</translation>
+    </message>
+    <message>
+        <source>Largest of the Usual Sizes</source>
+        <translation>أكبر الأحجام المعتادة</translation>
+    </message>
+    <message>
+        <source>Accessibility %1</source>
+        <translation>تسهيلات الاستخدام %1</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>غير متوفر حاليًا</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>الإعدادات</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SongPickerSource</name>
+    <message>
+        <source>Select Song</source>
+        <translation>اختيار أغنية</translation>
     </message>
 </context>
 </TS>

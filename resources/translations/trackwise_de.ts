@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>ArtworkTile</name>
+    <message>
+        <source>Album artwork</source>
+        <translation>Albumcover</translation>
+    </message>
+    <message>
+        <source>Album artwork, empty</source>
+        <translation>Albumcover, leer</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -9,10 +24,86 @@
     </message>
 </context>
 <context>
+    <name>DetailAlerts</name>
+    <message>
+        <source>Open Music</source>
+        <translation>Musik öffnen</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>Einstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Song Not Added to Library</source>
+        <translation>Titel nicht in der Mediathek</translation>
+    </message>
+    <message>
+        <source>This song needs to be added to your Music Library to access its information. You can do this in the Music app.</source>
+        <translation>Füge diesen Titel zu deiner Musikmediathek hinzu, um seine Informationen zu sehen. Das geht in der Musik-App.</translation>
+    </message>
+    <message>
+        <source>No Music Access</source>
+        <translation>Kein Zugriff auf Musik</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your music library. Please turn on Media &amp; Apple Music access in the Settings app.</source>
+        <translation>Trackwise hat derzeit keinen Zugriff auf deine Musikmediathek. Bitte schalte den Zugriff auf Medien &amp; Apple Music in den Einstellungen ein.</translation>
+    </message>
+    <message>
+        <source>Trackwise does not have access to your music library due to restrictions enabled on your device.</source>
+        <translation>Trackwise hat wegen Einschränkungen auf deinem Gerät keinen Zugriff auf deine Musikmediathek.</translation>
+    </message>
+    <message>
+        <source>No Song Playing</source>
+        <translation>Es läuft kein Titel</translation>
+    </message>
+    <message>
+        <source>Would you like to play something?</source>
+        <translation>Möchtest du etwas abspielen?</translation>
+    </message>
+</context>
+<context>
+    <name>DetailView</name>
+    <message>
+        <source>Select Song</source>
+        <translation>Titel auswählen</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>No Song Selected</source>
+        <translation>Kein Titel ausgewählt</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyStateView</name>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Ordner auswählen …</translation>
+    </message>
+</context>
+<context>
+    <name>FolderList</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
     </message>
 </context>
 <context>
@@ -31,10 +122,103 @@
     </message>
 </context>
 <context>
+    <name>LibraryAccessView</name>
+    <message>
+        <source>“Trackwise” would like to access your music library</source>
+        <translation>„Trackwise“ möchte auf deine Musikmediathek zugreifen</translation>
+    </message>
+    <message>
+        <source>It shows what your library knows about a song. It reads the music in these folders and never changes it.</source>
+        <translation>Es zeigt, was deine Mediathek über einen Titel weiß. Es liest die Musik in diesen Ordnern und ändert sie nie.</translation>
+    </message>
+    <message>
+        <source>Choose Another Folder…</source>
+        <translation>Anderen Ordner auswählen …</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>Nicht erlauben</translation>
+    </message>
+</context>
+<context>
     <name>LyricsView</name>
     <message>
         <source>Lyrics</source>
         <translation>Liedtext</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Trackwise</source>
+        <translation>Trackwise</translation>
+    </message>
+</context>
+<context>
+    <name>MusicAppLink</name>
+    <message>
+        <source>Open Music app</source>
+        <translation>Musik-App öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>PickerList</name>
+    <message>
+        <source>Library</source>
+        <translation>Mediathek</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTabs</name>
+    <message>
+        <source>Lists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Artists</source>
+        <translation>Interpreten</translation>
+    </message>
+    <message>
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message>
+        <source>Recently Added</source>
+        <translation>Zuletzt hinzugefügt</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTitleBar</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackRow</name>
+    <message>
+        <source>NOW PLAYING</source>
+        <translation>LÄUFT GERADE</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
     </message>
 </context>
 <context>
@@ -49,6 +233,368 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>Demo zeigen</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>Keine Musik gefunden</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>In deinem Musikordner sind keine Titel. Möchtest du dich mit einem Dutzend Demotiteln umsehen?</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewCard</name>
+    <message>
+        <source>Do you like Trackwise?</source>
+        <translation>Gefällt dir Trackwise?</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Write a Review</source>
+        <translation>Rezension schreiben</translation>
+    </message>
+</context>
+<context>
+    <name>ScanBanner</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>Einlesen der Musik anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search Songs</source>
+        <translation>Titel suchen</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>Suche löschen</translation>
+    </message>
+</context>
+<context>
+    <name>SectionIndex</name>
+    <message>
+        <source>Letters</source>
+        <translation>Buchstaben</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>Reduced</source>
+        <translation>Reduziert</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>Voll</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Music access</source>
+        <translation>Zugriff auf Musik</translation>
+    </message>
+    <message>
+        <source>The system does not let Trackwise read your music folders.</source>
+        <translation>Das System lässt Trackwise deine Musikordner nicht lesen.</translation>
+    </message>
+    <message>
+        <source>Trackwise reads your music and never changes it.</source>
+        <translation>Trackwise liest deine Musik und ändert sie nie.</translation>
+    </message>
+    <message>
+        <source>Add Music Folder…</source>
+        <translation>Musikordner hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>Zugriff auf das Mikrofon</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>Zum Erkennen der Musik um dich herum. Was gehört wird, bleibt auf diesem Gerät.</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>Darstellung</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Farbschema</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>Reduced motion fades where it would slide.</source>
+        <translation>Reduzierte Bewegung blendet, statt zu gleiten.</translation>
+    </message>
+    <message>
+        <source>Text size of the desktop</source>
+        <translation>Textgröße des Desktops</translation>
+    </message>
+    <message>
+        <source>Players to Ignore</source>
+        <translation>Zu ignorierende Player</translation>
+    </message>
+    <message>
+        <source>Other players are listed here while they run.</source>
+        <translation>Andere Player werden hier aufgeführt, während sie laufen.</translation>
+    </message>
+    <message>
+        <source>Ignore %1</source>
+        <translation>%1 ignorieren</translation>
+    </message>
+</context>
+<context>
+    <name>SongPicker</name>
+    <message>
+        <source>No Results</source>
+        <translation>Keine Ergebnisse</translation>
+    </message>
+    <message>
+        <source>No song matches “%1”.</source>
+        <translation>Kein Titel passt zu „%1“.</translation>
+    </message>
+    <message>
+        <source>Looking for Music</source>
+        <translation>Musik wird gesucht</translation>
+    </message>
+    <message>
+        <source>Songs appear here as soon as they have been read.</source>
+        <translation>Titel erscheinen hier, sobald sie eingelesen sind.</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>Keine Musik gefunden</translation>
+    </message>
+    <message>
+        <source>Add songs to your music folder, or choose the folder in which your music is.</source>
+        <translation>Lege Titel in deinen Musikordner, oder wähle den Ordner aus, in dem deine Musik ist.</translation>
+    </message>
+    <message>
+        <source>Unknown Artist</source>
+        <translation>Unbekannter Interpret</translation>
+    </message>
+    <message>
+        <source>Unknown Title</source>
+        <translation>Unbekannter Titel</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n Titel</numerusform>
+            <numerusform>%n Titel</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n Titel</numerusform>
+            <numerusform>%n Titel</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unknown Album</source>
+        <translation>Unbekanntes Album</translation>
+    </message>
+</context>
+<context>
+    <name>TextSizeSlider</name>
+    <message>
+        <source>Text size</source>
+        <translation>Textgröße</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::DetailViewController</name>
+    <message>
+        <source>Lyrics</source>
+        <translation>Liedtext</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryListModel</name>
+    <message>
+        <source>explicit</source>
+        <translation>explizit</translation>
+    </message>
+    <message>
+        <source>file not available</source>
+        <translation>Datei nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LinkDrop</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>Titel nicht gefunden</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be an Apple Music song.</source>
+        <translation>Dies scheint kein Titel von Apple Music zu sein.</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be a valid song.</source>
+        <translation>Dies scheint kein gültiger Titel zu sein.</translation>
+    </message>
+    <message>
+        <source>Failed to Look Up Song</source>
+        <translation>Titel konnte nicht nachgeschlagen werden</translation>
+    </message>
+    <message>
+        <source>You can try to find it via Select Song.</source>
+        <translation>Du kannst versuchen, ihn über „Titel auswählen“ zu finden.</translation>
+    </message>
+    <message>
+        <source>Failed to Load Song</source>
+        <translation>Titel konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>Please check your internet connection and try again. Or you can find it via Select Song without an internet connection.</source>
+        <translation>Bitte prüfe deine Internetverbindung und versuche es erneut. Über „Titel auswählen“ findest du ihn auch ohne Internetverbindung.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t Find Song</source>
+        <translation>Titel nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
+        <translation>Titel müssen in deiner Mediathek sein, damit ihre Informationen gezeigt werden können. Wenn dieser Titel nicht darin ist, füge ihn hinzu und versuche es erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MediaPicker</name>
+    <message>
+        <source>Select Song</source>
+        <translation>Titel auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MoreMenu</name>
+    <message>
+        <source>Now Playing</source>
+        <translation>Aktueller Titel</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>Ausgewählten Titel entfernen</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Select Song from</source>
+        <translation>Titel auswählen aus</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ScanStatus</name>
+    <message>
+        <source>Reading music: %1 of %2</source>
+        <translation>Musik wird eingelesen: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Looking for music: %1 of %2 found</source>
+        <translation>Musik wird gesucht: %1 von %2 gefundenen</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SettingsScreen</name>
+    <message>
+        <source>Music Access</source>
+        <translation>Zugriff auf Musik</translation>
+    </message>
+    <message>
+        <source>Extra Small</source>
+        <translation>Sehr klein</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>Extra Large</source>
+        <translation>Sehr groß</translation>
+    </message>
+    <message>
+        <source>Largest of the Usual Sizes</source>
+        <translation>Größte der üblichen Größen</translation>
+    </message>
+    <message>
+        <source>Accessibility %1</source>
+        <translation>Bedienungshilfe %1</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>Derzeit nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SongPickerSource</name>
+    <message>
+        <source>Select Song</source>
+        <translation>Titel auswählen</translation>
     </message>
 </context>
 </TS>

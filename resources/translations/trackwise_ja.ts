@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>ArtworkTile</name>
+    <message>
+        <source>Album artwork</source>
+        <translation>アルバムアートワーク</translation>
+    </message>
+    <message>
+        <source>Album artwork, empty</source>
+        <translation>アルバムアートワーク、なし</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -9,10 +24,86 @@
     </message>
 </context>
 <context>
+    <name>DetailAlerts</name>
+    <message>
+        <source>Open Music</source>
+        <translation>ミュージックを開く</translation>
+    </message>
+    <message>
+        <source>Open Settings</source>
+        <translation>設定を開く</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Song Not Added to Library</source>
+        <translation>曲がライブラリにありません</translation>
+    </message>
+    <message>
+        <source>This song needs to be added to your Music Library to access its information. You can do this in the Music app.</source>
+        <translation>この曲の情報を見るには、ミュージックライブラリに追加する必要があります。追加はミュージックアプリで行えます。</translation>
+    </message>
+    <message>
+        <source>No Music Access</source>
+        <translation>ミュージックにアクセスできません</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your music library. Please turn on Media &amp; Apple Music access in the Settings app.</source>
+        <translation>現在、Trackwiseはミュージックライブラリにアクセスできません。設定アプリで「メディアとApple Music」へのアクセスをオンにしてください。</translation>
+    </message>
+    <message>
+        <source>Trackwise does not have access to your music library due to restrictions enabled on your device.</source>
+        <translation>このデバイスで有効になっている制限のため、Trackwiseはミュージックライブラリにアクセスできません。</translation>
+    </message>
+    <message>
+        <source>No Song Playing</source>
+        <translation>再生中の曲はありません</translation>
+    </message>
+    <message>
+        <source>Would you like to play something?</source>
+        <translation>何か再生しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>DetailView</name>
+    <message>
+        <source>Select Song</source>
+        <translation>曲を選択</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>No Song Selected</source>
+        <translation>曲が選択されていません</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Copy</source>
         <translation>コピー</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyStateView</name>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>フォルダを選択…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderList</name>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1を取り除く</translation>
     </message>
 </context>
 <context>
@@ -31,10 +122,103 @@
     </message>
 </context>
 <context>
+    <name>LibraryAccessView</name>
+    <message>
+        <source>“Trackwise” would like to access your music library</source>
+        <translation>“Trackwise”がミュージックライブラリへのアクセスを求めています</translation>
+    </message>
+    <message>
+        <source>It shows what your library knows about a song. It reads the music in these folders and never changes it.</source>
+        <translation>ライブラリにある曲の情報を表示します。これらのフォルダのミュージックを読み込むだけで、変更することはありません。</translation>
+    </message>
+    <message>
+        <source>Choose Another Folder…</source>
+        <translation>別のフォルダを選択…</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>許可しない</translation>
+    </message>
+</context>
+<context>
     <name>LyricsView</name>
     <message>
         <source>Lyrics</source>
         <translation>歌詞</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Trackwise</source>
+        <translation>Trackwise</translation>
+    </message>
+</context>
+<context>
+    <name>MusicAppLink</name>
+    <message>
+        <source>Open Music app</source>
+        <translation>ミュージックアプリを開く</translation>
+    </message>
+</context>
+<context>
+    <name>PickerList</name>
+    <message>
+        <source>Library</source>
+        <translation>ライブラリ</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTabs</name>
+    <message>
+        <source>Lists</source>
+        <translation>リスト</translation>
+    </message>
+    <message>
+        <source>Songs</source>
+        <translation>曲</translation>
+    </message>
+    <message>
+        <source>Artists</source>
+        <translation>アーティスト</translation>
+    </message>
+    <message>
+        <source>Albums</source>
+        <translation>アルバム</translation>
+    </message>
+    <message>
+        <source>Recently Added</source>
+        <translation>最近追加した項目</translation>
+    </message>
+</context>
+<context>
+    <name>PickerTitleBar</name>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackRow</name>
+    <message>
+        <source>NOW PLAYING</source>
+        <translation>再生中</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
     </message>
 </context>
 <context>
@@ -49,6 +233,366 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>デモを表示</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>ミュージックが見つかりません</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>ミュージックフォルダに曲がありません。12曲のデモで試してみますか?</translation>
+    </message>
+</context>
+<context>
+    <name>ReviewCard</name>
+    <message>
+        <source>Do you like Trackwise?</source>
+        <translation>Trackwiseを気に入っていただけましたか?</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>Write a Review</source>
+        <translation>レビューを書く</translation>
+    </message>
+</context>
+<context>
+    <name>ScanBanner</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>ミュージックの読み込みを停止</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search Songs</source>
+        <translation>曲を検索</translation>
+    </message>
+    <message>
+        <source>Clear Search</source>
+        <translation>検索を消去</translation>
+    </message>
+</context>
+<context>
+    <name>SectionIndex</name>
+    <message>
+        <source>Letters</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>ライト</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>ダーク</translation>
+    </message>
+    <message>
+        <source>Reduced</source>
+        <translation>減らす</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+    <message>
+        <source>Music access</source>
+        <translation>ミュージックへのアクセス</translation>
+    </message>
+    <message>
+        <source>The system does not let Trackwise read your music folders.</source>
+        <translation>システムにより、Trackwiseはミュージックフォルダを読み込めません。</translation>
+    </message>
+    <message>
+        <source>Trackwise reads your music and never changes it.</source>
+        <translation>Trackwiseはミュージックを読み込むだけで、変更することはありません。</translation>
+    </message>
+    <message>
+        <source>Add Music Folder…</source>
+        <translation>ミュージックフォルダを追加…</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>マイク</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>マイクへのアクセス</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>周囲で流れている曲を認識するために使います。聞き取った音はこのデバイスから出ません。</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外観</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>テーマ</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>動き</translation>
+    </message>
+    <message>
+        <source>Reduced motion fades where it would slide.</source>
+        <translation>動きを減らすと、スライドの代わりにフェードします。</translation>
+    </message>
+    <message>
+        <source>Text size of the desktop</source>
+        <translation>デスクトップの文字サイズ</translation>
+    </message>
+    <message>
+        <source>Players to Ignore</source>
+        <translation>無視するプレーヤー</translation>
+    </message>
+    <message>
+        <source>Other players are listed here while they run.</source>
+        <translation>ほかのプレーヤーは、実行中にここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Ignore %1</source>
+        <translation>%1を無視</translation>
+    </message>
+</context>
+<context>
+    <name>SongPicker</name>
+    <message>
+        <source>No Results</source>
+        <translation>結果なし</translation>
+    </message>
+    <message>
+        <source>No song matches “%1”.</source>
+        <translation>“%1”に一致する曲はありません。</translation>
+    </message>
+    <message>
+        <source>Looking for Music</source>
+        <translation>ミュージックを探しています</translation>
+    </message>
+    <message>
+        <source>Songs appear here as soon as they have been read.</source>
+        <translation>曲は読み込まれるとここに表示されます。</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>ミュージックが見つかりません</translation>
+    </message>
+    <message>
+        <source>Add songs to your music folder, or choose the folder in which your music is.</source>
+        <translation>ミュージックフォルダに曲を追加するか、ミュージックがあるフォルダを選択してください。</translation>
+    </message>
+    <message>
+        <source>Unknown Artist</source>
+        <translation>不明なアーティスト</translation>
+    </message>
+    <message>
+        <source>Unknown Title</source>
+        <translation>不明なタイトル</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n song</source>
+        <translation>
+            <numerusform>%n曲</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n songs</source>
+        <translation>
+            <numerusform>%n曲</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Unknown Album</source>
+        <translation>不明なアルバム</translation>
+    </message>
+</context>
+<context>
+    <name>TextSizeSlider</name>
+    <message>
+        <source>Text size</source>
+        <translation>文字サイズ</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::DetailViewController</name>
+    <message>
+        <source>Lyrics</source>
+        <translation>歌詞</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryListModel</name>
+    <message>
+        <source>explicit</source>
+        <translation>露骨な内容</translation>
+    </message>
+    <message>
+        <source>file not available</source>
+        <translation>ファイルを利用できません</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LinkDrop</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>曲が見つかりません</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be an Apple Music song.</source>
+        <translation>これはApple Musicの曲ではないようです。</translation>
+    </message>
+    <message>
+        <source>This doesn&apos;t seem to be a valid song.</source>
+        <translation>これは有効な曲ではないようです。</translation>
+    </message>
+    <message>
+        <source>Failed to Look Up Song</source>
+        <translation>曲を検索できませんでした</translation>
+    </message>
+    <message>
+        <source>You can try to find it via Select Song.</source>
+        <translation>「曲を選択」から探してみてください。</translation>
+    </message>
+    <message>
+        <source>Failed to Load Song</source>
+        <translation>曲を読み込めませんでした</translation>
+    </message>
+    <message>
+        <source>Please check your internet connection and try again. Or you can find it via Select Song without an internet connection.</source>
+        <translation>インターネット接続を確認して、もう一度お試しください。「曲を選択」からなら、インターネット接続がなくても探せます。</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t Find Song</source>
+        <translation>曲が見つかりませんでした</translation>
+    </message>
+    <message>
+        <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
+        <translation>曲の情報を見るには、ライブラリに追加されている必要があります。この曲がライブラリにない場合は、追加してからもう一度お試しください。</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MediaPicker</name>
+    <message>
+        <source>Select Song</source>
+        <translation>曲を選択</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::MoreMenu</name>
+    <message>
+        <source>Now Playing</source>
+        <translation>再生中の曲</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>選択した曲を消去</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Select Song from</source>
+        <translation>曲の選択元</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ScanStatus</name>
+    <message>
+        <source>Reading music: %1 of %2</source>
+        <translation>ミュージックを読み込み中: %1/%2</translation>
+    </message>
+    <message>
+        <source>Looking for music: %1 of %2 found</source>
+        <translation>ミュージックを検索中: %2件中%1件</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SettingsScreen</name>
+    <message>
+        <source>Music Access</source>
+        <translation>ミュージックへのアクセス</translation>
+    </message>
+    <message>
+        <source>Extra Small</source>
+        <translation>極小</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>小</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>大</translation>
+    </message>
+    <message>
+        <source>Extra Large</source>
+        <translation>特大</translation>
+    </message>
+    <message>
+        <source>Largest of the Usual Sizes</source>
+        <translation>通常サイズの最大</translation>
+    </message>
+    <message>
+        <source>Accessibility %1</source>
+        <translation>アクセシビリティ%1</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>現在利用できません</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::SongPickerSource</name>
+    <message>
+        <source>Select Song</source>
+        <translation>曲を選択</translation>
     </message>
 </context>
 </TS>

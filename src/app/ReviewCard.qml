@@ -3,29 +3,28 @@ import QtQuick
 import Trackwise.Ui
 
 /// Asks for a review, now and then, without getting in the way.
-Rectangle {
+FloatingGround {
     id: root
 
     signal rateRequested
     signal dismissed
 
     readonly property real inset: 18
+    readonly property real insetBelowButtons: 6 // their area is higher than their text
 
     implicitWidth: Math.min(parent.width - 2 * inset, Math.max(question.implicitWidth, buttons.width) + 2 * inset)
-    implicitHeight: column.implicitHeight + 2 * inset
+    implicitHeight: column.implicitHeight + inset + insetBelowButtons
     radius: 14
-    color: Theme.tertiarySystemBackground
-    border.width: 1
-    border.color: Theme.separator
     Accessible.role: Accessible.Dialog
     Accessible.name: question.text
 
     Column {
         id: column
 
-        anchors.centerIn: parent
+        y: root.inset
+        anchors.horizontalCenter: parent.horizontalCenter
         width: parent.width - 2 * root.inset
-        spacing: 6
+        spacing: 4
 
         StyledText {
             id: question

@@ -34,27 +34,7 @@ T.Menu {
         clip: interactive
     }
 
-    background: Item {
-        // A soft edge without shader effects: three ever fainter outlines.
-        Repeater {
-            model: 3
-            delegate: Rectangle {
-                required property int index
-                anchors.fill: parent
-                anchors.margins: -1 - 2 * index
-                anchors.topMargin: 1 - index
-                radius: 12 + 2 * index
-                color: "#000000"
-                opacity: 0.05
-            }
-        }
-        Rectangle {
-            anchors.fill: parent
-            radius: 12
-            color: Theme.tertiarySystemBackground
-            border.width: 1 / Screen.devicePixelRatio
-            border.color: Theme.separator
-        }
+    background: FloatingGround {
         StyledText {
             id: headingText
 
