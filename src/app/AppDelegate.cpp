@@ -8,6 +8,8 @@
 #include "ui/Engine.h"
 #include "ui/Theme.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace trackwise {
@@ -55,6 +57,8 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
 {
     prepareEngine(m_engine);
     m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));
+    // Not from within the window's own key handling.
+    connect(&m_engine, &QQmlEngine::quit, this, &QCoreApplication::quit, Qt::QueuedConnection);
     connect(&device.appearance, &Appearance::appearanceDidChange, this, &AppDelegate::applyAppearance);
     applyAppearance();
 }

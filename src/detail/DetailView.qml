@@ -130,7 +130,7 @@ FocusScope {
         onActivated: root.controller.newWindowWanted()
     }
     Shortcut {
-        sequences: [StandardKey.Quit]
+        sequences: ["Ctrl+Q"] // the standard key is none on desktops that Qt does not know
         onActivated: Qt.quit()
     }
 }

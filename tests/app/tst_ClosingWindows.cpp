@@ -197,6 +197,17 @@ private Q_SLOTS:
         QTRY_COMPARE(m_catalog.waiting(), 0);
     }
 
+    void quitsByItsKey()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        QQuickWindow &window = program.openWindow().window();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTimer::singleShot(0, &window,
+                           [&window] { QTest::keyPress(&window, Qt::Key_Q, Qt::ControlModifier); });
+        QTimer::singleShot(5000, &window, [] { QCoreApplication::exit(1); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+    }
+
     void isNotThereForTheUsersAnswer()
     {
         std::vector<LibraryAccess::Answer> answers;

@@ -11,6 +11,12 @@ namespace {
 
 constexpr double mostStars = 5;
 
+QString localTime(Instant instant)
+{
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count());
+    return local.toOffsetFromUtc(local.offsetFromUtc()).toString(Qt::ISODate);
+}
+
 class MetadataMap
 {
 public:
@@ -29,11 +35,11 @@ public:
         if (value > 0)
             add(key, static_cast<int>(value));
     }
+    /// In local time: who shows only the day shows the one that the library means.
     void date(const char *key, const std::optional<Instant> &value)
     {
         if (value)
-            add(key, QDateTime::fromMSecsSinceEpoch(value->time_since_epoch().count(), Qt::UTC)
-                         .toString(Qt::ISODate));
+            add(key, localTime(*value));
     }
     void add(const char *key, const QVariant &value) { m_map.insert(QLatin1String(key), value); }
 
