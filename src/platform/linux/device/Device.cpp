@@ -64,6 +64,7 @@ Device::Device(const Options &options, Files files)
     , m_publisher(m_player, publisherSettings(options), QDBusConnection::sessionBus())
     , m_systemPlayer(m_library->matching(), QDBusConnection::sessionBus(), options.appId)
     , m_addresses([this] { return m_systemPlayer.raisePlayer(); })
+    , m_http(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/http"))
 {
     connectCounts();
     followIgnoredPlayers();

@@ -7,10 +7,13 @@
 #include <QNetworkAccessManager>
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
+#include <QNetworkDiskCache>
 
 namespace trackwise {
 
 namespace {
+
+constexpr qint64 largestCache = qint64(2) << 20; // some hundreds of a catalog's replies
 
 class NoCookies : public QNetworkCookieJar
 {
@@ -34,8 +37,9 @@ bool isAllowed(const QUrl &address)
 
 } // namespace
 
-NetworkHttpClient::NetworkHttpClient(QSslConfiguration tls, QObject *parent)
+NetworkHttpClient::NetworkHttpClient(QString cacheFolder, QSslConfiguration tls, QObject *parent)
     : QObject(parent)
+    , m_cacheFolder(std::move(cacheFolder))
     , m_tls(std::move(tls))
 {}
 
@@ -46,6 +50,12 @@ QNetworkAccessManager &NetworkHttpClient::network()
     if (!m_network) {
         m_network = std::make_unique<QNetworkAccessManager>();
         m_network->setCookieJar(new NoCookies(m_network.get()));
+        if (!m_cacheFolder.isEmpty()) {
+            auto *cache = new QNetworkDiskCache(m_network.get());
+            cache->setCacheDirectory(m_cacheFolder);
+            cache->setMaximumCacheSize(largestCache);
+            m_network->setCache(cache);
+        }
     }
     return *m_network;
 }

@@ -68,10 +68,35 @@ private Q_SLOTS:
         const WebServer server(
             [&](QTcpSocket &socket, const QByteArray &) { WebServer::reply(socket, status, body); },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         const Answer answer = fetch(client, server.address(QStringLiteral("/x")));
         QVERIFY2(*answer, *answer ? "" : qPrintable(answer->failure().detail));
         QCOMPARE(**answer, body);
+    }
+
+    void keepsWhatMayBeKept_data()
+    {
+        QTest::addColumn<QByteArray>("cacheControl");
+        QTest::addColumn<int>("requests");
+        QTest::newRow("for a while") << QByteArray("max-age=60") << 1;
+        QTest::newRow("not at all") << QByteArray("no-store") << 2;
+        QTest::newRow("only after asking again") << QByteArray("no-cache") << 2;
+    }
+    void keepsWhatMayBeKept()
+    {
+        QFETCH(QByteArray, cacheControl);
+        QFETCH(int, requests);
+        const WebServer server(
+            [&](QTcpSocket &socket, const QByteArray &) {
+                WebServer::reply(socket, "200 OK\r\nCache-Control: " + cacheControl, "kept");
+            },
+            m_serverTls);
+        const QTemporaryDir cache;
+        for (int i = 0; i < 2; ++i) {
+            NetworkHttpClient client(cache.path(), m_trusting);
+            QCOMPARE(**fetch(client, server.address(QStringLiteral("/"))), QByteArray("kept"));
+        }
+        QCOMPARE(server.requests().size(), requests);
     }
 
     void sendsNoCookies()
@@ -81,7 +106,7 @@ private Q_SLOTS:
                 WebServer::reply(socket, "200 OK\r\nSet-Cookie: a=b", "x");
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         QVERIFY(*fetch(client, server.address(QStringLiteral("/1"))));
         QVERIFY(*fetch(client, server.address(QStringLiteral("/2"))));
         QCOMPARE(server.requests().size(), 2);
@@ -101,7 +126,7 @@ private Q_SLOTS:
                     socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nhalf");
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         QCOMPARE(**fetch(client, server.address(QStringLiteral("/late"))), QByteArray("late"));
         for (const char *path : {"/never", "/half"}) {
             const Answer answer = fetch(client, server.address(QString::fromLatin1(path)), 150ms);
@@ -119,7 +144,7 @@ private Q_SLOTS:
                 socket.disconnectFromHost();
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         QVERIFY(!*fetch(client, server.address(QStringLiteral("/half"))));
         QVERIFY(!*fetch(client, server.address(QStringLiteral("/none"))));
         QVERIFY(!*fetch(client, QUrl(QStringLiteral("https://localhost:1/"))));
@@ -141,7 +166,7 @@ private Q_SLOTS:
                 pump->start(0);
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         const Answer answer = fetch(client, server.address(QStringLiteral("/")));
         QVERIFY(!*answer);
         QCOMPARE(answer->failure().kind, FailureKind::Unsupported);
@@ -161,28 +186,41 @@ private Q_SLOTS:
             if (path == "/end")
                 WebServer::reply(socket, "200 OK", "end");
             else
-                WebServer::reply(socket, "302 Found\r\nLocation: " + target, "");
+                WebServer::reply(
+                    socket, "301 Moved Permanently\r\nCache-Control: max-age=60\r\nLocation: " + target, "");
         };
         const WebServer server(answer, m_serverTls);
         const WebServer downwards(answer);
-        NetworkHttpClient client(m_trusting);
+        const QTemporaryDir cache;
+        NetworkHttpClient client(cache.path(), m_trusting);
+        int number = 0;
+        // The second time the redirect comes out of the cache.
+        const auto fetchTwice = [&](const WebServer &from) {
+            const QUrl address = from.address(QStringLiteral("/%1").arg(++number));
+            const Answer first = fetch(client, address);
+            const Answer second = fetch(client, address);
+            return std::pair(*first, *second);
+        };
 
         for (const QByteArray &good :
              {QByteArray("/end"), server.address(QStringLiteral("/end")).toEncoded()}) {
             target = good;
-            QCOMPARE(**fetch(client, server.address(QStringLiteral("/"))), QByteArray("end"));
+            const auto [first, second] = fetchTwice(server);
+            QVERIFY(first && second);
+            QCOMPARE(*first + *second, QByteArray("endend"));
         }
         for (const QByteArray &bad :
              {plain.address(QStringLiteral("/")).toEncoded(),
               QUrl::fromLocalFile(secret.fileName()).toEncoded(), QByteArray("ftp://localhost/x"),
               QByteArray("data:text/plain,x"), QByteArray("qrc:/x"), QByteArray("/again")}) {
             target = bad;
-            const Answer refused = fetch(client, server.address(QStringLiteral("/")));
-            QVERIFY2(!*refused, bad);
+            const auto [first, second] = fetchTwice(server);
+            QVERIFY2(!first && !second, bad);
         }
-        QVERIFY(plain.requests().isEmpty());
         target = plain.address(QStringLiteral("/")).toEncoded();
-        QVERIFY(!*fetch(client, downwards.address(QStringLiteral("/")))); // not even from HTTP
+        const auto [first, second] = fetchTwice(downwards);
+        QVERIFY(!first && !second); // not even from HTTP
+        QVERIFY(plain.requests().isEmpty());
     }
 
     void refusesWhomItCannotTrust()
@@ -206,7 +244,7 @@ private Q_SLOTS:
                 connect(&socket, &QTcpSocket::disconnected, &socket, [&isClosed] { isClosed = true; });
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         {
             QObject receiver;
             client.get(server.address(QStringLiteral("/")), 60s, &receiver,
@@ -222,7 +260,7 @@ private Q_SLOTS:
         QObject receiver;
         Answer answer;
         {
-            NetworkHttpClient client(m_trusting);
+            NetworkHttpClient client({}, m_trusting);
             client.get(server.address(QStringLiteral("/")), 600ms, &receiver,
                        [&answer](Result<QByteArray> reply) { answer = std::move(reply); });
             QTRY_COMPARE(server.requests().size(), 1);
@@ -243,7 +281,7 @@ private Q_SLOTS:
                     WebServer::reply(socket, "404 Not Found", "<html>");
             },
             m_serverTls);
-        NetworkHttpClient client(m_trusting);
+        NetworkHttpClient client({}, m_trusting);
         const auto lookUp = [&](const QString &base, const QString &identifier) {
             std::optional<Result<CatalogSong>> answer;
             CatalogLookup(client, {base, {}}).lookUp(identifier, this, [&answer](Result<CatalogSong> song) {
