@@ -19,10 +19,11 @@ void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion complet
     m_gate.requestLibraryAccess(showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
                                 [source = QPointer(this), showsAlerts, choices = m_choices,
                                  completion = std::move(completion)](bool authorized) {
-                                    if (!source || !authorized)
+                                    NowPlayingSource *self = source;
+                                    if (!self || !authorized)
                                         return;
-                                    if (showsAlerts || choices == source->m_choices)
-                                        source->take(showsAlerts, completion);
+                                    if (showsAlerts || choices == self->m_choices)
+                                        self->take(showsAlerts, completion);
                                 });
 }
 
