@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "library/MadeUpSongs.h"
 
+#include "platform/linux/library/store/SongStore.h"
+
+#include <algorithm>
 #include <array>
 
 namespace trackwise {
@@ -97,6 +100,20 @@ std::vector<ScannedSong> MadeUpSongs::next(int count)
              tags()});
     }
     return songs;
+}
+
+void writeMadeUpSongs(SongStore &store, int count)
+{
+    MadeUpSongs songs;
+    constexpr int batch = 1000;
+    for (int written = 0; written < count; written += batch) {
+        const auto next = songs.next(std::min(batch, count - written));
+        const Instant when(std::chrono::seconds{written});
+        if (const auto result = store.write(next, {}, when); !result)
+            qFatal("%s", qPrintable(result.failure().detail));
+    }
+    while (*store.indexNext(10'000)) {
+    }
 }
 
 QStringList typedTexts()

@@ -10,6 +10,8 @@
 
 namespace trackwise {
 
+class SongStore;
+
 /// Songs that no file has, with words as unevenly frequent as those of real titles: the same ones each time.
 class MadeUpSongs
 {
@@ -33,6 +35,9 @@ private:
     int m_leftOfAlbum = 0;
     int m_count = 0;
 };
+
+/// Writes that many of them, and makes them searchable. Stops the program where that fails.
+void writeMadeUpSongs(SongStore &store, int count);
 
 /// What somebody looking for music might type, letter after letter: rare and frequent words, several words,
 /// other scripts.

@@ -69,16 +69,7 @@ int rows(const QByteArray &database, int count)
     const auto library = opened(database, {"/music"});
     QElapsedTimer timer;
     timer.start();
-    MadeUpSongs songs;
-    constexpr int batch = 1000;
-    for (int written = 0; written < count; written += batch) {
-        const auto next = songs.next(std::min(batch, count - written));
-        if (const auto result = library->store()->write(next, {}, Instant(std::chrono::seconds(written)));
-            !result)
-            qFatal("%s", qPrintable(result.failure().detail));
-    }
-    while (*library->store()->indexNext(10'000)) {
-    }
+    writeMadeUpSongs(*library->store(), count);
     printFigure("written_per_second", count / (static_cast<double>(timer.nsecsElapsed()) / 1e9), "songs/s");
     return 0;
 }

@@ -47,21 +47,6 @@ std::unique_ptr<LinuxLibrary> opened(const QString &database)
     return std::move(*library);
 }
 
-void fill(const QString &database, int count)
-{
-    const auto library = opened(database);
-    MadeUpSongs songs;
-    constexpr int batch = 1000;
-    for (int written = 0; written < count; written += batch) {
-        const auto next = songs.next(std::min(batch, count - written));
-        const Instant when(std::chrono::seconds{written});
-        if (const auto result = library->store()->write(next, {}, when); !result)
-            qFatal("%s", qPrintable(result.failure().detail));
-    }
-    while (*library->store()->indexNext(10'000)) {
-    }
-}
-
 class NoScan : public LibraryScan
 {
 public:
@@ -181,7 +166,7 @@ struct Memory
 Memory measureIn(const QTemporaryDir &folder, int count)
 {
     const QString database = folder.filePath(QStringLiteral("%1.db").arg(count));
-    fill(database, count);
+    writeMadeUpSongs(*opened(database)->store(), count);
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("show"), database});
