@@ -458,6 +458,21 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AddressOpening</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>لم يُعثر على الأغنية</translation>
+    </message>
+    <message>
+        <source>There is no song “%1” in your music library. Music folders are chosen in the settings.</source>
+        <translation>لا توجد أغنية «%1» في مكتبتك الموسيقية. تُختار مجلدات الموسيقى في الإعدادات.</translation>
+    </message>
+    <message>
+        <source>There is no file “%1”.</source>
+        <translation>لا يوجد ملف «%1».</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>

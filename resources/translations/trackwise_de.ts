@@ -450,6 +450,21 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AddressOpening</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>Titel nicht gefunden</translation>
+    </message>
+    <message>
+        <source>There is no song “%1” in your music library. Music folders are chosen in the settings.</source>
+        <translation>In deiner Musikmediathek gibt es keinen Titel „%1“. Musikordner werden in den Einstellungen ausgewählt.</translation>
+    </message>
+    <message>
+        <source>There is no file “%1”.</source>
+        <translation>Es gibt keine Datei „%1“.</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>

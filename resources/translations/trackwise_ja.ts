@@ -448,6 +448,21 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AddressOpening</name>
+    <message>
+        <source>Song Not Found</source>
+        <translation>曲が見つかりません</translation>
+    </message>
+    <message>
+        <source>There is no song “%1” in your music library. Music folders are chosen in the settings.</source>
+        <translation>ミュージックライブラリに曲“%1”はありません。ミュージックフォルダは設定で選択できます。</translation>
+    </message>
+    <message>
+        <source>There is no file “%1”.</source>
+        <translation>ファイル“%1”はありません。</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>
