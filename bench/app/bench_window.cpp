@@ -6,13 +6,9 @@
 //              comes and goes, and while the user goes through 200 songs with covers of 1 to 5 MB as fast as
 //              a held key repeats. Ends with 1 when the cover left on the screen is not the last song's.
 #include "app/AppDelegate.h"
+#include "app/WindowControllers.h"
 #include "artwork/ArtworkAddress.h"
 #include "artwork/ArtworkPicture.h"
-#include "platform/HttpClient.h"
-#include "platform/SystemMusicPlayer.h"
-#include "preferences/Preferences.h"
-#include "support/AddressOpenerDouble.h"
-#include "support/MusicPlayerDouble.h"
 #include "support/SyntheticLibrary.h"
 
 #include "../support/Figures.h"
@@ -35,21 +31,6 @@ constexpr int librarySize = 100'000;
 constexpr int songCount = 200;
 constexpr int keyRepeatMs = 1000 / 30;
 constexpr int distinctCovers = 25; // enough that the decoded ones do not all stay, few enough to make soon
-
-class NoSystemPlayer : public SystemMusicPlayer
-{
-public:
-    [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return {}; }
-    void whenReady(std::function<void()> handler) override { handler(); }
-    void beginGeneratingPlaybackNotifications() override {}
-    void endGeneratingPlaybackNotifications() override {}
-};
-
-class NoHttp : public HttpClient
-{
-public:
-    void get(const QUrl &, std::chrono::milliseconds, QObject *, Handler) override {}
-};
 
 class PlainLook : public Appearance
 {
@@ -87,7 +68,7 @@ struct App
     LibraryWithCovers library;
     ScriptedScan scan;
     MusicPlayerDouble player;
-    NoSystemPlayer systemPlayer;
+    SystemPlayerDouble systemPlayer;
     PlainLook look;
     AddressOpenerDouble addresses;
     NoHttp http;
