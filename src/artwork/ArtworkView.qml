@@ -13,7 +13,8 @@ Item {
     readonly property real gap: 25
 
     implicitWidth: root.side
-    implicitHeight: row.visible ? row.y + row.height : tile.height
+    // Not by what is visible: behind another screen the page keeps its height, and with it its place.
+    implicitHeight: root.view.hasSong ? row.y + row.height : tile.height
 
     Component.onCompleted: root.view.appear()
     onVisibleChanged: root.view.appear()

@@ -12,13 +12,13 @@ Item {
     readonly property real leastGap: 10
     readonly property real symbolSize: 32
 
-    implicitHeight: Math.max(information.implicitHeight, playButton.visible ? playButton.height : 0)
+    implicitHeight: Math.max(information.implicitHeight, root.view.showsPlayButton ? playButton.height : 0)
 
     Column {
         id: information
 
         anchors.left: parent.left
-        anchors.right: playButton.visible ? playButton.left : parent.right
+        anchors.right: root.view.showsPlayButton ? playButton.left : parent.right
         anchors.rightMargin: root.leastGap
         anchors.verticalCenter: parent.verticalCenter
         spacing: 6
@@ -39,7 +39,7 @@ Item {
         }
         Item {
             width: parent.width
-            implicitHeight: Math.max(titles.implicitHeight, link.visible ? link.height : 0)
+            implicitHeight: Math.max(titles.implicitHeight, root.view.isNowPlaying ? link.height : 0)
 
             MusicAppLink {
                 id: link
@@ -53,8 +53,8 @@ Item {
             TitleBlock {
                 id: titles
 
-                anchors.left: link.visible ? link.right : parent.left
-                anchors.leftMargin: link.visible ? 8 : 0
+                anchors.left: root.view.isNowPlaying ? link.right : parent.left
+                anchors.leftMargin: root.view.isNowPlaying ? 8 : 0
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 view: root.view

@@ -32,6 +32,12 @@ FocusScope {
     function scrollBy(distance: real) {
         root.scrollTo((scrolling.running ? scrolling.to : flickable.contentY) + distance);
     }
+    function isOnPage(item: Item): bool {
+        let outer = item;
+        while (outer !== null && outer !== column)
+            outer = outer.parent;
+        return outer === column;
+    }
     /// Scrolls as little as shows all of @p item.
     function reveal(item: Item) {
         const top = item.mapToItem(column, 0, 0).y;
@@ -66,7 +72,7 @@ FocusScope {
         }
     }
 
-    onFocusedItemChanged: root.focusedItem !== null && root.activeFocus && root.reveal(root.focusedItem)
+    onFocusedItemChanged: root.activeFocus && root.isOnPage(root.focusedItem) && root.reveal(root.focusedItem)
     Keys.onPressed: event => {
         event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
     }

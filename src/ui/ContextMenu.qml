@@ -14,7 +14,7 @@ T.Menu {
     implicitWidth: Math.max(narrowest, contentItem.implicitWidth) + leftPadding + rightPadding
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     padding: 6
-    topPadding: headingText.visible ? headingText.height + 6 : 6
+    topPadding: root.heading !== "" ? headingText.height + 6 : 6
     margins: 8
     modal: true
     dim: false
