@@ -206,10 +206,11 @@ void measureScrolling(App &app, const QByteArray &name, QSize size)
         return;
     }
     const qreal furthest = list->property("contentHeight").toReal() - list->height();
-    constexpr int frames = 300;
+    constexpr int framesOneWay = 150;
     FrameMeter meter(app.window());
-    for (int i = 0; i < frames; ++i) {
-        list->setProperty("contentY", furthest * (i < frames / 2 ? i : frames - i) / (frames / 2));
+    for (int i = 0; i < 2 * framesOneWay; ++i) {
+        const int fromTop = i < framesOneWay ? i : 2 * framesOneWay - i;
+        list->setProperty("contentY", furthest * fromTop / framesOneWay);
         meter.frame();
     }
     printTimes("scroll_" + name, meter.costs());

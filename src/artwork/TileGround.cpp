@@ -66,7 +66,8 @@ public:
     [[nodiscard]] QSGNinePatchNode &patch() { return *m_patch; }
     void show(const QQuickWindow &window, const QImage &image)
     {
-        const QPointer<QSGTexture> before = m_texture;
+        QPointer<QSGTexture> before;
+        before.swap(m_texture);
         m_texture = window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel);
         m_patch->setTexture(m_texture);
         delete before.data();
