@@ -98,7 +98,7 @@ void FilePlayback::play()
 {
     if (!m_file)
         return;
-    if (m_isServerLost)
+    if (m_nextReturn.isActive())
         m_playUntil.setRemainingTime(longestReturn);
     if (hasOutput()) // without one, the library would crash
         m_player->play();
@@ -165,9 +165,7 @@ void FilePlayback::ensurePlayer()
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
     m_player = std::make_unique<QMediaPlayer>();
-    m_isServerLost = !canPlayTo(QMediaDevices::defaultAudioOutput());
-    makeOutput();
-
+    returnToServer();
     connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this, &FilePlayback::stateDidChange);
     connect(m_player.get(), &QMediaPlayer::durationChanged, this, &FilePlayback::durationDidChange);
     connect(m_player.get(), &QMediaPlayer::mediaStatusChanged, this,
@@ -249,7 +247,7 @@ void FilePlayback::leaveServer()
 
 void FilePlayback::returnToServer()
 {
-    m_isServerLost = !canPlayTo(QMediaDevices::defaultAudioOutput());
+    m_isServerLost = !isSoundServerThere() || !canPlayTo(QMediaDevices::defaultAudioOutput());
     if (!m_isServerLost) {
         makeOutput();
         if (m_file && !m_playUntil.hasExpired())
@@ -257,7 +255,7 @@ void FilePlayback::returnToServer()
         return;
     }
     if (!m_sinceLoss.isValid())
-        return; // there never was one
+        return; // there has been none yet
     if (m_sinceLoss.elapsed() > libraryRetry.count())
         lookForServer();
     m_nextReturn.start();

@@ -75,7 +75,7 @@ private:
     QByteArray m_wantedOutput; ///< where sound is to go; the library may not know it yet
     int m_attempts = 0;        ///< to find it there
     QTimer m_nextAttempt;
-    bool m_isServerLost = false;
+    bool m_isServerLost = true; ///< or not looked for yet
     QElapsedTimer m_sinceLoss;  ///< or since the library was told to connect again
     QDeadlineTimer m_playUntil; ///< play when the server comes back before
     QTimer m_nextReturn;

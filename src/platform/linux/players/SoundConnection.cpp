@@ -39,6 +39,19 @@ void remember(const Listener &listener)
     listeners.push_back(listener);
 }
 
+/// An attempt to connect to @p server, or to the usual one when null. It fails at once where nobody listens.
+struct Attempt
+{
+    explicit Attempt(const char *server)
+        : isConnecting(pa_context_connect(context.get(), server, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0)
+    {}
+
+    std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> loop{pa_mainloop_new(), &pa_mainloop_free};
+    std::unique_ptr<pa_context, decltype(&pa_context_unref)> context{
+        pa_context_new(pa_mainloop_get_api(loop.get()), "Trackwise"), &pa_context_unref};
+    bool isConnecting;
+};
+
 template <typename Function>
 Function *ofLibrary(const char *name)
 {
@@ -46,6 +59,11 @@ Function *ofLibrary(const char *name)
 }
 
 } // namespace
+
+bool isSoundServerThere()
+{
+    return Attempt(nullptr).isConnecting;
+}
 
 bool canPlayTo(const QAudioDevice &output)
 {
@@ -60,15 +78,10 @@ bool canPlayTo(const QAudioDevice &output)
 
 void connectSoundAgain()
 {
-    const std::unique_ptr<pa_mainloop, decltype(&pa_mainloop_free)> loop(pa_mainloop_new(),
-                                                                         &pa_mainloop_free);
-    const std::unique_ptr<pa_context, decltype(&pa_context_unref)> failed(
-        pa_context_new(pa_mainloop_get_api(loop.get()), nullptr), &pa_context_unref);
-    if (pa_context_connect(failed.get(), "unix:/dev/null", PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0)
-        return;
+    const Attempt failed("unix:/dev/null");
     const std::lock_guard lock(listenersMutex);
     for (const Listener &listener : listeners)
-        listener.stateDidChange(failed.get(), listener.connection); // looks at the state, and posts an event
+        listener.stateDidChange(failed.context.get(), listener.connection); // sees it failed, posts an event
 }
 
 } // namespace trackwise
