@@ -22,8 +22,11 @@ void runInBackground(QThreadPool &pool, QObject *receiver, Work work, Handler do
             QMetaObject::invokeMethod(
                 application,
                 [done = std::move(done), target = std::move(target), result = std::move(result)]() mutable {
+                    // Qt may get rid of this closure on the worker: what it holds goes here.
+                    auto handler = std::move(done);
+                    auto value = std::move(result);
                     if (target)
-                        done(std::move(result));
+                        handler(std::move(value));
                 },
                 Qt::QueuedConnection);
         }
