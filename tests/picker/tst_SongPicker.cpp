@@ -242,7 +242,7 @@ private Q_SLOTS:
         QTRY_COMPARE(w.picker.songs()->count(), 10000 + added);
         const int moved = 5000 + added / 2;
         QTRY_VERIFY(w.rowItem(moved));
-        QCOMPARE(w.placeOf(moved), place);
+        QTRY_COMPARE(w.placeOf(moved), place);
         QTRY_COMPARE(w.rowItem(moved)->property("title").toString(), SyntheticLibrary::titleOf({50010}));
     }
 

@@ -11,6 +11,7 @@
 
 #include <sanitizer/tsan_interface.h>
 
+#include <cstdarg>
 #include <functional>
 #include <utility>
 
@@ -62,12 +63,14 @@ public:
     }
 
 private:
+    // Whichever thread lets go of the call last destroys it.
     static void carryOut(int operation, QSlotObjectBase *self, QObject *receiver, void **arguments, bool *)
     {
         __tsan_acquire(self);
         auto *posted = static_cast<PostedCall *>(self);
         if (operation == Call) {
             posted->m_call->call(receiver, arguments);
+            __tsan_release(self);
         } else if (operation == Destroy) {
             posted->m_call->destroyIfLastRef();
             delete posted;
@@ -139,4 +142,24 @@ void release(QSemaphore *semaphore, int count)
 bool invoke(QObject *receiver, QtPrivate::QSlotObjectBase *call, Qt::ConnectionType type, void *result)
 {
     return invokeInQt(receiver, new PostedCall(call), type, result);
+}
+
+// The libraries come from the system, without the sanitizer in them.
+extern "C" const char *__tsan_default_options()
+{
+    return "ignore_noninstrumented_modules=1:second_deadlock_stack=1";
+}
+
+// QProcess makes its children with this. ThreadSanitizer's own takes the memory that the child shares with
+// its parent for a copy, notes in it that there are no other threads any more, and is blind from then on.
+extern "C" int __clone(int (*)(void *), void *, int, void *, ...);
+extern "C" int clone(int (*function)(void *), void *stack, int flags, void *argument, ...)
+{
+    va_list more;
+    va_start(more, argument);
+    void *parentId = va_arg(more, void *);
+    void *threadArea = va_arg(more, void *);
+    void *childId = va_arg(more, void *);
+    va_end(more);
+    return __clone(function, stack, flags, argument, parentId, threadArea, childId);
 }

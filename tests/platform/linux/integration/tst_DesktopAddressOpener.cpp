@@ -27,7 +27,6 @@ public:
                              QDBusConnection::ExportAllSlots);
         m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
-    ~Portal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
 
     QStringList opened;
 
@@ -84,6 +83,8 @@ private Q_SLOTS:
         for (const char *name : {"xdg-open", "gio", "gtk-launch"})
             writeProgram(QString::fromLatin1(name), QByteArray("echo ") + name + " \"$@\" >> \"$LOG\"");
     }
+    // Not sooner: the thread of the bus would look at the portal while that goes.
+    void cleanup() { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
     void init() { QFile::remove(m_folder.filePath(QStringLiteral("log"))); }
 
     void asksThePortalAndElseTheDesktop()

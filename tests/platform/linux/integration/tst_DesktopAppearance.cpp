@@ -66,11 +66,7 @@ public:
         m_bus.registerObject(portalPath, this, QDBusConnection::ExportAllSlots);
         m_bus.registerService(portalName);
     }
-    ~Portal() override
-    {
-        m_bus.unregisterService(portalName);
-        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
-    }
+    ~Portal() override { m_bus.unregisterService(portalName); }
 
     void change(const QString &space, const QString &key, const QVariant &value)
     {
@@ -117,6 +113,8 @@ private Q_SLOTS:
         qDBusRegisterMetaType<Spaces>();
         qDBusRegisterMetaType<Rgb>();
     }
+    // Not sooner: the thread of the bus would look at the portal while that goes.
+    void cleanup() { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
     void init()
     {
         m_file = std::make_unique<QSettings>(m_folder.filePath(QStringLiteral("device.ini")),
