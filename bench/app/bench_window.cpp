@@ -9,10 +9,9 @@
 #include "app/WindowControllers.h"
 #include "artwork/ArtworkAddress.h"
 #include "artwork/ArtworkPicture.h"
+#include "support/Figures.h"
+#include "support/Photographs.h"
 #include "support/SyntheticLibrary.h"
-
-#include "../support/Figures.h"
-#include "../support/Photographs.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -104,7 +103,7 @@ public:
             &window, &QQuickWindow::afterSynchronizing, this,
             [this] { m_stoodStillNs += m_standstill.nsecsElapsed(); }, Qt::DirectConnection);
         connect(&window, &QQuickWindow::frameSwapped, this, &FrameMeter::frameSwapped, Qt::QueuedConnection);
-        m_start = threadTime();
+        m_start = threadCpuSeconds() * 1e3;
     }
 
     /// Waits for the next frame.
@@ -118,7 +117,7 @@ public:
 private:
     void frameSwapped()
     {
-        const double now = threadTime();
+        const double now = threadCpuSeconds() * 1e3;
         const auto stoodStill = static_cast<double>(m_stoodStillNs.exchange(0)) / 1e6;
         m_costs.push_back(now - std::exchange(m_start, now) + stoodStill);
         m_loop.quit();
@@ -196,13 +195,13 @@ QQuickItem *scrollingList(QQuickWindow &window)
     return tallest;
 }
 
-void measureScrolling(App &app, const QByteArray &name, QSize size)
+void measureScrolling(App &app, const std::string &name, QSize size)
 {
     app.window().resize(size);
     wait(500);
     QQuickItem *list = scrollingList(app.window());
     if (!list) {
-        std::printf("# %s: nothing to scroll\n", name.constData());
+        std::printf("# %s: nothing to scroll\n", name.c_str());
         return;
     }
     const qreal furthest = list->property("contentHeight").toReal() - list->height();
@@ -216,7 +215,7 @@ void measureScrolling(App &app, const QByteArray &name, QSize size)
     printTimes("scroll_" + name, meter.costs());
 }
 
-void measureResizing(App &app, const QByteArray &name, int height)
+void measureResizing(App &app, const std::string &name, int height)
 {
     constexpr int narrow = 640;
     constexpr int wide = 760;
@@ -258,11 +257,11 @@ bool showsCoverOf(App &app, const MediaItem &song)
     return std::abs(seen.hue() - cover.pixelColor(4, 4).hue()) < 8;
 }
 
-bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const QByteArray &name, QSize size)
+bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const std::string &name, QSize size)
 {
     app.window().resize(size);
     wait(500);
-    const double before = memoryMiB("VmRSS");
+    const double before = residentMegabytes();
     FrameMeter meter(app.window());
     std::vector<double> commands;
     size_t shown = 0;
@@ -272,9 +271,9 @@ bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const QByte
     QTimer key;
     key.setTimerType(Qt::PreciseTimer);
     QObject::connect(&key, &QTimer::timeout, &app.window(), [&] {
-        const double start = threadTime();
+        const double start = threadCpuSeconds() * 1e3;
         app.detail().displayMediaItem(songs.at(shown), false, false);
-        commands.push_back(threadTime() - start);
+        commands.push_back(threadCpuSeconds() * 1e3 - start);
         if (++shown == songs.size())
             loop.quit();
     });
@@ -284,9 +283,9 @@ bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const QByte
     printFigure("switch_" + name + "_took", static_cast<double>(whole.elapsed()) / 1000, "s");
     printTimes("switch_" + name + "_command", commands);
     printTimes("switch_" + name + "_frame", meter.costs());
-    printFigure("switch_" + name + "_memory_before", before, "MiB");
-    printFigure("switch_" + name + "_memory_after", memoryMiB("VmRSS"), "MiB");
-    printFigure("switch_" + name + "_memory_peak", memoryMiB("VmHWM"), "MiB");
+    printFigure("switch_" + name + "_memory_before", before, "MB");
+    printFigure("switch_" + name + "_memory_after", residentMegabytes(), "MB");
+    printFigure("switch_" + name + "_memory_peak", peakMegabytes(), "MB");
 
     QElapsedTimer settling;
     settling.start();
@@ -296,7 +295,7 @@ bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const QByte
     printFigure("switch_" + name + "_settled", static_cast<double>(settling.elapsed()), "ms");
     wait(500); // the cover fades in
     const bool isRight = showsCoverOf(app, songs.back());
-    std::printf("# %s: the last song's cover is %s\n", name.constData(), isRight ? "shown" : "NOT SHOWN");
+    std::printf("# %s: the last song's cover is %s\n", name.c_str(), isRight ? "shown" : "NOT SHOWN");
     return isRight;
 }
 

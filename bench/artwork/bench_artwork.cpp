@@ -3,9 +3,8 @@
 // What decoding a cover at the tile's size costs: photographs, and pictures that are refused or nearly so.
 #include "artwork/ArtworkDecoder.h"
 #include "support/Covers.h"
-
-#include "../support/Figures.h"
-#include "../support/Photographs.h"
+#include "support/Figures.h"
+#include "support/Photographs.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -14,7 +13,7 @@ using namespace trackwise;
 
 namespace {
 
-void measure(const QByteArray &name, const QByteArray &bytes)
+void measure(const std::string &name, const QByteArray &bytes)
 {
     constexpr int turns = 5;
     constexpr int side = 384; // pixels
@@ -25,7 +24,7 @@ void measure(const QByteArray &name, const QByteArray &bytes)
         const Result<QImage> image = decodeSquare(bytes, side);
         times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
         if (i == 0 && !image)
-            std::printf("# %s: %s\n", name.constData(), qPrintable(image.failure().detail));
+            std::printf("# %s: %s\n", name.c_str(), qPrintable(image.failure().detail));
     }
     printFigure("decode_" + name, percentile(times, 0.5), "ms");
 }
@@ -37,7 +36,7 @@ int main(int argc, char *argv[])
     const QGuiApplication app(argc, argv);
     std::mt19937 random(1);
     for (const int megabytes : {1, 3, 5}) {
-        const QByteArray size = QByteArray::number(megabytes) + "_mb";
+        const std::string size = std::to_string(megabytes) + "_mb";
         measure("jpeg_" + size, photograph(megabytes, Qt::darkBlue, "jpg", random));
         measure("png_" + size, photograph(megabytes, Qt::darkBlue, "png", random));
     }

@@ -7,9 +7,9 @@
 //
 // Figures are printed one a line: name, value, unit.
 #include "app/WindowControllers.h"
-#include "library/Figures.h"
 #include "library/MadeUpSongs.h"
 #include "platform/linux/library/LinuxLibrary.h"
+#include "support/Figures.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -6,8 +6,8 @@
 // library_figures dump DATABASE FOLDER   a JSON line for every song below FOLDER
 //
 // Figures are printed one a line: name, value, unit.
-#include "library/Figures.h"
 #include "library/MadeUpSongs.h"
+#include "support/Figures.h"
 
 #include "platform/linux/library/LinuxLibrary.h"
 #include "platform/linux/library/scan/LibraryScanner.h"

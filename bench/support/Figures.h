@@ -1,56 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
-#include <QFile>
-
-#include <algorithm>
-#include <cstdio>
-#include <ctime>
+#include <string>
 #include <vector>
 
 namespace trackwise {
 
-inline double percentile(std::vector<double> values, double share)
-{
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    return values.at(static_cast<size_t>(share * static_cast<double>(values.size() - 1)));
-}
-
-/// One line of a measure: name, value, unit.
-inline void printFigure(const QByteArray &name, double value, const char *unit)
-{
-    std::printf("%s %.3f %s\n", name.constData(), value, unit);
-}
-
-inline void printTimes(const QByteArray &name, const std::vector<double> &milliseconds)
-{
-    printFigure(name + "_median", percentile(milliseconds, 0.5), "ms");
-    printFigure(name + "_p99", percentile(milliseconds, 0.99), "ms");
-    printFigure(name + "_most", percentile(milliseconds, 1), "ms");
-}
-
-/// Processor time of the calling thread, in milliseconds.
-inline double threadTime()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-/// A field of this process's status in MiB: "VmRSS" now, "VmHWM" at most.
-inline double memoryMiB(const char *field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
-        if (line.startsWith(field))
-            return line.mid(qsizetype(qstrlen(field)) + 1).simplified().split(' ').first().toDouble() / 1024;
-    }
-    return 0;
-}
+/// Processor time of the whole process, all threads.
+[[nodiscard]] double cpuSeconds();
+/// Processor time of the calling thread.
+[[nodiscard]] double threadCpuSeconds();
+/// Memory of the process that is in use now, with what it has mapped.
+[[nodiscard]] double residentMegabytes();
+/// The part of it that is this process's alone: without what is mapped from files.
+[[nodiscard]] double privateMegabytes();
+/// The most that it has been since the start.
+[[nodiscard]] double peakMegabytes();
+void printFigure(const std::string &name, double value, const char *unit);
+/// The value that @p share of them, 0 to 1, do not exceed.
+[[nodiscard]] double percentile(std::vector<double> values, double share);
+/// The median, the 99th percentile and the greatest of times in milliseconds.
+void printTimes(const std::string &name, const std::vector<double> &times);
 
 } // namespace trackwise

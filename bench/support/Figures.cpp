@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "library/Figures.h"
+#include "support/Figures.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <ctime>
 #include <fstream>
@@ -57,6 +58,21 @@ void printFigure(const std::string &name, double value, const char *unit)
 {
     std::printf("%s %.4g %s\n", name.c_str(), value, unit);
     std::fflush(stdout);
+}
+
+double percentile(std::vector<double> values, double share)
+{
+    if (values.empty())
+        return 0;
+    std::ranges::sort(values);
+    return values.at(static_cast<std::size_t>(share * static_cast<double>(values.size() - 1)));
+}
+
+void printTimes(const std::string &name, const std::vector<double> &times)
+{
+    printFigure(name + "_median", percentile(times, 0.5), "ms");
+    printFigure(name + "_p99", percentile(times, 0.99), "ms");
+    printFigure(name + "_most", percentile(times, 1), "ms");
 }
 
 } // namespace trackwise
