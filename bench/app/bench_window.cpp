@@ -72,8 +72,7 @@ struct App
     AddressOpenerDouble addresses;
     NoHttp http;
     CatalogLookup catalog{http, {}};
-    QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
-    Preferences preferences{defaults};
+    Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
     AppDelegate app{
         {library, library, scan, player, systemPlayer, look, addresses, catalog, folder.path(), {}},
         preferences};

@@ -101,7 +101,6 @@ public:
                 if (m_presentation.isAlertVisible())
                     waiting.quit();
             });
-            QCoreApplication::processEvents(); // writes the count of the view before, on some disks slowly
             QElapsedTimer clock;
             clock.start();
             m_detail.handleDroppedURLs({link});

@@ -105,8 +105,7 @@ int main(int argc, char *argv[])
     QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     QGuiApplication app(argc, argv);
     QTemporaryDir folder;
-    QSettings defaults(folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat);
-    Preferences preferences(defaults);
+    Preferences preferences(folder.filePath(QStringLiteral("defaults.ini")));
     preferences.setShowMoreInformation(true);
     const QTimeZone zone("Europe/Berlin");
     const auto listOf = [&](int number) {

@@ -267,8 +267,7 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     }
     Device &device = **opened;
 
-    QSettings defaults(configFile("defaults.ini"), QSettings::IniFormat);
-    Preferences preferences(defaults);
+    Preferences preferences(configFile("defaults.ini"));
     const CatalogLookup catalog(device.http(), catalogConfiguration(device.settingsFile()));
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,

@@ -2,21 +2,25 @@
 #pragma once
 
 #include <QDateTime>
-#include <QSettings>
+#include <QString>
+#include <QThreadPool>
+#include <QVariantMap>
 
 #include <optional>
 
 namespace trackwise {
 
-/// The four values that the app keeps between launches. One store is shared by all windows.
+/// The four values that the app keeps between launches. One store is shared by all windows. A value counts
+/// at once; it is written to the file by a thread of its own, since the disk may take longer than a frame.
 /// Main thread only.
 class Preferences
 {
 public:
-    /// Keeps the values in @p defaults, which must outlive this object.
-    explicit Preferences(QSettings &defaults)
-        : m_defaults(defaults)
-    {}
+    /// Reads what @p file holds, in the format of QSettings::IniFormat.
+    explicit Preferences(QString file);
+    /// Waits until everything has been written.
+    ~Preferences();
+    Q_DISABLE_COPY_MOVE(Preferences)
 
     [[nodiscard]] bool showMoreInformation() const;
     void setShowMoreInformation(bool show);
@@ -32,7 +36,11 @@ public:
     void setLastReviewRequestDate(const QDateTime &date);
 
 private:
-    QSettings &m_defaults;
+    void store(QLatin1StringView key, const QVariant &value);
+
+    QString m_file;
+    QVariantMap m_values;
+    QThreadPool m_writer;
 };
 
 } // namespace trackwise

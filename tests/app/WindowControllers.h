@@ -59,8 +59,7 @@ inline MediaItem song(unsigned id)
 struct WindowDevice
 {
     QTemporaryDir folder;
-    QSettings defaults{folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat};
-    Preferences preferences{defaults};
+    Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
     ListedLibrary library;
     SystemPlayerDouble systemPlayer;
     MusicPlayerDouble player;

@@ -65,8 +65,7 @@ class Program
 public:
     Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &catalog)
         : m_device(open(music, folder))
-        , m_defaults(folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat)
-        , m_preferences(m_defaults)
+        , m_preferences(folder.filePath(QStringLiteral("defaults.ini")))
         , m_catalog(m_device->http(), {catalog.address(), QStringLiteral("catalog.example")})
         , m_app({m_device->library().mediaLibrary(), m_device->library().browser(),
                  m_device->library().scan(), m_device->player(), m_device->systemPlayer(),
@@ -107,7 +106,6 @@ private:
     }
 
     std::unique_ptr<Device> m_device;
-    QSettings m_defaults;
     Preferences m_preferences;
     CatalogLookup m_catalog;
     AppDelegate m_app;

@@ -193,8 +193,7 @@ std::vector<Scene> scenes()
 void draw(const Scene &scene, const QDir &folder)
 {
     QTemporaryDir temporary;
-    QSettings defaults(temporary.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat);
-    Preferences preferences(defaults);
+    Preferences preferences(temporary.filePath(QStringLiteral("defaults.ini")));
     preferences.setShowMoreInformation(scene.expanded);
     InformationView list({.mediaItem = scene.song}, preferences, {scene.locale, scene.locale},
                          QTimeZone::utc());

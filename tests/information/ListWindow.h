@@ -10,7 +10,6 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,8 +21,7 @@ class ListWindow
 public:
     explicit ListWindow(MediaItem song, QSize size = {1024, 768}, const ThemeSettings &settings = {},
                         std::function<void()> lyricsAction = {})
-        : m_defaults(m_folder.filePath(QStringLiteral("defaults.ini")), QSettings::IniFormat)
-        , preferences(m_defaults)
+        : preferences(m_folder.filePath(QStringLiteral("defaults.ini")))
         , information({.mediaItem = std::move(song), .lyricsAction = std::move(lyricsAction)}, preferences,
                       {}, QTimeZone::utc())
     {
@@ -75,7 +73,6 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    QSettings m_defaults;
 
     static void collect(QAccessibleInterface *parent, std::vector<std::pair<QQuickItem *, QString>> &found)
     {

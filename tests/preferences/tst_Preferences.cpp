@@ -2,6 +2,7 @@
 #include "preferences/Preferences.h"
 #include "preferences/UserDefaultsStore.h"
 
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -22,12 +23,16 @@ private Q_SLOTS:
     {
         const QDateTime launched(QDate(2026, 11, 20), QTime(21, 14, 5), Qt::UTC);
         {
-            QSettings defaults(file(), QSettings::IniFormat);
-            Preferences(defaults).setFirstLaunchDate(launched);
+            Preferences preferences(file());
+            preferences.setFirstLaunchDate(launched);
+            for (int count = 1; count <= 20; ++count)
+                preferences.setSoundsViewedCount(count);
+            QCOMPARE(preferences.soundsViewedCount(), 20);
         }
-        QSettings defaults(file(), QSettings::IniFormat);
-        QCOMPARE(Preferences(defaults).firstLaunchDate(), std::optional(launched));
-        QCOMPARE(Preferences(defaults).lastReviewRequestDate(), std::nullopt);
+        const Preferences preferences(file());
+        QCOMPARE(preferences.firstLaunchDate(), std::optional(launched));
+        QCOMPARE(preferences.lastReviewRequestDate(), std::nullopt);
+        QCOMPARE(preferences.soundsViewedCount(), 20);
     }
 
     void takesOnlyADateForADate_data()
@@ -40,17 +45,19 @@ private Q_SLOTS:
     void takesOnlyADateForADate()
     {
         QFETCH(QVariant, stored);
-        QSettings defaults(file(), QSettings::IniFormat);
-        defaults.setValue(QStringLiteral("FirstLaunchDate"), stored);
-        defaults.setValue(QStringLiteral("LastReviewRequestDate"), stored);
-        QCOMPARE(Preferences(defaults).firstLaunchDate(), std::nullopt);
-        QCOMPARE(Preferences(defaults).lastReviewRequestDate(), std::nullopt);
+        {
+            QSettings defaults(file(), QSettings::IniFormat);
+            defaults.setValue(QStringLiteral("FirstLaunchDate"), stored);
+            defaults.setValue(QStringLiteral("LastReviewRequestDate"), stored);
+        }
+        const Preferences preferences(file());
+        QCOMPARE(preferences.firstLaunchDate(), std::nullopt);
+        QCOMPARE(preferences.lastReviewRequestDate(), std::nullopt);
     }
 
     void togglesInOrderAndOnlyForItsOwnList()
     {
-        QSettings defaults(file(), QSettings::IniFormat);
-        Preferences preferences(defaults);
+        Preferences preferences(file());
         UserDefaultsStore one(preferences);
         UserDefaultsStore other(preferences);
         QVERIFY(!one.showMoreInformation());
@@ -68,7 +75,6 @@ private Q_SLOTS:
         QCOMPARE(order, QStringList({QStringLiteral("will 0 1"), QStringLiteral("did 1")}));
         QVERIFY(!other.showMoreInformation());
         QVERIFY(UserDefaultsStore(preferences).showMoreInformation());
-        QCOMPARE(defaults.value(QStringLiteral("ShowMoreInformation")).toBool(), true);
     }
 };
 
