@@ -236,25 +236,6 @@
     </message>
 </context>
 <context>
-    <name>QObject</name>
-    <message>
-        <source>Show Demo</source>
-        <translation>عرض النسخة التجريبية</translation>
-    </message>
-    <message>
-        <source>Not Now</source>
-        <translation>ليس الآن</translation>
-    </message>
-    <message>
-        <source>No Music Found</source>
-        <translation>لم يُعثر على موسيقى</translation>
-    </message>
-    <message>
-        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
-        <translation>لا توجد أغانٍ في مجلد الموسيقى. هل تريد التجول مع اثنتي عشرة أغنية تجريبية؟</translation>
-    </message>
-</context>
-<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -477,6 +458,25 @@
     <message>
         <source>Lyrics</source>
         <translation>كلمات الأغنية</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::Launch</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>عرض النسخة التجريبية</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>ليس الآن</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>لم يُعثر على موسيقى</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>لا توجد أغانٍ في مجلد الموسيقى. هل تريد التجول مع اثنتي عشرة أغنية تجريبية؟</translation>
     </message>
 </context>
 <context>

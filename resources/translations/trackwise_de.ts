@@ -236,25 +236,6 @@
     </message>
 </context>
 <context>
-    <name>QObject</name>
-    <message>
-        <source>Show Demo</source>
-        <translation>Demo zeigen</translation>
-    </message>
-    <message>
-        <source>Not Now</source>
-        <translation>Nicht jetzt</translation>
-    </message>
-    <message>
-        <source>No Music Found</source>
-        <translation>Keine Musik gefunden</translation>
-    </message>
-    <message>
-        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
-        <translation>In deinem Musikordner sind keine Titel. Möchtest du dich mit einem Dutzend Demotiteln umsehen?</translation>
-    </message>
-</context>
-<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -469,6 +450,25 @@
     <message>
         <source>Lyrics</source>
         <translation>Liedtext</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::Launch</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>Demo zeigen</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>Keine Musik gefunden</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>In deinem Musikordner sind keine Titel. Möchtest du dich mit einem Dutzend Demotiteln umsehen?</translation>
     </message>
 </context>
 <context>

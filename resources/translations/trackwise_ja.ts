@@ -236,25 +236,6 @@
     </message>
 </context>
 <context>
-    <name>QObject</name>
-    <message>
-        <source>Show Demo</source>
-        <translation>デモを表示</translation>
-    </message>
-    <message>
-        <source>Not Now</source>
-        <translation>今はしない</translation>
-    </message>
-    <message>
-        <source>No Music Found</source>
-        <translation>ミュージックが見つかりません</translation>
-    </message>
-    <message>
-        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
-        <translation>ミュージックフォルダに曲がありません。12曲のデモで試してみますか?</translation>
-    </message>
-</context>
-<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -467,6 +448,25 @@
     <message>
         <source>Lyrics</source>
         <translation>歌詞</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::Launch</name>
+    <message>
+        <source>Show Demo</source>
+        <translation>デモを表示</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>No Music Found</source>
+        <translation>ミュージックが見つかりません</translation>
+    </message>
+    <message>
+        <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
+        <translation>ミュージックフォルダに曲がありません。12曲のデモで試してみますか?</translation>
     </message>
 </context>
 <context>

@@ -9,7 +9,12 @@ namespace trackwise {
 namespace {
 
 const QString linuxRooms = QStringLiteral("platform/linux");
-const QString compositionRoot = QStringLiteral("app/main.cpp");
+const QString compositionFolder = QStringLiteral("app/composition/");
+
+bool isCompositionRoot(const QString &path)
+{
+    return path == QStringLiteral("app/main.cpp") || path.startsWith(compositionFolder);
+}
 
 void collect(const Plan &plan, const QString &room, QSet<QString> &known)
 {
@@ -32,7 +37,7 @@ bool mayKnow(const Plan &plan, const QString &path, const QString &other)
 {
     const QString room = roomOf(plan, path);
     // Its build file links what the composition root makes and starts.
-    if (path == compositionRoot || path == QStringLiteral("app/CMakeLists.txt"))
+    if (isCompositionRoot(path) || path == QStringLiteral("app/CMakeLists.txt"))
         return plan.contains(other);
     if (isLinuxRoom(other) && !isLinuxRoom(room))
         return room == QStringLiteral("cli");

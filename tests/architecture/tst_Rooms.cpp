@@ -32,6 +32,7 @@ private Q_SLOTS:
         row("song/MediaItem.cpp", "#include \"MediaItem.moc\"", true);
         row("song/MediaItem.cpp", "#include <QString>", true);
         row("app/main.cpp", "#include \"platform/linux/library/SongStore.h\"", true);
+        row("app/composition/Launch.cpp", "#include \"platform/linux/library/SongStore.h\"", true);
         row("app/Scene.cpp", "#include \"platform/linux/library/SongStore.h\"", false);
         row("cli/Export.cpp", "#include \"platform/linux/library/SongStore.h\"", true);
         row("detail/Detail.cpp", "#include \"platform/linux/players/Mpris.h\"", false);

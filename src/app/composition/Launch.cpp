@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/composition/Launch.h"
+
+#include "app/AppDelegate.h"
+#include "app/composition/LibraryChoice.h"
+#include "platform/linux/device/Device.h"
+#include "settings/LibraryAccessRequest.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace trackwise {
+
+void say(const QString &text)
+{
+    std::fputs(qPrintable(QStringLiteral("trackwise: ") + text + u'\n'), stderr);
+}
+
+Launch::Launch(AppDelegate &app, Device &device, StartOptions options)
+    : m_app(app)
+    , m_device(device)
+    , m_options(std::move(options))
+{
+    LibraryAccess &access = device.library().access();
+    access.setQuestion([this](LibraryAccess::Answer answer) { askForAccess(std::move(answer)); });
+    connect(&device.library().mediaLibrary(), &MediaLibrary::authorizationStatusDidChange, this,
+            [this] { scanIfAllowed(); });
+    connect(&device.library().scan(), &ScanController::finished, this, [this] { scanDidFinish(); });
+}
+
+void Launch::run()
+{
+    m_app.newWindow();
+    if (m_options.size)
+        m_app.scenes().front()->window().resize(*m_options.size);
+    scanIfAllowed();
+    if (!m_options.addresses.isEmpty())
+        m_app.open(m_options.addresses);
+    if (m_options.show.isEmpty() && !m_options.screenshotFile.isEmpty())
+        saveScreenshotSoon();
+}
+
+void Launch::scanIfAllowed()
+{
+    if (m_device.library().access().status() == LibraryAuthorizationStatus::Authorized)
+        m_device.library().scan().start();
+}
+
+// The question may come while the first window is still being made.
+void Launch::askForAccess(LibraryAccess::Answer answer)
+{
+    QTimer::singleShot(0, this, [this, answer = std::move(answer)] {
+        if (m_app.scenes().empty())
+            answer(std::nullopt);
+        else
+            presentLibraryAccessRequest(m_device.musicFolders(), m_app.scenes().front()->presentation(),
+                                        answer);
+    });
+}
+
+void Launch::scanDidFinish()
+{
+    if (!m_options.show.isEmpty()) {
+        showSong();
+        return;
+    }
+    if (!m_options.usesDemoLibrary && m_device.library().browser().songCount() == 0)
+        offerDemoLibrary();
+}
+
+void Launch::showSong()
+{
+    const std::optional<MediaItem> song = songNamed(m_device.library(), m_options.show);
+    if (!song) {
+        say(QStringLiteral("no such song: %1").arg(m_options.show));
+        if (!m_options.screenshotFile.isEmpty())
+            QCoreApplication::exit(EXIT_FAILURE);
+        return;
+    }
+    m_options.show.clear();
+    if (m_app.scenes().empty())
+        return;
+    m_app.scenes().front()->detail().displayMediaItem(*song, false, true);
+    if (!m_options.screenshotFile.isEmpty())
+        saveScreenshotSoon();
+}
+
+void Launch::saveScreenshotSoon()
+{
+    constexpr std::chrono::milliseconds timeToSettle{1500}; // covers are decoded, animations have ended
+    QTimer::singleShot(timeToSettle, this, [this] {
+        const bool saved = m_app.scenes().front()->window().grabWindow().save(m_options.screenshotFile);
+        if (!saved)
+            say(QStringLiteral("cannot write %1").arg(m_options.screenshotFile));
+        QCoreApplication::exit(saved ? EXIT_SUCCESS : EXIT_FAILURE);
+    });
+}
+
+void Launch::offerDemoLibrary()
+{
+    if (m_app.scenes().empty() || demoFolder().isEmpty())
+        return;
+    std::vector<AlertAction> actions{
+        {tr("Show Demo"), AlertAction::Style::Default,
+         [] {
+             if (QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("--demo")}))
+                 QCoreApplication::quit();
+         }},
+        {tr("Not Now"), AlertAction::Style::Cancel, {}}};
+    m_app.scenes().front()->presentation().presentAlert(
+        std::make_unique<Alert>(tr("No Music Found"),
+                                tr("There are no songs in your music folder. Would you like to look around "
+                                   "with a dozen demo songs?"),
+                                std::move(actions), 0));
+}
+
+} // namespace trackwise
