@@ -10,7 +10,7 @@ namespace trackwise {
 
 namespace {
 
-constexpr qsizetype longestText = 64 * 1024;
+constexpr qsizetype longestText = qsizetype{64} * 1024;
 constexpr const char *hrefPattern = R"re(\bhref\s*=\s*(?:"([^"]*)"|'([^']*)'))re";
 
 // An address that says how it is reached, so "https://..." but neither "music" nor "a:b".

@@ -37,10 +37,10 @@ bool isAllowed(const QUrl &address)
 
 } // namespace
 
-NetworkHttpClient::NetworkHttpClient(QString cacheFolder, QSslConfiguration tls, QObject *parent)
+NetworkHttpClient::NetworkHttpClient(QString cacheFolder, const QSslConfiguration &tls, QObject *parent)
     : QObject(parent)
     , m_cacheFolder(std::move(cacheFolder))
-    , m_tls(std::move(tls))
+    , m_tls(tls)
 {}
 
 NetworkHttpClient::~NetworkHttpClient() = default;

@@ -23,7 +23,7 @@ class NetworkHttpClient : public QObject, public HttpClient
 public:
     /// Without a @p cacheFolder nothing is kept; it may be emptied at any time.
     explicit NetworkHttpClient(QString cacheFolder = {},
-                               QSslConfiguration tls = QSslConfiguration::defaultConfiguration(),
+                               const QSslConfiguration &tls = QSslConfiguration::defaultConfiguration(),
                                QObject *parent = nullptr);
     ~NetworkHttpClient() override;
 

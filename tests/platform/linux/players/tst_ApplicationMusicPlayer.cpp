@@ -133,13 +133,11 @@ private Q_SLOTS:
     {
         load({shortSong});
         m_player->play();
-        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         QTRY_COMPARE_WITH_TIMEOUT(m_played, Songs({shortSong}), 20'000);
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
         QCOMPARE(current(), shortSong);
 
         m_player->play(); // from its beginning
-        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         QTRY_COMPARE_WITH_TIMEOUT(m_played, Songs({shortSong, shortSong}), 20'000);
         QCOMPARE(m_skipped, Songs({}));
     }
@@ -161,7 +159,7 @@ private Q_SLOTS:
         load({missingSong, shortSong, noMusic, lostSong, longSong});
         QCOMPARE(current(), shortSong);
         m_player->play();
-        QTRY_COMPARE(current(), longSong);
+        QTRY_COMPARE_WITH_TIMEOUT(current(), longSong, 20'000);
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         QCOMPARE(m_played, Songs({shortSong}));
         QCOMPARE(m_skipped, Songs({}));
