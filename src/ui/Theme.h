@@ -26,7 +26,8 @@ public:
     /// The same style in bold, and in medium weight.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const;
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle medium() const;
-    /// The same style, made smaller where its letters are higher than @p pixelSize, for places that do not grow.
+    /// The same style, made smaller where its letters are higher than @p pixelSize, for places that do not
+    /// grow.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle atMost(int pixelSize) const;
 
     friend bool operator==(const TextStyle &, const TextStyle &) = default;
