@@ -108,8 +108,8 @@ private:
             for (Task &task : *tasks) {
                 if (m_stop.stop_requested())
                     break;
-                outcomes.push_back(
-                    std::visit([](auto &&t) { return performed(std::move(t)); }, std::move(task)));
+                outcomes.push_back(std::visit(
+                    [](auto &&t) { return performed(std::forward<decltype(t)>(t)); }, std::move(task)));
             }
             if (!m_outcomes.push(std::move(outcomes), m_stop.get_token()))
                 break;
