@@ -58,6 +58,17 @@ struct Window : WindowDevice
         }
         return nullptr;
     }
+    /// The first item whose content is higher than itself.
+    [[nodiscard]] static QQuickItem *scrolling(QQuickItem *item)
+    {
+        if (item->inherits("QQuickFlickable") && item->property("contentHeight").toReal() > item->height())
+            return item;
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = scrolling(child))
+                return found;
+        }
+        return nullptr;
+    }
     /// Sends a drag event as the window system does; gives back the action, or none where it was refused.
     template <typename Event>
     Qt::DropAction drag(const QMimeData &data)
@@ -277,6 +288,26 @@ private Q_SLOTS:
         const auto *details = w.find<LinkDropTarget>();
         QTRY_COMPARE(qRound(details->mapToScene({}).x()), column);
         QTRY_COMPARE(qRound(details->width()), size.width() - column);
+    }
+
+    void keepsTheListsPlaceBehindAnotherScreen()
+    {
+        Window w;
+        w.window().resize(360, 600);
+        QTRY_COMPARE(w.find<LinkDropTarget>()->width(), 360);
+        w.preferences.setShowMoreInformation(true);
+        const MediaItem song = w.library.list.front();
+        w.scene->detail().displayMediaItem(song, false, false);
+        QQuickItem *list = nullptr;
+        const auto property = [&list](const char *name) { return list->property(name).toReal(); };
+        QTRY_VERIFY((list = Window::scrolling(w.window().contentItem())));
+        const qreal end = property("contentHeight") - list->height();
+        list->setProperty("contentY", end);
+        w.scene->detail().presentLyrics(song);
+        QTRY_VERIFY(!list->isVisible());
+        w.scene->presentation().pop();
+        QTRY_VERIFY(list->isVisible());
+        QCOMPARE(property("contentY"), end);
     }
 };
 
