@@ -100,8 +100,19 @@ void FilePlayback::play()
         return;
     if (m_nextReturn.isActive())
         m_playUntil.setRemainingTime(longestReturn);
+    if (m_player->mediaStatus() == QMediaPlayer::EndOfMedia)
+        openAgain();
     if (hasOutput()) // without one, the library would crash
         m_player->play();
+}
+
+/// Qt 6.4 may tell of an end twice, and the second time ends what plays again by then. With its decoder goes
+/// what that one still has to tell.
+void FilePlayback::openAgain()
+{
+    const QUrl source = m_player->source();
+    m_player->setSource({});
+    m_player->setSource(source);
 }
 
 void FilePlayback::pause()

@@ -59,6 +59,7 @@ Q_SIGNALS:
 
 private:
     void ensurePlayer();
+    void openAgain();
     void followDefaultOutput();
     void makeOutput();
     [[nodiscard]] bool hasOutput();
