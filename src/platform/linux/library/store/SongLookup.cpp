@@ -4,6 +4,8 @@
 #include "platform/linux/library/store/TextFolding.h"
 #include "platform/linux/library/tags/FileArtwork.h"
 
+#include <cmath>
+
 namespace trackwise {
 
 namespace {
@@ -127,7 +129,7 @@ SongCandidate readCandidate(const Statement &row)
             folded(row.text(2)),
             folded(row.text(3)),
             folded(row.text(4)),
-            std::chrono::milliseconds(static_cast<std::int64_t>(row.real(5) * 1000 + 0.5))};
+            std::chrono::milliseconds(std::llround(row.real(5) * 1000))};
 }
 
 // Several titles have the same words but for punctuation; this many are compared letter by letter.

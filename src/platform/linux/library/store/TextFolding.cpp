@@ -44,18 +44,21 @@ const icu::Normalizer2 *normalForm(bool isCompatible)
                         : icu::Normalizer2::getNFCInstance(status);
 }
 
-const icu::Transliterator &latinToAscii()
+std::unique_ptr<icu::Transliterator> makeLatinToAscii()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Transliterator> made(
+        icu::Transliterator::createInstance("Latin-ASCII", UTRANS_FORWARD, status));
+    if (U_FAILURE(status))
+        qFatal("ICU has no Latin-ASCII transliteration: %s", u_errorName(status));
+    return made;
+}
+
+void latinToAscii(icu::UnicodeString &text)
 {
     // Transliterators share a lock when shared, so each thread has its own.
-    thread_local const std::unique_ptr<icu::Transliterator> instance = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::Transliterator> made(
-            icu::Transliterator::createInstance("Latin-ASCII", UTRANS_FORWARD, status));
-        if (U_FAILURE(status))
-            qFatal("ICU has no Latin-ASCII transliteration: %s", u_errorName(status));
-        return made;
-    }();
-    return *instance;
+    thread_local const std::unique_ptr<icu::Transliterator> instance = makeLatinToAscii();
+    instance->transliterate(text);
 }
 
 bool isMark(UChar32 c)
@@ -214,7 +217,7 @@ QString folded(const QString &text)
     if (isAscii(text))
         return foldedAscii(text);
     icu::UnicodeString work = normalized(normalForm(true), toIcu(text));
-    latinToAscii().transliterate(work);
+    latinToAscii(work);
     work = normalized(normalForm(true), work.foldCase());
 
     icu::UnicodeString result;
