@@ -66,7 +66,7 @@ void DetailViewController::showPlayingSongAtStart()
     // A song may have been asked for while the device was looking for players.
     if (m_visibleMediaItem)
         return;
-    selectNowPlayingSong(false, [this](bool) { setNoSongLabelVisible(!m_visibleMediaItem); });
+    m_nowPlaying->selectSongOfStart([this](bool) { setNoSongLabelVisible(!m_visibleMediaItem); });
     // The answer to a first request for access may take the user a while: until then there is no song.
     setNoSongLabelVisible(!m_visibleMediaItem);
 }
@@ -201,7 +201,7 @@ void DetailViewController::selectSongFromNowPlaying()
 
 void DetailViewController::systemNowPlayingItemDidChange()
 {
-    if (m_isTrackingNowPlaying)
+    if (m_isTrackingNowPlaying || m_nowPlaying->hasSongOfStartBecomeKnown())
         selectNowPlayingSong(false);
 }
 

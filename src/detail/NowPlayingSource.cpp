@@ -3,6 +3,8 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace trackwise {
 
 NowPlayingSource::NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate &gate, Display display,
@@ -25,6 +27,29 @@ void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion complet
                                     if (showsAlerts || choices == self->m_choices)
                                         self->take(showsAlerts, completion);
                                 });
+}
+
+void NowPlayingSource::selectSongOfStart(const Completion &completion)
+{
+    selectNowPlayingSong(false, [this, completion](bool shown) {
+        if (!shown)
+            m_unknownSongOfStart = m_player.nowPlayingItem();
+        completion(shown);
+    });
+}
+
+bool NowPlayingSource::hasSongOfStartBecomeKnown()
+{
+    const auto awaited = std::exchange(m_unknownSongOfStart, std::nullopt);
+    const std::optional<MediaItem> now = m_player.nowPlayingItem();
+    return awaited && now && now->persistentID.isInLibrary() && now->title == awaited->title &&
+           now->artist == awaited->artist;
+}
+
+void NowPlayingSource::dropSilentRequests()
+{
+    ++m_choices;
+    m_unknownSongOfStart.reset();
 }
 
 void NowPlayingSource::take(bool showsAlerts, const Completion &completion)

@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 namespace trackwise {
 
@@ -25,8 +26,13 @@ public:
 
     /// Without permission nothing is shown and @p completion, which may be empty, is not called.
     void selectNowPlayingSong(bool showsAlerts, Completion completion);
+    /// The silent request of a window that has just opened. A song that the library does not have yet, since
+    /// it is being read for the first time, is waited for.
+    void selectSongOfStart(const Completion &completion);
+    /// Whether what plays now is the song that was waited for, known by now. Another song ends the waiting.
+    [[nodiscard]] bool hasSongOfStartBecomeKnown();
     /// The user has chosen otherwise: silent requests that are under way come to nothing.
-    void dropSilentRequests() { ++m_choices; }
+    void dropSilentRequests();
 
 private:
     void take(bool showsAlerts, const Completion &completion);
@@ -35,7 +41,8 @@ private:
     LibraryAccessGate &m_gate;
     Display m_display;
     LibraryAccessGate::PresentAlert m_presentAlert;
-    unsigned m_choices = 0; ///< of the user, while requests were under way
+    unsigned m_choices = 0;                        ///< of the user, while requests were under way
+    std::optional<MediaItem> m_unknownSongOfStart; ///< as the player describes it
 };
 
 } // namespace trackwise

@@ -129,6 +129,36 @@ private Q_SLOTS:
         QVERIFY(!window.presentation.alert());
     }
 
+    void waitsForTheSongOfTheStartUntilTheLibraryHasIt_data()
+    {
+        QTest::addColumn<unsigned>("chosen"); ///< meanwhile, by the user
+        QTest::addColumn<QString>("playing"); ///< when the library has been read
+        QTest::addColumn<unsigned>("shown");
+        QTest::newRow("the same song") << 0U << QStringLiteral("song 0") << 4U;
+        QTest::newRow("another song") << 0U << QStringLiteral("song 4") << 0U;
+        QTest::newRow("the user has chosen") << 9U << QStringLiteral("song 0") << 9U;
+    }
+    void waitsForTheSongOfTheStartUntilTheLibraryHasIt()
+    {
+        QFETCH(unsigned, chosen);
+        QFETCH(QString, playing);
+        QFETCH(unsigned, shown);
+        Window window;
+        window.systemPlayer.item = song(0);
+        window.start();
+        QThreadPool::globalInstance()->waitForDone(); // the question whether the library may be used
+        QCoreApplication::processEvents();
+        if (chosen)
+            window.detail.displayMediaItem(song(chosen), false, true);
+        MediaItem known = song(4);
+        known.title = playing;
+        window.systemPlayer.change(known);
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QCOMPARE(window.shown(), shown);
+        QCOMPARE(window.detail.isTrackingNowPlaying(), shown == 4U);
+    }
+
     void whatTheUserChoosesStays_data()
     {
         QTest::addColumn<bool>("isFollowing");
