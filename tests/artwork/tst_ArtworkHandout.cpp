@@ -122,9 +122,8 @@ private Q_SLOTS:
         const QByteArray jpeg = coverBytes({1500, 1400}, Qt::red, "jpg");
         song.artwork = std::make_shared<MemoryArtwork>(jpeg);
         drag.copy(song);
-        const auto *offered = [] { return QGuiApplication::clipboard()->mimeData(); }();
-        QTRY_VERIFY(
-            (offered = QGuiApplication::clipboard()->mimeData())->hasFormat(QStringLiteral("image/png")));
+        QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
+        const QMimeData *offered = QGuiApplication::clipboard()->mimeData();
         QCOMPARE(QImage::fromData(offered->data(QStringLiteral("image/png"))).size(), QSize(1500, 1400));
         QCOMPARE(offered->data(QStringLiteral("image/jpeg")), jpeg);
         QVERIFY(!offered->hasUrls());

@@ -103,7 +103,7 @@ private Q_SLOTS:
 
     void theCacheKeepsWhatWasUsedLastWithinItsLimit()
     {
-        constexpr qsizetype oneCover = 64 * 64 * 4;
+        constexpr qsizetype oneCover = qsizetype{64} * 64 * 4;
         ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); }, 4 * oneCover);
         std::vector<std::shared_ptr<MemoryArtwork>> covers;
         const auto show = [&](size_t i) {

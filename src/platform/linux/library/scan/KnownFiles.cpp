@@ -60,9 +60,9 @@ std::span<KnownFiles::Entry> KnownFiles::find(const KnownFolder *folder, QByteAr
     const auto index = static_cast<std::size_t>(folder - m_folders.data());
     const std::span<Entry> all(m_entries.data() + m_firstEntry[index],
                                m_firstEntry[index + 1] - m_firstEntry[index]);
-    const auto [first, last] =
-        std::ranges::equal_range(all, wanted, {}, [this](const Entry &e) { return name(e); });
-    return {first, last};
+    const auto nameOf = [this](const Entry &entry) { return name(entry); };
+    const auto first = std::ranges::lower_bound(all, wanted, {}, nameOf);
+    return {first, std::ranges::upper_bound(first, all.end(), wanted, {}, nameOf)};
 }
 
 QByteArrayView KnownFiles::name(const Entry &entry) const
