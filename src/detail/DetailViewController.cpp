@@ -63,8 +63,8 @@ void DetailViewController::viewDidLoad()
 
 void DetailViewController::showPlayingSongAtStart()
 {
-    // A song may have been asked for while the device was looking for players.
-    if (m_visibleMediaItem)
+    // A song may have been asked for, or cleared, while the device was looking for players.
+    if (m_visibleMediaItem || m_nowPlaying->hasUserChosen())
         return;
     m_nowPlaying->selectSongOfStart([this](bool) { setNoSongLabelVisible(!m_visibleMediaItem); });
     // The answer to a first request for access may take the user a while: until then there is no song.

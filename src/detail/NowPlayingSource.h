@@ -33,6 +33,7 @@ public:
     [[nodiscard]] bool hasSongOfStartBecomeKnown();
     /// The user has chosen otherwise: silent requests that are under way come to nothing.
     void dropSilentRequests();
+    [[nodiscard]] bool hasUserChosen() const { return m_choices > 0; }
 
 private:
     void take(bool showsAlerts, const Completion &completion);

@@ -23,9 +23,17 @@ class SystemPlayerDouble : public SystemMusicPlayer
 {
 public:
     std::optional<MediaItem> item;
+    bool isReady = true;
+    std::function<void()> ready; ///< what waits for it
 
     [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
-    void whenReady(std::function<void()> handler) override { handler(); }
+    void whenReady(std::function<void()> handler) override
+    {
+        if (isReady)
+            handler();
+        else
+            ready = std::move(handler);
+    }
     void beginGeneratingPlaybackNotifications() override {}
     void endGeneratingPlaybackNotifications() override {}
     void change(std::optional<MediaItem> now)

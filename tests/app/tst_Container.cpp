@@ -192,6 +192,21 @@ private Q_SLOTS:
         QTEST(window.shown(), "shown");
     }
 
+    void staysClearedWhenPlayersAreFoundLate()
+    {
+        Window window;
+        window.systemPlayer.item = song(1);
+        window.systemPlayer.isReady = false;
+        window.start();
+        window.detail.displayMediaItem(song(5), false, true);
+        window.detail.clearSelectedSong();
+        window.systemPlayer.ready();
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QCOMPARE(window.shown(), 0U);
+        QVERIFY(window.detail.isNoSongLabelVisible());
+    }
+
     void saysWhyThereIsNoMusic_data()
     {
         QTest::addColumn<LibraryAuthorizationStatus>("status");
