@@ -201,7 +201,7 @@ void DetailViewController::selectSongFromNowPlaying()
 
 void DetailViewController::systemNowPlayingItemDidChange()
 {
-    if (m_isTrackingNowPlaying || m_nowPlaying->hasSongOfStartBecomeKnown())
+    if (m_isTrackingNowPlaying || m_nowPlaying->stopWaitingForSongOfStart())
         selectNowPlayingSong(false);
 }
 

@@ -38,7 +38,7 @@ void NowPlayingSource::selectSongOfStart(const Completion &completion)
     });
 }
 
-bool NowPlayingSource::hasSongOfStartBecomeKnown()
+bool NowPlayingSource::stopWaitingForSongOfStart()
 {
     const auto awaited = std::exchange(m_unknownSongOfStart, std::nullopt);
     const std::optional<MediaItem> now = m_player.nowPlayingItem();

@@ -33,7 +33,7 @@ QByteArray pngClaiming(quint32 width, quint32 height)
     QByteArray bytes = coverBytes({1, 1}, Qt::red, "png");
     qToBigEndian(width, bytes.data() + 16);
     qToBigEndian(height, bytes.data() + 20);
-    // Its checksum (PNG specification, annex D) lies behind the thirteen bytes of the header.
+    // Its checksum (ISO/IEC 15948, annex D) lies behind the thirteen bytes of the header.
     quint32 crc = ~0U;
     for (const char c : bytes.mid(12, 17)) {
         crc ^= static_cast<uchar>(c);

@@ -17,8 +17,7 @@ Q_LOGGING_CATEGORY(lcIntegration, "trackwise.integration")
 using namespace std::chrono_literals;
 constexpr auto patience = 5s; // a shell script that reads a few small files
 
-// The desktop entry's file, by the rule of the desktop menu specification: a '-' of the identifier may stand
-// for a folder.
+// The desktop entry's file. As in the desktop's menus, a '-' of the identifier may stand for a folder.
 QString desktopFile(const QString &identifier)
 {
     QString name = identifier;

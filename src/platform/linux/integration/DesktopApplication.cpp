@@ -16,7 +16,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcApplication, "trackwise.application")
 
-// The flag and the answers of RequestName in the D-Bus specification.
+// A flag and an answer of org.freedesktop.DBus.RequestName.
 constexpr uint doNotQueue = 4;
 constexpr uint nameExists = 3;
 
@@ -55,7 +55,7 @@ DesktopApplication::~DesktopApplication()
     m_bus.unregisterObject(path());
 }
 
-// As the desktop entry specification makes it of the name.
+// Where callers of org.freedesktop.Application look for it.
 QString DesktopApplication::path() const
 {
     QString path = u'/' + m_appId;

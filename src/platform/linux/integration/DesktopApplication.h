@@ -18,9 +18,9 @@ struct ApplicationRequests
     std::function<void(const QString &name)> activateAction; ///< of the desktop entry
 };
 
-/// The app's place on the session bus: the name and the interface org.freedesktop.Application of the desktop
-/// entry specification. Whoever starts first takes it; later starts hand over what they were asked for.
-/// Without a bus every start stands alone. Main thread.
+/// The app's place on the session bus: its name, and the interface org.freedesktop.Application. Whoever
+/// starts first takes it; later starts hand over what they were asked for. Without a bus every start stands
+/// alone. Main thread.
 class DesktopApplication : public QObject
 {
     Q_OBJECT

@@ -17,7 +17,7 @@ namespace trackwise {
 
 namespace {
 
-// The answers and flags of RequestName in the D-Bus specification.
+// Answers and flags of org.freedesktop.DBus.RequestName.
 constexpr uint doNotQueue = 4;
 constexpr uint nameExists = 3;
 

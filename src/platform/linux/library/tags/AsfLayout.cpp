@@ -5,8 +5,8 @@
 
 namespace trackwise {
 
-/// Objects of GUID, size in 64 bits and content; the header object counts what it holds (ASF specification,
-/// sections 2 and 3.1). The data object has 50 bytes before its packets.
+/// Objects of GUID, size in 64 bits and content; the header object counts what it holds (Advanced Systems
+/// Format, sections 2 and 3.1). The data object has 50 bytes before its packets.
 Result<MusicLayout> asfLayout(MusicFile &file, qint64 begin, qint64 end)
 {
     using namespace std::string_view_literals;
