@@ -7,7 +7,6 @@
 //              a held key repeats. Ends with 1 when the cover left on the screen is not the last song's.
 #include "app/AppDelegate.h"
 #include "app/WindowControllers.h"
-#include "artwork/ArtworkAddress.h"
 #include "artwork/ArtworkPicture.h"
 #include "support/Figures.h"
 #include "support/Photographs.h"

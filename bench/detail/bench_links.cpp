@@ -20,9 +20,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSettings>
-
-#include <algorithm>
-
 using namespace trackwise;
 
 namespace {
@@ -115,9 +112,7 @@ public:
             while (m_presentation.isPresenting())
                 QCoreApplication::processEvents();
         }
-        std::sort(times.begin(), times.end());
-        printFigure(name + "_p50", times.at(times.size() / 2), "ms");
-        printFigure(name + "_p99", times.at(times.size() * 99 / 100), "ms");
+        printTimes(name, times);
     }
 
     /// The same for a link that the library does not know, with the catalog's answer made of @p song.

@@ -4,6 +4,7 @@
 // formats bench_tags FOLDER [ROUNDS]     the same for every file below FOLDER bench_tags --dump FOLDER prints
 // a JSON line for every song: its path and what its tags say
 #include "platform/linux/library/tags/TagReader.h"
+#include "support/Figures.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -50,13 +50,6 @@ std::vector<Folder> foldersBelow(const std::string &root)
             made.songs.push_back(path + '/' + file);
     }
     return folders;
-}
-
-double cpuSeconds()
-{
-    timespec now = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
 void put(QJsonObject &fields, QLatin1StringView name, const std::optional<QString> &text)

@@ -98,11 +98,6 @@ Timings timings(int rounds, Call call)
     return times;
 }
 
-double p99(const std::vector<double> &times)
-{
-    return times[times.size() * 99 / 100];
-}
-
 void typeEverything(const LinuxLibrary &library)
 {
     constexpr int rounds = 100;
@@ -114,8 +109,8 @@ void typeEverything(const LinuxLibrary &library)
             const QString typed = whole.left(length);
             (void)library.search(typed, 50);
             const auto times = timings(rounds, [&](int) { (void)library.search(typed, 50); });
-            const double time = p99(times.cpu);
-            worstWall = std::max(worstWall, p99(times.wall));
+            const double time = percentile(times.cpu, 0.99);
+            worstWall = std::max(worstWall, percentile(times.wall, 0.99));
             if (time > worst) {
                 worst = time;
                 worstText = typed.toStdString();
@@ -148,7 +143,7 @@ int search(const QByteArray &database)
         };
         const auto times = timings(rounds, [&](int i) { call(at(i)); });
         printFigure(std::string(name) + "_median", times.wall[times.wall.size() / 2], "ms");
-        printFigure(std::string(name) + "_p99", p99(times.wall), "ms");
+        printFigure(std::string(name) + "_p99", percentile(times.wall, 0.99), "ms");
     };
     const MediaLibrary &songs = library->mediaLibrary();
     lookUp("by_id", [&](const LibrarySong &s) { (void)songs.song(s.item.persistentID); });
