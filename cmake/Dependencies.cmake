@@ -1,6 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 find_package(Qt6 6.4 REQUIRED COMPONENTS
-    Core Gui DBus Network Qml Quick QuickControls2 Multimedia Svg Test QuickTest LinguistTools ShaderTools)
+    Core Gui DBus Network Qml Quick QuickControls2 Multimedia Svg LinguistTools ShaderTools)
+if(BUILD_TESTING)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+endif()
 find_package(ICU 70 REQUIRED COMPONENTS uc i18n)
 find_package(SQLite3 3.38 REQUIRED)
 find_package(PkgConfig REQUIRED)

@@ -31,7 +31,7 @@ WebServer::~WebServer() = default;
 QUrl WebServer::address(const QString &path) const
 {
     const bool isTls = qobject_cast<QSslServer *>(m_server.get());
-    return QUrl(QStringLiteral("%1://localhost:%2%3")
+    return QUrl(QStringLiteral("%1://127.0.0.1:%2%3")
                     .arg(isTls ? QStringLiteral("https") : QStringLiteral("http"))
                     .arg(m_server->serverPort())
                     .arg(path));
@@ -66,8 +66,8 @@ QSslConfiguration selfSigned(const QString &folder)
                        QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
                        QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-keyout"), key,
                        QStringLiteral("-out"), certificate, QStringLiteral("-days"), QStringLiteral("2"),
-                       QStringLiteral("-subj"), QStringLiteral("/CN=localhost"), QStringLiteral("-addext"),
-                       QStringLiteral("subjectAltName=DNS:localhost")});
+                       QStringLiteral("-subj"), QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-addext"),
+                       QStringLiteral("subjectAltName=IP:127.0.0.1")});
     QFile keyFile(key);
     QSslConfiguration tls;
     if (keyFile.open(QIODevice::ReadOnly))

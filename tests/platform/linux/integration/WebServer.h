@@ -39,5 +39,5 @@ private:
     QList<QByteArray> m_requests;
 };
 
-/// A certificate for "localhost" that nobody has signed, made for this run with its private key.
+/// A certificate for the address of this device that nobody has signed, made for this run with its private key.
 [[nodiscard]] QSslConfiguration selfSigned(const QString &folder);

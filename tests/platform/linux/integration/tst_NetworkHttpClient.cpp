@@ -147,7 +147,7 @@ private Q_SLOTS:
         NetworkHttpClient client({}, m_trusting);
         QVERIFY(!*fetch(client, server.address(QStringLiteral("/half"))));
         QVERIFY(!*fetch(client, server.address(QStringLiteral("/none"))));
-        QVERIFY(!*fetch(client, QUrl(QStringLiteral("https://localhost:1/"))));
+        QVERIFY(!*fetch(client, QUrl(QStringLiteral("https://127.0.0.1:1/"))));
     }
 
     void breaksOffWhatIsTooLarge()
@@ -211,7 +211,7 @@ private Q_SLOTS:
         }
         for (const QByteArray &bad :
              {plain.address(QStringLiteral("/")).toEncoded(),
-              QUrl::fromLocalFile(secret.fileName()).toEncoded(), QByteArray("ftp://localhost/x"),
+              QUrl::fromLocalFile(secret.fileName()).toEncoded(), QByteArray("ftp://127.0.0.1/x"),
               QByteArray("data:text/plain,x"), QByteArray("qrc:/x"), QByteArray("/again")}) {
             target = bad;
             const auto [first, second] = fetchTwice(server);
@@ -296,7 +296,7 @@ private Q_SLOTS:
         QVERIFY(song);
         QCOMPARE(*song, (CatalogSong{QStringLiteral("T"), QStringLiteral("A"), QStringLiteral("C")}));
         QCOMPARE(lookUp(base, QStringLiteral("201")).failure().kind, FailureKind::Malformed);
-        QCOMPARE(lookUp(QStringLiteral("https://localhost:1"), QStringLiteral("200")).failure().kind,
+        QCOMPARE(lookUp(QStringLiteral("https://127.0.0.1:1"), QStringLiteral("200")).failure().kind,
                  FailureKind::Unavailable);
     }
 };
