@@ -2,6 +2,7 @@
 #include "platform/linux/library/tags/MusicContent.h"
 
 #include "platform/linux/library/tags/AvContent.h"
+#include "platform/linux/library/tags/ContainerContents.h"
 #include "platform/linux/library/tags/Dialects.h"
 #include "platform/linux/library/tags/Lyrics.h"
 #include "platform/linux/library/tags/Mp4Boxes.h"
@@ -11,7 +12,6 @@
 #include <taglib/aifffile.h>
 #include <taglib/apefile.h>
 #include <taglib/asffile.h>
-#include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
 #include <taglib/mpcfile.h>
@@ -42,13 +42,16 @@ TagLib::ID3v2::FrameFactory *frames()
     return TagLib::ID3v2::FrameFactory::instance();
 }
 
-/// Takes a tag's fields where no better tag had them, and its picture if there is none yet.
+/// A parser has no tag where it has given up on the file, whatever it said of tags before.
 template <typename Tag>
-void take(MusicContent &content, const TagFields &fields, const Tag &tag)
+void take(MusicContent &content, TagFields (*fieldsOf)(const Tag &), const Tag *tag)
 {
-    content.fields.fillGapsFrom(fields);
-    if (content.picture.isEmpty())
-        content.picture = bestPicture(tag);
+    if (!tag)
+        return;
+    if constexpr (requires { bestPicture(*tag); })
+        content.takeFrom(fieldsOf(*tag), bestPicture(*tag));
+    else
+        content.takeFrom(fieldsOf(*tag));
 }
 
 MusicContent mpegContent(TagStream &stream)
@@ -56,25 +59,11 @@ MusicContent mpegContent(TagStream &stream)
     TagLib::MPEG::File file(&stream, frames());
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasID3v2Tag())
-        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+        take(content, id3v2Fields, file.ID3v2Tag());
     if (file.hasAPETag())
-        take(content, apeFields(*file.APETag()), *file.APETag());
+        take(content, apeFields, file.APETag());
     if (file.hasID3v1Tag())
-        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
-    return content;
-}
-
-MusicContent flacContent(TagStream &stream)
-{
-    TagLib::FLAC::File file(&stream, frames());
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    content.picture = bestPicture(file.pictureList());
-    if (file.hasXiphComment())
-        take(content, xiphFields(*file.xiphComment()), file.xiphComment()->pictureList());
-    if (file.hasID3v2Tag())
-        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
-    if (file.hasID3v1Tag())
-        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+        take(content, id3v1Fields, file.ID3v1Tag());
     return content;
 }
 
@@ -84,7 +73,7 @@ MusicContent oggContent(TagStream &stream)
     File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (auto *comment = file.tag())
-        take(content, xiphFields(*comment), comment->pictureList());
+        content.takeFrom(xiphFields(*comment), bestPicture(comment->pictureList()));
     return content;
 }
 
@@ -119,7 +108,7 @@ MusicContent mp4Content(TagStream &stream, MusicFile &source)
     TagLib::MP4::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasMP4Tag())
-        take(content, mp4Fields(*file.tag()), *file.tag());
+        take(content, mp4Fields, file.tag());
     addMp4Numbers(content.fields, source);
     return content;
 }
@@ -142,9 +131,9 @@ MusicContent wavContent(TagStream &stream)
     TagLib::RIFF::WAV::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasID3v2Tag())
-        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+        take(content, id3v2Fields, file.ID3v2Tag());
     if (file.hasInfoTag())
-        content.fields.fillGapsFrom(riffInfoFields(*file.InfoTag()));
+        take(content, riffInfoFields, file.InfoTag());
     return content;
 }
 
@@ -153,7 +142,7 @@ MusicContent aiffContent(TagStream &stream)
     TagLib::RIFF::AIFF::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasID3v2Tag())
-        take(content, id3v2Fields(*file.tag()), *file.tag());
+        take(content, id3v2Fields, file.tag());
     return content;
 }
 
@@ -162,9 +151,9 @@ MusicContent apeTaggedContent(File &file)
 {
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasAPETag())
-        take(content, apeFields(*file.APETag()), *file.APETag());
+        take(content, apeFields, file.APETag());
     if (file.hasID3v1Tag())
-        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+        take(content, id3v1Fields, file.ID3v1Tag());
     return content;
 }
 
@@ -173,9 +162,9 @@ MusicContent trueAudioContent(TagStream &stream)
     TagLib::TrueAudio::File file(&stream, frames());
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.hasID3v2Tag())
-        take(content, id3v2Fields(*file.ID3v2Tag()), *file.ID3v2Tag());
+        take(content, id3v2Fields, file.ID3v2Tag());
     if (file.hasID3v1Tag())
-        content.fields.fillGapsFrom(id3v1Fields(*file.ID3v1Tag()));
+        take(content, id3v1Fields, file.ID3v1Tag());
     return content;
 }
 
@@ -184,7 +173,7 @@ MusicContent asfContent(TagStream &stream)
     TagLib::ASF::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
     if (file.tag())
-        take(content, asfFields(*file.tag()), *file.tag());
+        take(content, asfFields, file.tag());
     return content;
 }
 
@@ -201,20 +190,22 @@ public:
     bool save() override { return false; }
 };
 
-MusicContent outerTagsContent(TagStream &stream, const MusicLayout &layout)
+void takeOuterTags(MusicContent &content, TagStream &stream, const MusicLayout &layout)
 {
     TaggedFile file(stream);
-    MusicContent content{.durationSeconds = layout.soundSeconds};
+    const auto cut = layout.outer.id3CutEnd - layout.outer.id3CutBegin;
     if (layout.id3Offset > 0 || layout.outer.soundBegin > 0) {
         const TagLib::ID3v2::Tag tag(&file, layout.id3Offset);
-        take(content, id3v2Fields(tag), tag);
+        take(content, id3v2Fields, &tag);
     }
     if (layout.outer.apeFooter) {
-        const auto cut = layout.outer.id3CutEnd - layout.outer.id3CutBegin;
         const TagLib::APE::Tag tag(&file, *layout.outer.apeFooter - cut);
-        take(content, apeFields(tag), tag);
+        take(content, apeFields, &tag);
     }
-    return content;
+    if (layout.outer.id3v1) {
+        const TagLib::ID3v1::Tag tag(&file, *layout.outer.id3v1 - cut);
+        take(content, id3v1Fields, &tag);
+    }
 }
 
 MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout &layout)
@@ -222,8 +213,11 @@ MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout
     switch (layout.container) {
     case Container::Mpeg:
         return mpegContent(stream);
-    case Container::Flac:
-        return flacContent(stream);
+    case Container::Flac: {
+        auto content = flacContent(file, layout.outer.soundBegin, layout.outer.soundEnd);
+        takeOuterTags(content, stream, layout);
+        return content;
+    }
     case Container::OggVorbis:
         return oggContent<TagLib::Ogg::Vorbis::File>(stream);
     case Container::OggOpus:
@@ -258,8 +252,11 @@ MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout
     case Container::Ac3:
     case Container::Dsf:
     case Container::Dsdiff:
-    case Container::Matroska:
-        return outerTagsContent(stream, layout);
+    case Container::Matroska: {
+        MusicContent content{.durationSeconds = layout.soundSeconds};
+        takeOuterTags(content, stream, layout);
+        return content;
+    }
     }
     return {};
 }

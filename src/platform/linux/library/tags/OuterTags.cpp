@@ -121,6 +121,8 @@ Result<OuterTags> outerTags(MusicFile &file)
             break;
         if (!tags.apeFooter && stands(file.view(tags.soundEnd - apeFooterSize, 8), 0, "APETAGEX"))
             tags.apeFooter = tags.soundEnd - apeFooterSize;
+        else if (!tags.id3v1 && stands(file.view(tags.soundEnd - id3v1Size, 3), 0, "TAG"))
+            tags.id3v1 = tags.soundEnd - id3v1Size;
         tags.soundEnd -= size;
     }
     return tags;

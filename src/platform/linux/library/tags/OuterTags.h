@@ -13,6 +13,7 @@ struct OuterTags
     qint64 soundBegin = 0;
     qint64 soundEnd = 0;
     std::optional<qint64> apeFooter; ///< where an APEv2 tag's last 32 bytes begin
+    std::optional<qint64> id3v1;
 
     /// With an ID3v2 tag of absurdly many frames: where the first of them end. Only those are parsed.
     qint64 id3CutBegin = 0;

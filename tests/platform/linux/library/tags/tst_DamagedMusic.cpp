@@ -51,6 +51,23 @@ const QByteArray ftyp("\0\0\0\x18"
                       "ftypM4A \0\0\0\0M4A mp42",
                       24);
 
+QByteArray flacBlock(int type, const QByteArray &content)
+{
+    return big32(static_cast<quint32>(type << 24 | content.size())) + content;
+}
+
+/// The file's blocks from its comment on come last, its sound behind them.
+QByteArray flacWith(const QByteArray &blocks)
+{
+    return fixture("xiph.flac").insert(42, blocks);
+}
+
+QByteArray flacPicture(int kind, const QByteArray &image)
+{
+    return flacBlock(6, big32(static_cast<quint32>(kind)) + big32(9) + "image/png" + QByteArray(20, '\0') +
+                            big32(static_cast<quint32>(image.size())) + image);
+}
+
 QByteArray nestedBoxes(int depth)
 {
     QByteArray boxes;
@@ -168,6 +185,27 @@ private Q_SLOTS:
         const auto tags = read(bytes);
         QVERIFY2(tags, qPrintable(tags ? QString() : tags.failure().detail));
         QVERIFY(tags->durationSeconds > 0.2);
+    }
+
+    /// Blocks that no parser likes, or more pictures than any may read, cost neither tags nor cover.
+    void readsFlacWhateverItsBlocks_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const auto large = flacPicture(4, QByteArray(15'000'000, 'x'));
+        QTest::newRow("empty application block") << flacWith(flacBlock(2, {}));
+        QTest::newRow("empty picture") << flacWith(flacBlock(6, {}));
+        QTest::newRow("empty comment") << flacWith(flacBlock(4, {}));
+        QTest::newRow("broken front cover") << flacWith(flacBlock(6, big32(3) + big32(99)));
+        QTest::newRow("75 MB of pictures") << flacWith(large.repeated(5));
+    }
+    void readsFlacWhateverItsBlocks()
+    {
+        QFETCH(QByteArray, bytes);
+        const auto whole = readTags(TRACKWISE_TEST_DATA "/xiph.flac");
+        auto tags = read(bytes);
+        QVERIFY(tags);
+        tags->artwork.path = whole->artwork.path;
+        QCOMPARE(*tags, *whole);
     }
 
     void refusesWhatIsNoFile()
