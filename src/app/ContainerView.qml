@@ -49,7 +49,8 @@ FocusScope {
         }
     }
     NavigationStack {
-        anchors.left: sidebar.visible ? sidebar.right : parent.left
+        anchors.left: parent.left
+        anchors.leftMargin: sidebar.visible ? sidebar.width : 0
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.bottom: parent.bottom

@@ -16,8 +16,14 @@ Item {
     // Not by what is visible: behind another screen the page keeps its height, and with it its place.
     implicitHeight: root.view.hasSong ? row.y + row.height : tile.height
 
-    Component.onCompleted: root.view.appear()
-    onVisibleChanged: root.view.appear()
+    function appear() {
+        if (root.view)
+            root.view.appear();
+    }
+
+    Component.onCompleted: root.appear()
+    onViewChanged: root.appear()
+    onVisibleChanged: root.appear()
 
     ArtworkTile {
         id: tile

@@ -10,6 +10,7 @@ Item {
 
     required property ArtworkViewModel view
     readonly property real leastGap: 10
+    readonly property real linkGap: 8
     readonly property real symbolSize: 32
 
     implicitHeight: Math.max(information.implicitHeight, root.view.showsPlayButton ? playButton.height : 0)
@@ -18,8 +19,7 @@ Item {
         id: information
 
         anchors.left: parent.left
-        anchors.right: root.view.showsPlayButton ? playButton.left : parent.right
-        anchors.rightMargin: root.leastGap
+        width: parent.width - (root.view.showsPlayButton ? playButton.width : 0) - root.leastGap
         anchors.verticalCenter: parent.verticalCenter
         spacing: 6
 
@@ -47,15 +47,15 @@ Item {
                 anchors.left: parent.left
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.view.isNowPlaying
+                onVisibleChanged: if (!visible && activeFocus) focus = false
                 size: root.symbolSize
                 onActivated: root.view.openMusicApp()
             }
             TitleBlock {
                 id: titles
 
-                anchors.left: root.view.isNowPlaying ? link.right : parent.left
-                anchors.leftMargin: root.view.isNowPlaying ? 8 : 0
                 anchors.right: parent.right
+                width: parent.width - (root.view.isNowPlaying ? link.width + root.linkGap : 0)
                 anchors.verticalCenter: parent.verticalCenter
                 view: root.view
             }
@@ -69,6 +69,7 @@ Item {
         width: 30
         height: Theme.touchTarget
         visible: root.view.showsPlayButton
+        onVisibleChanged: if (!visible && activeFocus) focus = false // else it would be pressed unseen
         symbolName: root.view.isPlaying ? "pause.fill" : "play.fill"
         symbolSize: root.symbolSize
         Accessible.name: root.view.isPlaying ? qsTr("Pause") : qsTr("Play")

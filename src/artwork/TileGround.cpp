@@ -4,13 +4,14 @@
 #include "artwork/Squircle.h"
 
 #include <QPainter>
-#include <QPointer>
 #include <QQuickWindow>
-#include <QSGNinePatchNode>
+#include <QSGImageNode>
 #include <QSGTexture>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <memory>
 #include <numbers>
 #include <vector>
 
@@ -46,36 +47,71 @@ void drawShadow(QImage &image, const QRectF &shadow, const TileGroundLook &look)
     }
 }
 
-/// A picture in nine parts, and its texture. Of the nodes that Qt makes for it the software renderer's leaves
-/// the texture behind, the others delete it as they should: what is left of it goes here.
+/// A picture in nine parts that share a texture. They are nodes of their own, since what Qt has for this
+/// rounds the parts to whole points, which are no whole pixels on every screen.
 class GroundNode : public QSGNode
 {
 public:
     explicit GroundNode(const QQuickWindow &window)
-        : m_patch(window.createNinePatchNode())
     {
-        appendChildNode(m_patch);
+        for (QSGImageNode *&part : m_parts)
+            part = window.createImageNode();
     }
     ~GroundNode() override
     {
-        delete m_patch;
-        delete m_texture.data();
+        removeAllChildNodes();
+        for (const QSGImageNode *part : m_parts)
+            delete part;
     }
     Q_DISABLE_COPY_MOVE(GroundNode)
 
-    [[nodiscard]] QSGNinePatchNode &patch() { return *m_patch; }
     void show(const QQuickWindow &window, const QImage &image)
     {
-        QPointer<QSGTexture> before;
-        before.swap(m_texture);
-        m_texture = window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel);
-        m_patch->setTexture(m_texture);
-        delete before.data();
+        std::unique_ptr<QSGTexture> texture(
+            window.createTextureFromImage(image, QQuickWindow::TextureHasAlphaChannel));
+        const bool isFirst = !m_texture;
+        for (QSGImageNode *part : m_parts) {
+            part->setTexture(texture.get());
+            part->setFiltering(QSGTexture::Linear);
+            if (isFirst)
+                appendChildNode(part);
+        }
+        m_texture = std::move(texture);
+    }
+    /// Spreads the picture over @p bounds, in points, by stretching what is not within @p fixed, in pixels.
+    void layOut(const QRectF &bounds, const QMarginsF &fixed, qreal pixelRatio)
+    {
+        const QRectF source({}, QSizeF(m_texture->textureSize()));
+        const auto fromX = columns(source, fixed);
+        const auto toX = columns(bounds, fixed / pixelRatio);
+        const auto fromY = rows(source, fixed);
+        const auto toY = rows(bounds, fixed / pixelRatio);
+        for (size_t i = 0; i < m_parts.size(); ++i) {
+            const size_t column = i % 3;
+            const size_t row = i / 3;
+            m_parts.at(i)->setSourceRect(cell(fromX, fromY, column, row));
+            m_parts.at(i)->setRect(cell(toX, toY, column, row));
+        }
     }
 
 private:
-    QSGNinePatchNode *m_patch;
-    QPointer<QSGTexture> m_texture;
+    using Edges = std::array<qreal, 4>;
+
+    static Edges columns(const QRectF &all, const QMarginsF &fixed)
+    {
+        return {all.left(), all.left() + fixed.left(), all.right() - fixed.right(), all.right()};
+    }
+    static Edges rows(const QRectF &all, const QMarginsF &fixed)
+    {
+        return {all.top(), all.top() + fixed.top(), all.bottom() - fixed.bottom(), all.bottom()};
+    }
+    static QRectF cell(const Edges &x, const Edges &y, size_t column, size_t row)
+    {
+        return {QPointF(x.at(column), y.at(row)), QPointF(x.at(column + 1), y.at(row + 1))};
+    }
+
+    std::array<QSGImageNode *, 9> m_parts{};
+    std::unique_ptr<QSGTexture> m_texture;
 };
 
 } // namespace
@@ -141,12 +177,7 @@ QSGNode *TileGround::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
         node = new GroundNode(*window());
     if (isNewNode || isNewLook)
         node->show(*window(), m_patch.image);
-    QSGNinePatchNode &patch = node->patch();
-    patch.setBounds(boundingRect().marginsAdded(m_patch.beyond / pixelRatio));
-    patch.setDevicePixelRatio(pixelRatio);
-    patch.setPadding(m_patch.fixed.left(), m_patch.fixed.top(), m_patch.fixed.right(),
-                     m_patch.fixed.bottom());
-    patch.update();
+    node->layOut(boundingRect().marginsAdded(m_patch.beyond / pixelRatio), m_patch.fixed, pixelRatio);
     return node;
 }
 

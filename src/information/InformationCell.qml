@@ -53,8 +53,8 @@ FocusableItem {
     Loader {
         id: button
 
-        anchors.left: root.isStacked ? parent.left : undefined
-        anchors.right: root.isStacked ? undefined : parent.right
+        anchors.left: parent.left
+        anchors.leftMargin: root.isStacked ? 0 : root.width - width
         y: label.y
         active: root.row.hasButton
         sourceComponent: PlainButton {

@@ -37,8 +37,9 @@ Item {
         id: showMore
 
         y: root.isStacked ? title.y + title.height : title.y + title.baselineOffset - baselineOffset
-        anchors.left: root.isStacked ? parent.left : undefined
-        anchors.right: root.isStacked ? undefined : parent.right
+        // One anchor at all sizes: of two that change places both hold for a moment.
+        anchors.left: parent.left
+        anchors.leftMargin: root.isStacked ? 0 : root.width - width
         verticalPadding: root.buttonPadding
         text: root.view.showMoreInformation ? qsTr("Show Less") : qsTr("Show More")
         style: Theme.caption

@@ -14,8 +14,9 @@ ScrollingPage {
     readonly property real artworkPadding: 15
     readonly property real spaceAtEnd: 25
 
-    // The same item may come to show another song; its list starts at the top.
-    onViewChanged: root.jumpToTop()
+    widestContent: 950 // no tablet's pane is wider; further apart a title and its value do not belong together
+    // The same item may come to show another song; its list starts at the top, and its rows have no focus.
+    onViewChanged: root.startOver()
 
     Column {
         width: parent.width

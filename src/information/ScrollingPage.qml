@@ -13,17 +13,21 @@ FocusScope {
     /// Wide windows have wider margins.
     property bool isRegularWidth: Window.width >= 700 // from here on there is room for a sidebar
     property real verticalPadding: 0
+    /// Of the content, in points; in wider pages it stands in the middle.
+    property real widestContent: Infinity
     readonly property real horizontalPadding: isRegularWidth ? 22 : 18
+    readonly property bool isScrolled: flickable.contentY > 0
 
     readonly property real lineStep: 3 * Theme.caption.lineHeight
     readonly property real pageStep: height - lineStep
     readonly property real wheelNotch: 120 // eighths of a degree
     readonly property real lowest: Math.max(0, flickable.contentHeight - height)
-    readonly property Item focusedItem: Window.activeFocusItem
 
-    function jumpToTop() {
+    /// Shows the top, and takes the focus from whatever on the page has it.
+    function startOver() {
         scrolling.stop();
         flickable.contentY = 0;
+        flickable.focus = true;
     }
     function scrollTo(y: real) {
         scrolling.to = Math.max(0, Math.min(y, root.lowest));
@@ -31,21 +35,6 @@ FocusScope {
     }
     function scrollBy(distance: real) {
         root.scrollTo((scrolling.running ? scrolling.to : flickable.contentY) + distance);
-    }
-    function isOnPage(item: Item): bool {
-        let outer = item;
-        while (outer !== null && outer !== column)
-            outer = outer.parent;
-        return outer === column;
-    }
-    /// Scrolls as little as shows all of @p item.
-    function reveal(item: Item) {
-        const top = item.mapToItem(column, 0, 0).y;
-        const bottom = top + item.height;
-        if (top < flickable.contentY)
-            root.scrollTo(top - root.lineStep);
-        else if (bottom > flickable.contentY + root.height)
-            root.scrollTo(bottom + root.lineStep - root.height);
     }
     function scrollForKey(key: int): bool {
         switch (key) {
@@ -72,7 +61,6 @@ FocusScope {
         }
     }
 
-    onFocusedItemChanged: root.activeFocus && root.isOnPage(root.focusedItem) && root.reveal(root.focusedItem)
     Keys.onPressed: event => {
         event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
     }
@@ -92,8 +80,8 @@ FocusScope {
         Column {
             id: column
 
-            x: root.horizontalPadding
-            width: root.width - 2 * root.horizontalPadding
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(root.width - 2 * root.horizontalPadding, root.widestContent)
             topPadding: root.verticalPadding
             bottomPadding: root.verticalPadding
         }
@@ -101,6 +89,11 @@ FocusScope {
             acceptedDevices: PointerDevice.Mouse
             onWheel: event => root.scrollBy(-event.angleDelta.y / root.wheelNotch * root.lineStep)
         }
+    }
+    KeyboardReveal {
+        page: flickable
+        air: root.lineStep
+        onScrollWanted: contentY => root.scrollTo(contentY)
     }
     NumberAnimation {
         id: scrolling

@@ -80,8 +80,8 @@ Item {
 
         anchors.left: artworkTile.right
         anchors.leftMargin: root.gap
-        anchors.right: root.isOfGroup ? chevron.left : chevron.right
-        anchors.rightMargin: root.isOfGroup || root.indexWidth > 0 ? root.gap : 0
+        anchors.right: parent.right
+        anchors.rightMargin: chevron.anchors.rightMargin + (root.isOfGroup ? chevron.width + root.gap : root.indexWidth > 0 ? root.gap : 0)
         anchors.verticalCenter: parent.verticalCenter
         // One height for all rows of a list, so that places in a long list can be computed.
         height: Theme.callout.lineHeight * titleText.maximumLineCount + Theme.footnote.lineHeight

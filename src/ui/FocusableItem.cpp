@@ -9,6 +9,10 @@ void FocusableItem::focusInEvent(QFocusEvent *event)
 {
     QQuickItem::focusInEvent(event);
     const Qt::FocusReason reason = event->reason();
+    if (reason != m_focusReason) {
+        m_focusReason = reason;
+        Q_EMIT focusReasonChanged();
+    }
     // A menu that closes or a window that comes back gives the focus back as it was.
     const bool returns = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
     setHasKeyboardFocus(returns ? m_hadKeyboardFocus

@@ -5,12 +5,14 @@
 
 namespace trackwise {
 
-/// An item that knows whether it got the focus by the keyboard, which is when a focus ring helps.
+/// An item that knows why it got the focus: a focus ring helps after use of the keyboard.
 class FocusableItem : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool hasKeyboardFocus READ hasKeyboardFocus NOTIFY hasKeyboardFocusChanged)
+    /// Why it got the focus last, as controls have it.
+    Q_PROPERTY(Qt::FocusReason focusReason READ focusReason NOTIFY focusReasonChanged)
 
 public:
     explicit FocusableItem(QQuickItem *parent = nullptr)
@@ -18,9 +20,11 @@ public:
     {}
 
     [[nodiscard]] bool hasKeyboardFocus() const { return m_hasKeyboardFocus; }
+    [[nodiscard]] Qt::FocusReason focusReason() const { return m_focusReason; }
 
 Q_SIGNALS:
     void hasKeyboardFocusChanged();
+    void focusReasonChanged();
 
 protected:
     void focusInEvent(QFocusEvent *event) override;
@@ -29,6 +33,7 @@ protected:
 private:
     void setHasKeyboardFocus(bool hasFocus);
 
+    Qt::FocusReason m_focusReason = Qt::OtherFocusReason;
     bool m_hasKeyboardFocus = false;
     bool m_hadKeyboardFocus = false; ///< when the focus last went away
 };

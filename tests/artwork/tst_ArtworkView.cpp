@@ -141,6 +141,37 @@ private Q_SLOTS:
         QCOMPARE(at.opener.opened.size(), size_t{1});
     }
 
+    void theSameItemShowsHowTheNextSongPlays()
+    {
+        SidebarWindow at(song(QStringLiteral("Lines")));
+        at.sidebar.artwork()->togglePlayback();
+        QQuickItem *button = at.find(QStringLiteral("Pause"), QAccessible::Button);
+        button->forceActiveFocus(Qt::TabFocusReason);
+        const ArtworkServices services{at.player, at.opener, at.loader, at.files, [] { return Instant{}; }};
+        const auto show = [&at](ArtworkSidebarView &sidebar) {
+            at.window.rootObject()->setProperty("view", QVariant::fromValue(&sidebar));
+        };
+        MediaItem other = song(QStringLiteral("Other"));
+        other.persistentID = {2};
+        auto *silent = new ArtworkSidebarView(other, false, true, services, &at.window);
+        show(*silent);
+        QVERIFY(at.find(QStringLiteral("Play"), QAccessible::Button));
+        // It has played all the while.
+        auto *again =
+            new ArtworkSidebarView(song(QStringLiteral("Lines")), false, true, services, &at.window);
+        show(*again);
+        QVERIFY(at.find(QStringLiteral("Pause"), QAccessible::Button));
+        QVERIFY(button->hasActiveFocus());
+        auto *followed = new ArtworkSidebarView(other, true, true, services, &at.window);
+        show(*followed);
+        QVERIFY(!button->hasActiveFocus()); // it is not there any more
+        at.find(QStringLiteral("Open Music app"), QAccessible::Link)->forceActiveFocus(Qt::TabFocusReason);
+        show(*again);
+        QTest::keyClick(&at.window, Qt::Key_Space);
+        QCOMPARE(at.opener.opened.size(), size_t{0});
+        show(at.sidebar);
+    }
+
     void withoutASongThereIsOnlyTheEmptyTile()
     {
         SidebarWindow at(std::nullopt);

@@ -140,7 +140,8 @@ private Q_SLOTS:
         QTest::newRow("phone") << 360 << 18.0;
         QTest::newRow("just compact") << 699 << 18.0;
         QTest::newRow("just regular") << 700 << 22.0;
-        QTest::newRow("tablet") << 1024 << 22.0;
+        QTest::newRow("widest column") << 994 << 22.0;
+        QTest::newRow("very wide") << 1920 << (1920 - 950) / 2.0;
     }
     void marginsFollowTheWidthOfTheWindow()
     {
@@ -178,12 +179,21 @@ private Q_SLOTS:
     {
         QFETCH(int, textSize);
         QFETCH(bool, stacks);
-        ListWindow list(shortSong(), {1024, 768}, {.textSize = textSize});
+        ListWindow list(shortSong(), {1024, 768});
+        list.information.toggleShowMoreInformation();
+        for (const int size : {7, 6, textSize}) // there and back while it is shown
+            themeOf(*list.window.engine()).setSettings({.textSize = size});
         const qreal line = captionHeight(list);
-        const QRectF switchPlace = list.place(QStringLiteral("Show More"));
+        const QRectF switchPlace = list.place(QStringLiteral("Show Less"));
+        const QRectF heading = list.place(QStringLiteral("Information"));
+        const QRectF lyrics = list.place(QStringLiteral("Lyrics, Show Lyrics"));
         const QRectF title = list.place(QStringLiteral("Title"));
-        QCOMPARE(switchPlace.left() == title.left(), stacks);
-        QCOMPARE(switchPlace.top() >= list.place(QStringLiteral("Information")).bottom(), stacks);
+        QVERIFY(heading.width() > 100);
+        for (const QRectF &button : {switchPlace, lyrics}) {
+            QVERIFY(button.width() < title.width() / 2);
+            QCOMPARE(stacks ? button.left() : button.right(), stacks ? title.left() : title.right());
+        }
+        QCOMPARE(switchPlace.top() >= heading.bottom(), stacks);
         // Stacked, the value's padding above it covers the title's padding below.
         const qreal expected = stacks ? 2 * line + 3 * padding + hairline : line + 2 * padding + hairline;
         QVERIFY(qAbs(title.height() - expected) <= 1); // the value's height is rounded up
@@ -206,18 +216,66 @@ private Q_SLOTS:
         QTRY_VERIFY(list.place(last).bottom() > 300);
     }
 
+    void onlyTheKeyboardScrollsToAFocusedRow_data()
+    {
+        QTest::addColumn<Qt::FocusReason>("reason");
+        QTest::addColumn<bool>("scrolls");
+        QTest::newRow("tab") << Qt::TabFocusReason << true;
+        QTest::newRow("backtab") << Qt::BacktabFocusReason << true;
+        QTest::newRow("shortcut") << Qt::ShortcutFocusReason << true;
+        QTest::newRow("click") << Qt::MouseFocusReason << false;
+        QTest::newRow("a menu closed") << Qt::PopupFocusReason << false;
+        QTest::newRow("a sheet closed") << Qt::OtherFocusReason << false;
+        QTest::newRow("the window came back") << Qt::ActiveWindowFocusReason << false;
+    }
+    void onlyTheKeyboardScrollsToAFocusedRow()
+    {
+        QFETCH(Qt::FocusReason, reason);
+        QFETCH(bool, scrolls);
+        ListWindow list(shortSong(), {360, 300});
+        const qreal top = list.place(QStringLiteral("Information")).top();
+        const QString last = QStringLiteral("Last played");
+        list.find(QStringLiteral("Show More"))->forceActiveFocus(Qt::TabFocusReason);
+        list.find(last)->forceActiveFocus(reason);
+        QTRY_COMPARE(list.place(last).bottom() <= 300, scrolls);
+        QCOMPARE(list.place(QStringLiteral("Information")).top() == top, !scrolls);
+    }
+
+    void aRowThatIsLongerThanThePageStaysWhereItIs()
+    {
+        MediaItem song = shortSong();
+        song.title = QStringLiteral("La la la\n").repeated(100);
+        ListWindow list(song, {360, 300});
+        const QRectF row = list.place(QStringLiteral("Title"));
+        list.press(Qt::Key_Tab);
+        list.press(Qt::Key_Tab);
+        QCOMPARE(list.window.activeFocusItem(), list.find(QStringLiteral("Title")));
+        list.press(Qt::Key_Tab); // the row below all that
+        QTRY_VERIFY(list.place(QStringLiteral("Artist")).bottom() <= 300);
+        list.press(Qt::Key_Backtab); // its end is still in sight
+        const qreal bottom = list.place(QStringLiteral("Title")).bottom();
+        QVERIFY(bottom > 0);
+        list.press(Qt::Key_Home);
+        QTRY_COMPARE(list.place(QStringLiteral("Title")), row);
+    }
+
     void anotherSongStartsAtTheTop()
     {
         ListWindow list(shortSong(), {360, 300});
         const qreal top = list.place(QStringLiteral("Information")).top();
         list.press(Qt::Key_End);
         QTRY_VERIFY(list.place(QStringLiteral("Last played")).bottom() + 25 <= 300);
+        QQuickItem *focused = list.find(QStringLiteral("Last played"));
+        focused->forceActiveFocus(Qt::TabFocusReason);
         MediaItem song;
         song.title = QStringLiteral("Another");
         auto *other =
             new InformationView({.mediaItem = song}, list.preferences, {}, QTimeZone::utc(), &list.window);
         list.window.rootObject()->setProperty("view", QVariant::fromValue(other));
         QCOMPARE(list.place(QStringLiteral("Information")).top(), top);
+        QVERIFY(!focused->hasActiveFocus());
+        list.press(Qt::Key_PageDown); // the page has the focus now
+        QTRY_VERIFY(list.place(QStringLiteral("Information")).top() < top);
     }
 
     void valuesOfTheShownSongFollowInPlace()
