@@ -26,7 +26,8 @@ bool takeFlag(Call &call, const QByteArray &argument, const KnownOptions &known)
                  {"-h", true, call.wantsHelp},
                  {"--json", known.json, call.wantsJson},
                  {"--more", known.more, call.wantsMore},
-                 {"--lyrics", known.lyrics, call.wantsLyrics}};
+                 {"--lyrics", known.lyrics, call.wantsLyrics},
+                 {"--all", known.all, call.wantsAll}};
     for (const auto &candidate : flags) {
         if (candidate.isKnown && argument == candidate.name) {
             candidate.flag = true;

@@ -22,6 +22,7 @@ struct Call
     bool wantsJson = false;
     bool wantsMore = false;
     bool wantsLyrics = false;
+    bool wantsAll = false;
 };
 
 /// Which of these options a command knows; --help, --library and --folder are known to all.
@@ -30,6 +31,7 @@ struct KnownOptions
     bool json = false;
     bool more = false;
     bool lyrics = false;
+    bool all = false;
 };
 
 /// Takes @p arguments apart. The detail of a failure is a sentence for the user.

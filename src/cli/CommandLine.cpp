@@ -46,12 +46,13 @@ constexpr Command commands[] = {
      "  --json          print the record and its rows as JSON\n"},
     {"library",
      "scan",
-     {},
+     {.all = true},
      0,
      0,
      scanLibrary,
      "usage: trackwise library scan [options]\n\n"
-     "Brings the library up to date with the music folders.\n\n"},
+     "Brings the library up to date with the music folders.\n\n"
+     "  --all           read every file again, not only what is new or has changed\n"},
     {"library",
      "status",
      {.json = true},

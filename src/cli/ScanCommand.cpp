@@ -62,7 +62,10 @@ ExitCode scanLibrary(const Call &call)
                 scan.cancel();
         });
         interruption.start(100ms);
-        scan.start();
+        if (call.wantsAll)
+            scan.readEverythingAgain();
+        else
+            scan.start();
         loop.exec();
     }
     if (scan.failure())

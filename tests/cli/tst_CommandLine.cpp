@@ -74,6 +74,7 @@ private Q_SLOTS:
         QCOMPARE(scan.errors, QByteArray()); // quiet in a pipe
         QCOMPARE(scan.output, QByteArray("12 songs, 0 files with problems\n"));
         QCOMPARE(scan.code, 0);
+        QCOMPARE(run(onDemo({"library", "scan", "--all"})).output, scan.output);
     }
 
     // QTemporaryDir does not remove names that are not UTF-8.

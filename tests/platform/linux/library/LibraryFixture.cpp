@@ -52,10 +52,11 @@ PersistentID LibraryFixture::add(const QString &title, const QString &artist, co
     return add(tags);
 }
 
-ScanSummary LibraryFixture::scan()
+ScanSummary LibraryFixture::scan(ScanScope scope)
 {
     ScanMonitor monitor;
-    const auto result = LibraryScanner(store(), m_library->configuration().musicFolders).run({}, monitor);
+    const auto result =
+        LibraryScanner(store(), m_library->configuration().musicFolders).run({}, monitor, scope);
     if (!result)
         qFatal("%s", qPrintable(result.failure().detail));
     return *result;

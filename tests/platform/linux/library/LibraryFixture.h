@@ -24,7 +24,7 @@ public:
     PersistentID add(const QString &title, const QString &artist, const QString &album = {});
     void index();
     /// Scans the music folders to the end.
-    ScanSummary scan();
+    ScanSummary scan(ScanScope scope = ScanScope::Changes);
     [[nodiscard]] PersistentID idAt(const QByteArray &path) const;
     [[nodiscard]] Availability availability(PersistentID id) const;
 

@@ -5,16 +5,35 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace trackwise;
+
+using Change = std::function<void(const WavFolder &, LibraryFixture &)>;
+Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(trackwise::ScanScope)
 
 class tst_LibraryScanner : public QObject
 {
     Q_OBJECT
 
 private:
+    /// Gives "one.wav" another title of the same length, and its old time.
+    static void retagUnnoticed(const WavFolder &music, LibraryFixture &)
+    {
+        struct stat before = {};
+        QCOMPARE(stat(music.path("one.wav").constData(), &before), 0);
+        for (struct stat now = before;
+             now.st_ctim.tv_nsec == before.st_ctim.tv_nsec;) { // a clock's tick later
+            music.write("one.wav", 1, "Two");
+            const std::array times{before.st_atim, before.st_mtim};
+            QCOMPARE(utimensat(AT_FDCWD, music.path("one.wav").constData(), times.data(), 0), 0);
+            QCOMPARE(stat(music.path("one.wav").constData(), &now), 0);
+        }
+    }
+
     static QList<QByteArray> songNames(LibraryFixture &fixture)
     {
         QList<QByteArray> names;
@@ -114,6 +133,70 @@ private Q_SLOTS:
         QCOMPARE(fixture.idAt(music.path("a.wav")), id);
         QCOMPARE(fixture.availability(id), Availability::Available);
         QVERIFY(fixture.library().problems().empty());
+    }
+
+    void readsAgainWhatHasChanged_data()
+    {
+        QTest::addColumn<Change>("change");
+        QTest::addColumn<ScanScope>("scope");
+        QTest::addColumn<int>("songsRead");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("lyrics");
+        const auto row = [](const char *name, Change change, int songsRead, const char *title,
+                            const char *lyrics, ScanScope scope = ScanScope::Changes) {
+            QTest::newRow(name) << std::move(change) << scope << songsRead << QString::fromUtf8(title)
+                                << QString::fromUtf8(lyrics);
+        };
+        const auto writes = [](const char *name, const char *text) {
+            return [=](const WavFolder &music, LibraryFixture &) { music.writeBytes(name, text); };
+        };
+        const auto executes = [](const char *sql) {
+            return [=](const WavFolder &, LibraryFixture &fixture) {
+                sqlite::Connection(fixture.databasePath(), sqlite::Access::ReadWrite).execute(sql);
+            };
+        };
+        const auto nothing = [](const WavFolder &, LibraryFixture &) {};
+        row("nothing", nothing, 0, "One", "Old words");
+        row("nothing, but all are wanted", nothing, 2, "One", "Old words", ScanScope::Everything);
+        row("read by an earlier version", executes("UPDATE files SET reader = reader - 1"), 2, "One",
+            "Old words");
+        row("tags, with the size and time of before", retagUnnoticed, 1, "Two", "Old words");
+        row("words", writes("one.lrc", "New words"), 1, "One", "New words");
+        row("better words", writes("one.LRC", "New words"), 0, "One", "Old words"); // .lrc comes first
+        row("words of another song", writes("else.txt", "New words"), 1, "One", "Old words");
+        row(
+            "no more words", [](const WavFolder &music, LibraryFixture &) { music.remove("one.lrc"); }, 1,
+            "One", "");
+    }
+    void readsAgainWhatHasChanged()
+    {
+        QFETCH(Change, change);
+        const WavFolder music;
+        music.write("one.wav", 1, "One");
+        music.write("else.wav", 2, "Else");
+        music.writeBytes("one.lrc", "Old words");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        change(music, fixture);
+        QFETCH(ScanScope, scope);
+        QTEST(int(fixture.scan(scope).songsRead), "songsRead");
+        const MediaItem song = fixture.library().songForPath(music.path("one.wav"))->item;
+        QTEST(song.title.value(), "title");
+        QTEST(song.lyrics.value_or(QString()), "lyrics");
+        QCOMPARE(fixture.scan().songsRead, 0);
+    }
+
+    void readsAgainWhatAnEarlierVersionCouldNotRead()
+    {
+        const WavFolder music;
+        music.writeBytes("a.mp3", "new-fangled");
+        LibraryFixture fixture({music.root()});
+        QCOMPARE(fixture.scan().filesFailed, 1);
+        QCOMPARE(fixture.scan().filesFailed, 0);
+        sqlite::Connection(fixture.databasePath(), sqlite::Access::ReadWrite)
+            .execute("UPDATE problems SET reader = reader - 1");
+        QCOMPARE(fixture.scan().filesFailed, 1);
+        QCOMPARE(fixture.scan().filesFailed, 0);
     }
 
     void followsTheChoiceOfMusicFolders()

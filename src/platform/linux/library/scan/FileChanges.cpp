@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/scan/FileChanges.h"
 
+#include "platform/linux/library/store/FileSignature.h"
+
 #include <linux/magic.h>
-#include <sys/stat.h>
 #include <sys/vfs.h>
 
 #include <algorithm>
@@ -40,8 +41,8 @@ bool isSameCoarseTime(std::int64_t a, std::int64_t b)
 
 std::int64_t modifiedAt(const QByteArray &path)
 {
-    struct stat status = {};
-    return stat(path.constData(), &status) == 0 ? status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec : 0;
+    const auto file = signatureAt(path);
+    return file ? file->modified : 0;
 }
 } // namespace
 
@@ -61,29 +62,49 @@ bool FileChanges::hasStableInodes(std::uint64_t device, const QByteArray &folder
     return isStable;
 }
 
-bool FileChanges::isUnchanged(const FoundFile &file, std::span<KnownFiles::Entry> known)
+bool FileChanges::isAsKnown(const FoundFile &file, const KnownFiles::Entry &entry) const
+{
+    const StatSignature &now = file.signature;
+    const StatSignature &then = entry.signature;
+    if (entry.isWorthRetrying || m_scope == ScanScope::Everything || now.size != then.size)
+        return false;
+    return m_stableInodes.at(now.identity.device)
+               ? now.identity.inode == then.identity.inode && now.modified == then.modified &&
+                     now.changed == then.changed
+               : isSameCoarseTime(now.modified, then.modified);
+}
+
+bool FileChanges::isUnchanged(const FoundFile &file, std::int64_t sidecar, std::span<KnownFiles::Entry> known)
 {
     bool isSame = false;
     for (KnownFiles::Entry &entry : known) {
         entry.isSeen = true;
         if (!entry.isProblem())
             m_presentDevices.insert(entry.signature.identity.device);
-        const bool isStable = m_stableInodes[file.signature.identity.device];
-        const bool isSameFile = !isStable || entry.signature.identity.inode == file.signature.identity.inode;
-        const bool isSameTime = isStable
-                                    ? entry.signature.modified == file.signature.modified
-                                    : isSameCoarseTime(entry.signature.modified, file.signature.modified);
-        if (entry.isWorthRetrying || !isSameFile || !isSameTime ||
-            entry.signature.size != file.signature.size)
+        if (!isAsKnown(file, entry))
             continue;
         // A file that has failed since it was a song is decided by its failure.
-        isSame = true;
         if (entry.isProblem())
             return true;
+        if (entry.sidecar != sidecar)
+            continue;
+        isSame = true;
         if (entry.availability != Availability::Available && known.size() == 1)
             m_returned.push_back(m_known.place(entry));
     }
     return isSame;
+}
+
+std::int64_t FileChanges::sidecarOf(const QByteArray &name, const FolderListing &companions,
+                                    std::uint64_t device) const
+{
+    const auto path = companions.lyricsFile(name);
+    auto file = path ? signatureAt(*path) : std::nullopt;
+    if (!file)
+        return 0;
+    if (!m_stableInodes.at(device))
+        file->changed = 0;
+    return sidecarSignature(QByteArrayView(*path).sliced(path->lastIndexOf('/') + 1), *file);
 }
 
 void FileChanges::take(FoundFolder folder)
@@ -91,13 +112,17 @@ void FileChanges::take(FoundFolder folder)
     m_monitor.noteFound(std::ssize(folder.music));
     m_monitor.noteFolder(folder.path);
     m_presentDevices.insert(folder.device);
+    if (folder.music.empty())
+        return;
     const KnownFolder *known = m_known.folder(folder.path);
-    std::shared_ptr<const FolderListing> companions;
+    const auto companions = std::make_shared<const FolderListing>(folder.path, folder.companions);
     bool hasChanges = false;
     qsizetype unchanged = 0;
     for (FoundFile &file : folder.music) {
-        (void)hasStableInodes(file.signature.identity.device, folder.path);
-        if (isUnchanged(file, m_known.find(known, file.name))) {
+        const std::uint64_t device = file.signature.identity.device;
+        (void)hasStableInodes(device, folder.path);
+        const std::int64_t sidecar = sidecarOf(file.name, *companions, device);
+        if (isUnchanged(file, sidecar, m_known.find(known, file.name))) {
             ++unchanged;
             continue;
         }
@@ -107,35 +132,28 @@ void FileChanges::take(FoundFolder folder)
             m_needs.problem({std::move(name), file.signature, *file.failure, file.reason});
             continue;
         }
-        if (!companions)
-            companions = std::make_shared<FolderListing>(folder.path, folder.companions);
-        if (!m_needs.file({std::move(name), file.signature, companions}))
+        if (!m_needs.file({std::move(name), file.signature, sidecar, companions}))
             return;
     }
     m_monitor.noteHandled(unchanged);
-    if (!folder.music.empty())
-        takeImage(folder, known, hasChanges, companions);
+    takeImage(folder.path, known, hasChanges, companions);
 }
 
-void FileChanges::takeImage(const FoundFolder &folder, const KnownFolder *known, bool hasChanges,
+void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                             const std::shared_ptr<const FolderListing> &companions)
 {
     const bool wasThere = known && !known->imageName.isEmpty();
-    if (folder.companions.empty() && !wasThere)
-        return;
-    const auto listing =
-        companions ? companions : std::make_shared<const FolderListing>(folder.path, folder.companions);
-    const std::optional<QByteArray> image = listing->imageFile();
+    const std::optional<QByteArray> image = companions->imageFile();
     if (!image) {
         if (wasThere)
-            (void)m_needs.image({{folder.path, {}, 0, {}}, nullptr});
+            (void)m_needs.image({{folder, {}, 0, {}}, nullptr});
         return;
     }
     const QByteArray name = image->mid(image->lastIndexOf('/') + 1);
     const std::int64_t modified = modifiedAt(*image);
     const bool isSame = wasThere && known->imageName == name && known->imageModified == modified;
     if (hasChanges || !isSame)
-        (void)m_needs.image({{folder.path, name, modified, {}}, listing});
+        (void)m_needs.image({{folder, name, modified, {}}, companions});
 }
 
 FileChanges::Missing FileChanges::missing(const std::vector<QByteArray> &roots) const

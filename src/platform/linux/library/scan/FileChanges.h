@@ -3,6 +3,7 @@
 
 #include "platform/linux/library/scan/FolderWalk.h"
 #include "platform/linux/library/scan/KnownFiles.h"
+#include "platform/linux/library/scan/LibraryScanner.h"
 #include "platform/linux/library/scan/ScanMonitor.h"
 #include "platform/linux/library/tags/FolderListing.h"
 
@@ -18,6 +19,7 @@ struct ReadFile
 {
     FileName file;
     StatSignature signature;
+    std::int64_t sidecar = 0; ///< see sidecarSignature()
     std::shared_ptr<const FolderListing> companions;
 };
 /// A picture beside the songs of a folder, to be read.
@@ -39,8 +41,9 @@ public:
         std::function<void(ScanProblem)> problem;
     };
 
-    FileChanges(KnownFiles &known, ScanMonitor &monitor, Needs needs)
+    FileChanges(KnownFiles &known, ScanScope scope, ScanMonitor &monitor, Needs needs)
         : m_known(known)
+        , m_scope(scope)
         , m_monitor(monitor)
         , m_needs(std::move(needs))
     {}
@@ -62,12 +65,17 @@ public:
     [[nodiscard]] Missing missing(const std::vector<QByteArray> &roots) const;
 
 private:
-    [[nodiscard]] bool isUnchanged(const FoundFile &file, std::span<KnownFiles::Entry> known);
+    [[nodiscard]] bool isUnchanged(const FoundFile &file, std::int64_t sidecar,
+                                   std::span<KnownFiles::Entry> known);
+    [[nodiscard]] bool isAsKnown(const FoundFile &file, const KnownFiles::Entry &entry) const;
+    [[nodiscard]] std::int64_t sidecarOf(const QByteArray &name, const FolderListing &companions,
+                                         std::uint64_t device) const;
     [[nodiscard]] bool hasStableInodes(std::uint64_t device, const QByteArray &folder);
-    void takeImage(const FoundFolder &folder, const KnownFolder *known, bool hasChanges,
+    void takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                    const std::shared_ptr<const FolderListing> &companions);
 
     KnownFiles &m_known;
+    ScanScope m_scope;
     ScanMonitor &m_monitor;
     Needs m_needs;
     std::vector<QByteArray> m_unreadable;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/scan/FolderWalk.h"
 
+#include "platform/linux/library/store/FileSignature.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <linux/magic.h>
@@ -24,7 +26,6 @@ constexpr std::array musicSuffixes{"aac", "ac3", "aif", "aifc", "aiff", "alac", 
                                    "spx", "tta", "wav", "wave", "weba", "wma",  "wv"};
 constexpr std::array companionSuffixes{"jpeg", "jpg", "lrc", "png", "txt", "webp"};
 constexpr std::array passedOver{"$RECYCLE.BIN", "@eaDir", "System Volume Information", "lost+found"};
-constexpr std::int64_t nanosecondsInSecond = 1'000'000'000;
 
 struct CloseFolder
 {
@@ -60,13 +61,6 @@ bool isOfTheSystem(int descriptor)
     constexpr std::array kinds{PROC_SUPER_MAGIC, SYSFS_MAGIC,        DEVPTS_SUPER_MAGIC,
                                DEBUGFS_MAGIC,    CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC};
     return std::any_of(kinds.begin(), kinds.end(), [&status](auto kind) { return status.f_type == kind; });
-}
-
-StatSignature signatureOf(const struct stat &status)
-{
-    return {{status.st_dev, status.st_ino},
-            status.st_size,
-            status.st_mtim.tv_sec * nanosecondsInSecond + status.st_mtim.tv_nsec};
 }
 
 QByteArray resolved(const QByteArray &path)

@@ -15,7 +15,7 @@ Result<KnownFiles> KnownFiles::load(const SongStore &store)
         files.m_folders.push_back(std::move(folder));
     };
     const auto takeFile = [&](const KnownFile &file) {
-        files.m_entries.push_back({file.signature, file.song, folderByID.at(file.folder),
+        files.m_entries.push_back({file.signature, file.sidecar, file.song, folderByID.at(file.folder),
                                    static_cast<std::uint32_t>(files.m_names.size()),
                                    static_cast<std::uint16_t>(file.name.size()), file.availability,
                                    file.isWorthRetrying, false});

@@ -18,6 +18,7 @@ public:
     struct Entry
     {
         StatSignature signature;
+        std::int64_t sidecar = 0;
         SongRowID song{};
         std::uint32_t folder = 0; ///< place in folders()
         std::uint32_t nameBegin = 0;

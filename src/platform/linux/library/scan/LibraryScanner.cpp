@@ -6,6 +6,7 @@
 #include "platform/linux/library/tags/TagReader.h"
 
 #include <malloc.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -39,7 +40,10 @@ Outcome performed(ReadFile task)
     Result<SongTags> tags = readTags(task.file.path(), *task.companions);
     if (!tags)
         return ScanProblem{std::move(task.file), task.signature, tags.failure().kind, tags.failure().detail};
-    return ScannedSong{std::move(task.file), task.signature, *std::move(tags)};
+    if (task.sidecar != 0 && !tags->lyrics &&
+        access(task.companions->lyricsFile(task.file.name)->constData(), R_OK) != 0)
+        task.sidecar = 0; // to be read when it can be
+    return ScannedSong{std::move(task.file), task.signature, *std::move(tags), task.sidecar};
 }
 
 Outcome performed(ReadImage task)
@@ -227,7 +231,7 @@ LibraryScanner::LibraryScanner(SongStore &store, std::vector<QByteArray> musicFo
     , m_readers(readers != 0 ? readers : std::max(1U, std::thread::hardware_concurrency()))
 {}
 
-Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor)
+Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor, ScanScope scope)
 {
     Result<KnownFiles> known = KnownFiles::load(m_store);
     if (!known)
@@ -235,7 +239,7 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     BatchWriter writer(m_store, monitor);
     FileChanges::Needs needs;
     Pipeline pipeline(m_musicFolders, needs);
-    FileChanges changes(*known, monitor, needs);
+    FileChanges changes(*known, scope, monitor, needs);
     const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
     pipeline.start(changes, monitor, m_readers);
 

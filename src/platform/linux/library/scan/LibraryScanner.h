@@ -9,6 +9,11 @@
 
 namespace trackwise {
 
+enum class ScanScope {
+    Changes,    ///< files that are not as the library knows them
+    Everything, ///< all files, as if nothing were known of what is in them
+};
+
 struct ScanSummary
 {
     bool isComplete = false; ///< false: it was stopped
@@ -27,7 +32,8 @@ public:
 
     /// Worker threads only. One bad file ends nothing: it is listed among the problems and not tried again
     /// until it changes. Fails when the database cannot be written (NoSpace, ...).
-    [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, ScanMonitor &monitor);
+    [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, ScanMonitor &monitor,
+                                          ScanScope scope = ScanScope::Changes);
 
 private:
     SongStore &m_store;

@@ -36,8 +36,15 @@ void ScanController::start()
         run();
 }
 
+void ScanController::readEverythingAgain()
+{
+    m_nextScope = ScanScope::Everything;
+    start();
+}
+
 void ScanController::cancel()
 {
+    m_nextScope = ScanScope::Changes;
     m_isAnotherWanted = false;
     m_stop.request_stop();
 }
@@ -58,8 +65,9 @@ void ScanController::run()
     m_timer.start();
     runInBackground(
         m_pool, this,
-        [store = m_store, folders = m_musicFolders, monitor = m_monitor, stop = m_stop.get_token()] {
-            return LibraryScanner(*store, folders).run(stop, *monitor);
+        [store = m_store, folders = m_musicFolders, monitor = m_monitor, stop = m_stop.get_token(),
+         scope = std::exchange(m_nextScope, ScanScope::Changes)] {
+            return LibraryScanner(*store, folders).run(stop, *monitor, scope);
         },
         [this](const Result<ScanSummary> &result) { end(result); });
     Q_EMIT progressDidChange();

@@ -28,6 +28,8 @@ public:
     void setMusicFolders(std::vector<QByteArray> folders) { m_musicFolders = std::move(folders); }
 
     void start() override;
+    /// As start(), but with every file, be it changed or not.
+    void readEverythingAgain();
     void cancel() override;
     [[nodiscard]] ScanProgress progress() const override;
     /// Why the last scan ended early, such as a full disk; nothing while one runs or after a good one.
@@ -49,6 +51,7 @@ private:
     std::shared_ptr<ScanMonitor> m_monitor; ///< of the scan that runs or ran last
     std::optional<Failure> m_failure;
     std::stop_source m_stop;
+    ScanScope m_nextScope = ScanScope::Changes;
     bool m_isRunning = false;
     bool m_isAnotherWanted = false;
     unsigned m_changesTold = 0;

@@ -25,7 +25,8 @@ struct Migration
 // files: where each song's file is or was last; several songs that are gone may have had the same path.
 // search_texts: folded texts of the songs that lists show; search_index is the full-text index over them and
 //   reaches up to the song whose row number the setting 'indexed_up_to' holds.
-constexpr std::array migrations{Migration{1, R"sql(
+constexpr std::array migrations{
+    Migration{1, R"sql(
 CREATE TABLE settings (
     name TEXT PRIMARY KEY,
     value NOT NULL
@@ -160,6 +161,23 @@ CREATE VIRTUAL TABLE search_index USING fts5 (
     content = 'search_texts', content_rowid = 'song', tokenize = 'ascii',
     prefix = '1 2 3', detail = 'column', columnsize = 0
 );
+)sql"},
+    // reader: the version of the tag reader that has read the file; 0: one that kept none, so that all files
+    // are
+    //   read once more. changed: the inode's time of change. sidecar: see sidecarSignature().
+    // suspects: files that were being read when the program died, until it is known whether they are to
+    // blame.
+    Migration{2, R"sql(
+ALTER TABLE files ADD COLUMN changed INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE files ADD COLUMN sidecar INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE files ADD COLUMN reader INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE problems ADD COLUMN changed INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE problems ADD COLUMN reader INTEGER NOT NULL DEFAULT 0;
+CREATE TABLE suspects (
+    folder INTEGER NOT NULL REFERENCES folders (id),
+    name BLOB NOT NULL,
+    PRIMARY KEY (folder, name)
+) WITHOUT ROWID;
 )sql"}};
 
 static_assert(

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/SongIdentity.h"
 
+#include "platform/linux/library/store/FileSignature.h"
 #include "platform/linux/library/store/TextFolding.h"
 #include "platform/linux/library/tags/TagReader.h"
-
-#include <sys/stat.h>
 
 #include <algorithm>
 
@@ -14,25 +13,13 @@ namespace {
 std::string candidatesWhere(const char *condition)
 {
     return std::string("SELECT files.song, folders.path, files.name, files.device, files.inode, files.size,"
-                       " files.modified, files.audio_hash, files.availability"
+                       " files.modified, files.changed, files.audio_hash, files.availability"
                        " FROM files JOIN folders ON folders.id = files.folder WHERE ") +
            condition + " LIMIT ?";
 }
 
 // Copies of one recording beyond this number say nothing about which of them was moved.
 constexpr int mostCandidates = 16;
-
-constexpr std::int64_t nanosecondsInSecond = 1'000'000'000;
-
-std::optional<StatSignature> signatureAt(const QByteArray &path)
-{
-    struct stat status = {};
-    if (stat(path.constData(), &status) != 0)
-        return std::nullopt;
-    return StatSignature{{status.st_dev, status.st_ino},
-                         status.st_size,
-                         status.st_mtim.tv_sec * nanosecondsInSecond + status.st_mtim.tv_nsec};
-}
 
 bool holdsSound(const QByteArray &path, std::uint64_t audioHash)
 {
@@ -73,9 +60,10 @@ std::vector<SongIdentity::Candidate> SongIdentity::candidates(sqlite::Statement 
         candidate.signature = {{static_cast<std::uint64_t>(statement.integer(3)),
                                 static_cast<std::uint64_t>(statement.integer(4))},
                                statement.integer(5),
-                               statement.integer(6)};
-        candidate.audioHash = static_cast<std::uint64_t>(statement.integer(7));
-        candidate.availability = static_cast<Availability>(statement.integer(8));
+                               statement.integer(6),
+                               statement.integer(7)};
+        candidate.audioHash = static_cast<std::uint64_t>(statement.integer(8));
+        candidate.availability = static_cast<Availability>(statement.integer(9));
     }
     statement.reset();
     return found;

@@ -36,6 +36,7 @@ struct StatSignature
     FileIdentity identity;
     std::int64_t size = 0;
     std::int64_t modified = 0; ///< nanoseconds since 1970
+    std::int64_t changed = 0;  ///< likewise; the inode's, which no program sets back; 0: not known
 
     friend bool operator==(const StatSignature &, const StatSignature &) = default;
 };
@@ -52,6 +53,7 @@ struct ScannedSong
     FileName file;
     StatSignature signature;
     SongTags tags;
+    std::int64_t sidecar = 0; ///< sidecarSignature() of the lyrics beside it; 0: there are none
 };
 
 /// A file that looks like music and could not be read.

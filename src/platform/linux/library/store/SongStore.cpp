@@ -2,6 +2,7 @@
 #include "platform/linux/library/store/SongStore.h"
 
 #include "platform/linux/library/store/Migrations.h"
+#include "platform/linux/library/tags/TagReader.h"
 
 #include <QDir>
 #include <QFile>
@@ -196,19 +197,23 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
                 known.signature = {{static_cast<std::uint64_t>(statement.integer(3)),
                                     static_cast<std::uint64_t>(statement.integer(4))},
                                    statement.integer(5),
-                                   statement.integer(6)};
-                known.availability = static_cast<Availability>(statement.integer(7));
-                known.isWorthRetrying = statement.integer(8) != 0;
+                                   statement.integer(6),
+                                   statement.integer(7)};
+                known.availability = static_cast<Availability>(statement.integer(8));
+                known.sidecar = statement.integer(9);
+                known.isWorthRetrying = statement.integer(10) != 0;
                 file(known);
             }
         };
         sqlite::Statement songs =
-            m_connection.prepare("SELECT song, folder, name, device, inode, size, modified, availability, 0"
-                                 " FROM files WHERE availability < 2");
-        visit(songs);
-        sqlite::Statement problems = m_connection.prepare(
-            "SELECT 0, folder, name, 0, inode, size, modified, 0, kind = ? FROM problems");
-        visit(problems.bind(static_cast<std::int64_t>(FailureKind::Unreadable)));
+            m_connection.prepare("SELECT song, folder, name, device, inode, size, modified, changed,"
+                                 " availability, sidecar, reader < ? FROM files WHERE availability < 2");
+        visit(songs.bind(std::int64_t{readerVersion}));
+        sqlite::Statement problems =
+            m_connection.prepare("SELECT 0, folder, name, 0, inode, size, modified, changed, 0, 0,"
+                                 " reader < ? OR kind = ? FROM problems");
+        visit(problems.bind(std::int64_t{readerVersion})
+                  .bind(static_cast<std::int64_t>(FailureKind::Unreadable)));
         return Done{};
     } catch (const sqlite::Error &error) {
         return sqlite::asFailure(error);

@@ -21,8 +21,10 @@ struct KnownFile
     std::string_view name; ///< valid during the call that hands it over
     StatSignature signature;
     Availability availability = Availability::Available;
-    bool isWorthRetrying =
-        false; ///< a failure that passes without a change of the file, such as a permission
+    std::int64_t sidecar = 0;
+    /// Read by an earlier version, or a failure that passes without a change of the file, such as a
+    /// permission.
+    bool isWorthRetrying = false;
 };
 
 /// A folder that the library knows, and the picture beside its songs.

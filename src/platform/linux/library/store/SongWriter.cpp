@@ -2,6 +2,7 @@
 #include "platform/linux/library/store/SongWriter.h"
 
 #include "platform/linux/library/store/TextFolding.h"
+#include "platform/linux/library/tags/TagReader.h"
 
 namespace trackwise {
 
@@ -88,7 +89,8 @@ struct SongWriter::Statements
                                  " UNION ALL SELECT 1 FROM retired_ids WHERE persistent_id = ?1"))
         , writeFile(
               c.prepare("INSERT OR REPLACE INTO files (song, folder, name, device, inode, size, modified,"
-                        " audio_hash, availability) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0)"))
+                        " changed, audio_hash, sidecar, reader, availability)"
+                        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0)"))
         , writeLongTexts(c.prepare("INSERT OR REPLACE INTO long_texts VALUES (?, ?, ?)"))
         , removeLongTexts(c.prepare("DELETE FROM long_texts WHERE song = ?"))
         , availability(c.prepare("UPDATE files SET availability = ? WHERE song = ?"))
@@ -100,8 +102,9 @@ struct SongWriter::Statements
         , findAlbum(c.prepare("SELECT id FROM albums WHERE folded = ? AND folded_artist = ?"))
         , addAlbum(c.prepare("INSERT INTO albums (folded, folded_artist, title, artist, sort_key, section)"
                              " VALUES (?, ?, ?, ?, ?, ?)"))
-        , writeProblem(c.prepare("INSERT OR REPLACE INTO problems (folder, name, inode, size, modified, kind,"
-                                 " reason) VALUES (?, ?, ?, ?, ?, ?, ?)"))
+        , writeProblem(
+              c.prepare("INSERT OR REPLACE INTO problems (folder, name, inode, size, modified, changed,"
+                        " kind, reason, reader) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"))
         , forgetProblem(c.prepare("DELETE FROM problems WHERE folder = ? AND name = ?"))
     {}
 
@@ -248,7 +251,10 @@ void SongWriter::writeFile(SongRowID song, const ScannedSong &scanned, std::int6
         .bind(static_cast<std::int64_t>(scanned.signature.identity.inode))
         .bind(scanned.signature.size)
         .bind(scanned.signature.modified)
+        .bind(scanned.signature.changed)
         .bind(static_cast<std::int64_t>(scanned.tags.audioHash))
+        .bind(scanned.sidecar)
+        .bind(std::int64_t{readerVersion})
         .run();
 }
 
@@ -332,8 +338,10 @@ void SongWriter::writeProblem(const ScanProblem &problem)
         .bind(static_cast<std::int64_t>(problem.signature.identity.inode))
         .bind(problem.signature.size)
         .bind(problem.signature.modified)
+        .bind(problem.signature.changed)
         .bind(static_cast<std::int64_t>(problem.kind))
         .bind(problem.reason)
+        .bind(std::int64_t{readerVersion})
         .run();
 }
 
