@@ -80,6 +80,10 @@ void AppDelegate::newWindow()
     WindowScene *scene = m_scenes.back().get();
     connect(
         scene, &WindowScene::didClose, this, [this, scene] { removeScene(scene); }, Qt::QueuedConnection);
+    connect(&scene->window(), &QWindow::activeChanged, this, [this, scene] {
+        if (scene->window().isActive())
+            sceneWasUsed(scene);
+    });
     connect(&scene->detail(), &DetailViewController::newWindowWanted, this, &AppDelegate::newWindow);
     scene->show();
 }
@@ -109,6 +113,11 @@ void AppDelegate::activateAction(const QString &name)
             if (detail)
                 detail->selectSongFromLibrary();
         });
+}
+
+void AppDelegate::sceneWasUsed(const WindowScene *scene)
+{
+    std::ranges::stable_partition(m_scenes, [scene](const auto &open) { return open.get() != scene; });
 }
 
 void AppDelegate::removeScene(WindowScene *scene)

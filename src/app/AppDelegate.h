@@ -46,12 +46,13 @@ public:
     /// Records the day of the first launch, once.
     void didFinishLaunching();
     Q_INVOKABLE void newWindow();
-    /// Brings a window of ours to the front, or opens one.
+    /// Brings the window that was used last to the front, or opens one.
     void activate();
-    /// Shows song links or files' songs in a window of ours.
+    /// Shows song links or files' songs in the window that was used last.
     void open(const QStringList &addresses);
     /// Carries out an action of the desktop entry; one that we do not know only shows a window.
     void activateAction(const QString &name);
+    /// In the order of their use: the one that was used last is the last one.
     [[nodiscard]] const std::vector<std::unique_ptr<WindowScene>> &scenes() const { return m_scenes; }
 
     /// Shows the settings in the window of that presentation; set by whoever makes the settings screen.
@@ -62,6 +63,7 @@ public:
 
 private:
     void applyAppearance();
+    void sceneWasUsed(const WindowScene *scene);
     void removeScene(WindowScene *scene);
 
     AppDevice m_device;

@@ -34,5 +34,19 @@ T.ApplicationWindow {
     AlertLayer {
         presentation: root.presentation
     }
+    // The app's own commands work in every state of the window. The window's context would leave out what
+    // stands behind a sheet or an alert, which is all of it here.
+    Shortcut {
+        sequences: [StandardKey.New]
+        context: Qt.ApplicationShortcut
+        enabled: root.active
+        onActivated: root.container.detail.newWindowWanted()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Q"] // the standard key is none on desktops that Qt does not know
+        context: Qt.ApplicationShortcut
+        enabled: root.active
+        onActivated: Qt.quit()
+    }
     Component.onCompleted: root.presentation.setAnimated(true)
 }

@@ -8,6 +8,9 @@ namespace trackwise {
 namespace {
 // Of 100 (no compression) to 0: a tenth larger than the smallest file, at a quarter of the time.
 constexpr int pngQuality = 80;
+
+// Ours only; has no content.
+const QString ownFormat = QStringLiteral("application/x-trackwise-artwork");
 } // namespace
 
 ArtworkMimeData::ArtworkMimeData(ArtworkHandout handout)
@@ -22,7 +25,7 @@ QStringList ArtworkMimeData::formats() const
     QStringList formats{mimeType(PictureFormat::Png)};
     if (m_handout.format == PictureFormat::Jpeg)
         formats << mimeType(PictureFormat::Jpeg);
-    return formats + QMimeData::formats();
+    return formats + QMimeData::formats() + QStringList(ownFormat);
 }
 
 bool ArtworkMimeData::hasFormat(const QString &mimeType) const
@@ -37,6 +40,11 @@ QVariant ArtworkMimeData::retrieveData(const QString &mimeType, QMetaType type) 
     if (m_handout.format == PictureFormat::Jpeg && mimeType == trackwise::mimeType(PictureFormat::Jpeg))
         return m_handout.original;
     return QMimeData::retrieveData(mimeType, type);
+}
+
+bool isOurArtwork(const QMimeData &data)
+{
+    return data.hasFormat(ownFormat);
 }
 
 QByteArray pngBytes(const QByteArray &original)

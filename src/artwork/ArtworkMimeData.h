@@ -40,6 +40,9 @@ private:
     ArtworkHandout m_handout;
 };
 
+/// Whether @p data is a cover that one of us, perhaps another process, hands out.
+[[nodiscard]] bool isOurArtwork(const QMimeData &data);
+
 /// The whole picture as PNG: the bytes themselves where they are one, else encoded anew. Any thread; a large
 /// cover takes a second.
 [[nodiscard]] QByteArray pngBytes(const QByteArray &original);

@@ -124,13 +124,4 @@ FocusScope {
         enabled: root.acceptsCommands && root.controller.informationView !== null
         onActivated: root.controller.clearSelectedSong()
     }
-    Shortcut {
-        sequences: [StandardKey.New]
-        enabled: root.acceptsCommands
-        onActivated: root.controller.newWindowWanted()
-    }
-    Shortcut {
-        sequences: ["Ctrl+Q"] // the standard key is none on desktops that Qt does not know
-        onActivated: Qt.quit()
-    }
 }

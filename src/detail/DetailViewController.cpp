@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "detail/DetailViewController.h"
 
+#include "artwork/ArtworkMimeData.h"
 #include "detail/DetailAlerts.h"
 #include "lookup/DroppedUrls.h"
 #include "platform/AddressOpener.h"
@@ -85,7 +86,8 @@ void DetailViewController::handleDroppedURLs(const QStringList &addresses)
 
 void DetailViewController::pasteLink()
 {
-    if (const QMimeData *pasted = QGuiApplication::clipboard()->mimeData())
+    const QMimeData *pasted = QGuiApplication::clipboard()->mimeData();
+    if (pasted && !isOurArtwork(*pasted))
         m_linkDrop->handleDroppedURLs(droppedUrls(*pasted));
 }
 
@@ -222,6 +224,8 @@ void DetailViewController::refreshVisibleMediaItem()
 
 void DetailViewController::presentLyrics(const MediaItem &mediaItem)
 {
+    if (!m_presentation.pushedViews().empty())
+        return; // a second click while they slide in
     m_presentation.push(std::make_shared<HostedView>(
         tr("Lyrics"), QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Screens/LyricsView.qml")),
         QVariantMap{{QStringLiteral("lyrics"), mediaItem.lyrics.value_or(QString())}}));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "detail/LinkDropTarget.h"
 
+#include "artwork/ArtworkMimeData.h"
 #include "lookup/DroppedUrls.h"
 
 #include <QMimeData>
@@ -23,7 +24,8 @@ LinkDropTarget::LinkDropTarget(QQuickItem *parent)
 
 void LinkDropTarget::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (droppedUrls(*event->mimeData()).isEmpty()) {
+    const QMimeData &data = *event->mimeData();
+    if (isOurArtwork(data) || droppedUrls(data).isEmpty()) {
         event->ignore();
         return;
     }

@@ -6,7 +6,8 @@
 
 namespace trackwise {
 
-/// An area that takes song links dropped on it, always as a copy. Data without any address is left to others.
+/// An area that takes song links dropped on it, always as a copy. Data without any address is left to others,
+/// and so is a cover of ours, which comes with the address of its file.
 class LinkDropTarget : public QQuickItem
 {
     Q_OBJECT

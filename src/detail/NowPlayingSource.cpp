@@ -24,8 +24,10 @@ void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion complet
                                     NowPlayingSource *self = source;
                                     if (!self || !authorized)
                                         return;
-                                    if (showsAlerts || choices == self->m_choices)
-                                        self->take(showsAlerts, completion);
+                                    if (showsAlerts)
+                                        self->takeAnswer(completion);
+                                    else if (choices == self->m_choices)
+                                        self->take(false, completion);
                                 });
 }
 
@@ -49,7 +51,16 @@ bool NowPlayingSource::stopWaitingForSongOfStart()
 void NowPlayingSource::dropSilentRequests()
 {
     ++m_choices;
+    ++m_requests;
     m_unknownSongOfStart.reset();
+}
+
+void NowPlayingSource::takeAnswer(const Completion &completion)
+{
+    m_player.whenAnswered([source = QPointer(this), request = ++m_requests, completion] {
+        if (source && request == source->m_requests)
+            source->take(true, completion);
+    });
 }
 
 void NowPlayingSource::take(bool showsAlerts, const Completion &completion)

@@ -24,7 +24,9 @@ public:
     NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate &gate, Display display,
                      LibraryAccessGate::PresentAlert presentAlert, QObject *parent = nullptr);
 
-    /// Without permission nothing is shown and @p completion, which may be empty, is not called.
+    /// Without permission nothing is shown and @p completion, which may be empty, is not called. Alerts are
+    /// for the user's own request: it waits for players that are still being asked, unless the user asks
+    /// again or chooses otherwise meanwhile.
     void selectNowPlayingSong(bool showsAlerts, Completion completion);
     /// The silent request of a window that has just opened. A song that the library does not have yet, since
     /// it is being read for the first time, is waited for.
@@ -36,6 +38,7 @@ public:
     [[nodiscard]] bool hasUserChosen() const { return m_choices > 0; }
 
 private:
+    void takeAnswer(const Completion &completion);
     void take(bool showsAlerts, const Completion &completion);
 
     SystemMusicPlayer &m_player;
@@ -43,6 +46,7 @@ private:
     Display m_display;
     LibraryAccessGate::PresentAlert m_presentAlert;
     unsigned m_choices = 0;                        ///< of the user, while requests were under way
+    unsigned m_requests = 0;                       ///< that wait for players, or that need not any more
     std::optional<MediaItem> m_unknownSongOfStart; ///< as the player describes it
 };
 

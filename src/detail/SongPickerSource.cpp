@@ -11,15 +11,21 @@ SongPickerSource::SongPickerSource(Presentation &presentation, MakePicker makePi
     , m_connectedScenes(std::move(connectedScenes))
 {
     connect(&presentation, &Presentation::sheetCancelRequested, this, [this] {
-        if (m_mediaPickerController && m_presentation.sheet() &&
-            m_presentation.sheet()->model() == m_mediaPickerController.get())
+        if (isPickerUp())
             mediaPickerDidCancel();
     });
 }
 
+bool SongPickerSource::isPickerUp() const
+{
+    return m_mediaPickerController && m_presentation.isSheetVisible() &&
+           m_presentation.sheet()->model() == m_mediaPickerController.get();
+}
+
 void SongPickerSource::presentMediaPicker(bool authorized)
 {
-    if (!authorized)
+    // Several requests may have waited for one answer. The picker that stands is the one that we listen to.
+    if (!authorized || isPickerUp())
         return;
     if (!m_mediaPickerController || m_connectedScenes() >= 2) {
         if (m_mediaPickerController)

@@ -23,6 +23,7 @@ public:
     SongPickerSource(Presentation &presentation, MakePicker makePicker, std::function<int()> connectedScenes,
                      QObject *parent = nullptr);
 
+    /// Does nothing without authorization, or while the picker stands in this window already.
     void presentMediaPicker(bool authorized);
     [[nodiscard]] const MediaPicker *mediaPickerController() const { return m_mediaPickerController.get(); }
 
@@ -31,6 +32,7 @@ Q_SIGNALS:
     void folderWanted();
 
 private:
+    [[nodiscard]] bool isPickerUp() const;
     void mediaPickerDidCancel();
     void mediaPickerDidPickMediaItems(const std::vector<MediaItem> &items);
     void connectPicker();

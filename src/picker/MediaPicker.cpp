@@ -130,7 +130,7 @@ void MediaPicker::resultsDidLoad()
 void MediaPicker::activate(int row)
 {
     LibraryListModel *list = currentList();
-    if (row < 0 || row >= list->count())
+    if (!m_isPresented || row < 0 || row >= list->count())
         return;
     const std::uint64_t key = list->keyAt(row);
     switch (list->content().kind) {
@@ -188,6 +188,8 @@ void MediaPicker::goBack()
 
 void MediaPicker::cancel()
 {
+    if (!m_isPresented)
+        return;
     m_isPresented = false;
     watchCurrentList();
     Q_EMIT didCancel();

@@ -73,7 +73,8 @@ public:
     [[nodiscard]] ScanStatus *scan() const { return m_scan; }
     [[nodiscard]] EmptyState emptyState() const;
 
-    /// Picks the song of the current list's row, or opens its artist or album.
+    /// Picks the song of the current list's row, or opens its artist or album. Picking and cancelling end
+    /// it: what comes later, such as the second click of two, means nothing until prepare().
     Q_INVOKABLE void activate(int row);
     /// From an artist's or album's songs to the list before.
     Q_INVOKABLE void goBack();

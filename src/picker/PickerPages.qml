@@ -66,6 +66,7 @@ Item {
         height: root.height
         visible: root.opened > 0 && !root.picker.isShowingResults
         opacity: Theme.reducesMotion ? root.opened : 1
+        enabled: root.opened === 1 // the second click of two was for the row that led here
 
         PickerList {
             anchors.fill: parent

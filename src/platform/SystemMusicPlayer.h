@@ -26,6 +26,11 @@ public:
     /// Not called when the player goes first.
     virtual void whenReady(std::function<void()> handler) = 0;
 
+    /// Calls @p handler when nowPlayingItem() is the answer of the players to somebody who asks now: at once
+    /// where there is a song or nobody is being asked, else when those that are have answered or been waited
+    /// for in vain, which takes some seconds at most. Not called when the player goes first.
+    virtual void whenAnswered(std::function<void()> handler) = 0;
+
     /// The change signal is sent only between these two; calls nest.
     virtual void beginGeneratingPlaybackNotifications() = 0;
     virtual void endGeneratingPlaybackNotifications() = 0;

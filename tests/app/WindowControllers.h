@@ -25,6 +25,7 @@ public:
     std::optional<MediaItem> item;
     bool isReady = true;
     std::function<void()> ready; ///< what waits for it
+    std::function<void()> answered;
 
     [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
     void whenReady(std::function<void()> handler) override
@@ -33,6 +34,13 @@ public:
             handler();
         else
             ready = std::move(handler);
+    }
+    void whenAnswered(std::function<void()> handler) override
+    {
+        if (isReady)
+            handler();
+        else
+            answered = std::move(handler);
     }
     void beginGeneratingPlaybackNotifications() override {}
     void endGeneratingPlaybackNotifications() override {}

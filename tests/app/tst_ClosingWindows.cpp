@@ -206,6 +206,35 @@ private Q_SLOTS:
         QCOMPARE(QCoreApplication::exec(), 0);
     }
 
+    void eachWindowHasItsOwnPickerAndTheOneInUseIsMeant()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        std::vector<LibraryAccess::Answer> answers;
+        program.library().access().setStatus(LibraryAuthorizationStatus::NotDetermined);
+        program.library().access().setQuestion(
+            [&answers](LibraryAccess::Answer answer) { answers.push_back(std::move(answer)); });
+        WindowScene &first = program.openWindow();
+        WindowScene &second = program.openWindow();
+        for (WindowScene *asking : {&first, &second, &second}) // impatiently
+            asking->detail().selectSongFromLibrary();
+        QCOMPARE(answers.size(), 1u);
+        answers.front()(true);
+        for (WindowScene *scene : {&first, &second}) {
+            QTRY_VERIFY(scene->presentation().isSheetVisible());
+            scene->presentation().cancelSheet();
+            QTRY_VERIFY(!scene->presentation().isPresenting());
+        }
+
+        first.window().requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&first.window()));
+        program.app().activateAction(QStringLiteral("SelectSongAction"));
+        QTRY_VERIFY(first.presentation().isSheetVisible());
+        program.app().open({QStringLiteral("https://elsewhere.example")});
+        QTRY_VERIFY(first.presentation().alert());
+        QVERIFY(!second.presentation().isPresenting());
+        QCOMPARE(program.app().scenes().back().get(), &first);
+    }
+
     void isNotThereForTheUsersAnswer()
     {
         std::vector<LibraryAccess::Answer> answers;

@@ -229,6 +229,34 @@ private Q_SLOTS:
         QCOMPARE(window.presentation.alert()->title(), title);
     }
 
+    void waitsForPlayersThatAreBeingAsked_data()
+    {
+        QTest::addColumn<unsigned>("answer");
+        QTest::addColumn<unsigned>("chosen"); ///< meanwhile
+        QTest::addColumn<unsigned>("shown");
+        QTest::addColumn<QString>("alert");
+        QTest::newRow("one plays") << 3U << 0U << 3U << QString();
+        QTest::newRow("none plays") << 0U << 0U << 0U << QStringLiteral("No Song Playing");
+        QTest::newRow("the user has chosen") << 3U << 5U << 5U << QString();
+    }
+    void waitsForPlayersThatAreBeingAsked()
+    {
+        QFETCH(unsigned, answer);
+        QFETCH(unsigned, chosen);
+        Window window;
+        window.systemPlayer.isReady = false;
+        window.start();
+        window.detail.selectNowPlayingSong(true);
+        QTRY_VERIFY(window.systemPlayer.answered);
+        QVERIFY(!window.presentation.alert());
+        if (chosen)
+            window.detail.displayMediaItem(song(chosen), false, true);
+        window.systemPlayer.item = answer ? std::optional(song(answer)) : std::nullopt;
+        window.systemPlayer.answered();
+        QTEST(window.shown(), "shown");
+        QTEST(window.presentation.alert() ? window.presentation.alert()->title() : QString(), "alert");
+    }
+
     void laysOutTheColumn_data()
     {
         QTest::addColumn<QSizeF>("window");

@@ -2,6 +2,7 @@
 #include "app/WindowControllers.h"
 #include "app/WindowScene.h"
 #include "artwork/ArtworkImageProvider.h"
+#include "artwork/ArtworkMimeData.h"
 #include "detail/LinkDropTarget.h"
 #include "support/SyntheticLibrary.h"
 #include "ui/Engine.h"
@@ -179,6 +180,24 @@ private Q_SLOTS:
         QVERIFY(!w.alert());
     }
 
+    void takesNoCoverOfOursForALink()
+    {
+        Window w;
+        const QUrl file(QStringLiteral("file:///cache/Band%20-%20Album.png"));
+        ArtworkMimeData cover({.file = file, .png = std::async([] { return QByteArray("png"); }).share()});
+        QCOMPARE(cover.urls(), QList<QUrl>{file}); // which a file manager takes
+        QCOMPARE(w.drag<QDragEnterEvent>(cover), Qt::IgnoreAction);
+        QVERIFY(!w.find<LinkDropTarget>()->isTargeted());
+        auto copied = std::make_unique<QMimeData>();
+        for (const QString &format : cover.formats())
+            copied->setData(format, cover.data(format));
+        QGuiApplication::clipboard()->setMimeData(copied.release());
+        QTest::keySequence(&w.window(), QKeySequence::Paste);
+        QTest::keySequence(&w.window(), QKeySequence::Open); // comes after what pasting leads to
+        QTRY_VERIFY(w.scene->presentation().isSheetVisible());
+        QVERIFY(!w.alert());
+    }
+
     void everyDropStartsAChainOfItsOwn()
     {
         Window w;
@@ -212,6 +231,34 @@ private Q_SLOTS:
         QTest::keyClick(&w.window(), Qt::Key_Escape);
         QTRY_VERIFY(!presentation.isPresenting());
         QCOMPARE(w.shownTitle(), QString());
+    }
+
+    void opensWindowsFromEveryScreen()
+    {
+        Window w;
+        const MediaItem song = w.library.list.front();
+        Presentation &presentation = w.scene->presentation();
+        int wanted = 0;
+        connect(&w.scene->detail(), &DetailViewController::newWindowWanted, this, [&wanted] { ++wanted; });
+        const auto opens = [&] {
+            const int before = wanted;
+            QTest::keySequence(&w.window(), QKeySequence::New);
+            return wanted == before + 1;
+        };
+        QVERIFY(opens());
+        w.scene->detail().displayMediaItem(song, false, false);
+        for (int click = 0; click < 2; ++click)
+            w.scene->detail().presentLyrics(song);
+        QCOMPARE(presentation.pushedViews().size(), std::size_t(1));
+        QVERIFY(opens());
+        QTest::keySequence(&w.window(), QKeySequence(QStringLiteral("Alt+Left")));
+        QTRY_VERIFY(presentation.pushedViews().empty());
+        QTest::keySequence(&w.window(), QKeySequence::Open);
+        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        QVERIFY(opens());
+        w.presentAlert("First", true);
+        QVERIFY(w.waitForAlert("First"));
+        QVERIFY(opens());
     }
 
     void keysAnswerAlerts_data()

@@ -207,6 +207,28 @@ private Q_SLOTS:
         QTRY_COMPARE(w.picker.recentlyAdded()->count(), 1001);
     }
 
+    void picksOnceForADoubleClick()
+    {
+        PickerWindow w(100);
+        QTRY_COMPARE(w.picker.songs()->count(), 100);
+        QTRY_VERIFY(w.placeOf(0) > 0);
+        QTest::mouseDClick(&w.view, Qt::LeftButton, {}, {100, qRound(w.placeOf(0)) + 20});
+        QCOMPARE(w.picked(), PersistentID{10});
+        w.picker.cancel();
+        QCOMPARE(w.cancels.size(), 0);
+
+        w.picker.prepare(); // nor does it pick a song of the artist that its first click opens
+        w.picker.setTab(MediaPicker::Tab::Artists);
+        QTRY_COMPARE(w.picker.artists()->count(), 1);
+        QTRY_VERIFY(w.placeOf(0) > 0);
+        const QPoint artist{100, qRound(w.placeOf(0)) + 20};
+        QTest::mouseClick(&w.view, Qt::LeftButton, {}, artist);
+        QTRY_COMPARE(w.picker.groupSongs()->count(), 100);
+        QTest::mouseClick(&w.view, Qt::LeftButton, {}, artist);
+        QCOMPARE(w.picks.size(), 1);
+        QTRY_COMPARE(w.placeOf(0) > 0 && w.rowItem(0)->isEnabled(), true);
+    }
+
     void givesNoSongWhenItVanished()
     {
         PickerWindow w(100);

@@ -49,14 +49,14 @@ void Launch::scanIfAllowed()
         m_device.library().scan().start();
 }
 
-// The question may come while the first window is still being made.
+// The question may come while the first window is still being made. It stands where the user is.
 void Launch::askForAccess(LibraryAccess::Answer answer)
 {
     QTimer::singleShot(0, this, [this, answer = std::move(answer)] {
         if (m_app.scenes().empty())
             answer(std::nullopt);
         else
-            presentLibraryAccessRequest(m_device.musicFolders(), m_app.scenes().front()->presentation(),
+            presentLibraryAccessRequest(m_device.musicFolders(), m_app.scenes().back()->presentation(),
                                         answer);
     });
 }
@@ -101,8 +101,10 @@ void Launch::saveScreenshotSoon()
 
 void Launch::offerDemoLibrary()
 {
-    if (m_app.scenes().empty() || demoFolder().isEmpty())
+    const QString offered = QStringLiteral("Demo/Offered");
+    if (m_app.scenes().empty() || demoFolder().isEmpty() || m_device.settingsFile().value(offered).toBool())
         return;
+    m_device.settingsFile().setValue(offered, true); // once for all starts
     std::vector<AlertAction> actions{
         {tr("Show Demo"), AlertAction::Style::Default,
          [] {
@@ -110,7 +112,7 @@ void Launch::offerDemoLibrary()
                  QCoreApplication::quit();
          }},
         {tr("Not Now"), AlertAction::Style::Cancel, {}}};
-    m_app.scenes().front()->presentation().presentAlert(
+    m_app.scenes().back()->presentation().presentAlert(
         std::make_unique<Alert>(tr("No Music Found"),
                                 tr("There are no songs in your music folder. Would you like to look around "
                                    "with a dozen demo songs?"),

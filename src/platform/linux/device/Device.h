@@ -47,7 +47,7 @@ public:
     [[nodiscard]] MusicPlayer &player() { return m_player; }
     [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
     [[nodiscard]] HttpClient &http() { return m_http; }
-    [[nodiscard]] const QSettings &settingsFile() const { return *m_settingsFile; }
+    [[nodiscard]] QSettings &settingsFile() { return *m_settingsFile; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/integration/DefaultMusicApplication.h"
 
+#include "platform/linux/integration/DetachedProgram.h"
+
 #include <QLoggingCategory>
 #include <QProcess>
 #include <QStandardPaths>
@@ -34,9 +36,9 @@ QString desktopFile(const QString &identifier)
 void startApplication(const QString &identifier)
 {
     const QString file = desktopFile(identifier);
-    if (!file.isEmpty() && QProcess::startDetached(QStringLiteral("gio"), {QStringLiteral("launch"), file}))
+    if (!file.isEmpty() && startDetached(QStringLiteral("gio"), {QStringLiteral("launch"), file}))
         return;
-    if (!QProcess::startDetached(QStringLiteral("gtk-launch"), {identifier}))
+    if (!startDetached(QStringLiteral("gtk-launch"), {identifier}))
         qCWarning(lcIntegration) << "starting the music application" << identifier << "failed";
 }
 

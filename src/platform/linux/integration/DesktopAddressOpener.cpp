@@ -2,11 +2,11 @@
 #include "platform/linux/integration/DesktopAddressOpener.h"
 
 #include "platform/linux/integration/DefaultMusicApplication.h"
+#include "platform/linux/integration/DetachedProgram.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
-#include <QProcess>
 
 namespace trackwise {
 
@@ -17,7 +17,7 @@ constexpr int portalPatienceMs = 10'000;
 
 void openWithoutPortal(const QUrl &address)
 {
-    if (!QProcess::startDetached(QStringLiteral("xdg-open"), {address.toString(QUrl::FullyEncoded)}))
+    if (!startDetached(QStringLiteral("xdg-open"), {address.toString(QUrl::FullyEncoded)}))
         QDesktopServices::openUrl(address);
 }
 

@@ -15,6 +15,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+extern "C" {
+#include <libavutil/log.h>
+}
+
 #include <algorithm>
 
 namespace trackwise {
@@ -175,6 +179,7 @@ void FilePlayback::ensurePlayer()
     // The other backend lacks AAC without further packages and crashes without its plug-ins.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+    av_log_set_level(AV_LOG_QUIET); // it writes to the standard error, of every file that it opens
     m_player = std::make_unique<QMediaPlayer>();
     returnToServer();
     connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this, &FilePlayback::stateDidChange);

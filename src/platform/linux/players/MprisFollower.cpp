@@ -32,6 +32,7 @@ MprisFollower::MprisFollower(const QDBusConnection &bus, QString appId, QObject 
     connect(&m_bus, &PlayerBus::playerDidSeek, this, &MprisFollower::takePosition);
     connect(&m_bus, &PlayerBus::identityDidArrive, this, &MprisFollower::takeIdentity);
     connect(&m_bus, &PlayerBus::playerDidVanish, this, &MprisFollower::remove);
+    connect(&m_bus, &PlayerBus::didFinishAsking, this, &MprisFollower::didSettle);
     connect(&m_bus, &PlayerBus::surveyDidEnd, this, [this] {
         settle();
         Q_EMIT surveyDidEnd();
@@ -127,6 +128,7 @@ void MprisFollower::settle()
     for (const auto &[name, track] : played)
         noteIfPlayed(name, track);
     choose();
+    Q_EMIT didSettle();
 }
 
 void MprisFollower::choose()

@@ -48,6 +48,8 @@ public:
     void start() { m_bus.start(); }
 
     [[nodiscard]] const std::optional<CurrentTrack> &current() const { return m_current; }
+    /// Whether current() may be about to change, since players are being asked or have just answered.
+    [[nodiscard]] bool isUnsettled() const { return m_bus.isAsking() || m_quiet.isActive(); }
     [[nodiscard]] std::vector<PlayerDescription> players() const;
     void setPreferences(PlayerPreferences preferences);
     /// Asks the player of the current track to show itself. False when there is none, or it says it cannot.
@@ -55,6 +57,8 @@ public:
 
 Q_SIGNALS:
     void currentDidChange();
+    /// Perhaps isUnsettled() no more; after currentDidChange().
+    void didSettle();
     /// The current track was played to its end.
     void trackWasPlayed(const trackwise::TrackMetadata &track);
     /// The players that were there at the start are known, and so is the current track.

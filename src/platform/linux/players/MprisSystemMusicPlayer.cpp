@@ -4,8 +4,6 @@
 #include "platform/Background.h"
 #include "platform/linux/players/NowPlayingMatcher.h"
 
-#include <QTimer>
-
 #include <utility>
 
 namespace trackwise {
@@ -17,6 +15,7 @@ namespace {
 // A file on a server that has gone can hold up one look-up for minutes; the next must not wait for it.
 constexpr int mostLookUps = 3;
 constexpr auto longestFirstLookUp = 800ms;
+constexpr auto longestAnswer = 3s; // the question to a player, the pause after its answer, and a look-up
 
 MediaItem lookUp(const SongMatching &library, const TrackMetadata &track)
 {
@@ -46,6 +45,9 @@ MprisSystemMusicPlayer::MprisSystemMusicPlayer(const SongMatching &library, cons
         else
             becomeReady();
     });
+    connect(&m_follower, &MprisFollower::didSettle, this, &MprisSystemMusicPlayer::tellIfAnswered);
+    m_answerLimit.setSingleShot(true);
+    connect(&m_answerLimit, &QTimer::timeout, this, &MprisSystemMusicPlayer::tellAnswer);
     m_follower.start();
 }
 
@@ -70,6 +72,35 @@ void MprisSystemMusicPlayer::whenReady(std::function<void()> handler)
         m_waitingForReady.push_back(std::move(handler));
 }
 
+void MprisSystemMusicPlayer::whenAnswered(std::function<void()> handler)
+{
+    if (!isAnswerAwaited()) {
+        handler();
+        return;
+    }
+    m_waitingForAnswer.push_back(std::move(handler));
+    if (!m_answerLimit.isActive())
+        m_answerLimit.start(longestAnswer);
+}
+
+bool MprisSystemMusicPlayer::isAnswerAwaited() const
+{
+    return !m_item && (m_isLookingUp || m_follower.isUnsettled());
+}
+
+void MprisSystemMusicPlayer::tellIfAnswered()
+{
+    if (!isAnswerAwaited())
+        tellAnswer();
+}
+
+void MprisSystemMusicPlayer::tellAnswer()
+{
+    m_answerLimit.stop();
+    for (const auto &handler : std::exchange(m_waitingForAnswer, {}))
+        handler();
+}
+
 void MprisSystemMusicPlayer::refresh()
 {
     lookUpCurrent();
@@ -78,7 +109,8 @@ void MprisSystemMusicPlayer::refresh()
 void MprisSystemMusicPlayer::lookUpCurrent()
 {
     const auto request = ++m_latestLookUp;
-    if (!m_follower.current()) {
+    m_isLookingUp = m_follower.current().has_value();
+    if (!m_isLookingUp) {
         show(std::nullopt);
         return;
     }
@@ -86,8 +118,10 @@ void MprisSystemMusicPlayer::lookUpCurrent()
         m_workers, this,
         [&library = m_library, track = m_follower.current()->track] { return lookUp(library, track); },
         [this, request](MediaItem item) {
-            if (request == m_latestLookUp) // else the track has changed meanwhile
-                show(std::move(item));
+            if (request != m_latestLookUp)
+                return; // the track has changed meanwhile
+            m_isLookingUp = false;
+            show(std::move(item));
         });
 }
 
@@ -99,6 +133,7 @@ void MprisSystemMusicPlayer::show(std::optional<MediaItem> item)
         becomeReady();
     if (!isSame && m_listeners > 0)
         Q_EMIT nowPlayingItemDidChange();
+    tellIfAnswered();
 }
 
 void MprisSystemMusicPlayer::becomeReady()

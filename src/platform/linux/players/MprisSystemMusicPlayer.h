@@ -6,6 +6,7 @@
 #include "platform/linux/players/MprisFollower.h"
 
 #include <QThreadPool>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -33,6 +34,7 @@ public:
     /// Calls @p handler once nowPlayingItem() tells what was playing when this was made: at once or within
     /// about a second. Before that it tells nothing. Not called when the player goes first.
     void whenReady(std::function<void()> handler) override;
+    void whenAnswered(std::function<void()> handler) override;
     /// Looks the track up again; for when the library has changed. The change signal is sent only if it is
     /// another song now: a play counted since is none.
     void refresh();
@@ -52,6 +54,9 @@ private:
     void lookUpCurrent();
     void show(std::optional<MediaItem> item);
     void becomeReady();
+    [[nodiscard]] bool isAnswerAwaited() const;
+    void tellIfAnswered();
+    void tellAnswer();
     void countPlay(const TrackMetadata &track);
 
     const SongMatching &m_library;
@@ -61,7 +66,10 @@ private:
     int m_listeners = 0;
     bool m_hasSurveyed = false;
     bool m_isReady = false;
+    bool m_isLookingUp = false;
     std::vector<std::function<void()>> m_waitingForReady;
+    std::vector<std::function<void()>> m_waitingForAnswer;
+    QTimer m_answerLimit;
     QThreadPool m_workers; ///< last: waits for its work before the rest goes
 };
 

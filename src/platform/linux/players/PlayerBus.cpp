@@ -157,10 +157,13 @@ void PlayerBus::seeked(const QDBusMessage &signal)
 void PlayerBus::call(const QDBusMessage &message, ReplyHandler handler)
 {
     const auto timeout = std::chrono::milliseconds(callTimeout).count();
+    ++m_callsPending;
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, int(timeout)), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, handler = std::move(handler)] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, handler = std::move(handler)] {
         watcher->deleteLater();
-        handler(watcher->reply());
+        handler(watcher->reply()); // may ask the next question
+        if (--m_callsPending == 0)
+            Q_EMIT didFinishAsking();
     });
 }
 

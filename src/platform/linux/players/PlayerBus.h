@@ -31,6 +31,8 @@ public:
 
     /// Looks for players; surveyDidEnd() follows, at once without a bus.
     void start();
+    /// Whether there are questions under way. Each is answered, or given up after two seconds.
+    [[nodiscard]] bool isAsking() const { return m_callsPending > 0; }
     /// Asks the player to show its window.
     void raise(const QString &player);
 
@@ -43,6 +45,8 @@ Q_SIGNALS:
     void playerDidVanish(const QString &player);
     /// All players that were there have been heard, or enough time has passed.
     void surveyDidEnd();
+    /// The last question that was under way has been answered, or given up.
+    void didFinishAsking();
 
 private Q_SLOTS:
     void ownerDidChange(const QString &name, const QString &oldOwner, const QString &newOwner);
@@ -75,6 +79,7 @@ private:
     QTimer m_surveyTimer;
     int m_surveyTicksGone = 0;
     int m_surveyPending = 0;
+    int m_callsPending = 0;
     bool m_isSurveying = false;
 };
 

@@ -81,7 +81,9 @@ private Q_SLOTS:
         QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("applications/org")));
         writeFile(QStringLiteral("applications/org/player.desktop"), "[Desktop Entry]\n");
         for (const char *name : {"xdg-open", "gio", "gtk-launch"})
-            writeProgram(QString::fromLatin1(name), QByteArray("echo ") + name + " \"$@\" >> \"$LOG\"");
+            writeProgram(QString::fromLatin1(name), QByteArray("[ /proc/self/fd/2 -ef /dev/null ] && echo ") +
+                                                        name +
+                                                        " \"$@\" >> \"$LOG\""); // ours is not its terminal
     }
     // Not sooner: the thread of the bus would look at the portal while that goes.
     void cleanup() { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }

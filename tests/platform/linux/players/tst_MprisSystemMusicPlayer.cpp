@@ -225,6 +225,32 @@ private Q_SLOTS:
         QTRY_COMPARE(title(), text("nothing"));
     }
 
+    void somebodyWhoAsksWaitsForPlayersThatAreBeingAsked()
+    {
+        FakePlayer hanging(text("hanging"), FakePlayer::Manners::Hangs);
+        QVERIFY(hanging.appear());
+        startFollowing();
+        QString answer;
+        const auto ask = [this, &answer] { m_system->whenAnswered([this, &answer] { answer = title(); }); };
+        ask();
+        QVERIFY(becomesReady()); // a window that opens does not wait for it
+        QVERIFY(answer.isEmpty());
+        hanging.setManners(FakePlayer::Manners::Answers);
+        hanging.change(playing(text("two"), text("BAND"), 1.5));
+        QTRY_COMPARE(answer, text("Two"));
+        hanging.vanish();
+        QTRY_COMPARE(title(), text("nothing"));
+        FakePlayer silent(text("silent"), FakePlayer::Manners::Hangs);
+        QVERIFY(silent.appear());
+        QTRY_VERIFY(silent.reads() > 0);
+        ask();
+        QCOMPARE(answer, text("Two"));
+        QTRY_COMPARE_WITH_TIMEOUT(answer, text("nothing"), 10000); // it is given up
+        answer.clear();
+        ask();
+        QCOMPARE(answer, text("nothing"));
+    }
+
     void keepsUpWithAHundredPlayers()
     {
         startFollowing();
