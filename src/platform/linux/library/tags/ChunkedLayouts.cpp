@@ -35,6 +35,7 @@ bool isPrintable(MusicFile::Bytes id)
 Result<MusicLayout> chunkedLayout(MusicFile &file, qint64 begin, qint64 end, const ChunkedFormat &format)
 {
     constexpr int mostChunks = 4096;
+    constexpr std::size_t mostTags = 8;
     MusicLayout layout{format.container, {}};
     auto at = begin + format.firstChunk;
     for (int chunk = 0; at + format.chunkHeader <= end && chunk < mostChunks; ++chunk) {
@@ -49,8 +50,9 @@ Result<MusicLayout> chunkedLayout(MusicFile &file, qint64 begin, qint64 end, con
             const auto soundEnd = std::min(content + size, end);
             if (soundEnd > sound)
                 layout.sound.push_back({sound, soundEnd - sound});
-        } else if ((stands(header, 0, "ID3 ") || stands(header, 0, "id3 ")) && content + size <= end) {
-            layout.id3Offset = content;
+        } else if ((stands(header, 0, "ID3 ") || stands(header, 0, "id3 ")) && content + size <= end &&
+                   layout.id3Chunks.size() < mostTags) {
+            layout.id3Chunks.push_back(content);
         }
         at = content + size + (format.isPadded ? size & 1 : 0);
     }
@@ -83,7 +85,7 @@ Result<MusicLayout> dsfLayout(MusicFile &file, qint64 begin, qint64 end)
     auto layout = chunkedLayout(file, begin, end, {Container::Dsf, 0, 12, size, false, {"data", "data"}, 0});
     const auto id3 = limited(littleEndian(file.view(begin + 20, 8), 0, 8));
     if (layout && id3 > 0 && id3 < file.size())
-        layout->id3Offset = id3;
+        layout->id3Chunks.push_back(id3);
     return layout;
 }
 

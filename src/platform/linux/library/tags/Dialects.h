@@ -18,7 +18,6 @@ namespace trackwise {
 // front cover, else the first picture; empty when there is none).
 
 [[nodiscard]] TagFields id3v2Fields(const TagLib::ID3v2::Tag &tag);
-[[nodiscard]] TagLib::ByteVector bestPicture(const TagLib::ID3v2::Tag &tag);
 
 [[nodiscard]] TagFields id3v1Fields(const TagLib::ID3v1::Tag &tag);
 

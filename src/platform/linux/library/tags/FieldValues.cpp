@@ -3,6 +3,7 @@
 #include "platform/linux/library/tags/TagFields.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -34,9 +35,17 @@ std::optional<double> number(const std::optional<QString> &text)
     return isNumber && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
+/// The number that a text begins with: "128 BPM", "7th".
+std::optional<double> leadingNumber(const std::optional<QString> &text)
+{
+    static const QRegularExpression start(QStringLiteral(R"(^\s*[+-]?[0-9]+(?:[.,][0-9]+)?)"));
+    const auto match = start.match(text.value_or(QString()));
+    return match.hasMatch() ? number(match.captured()) : std::nullopt;
+}
+
 std::optional<unsigned> count(const std::optional<QString> &text)
 {
-    const auto value = number(text);
+    const auto value = leadingNumber(text);
     if (!value || *value < 0 || *value > 4e9)
         return std::nullopt;
     return static_cast<unsigned>(std::lround(*value));
@@ -47,15 +56,16 @@ std::optional<unsigned> aboveZero(std::optional<unsigned> value)
     return value == 0U ? std::nullopt : value;
 }
 
-/// "3", "03" or "3/12"; the total can also stand in a field of its own.
+/// "3", "03", "3/12" or "3 of 12"; the total can also stand in a field of its own.
 Numbers numbers(const TagFields &fields, Field position, Field total)
 {
     const auto text = firstOf(fields, position).value_or(QString());
-    const auto slash = text.indexOf(u'/');
+    static const QRegularExpression between(QStringLiteral(R"([0-9]\s*(?:/|of|von|de|di)\s*([0-9]+))"),
+                                            QRegularExpression::CaseInsensitiveOption);
     auto second = aboveZero(count(firstOf(fields, total)));
-    if (!second && slash >= 0)
-        second = aboveZero(count(text.mid(slash + 1)));
-    return {aboveZero(count(slash < 0 ? text : text.left(slash))), second};
+    if (!second)
+        second = aboveZero(count(between.match(text).captured(1)));
+    return {aboveZero(count(text)), second};
 }
 
 std::optional<PartialDate> date(const TagFields &fields, Field field)
@@ -107,10 +117,23 @@ std::optional<MediaKind> mediaKind(const std::optional<QString> &code)
     }
 }
 
+/// "★★★", "★★★☆☆", "★★★½": what a program shows, written as it is.
+std::optional<int> drawnRating(const QString &text)
+{
+    static const QRegularExpression stars(QStringLiteral("^\\s*(★{0,5})\\s*(½?)\\s*☆{0,5}\\s*$"));
+    const auto match = stars.match(text);
+    if (!match.hasMatch() || text.trimmed().isEmpty())
+        return std::nullopt;
+    return static_cast<int>(
+        std::min<qsizetype>(100, 20 * match.capturedLength(1) + 10 * match.capturedLength(2)));
+}
+
 /// A rating of unknown scale: up to 1 with a dot is a fraction, 1 to 5 are stars, 6 to 10 half stars,
 /// more is a percentage.
 std::optional<int> looseRating(const std::optional<QString> &text)
 {
+    if (const auto drawn = drawnRating(text.value_or(QString())))
+        return drawn;
     const auto value = number(text);
     if (!value || *value < 0 || *value > 100)
         return std::nullopt;

@@ -30,7 +30,7 @@ double secondsOf(MusicFile &file, const FlacBlock &streamInfo)
 TagLib::ByteVector coverOf(MusicFile &file, std::vector<FlacBlock> pictures)
 {
     constexpr std::size_t mostTried = 4;
-    std::ranges::stable_partition(pictures, [&file](const auto &block) {
+    std::stable_partition(pictures.begin(), pictures.end(), [&file](const auto &block) {
         return bigEndian(file.view(block.content, 4), 0, 4) == frontCover;
     });
     pictures.resize(std::min(pictures.size(), mostTried));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/tags/Dialects.h"
+#include "platform/linux/library/tags/Id3Frames.h"
 #include "platform/linux/library/tags/TagText.h"
 
-#include <taglib/attachedpictureframe.h>
 #include <taglib/commentsframe.h>
 #include <taglib/id3v1genres.h>
 #include <taglib/popularimeterframe.h>
@@ -32,9 +32,9 @@ struct TextFrame
 constexpr std::array textFrames = {
     TextFrame{"GRP1", Field::Grouping},        TextFrame{"TALB", Field::Album},
     TextFrame{"TBPM", Field::BeatsPerMinute},  TextFrame{"TCMP", Field::Compilation},
-    TextFrame{"TCOM", Field::Composer},        TextFrame{"TCON", Field::Genre},
-    TextFrame{"TCOP", Field::Copyright},       TextFrame{"TDOR", Field::OriginalDate},
-    TextFrame{"TDRC", Field::ReleaseDate, 1},  TextFrame{"TDRL", Field::ReleaseDate},
+    TextFrame{"TCOM", Field::Composer},        TextFrame{"TCOP", Field::Copyright},
+    TextFrame{"TDOR", Field::OriginalDate},    TextFrame{"TDRC", Field::ReleaseDate, 1},
+    TextFrame{"TDRL", Field::ReleaseDate},     TextFrame{id3GenreFrame, Field::Genre},
     TextFrame{"TIT1", Field::Grouping, 1},     TextFrame{"TIT2", Field::Title},
     TextFrame{"TKEY", Field::MusicalKey},      TextFrame{"TPE1", Field::Artist},
     TextFrame{"TPE2", Field::AlbumArtist},     TextFrame{"TPOS", Field::Disc},
@@ -47,13 +47,37 @@ static_assert(std::ranges::is_sorted(textFrames, {}, &TextFrame::id));
 
 constexpr int freeFormRank = 10; ///< a TXXX frame counts only where the field's own frame is missing
 
-/// "17" names a genre of the ID3v1 list.
-QString genreName(const QString &text)
+/// What "17" and the like stand for; empty when it is no such code.
+QString codedGenre(const QString &code)
 {
+    if (code == u"RX")
+        return QStringLiteral("Remix");
+    if (code == u"CR")
+        return QStringLiteral("Cover");
     bool isNumber = false;
-    const auto number = text.toInt(&isNumber);
-    const auto name = isNumber ? ID3v1::genre(number) : String();
-    return name.isEmpty() ? text : textOf(name);
+    const auto number = code.toInt(&isNumber);
+    return isNumber ? textOf(ID3v1::genre(number)) : QString();
+}
+
+/// Codes in brackets, then what refines them: "(4)Eurodisco", "(51)(39)". A text that itself begins with a
+/// bracket has two (ID3v2.3, section 4.2.1). Later tags have the codes without brackets.
+void addGenres(TagFields &fields, QString text)
+{
+    for (;;) {
+        const auto end = text.indexOf(u')');
+        const auto code = text.startsWith(u'(') && end > 0 ? text.mid(1, end - 1) : QString();
+        const auto genre = codedGenre(code);
+        if (genre.isEmpty() && code != u"255") // which stands for none
+            break;
+        fields.add(Field::Genre, genre);
+        text = text.mid(end + 1);
+    }
+    if (text.startsWith(u"(("))
+        text.remove(0, 1);
+    const auto genre = codedGenre(text);
+    text = genre.isEmpty() ? text : genre;
+    if (!fields.values(Field::Genre).contains(text))
+        fields.add(Field::Genre, text);
 }
 
 /// Stars to percent. Players store 1, 64, 128, 196 and 255 for whole stars and 13, 54, 118, 186 and 242 for
@@ -96,7 +120,10 @@ void addText(TagFields &fields, std::string_view id, const StringList &values)
         return;
     for (const auto &value : values) {
         const auto text = textOf(value);
-        fields.add(found->field, found->field == Field::Genre ? genreName(text) : text, found->rank);
+        if (found->field == Field::Genre)
+            addGenres(fields, text);
+        else
+            fields.add(found->field, text, found->rank);
     }
 }
 
@@ -110,12 +137,17 @@ void addFreeForm(TagFields &fields, const ID3v2::UserTextIdentificationFrame &fr
         fields.add(meaning->field, textOf(*value), meaning->rank + freeFormRank);
 }
 
-/// Comments with a description are notes of programs to themselves (iTunNORM and the like).
+/// A comment with a description counts where there is none without, unless it is a note of a program to
+/// itself.
 void addComment(TagFields &fields, const ID3v2::CommentsFrame &frame)
 {
+    static constexpr std::array programs = {"ITUN", "MUSICMATCH_", "SONGS-DB_", "ID3V1 COMMENT"};
     const auto description = keyOf(frame.description());
-    if (description.empty() || description == "COMMENT")
-        fields.add(Field::Comments, textOf(frame.text()), description.empty() ? 0 : 1);
+    if (std::ranges::none_of(programs, [&](const char *program) { return description.starts_with(program); }))
+        fields.add(Field::Comments, textOf(frame.text()),
+                   description.empty()        ? 0
+                   : description == "COMMENT" ? 1
+                                              : 2);
 }
 
 void addSynchronizedLyrics(TagFields &fields, const ID3v2::SynchronizedLyricsFrame &frame)
@@ -189,20 +221,6 @@ TagFields id3v2Fields(const ID3v2::Tag &tag)
     for (const auto *frame : tag.frameList())
         addFrame(fields, *frame);
     return fields;
-}
-
-ByteVector bestPicture(const ID3v2::Tag &tag)
-{
-    using Picture = ID3v2::AttachedPictureFrame;
-    const Picture *best = nullptr;
-    for (const auto *frame : tag.frameList("APIC")) {
-        const auto *picture = dynamic_cast<const Picture *>(frame);
-        if (!picture || picture->picture().isEmpty())
-            continue;
-        if (!best || (best->type() != Picture::FrontCover && picture->type() == Picture::FrontCover))
-            best = picture;
-    }
-    return best ? best->picture() : ByteVector();
 }
 
 TagFields id3v1Fields(const ID3v1::Tag &tag)

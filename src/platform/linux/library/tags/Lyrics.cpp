@@ -36,7 +36,7 @@ QString withoutTimeMarks(QString lyrics)
     static const QRegularExpression wordTimes(QStringLiteral(R"(<\d{1,3}:\d{1,2}(?:[.:]\d{1,3})?> ?)"));
     static const QRegularExpression header(QStringLiteral(R"(^\s*\[[a-z#]{1,8}:.*\]\s*$)"),
                                            QRegularExpression::CaseInsensitiveOption);
-    lyrics.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    lyrics.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     if (!lyrics.contains(u'[') || !lyrics.contains(lineTimes))
         return lyrics;
     QStringList lines;

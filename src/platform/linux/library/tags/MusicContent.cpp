@@ -4,6 +4,7 @@
 #include "platform/linux/library/tags/AvContent.h"
 #include "platform/linux/library/tags/ContainerContents.h"
 #include "platform/linux/library/tags/Dialects.h"
+#include "platform/linux/library/tags/Id3Frames.h"
 #include "platform/linux/library/tags/Lyrics.h"
 #include "platform/linux/library/tags/Mp4Boxes.h"
 #include "platform/linux/library/tags/TagStream.h"
@@ -19,6 +20,7 @@
 #include <taglib/oggflacfile.h>
 #include <taglib/opusfile.h>
 #include <taglib/speexfile.h>
+#include <taglib/tbytevectorstream.h>
 #include <taglib/trueaudiofile.h>
 #include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
@@ -52,19 +54,6 @@ void take(MusicContent &content, TagFields (*fieldsOf)(const Tag &), const Tag *
         content.takeFrom(fieldsOf(*tag), bestPicture(*tag));
     else
         content.takeFrom(fieldsOf(*tag));
-}
-
-MusicContent mpegContent(TagStream &stream)
-{
-    TagLib::MPEG::File file(&stream, frames());
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (file.hasID3v2Tag())
-        take(content, id3v2Fields, file.ID3v2Tag());
-    if (file.hasAPETag())
-        take(content, apeFields, file.APETag());
-    if (file.hasID3v1Tag())
-        take(content, id3v1Fields, file.ID3v1Tag());
-    return content;
 }
 
 template <typename File>
@@ -130,41 +119,8 @@ MusicContent wavContent(TagStream &stream)
     Q_UNUSED(isSet)
     TagLib::RIFF::WAV::File file(&stream);
     MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (file.hasID3v2Tag())
-        take(content, id3v2Fields, file.ID3v2Tag());
     if (file.hasInfoTag())
         take(content, riffInfoFields, file.InfoTag());
-    return content;
-}
-
-MusicContent aiffContent(TagStream &stream)
-{
-    TagLib::RIFF::AIFF::File file(&stream);
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (file.hasID3v2Tag())
-        take(content, id3v2Fields, file.tag());
-    return content;
-}
-
-template <typename File>
-MusicContent apeTaggedContent(File &file)
-{
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (file.hasAPETag())
-        take(content, apeFields, file.APETag());
-    if (file.hasID3v1Tag())
-        take(content, id3v1Fields, file.ID3v1Tag());
-    return content;
-}
-
-MusicContent trueAudioContent(TagStream &stream)
-{
-    TagLib::TrueAudio::File file(&stream, frames());
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (file.hasID3v2Tag())
-        take(content, id3v2Fields, file.ID3v2Tag());
-    if (file.hasID3v1Tag())
-        take(content, id3v1Fields, file.ID3v1Tag());
     return content;
 }
 
@@ -181,7 +137,7 @@ MusicContent asfContent(TagStream &stream)
 class TaggedFile final : public TagLib::File
 {
 public:
-    explicit TaggedFile(TagStream &stream)
+    explicit TaggedFile(TagLib::IOStream &stream)
         : TagLib::File(&stream)
     {}
 
@@ -190,34 +146,66 @@ public:
     bool save() override { return false; }
 };
 
-void takeOuterTags(MusicContent &content, TagStream &stream, const MusicLayout &layout)
+MusicContent id3Content(MusicFile &file, qint64 at)
 {
-    TaggedFile file(stream);
-    const auto cut = layout.outer.id3CutEnd - layout.outer.id3CutBegin;
-    if (layout.id3Offset > 0 || layout.outer.soundBegin > 0) {
-        const TagLib::ID3v2::Tag tag(&file, layout.id3Offset);
-        take(content, id3v2Fields, &tag);
-    }
-    if (layout.outer.apeFooter) {
-        const TagLib::APE::Tag tag(&file, *layout.outer.apeFooter - cut);
-        take(content, apeFields, &tag);
-    }
-    if (layout.outer.id3v1) {
-        const TagLib::ID3v1::Tag tag(&file, *layout.outer.id3v1 - cut);
-        take(content, id3v1Fields, &tag);
+    const auto frames = id3Frames(file, at, file.size());
+    TagLib::ByteVectorStream stream(frames.tag);
+    TaggedFile tagged(stream);
+    const TagLib::ID3v2::Tag tag(&tagged, 0);
+    return {id3v2Fields(tag), frames.picture};
+}
+
+void takeId3(MusicContent &content, MusicFile &file, const std::vector<qint64> &tags)
+{
+    for (const auto at : tags) {
+        const auto found = id3Content(file, at);
+        content.takeFrom(found.fields, found.picture);
     }
 }
 
-MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout &layout)
+/// In formats that ID3 was made for, or that keep one in a chunk, it is the first to be asked.
+bool isId3First(Container container)
+{
+    switch (container) {
+    case Container::Mpeg:
+    case Container::Adts:
+    case Container::Ac3:
+    case Container::Wav:
+    case Container::Aiff:
+    case Container::TrueAudio:
+    case Container::Dsf:
+    case Container::Dsdiff:
+        return true;
+    default:
+        return false;
+    }
+}
+
+template <typename File>
+double secondsIn(TagStream &stream)
+{
+    const File file(&stream);
+    return secondsOf(file.audioProperties());
+}
+
+/// What the file says beside the tags that can stand in, or around, any format.
+MusicContent ownContent(MusicFile &file, TagStream &stream, const MusicLayout &layout)
 {
     switch (layout.container) {
     case Container::Mpeg:
-        return mpegContent(stream);
-    case Container::Flac: {
-        auto content = flacContent(file, layout.outer.soundBegin, layout.outer.soundEnd);
-        takeOuterTags(content, stream, layout);
-        return content;
-    }
+        return {.durationSeconds = secondsOf(TagLib::MPEG::File(&stream, frames()).audioProperties())};
+    case Container::TrueAudio:
+        return {.durationSeconds = secondsIn<TagLib::TrueAudio::File>(stream)};
+    case Container::Aiff:
+        return {.durationSeconds = secondsIn<TagLib::RIFF::AIFF::File>(stream)};
+    case Container::MonkeysAudio:
+        return {.durationSeconds = secondsIn<TagLib::APE::File>(stream)};
+    case Container::WavPack:
+        return {.durationSeconds = secondsIn<TagLib::WavPack::File>(stream)};
+    case Container::Musepack:
+        return {.durationSeconds = secondsIn<TagLib::MPC::File>(stream)};
+    case Container::Flac:
+        return flacContent(file, layout.outer.soundBegin, layout.outer.soundEnd);
     case Container::OggVorbis:
         return oggContent<TagLib::Ogg::Vorbis::File>(stream);
     case Container::OggOpus:
@@ -230,51 +218,60 @@ MusicContent parsedContent(MusicFile &file, TagStream &stream, const MusicLayout
         return mp4Content(stream, file);
     case Container::Wav:
         return wavContent(stream);
-    case Container::Aiff:
-        return aiffContent(stream);
-    case Container::MonkeysAudio: {
-        TagLib::APE::File parsed(&stream);
-        return apeTaggedContent(parsed);
-    }
-    case Container::WavPack: {
-        TagLib::WavPack::File parsed(&stream);
-        return apeTaggedContent(parsed);
-    }
-    case Container::Musepack: {
-        TagLib::MPC::File parsed(&stream);
-        return apeTaggedContent(parsed);
-    }
-    case Container::TrueAudio:
-        return trueAudioContent(stream);
     case Container::Asf:
         return asfContent(stream);
     case Container::Adts:
     case Container::Ac3:
     case Container::Dsf:
     case Container::Dsdiff:
-    case Container::Matroska: {
-        MusicContent content{.durationSeconds = layout.soundSeconds};
-        takeOuterTags(content, stream, layout);
-        return content;
-    }
+    case Container::Matroska:
+        return {.durationSeconds = layout.soundSeconds};
     }
     return {};
+}
+
+/// By the order of trust: the tags that the format was made with, then the others.
+MusicContent parsedContent(MusicFile &file, const MusicLayout &layout)
+{
+    const auto &outer = layout.outer;
+    auto chunkNames = layout.id3Chunks;
+    for (auto &at : chunkNames)
+        at -= 8; // before the size
+    TagStream inner(file, outer.soundBegin, outer.soundEnd, std::move(chunkNames));
+    auto content = ownContent(file, inner, layout);
+
+    TagStream whole(file, 0, file.size());
+    TaggedFile tagged(whole);
+    auto id3 = layout.id3Chunks;
+    id3.insert(id3.end(), outer.id3.begin(), outer.id3.end());
+    if (isId3First(layout.container)) {
+        MusicContent first{.durationSeconds = content.durationSeconds};
+        takeId3(first, file, id3);
+        first.takeFrom(content.fields, content.picture);
+        content = std::move(first);
+    }
+    if (outer.apeFooter) {
+        const TagLib::APE::Tag tag(&tagged, *outer.apeFooter);
+        take(content, apeFields, &tag);
+    }
+    if (!isId3First(layout.container))
+        takeId3(content, file, id3);
+    if (outer.id3v1) {
+        const TagLib::ID3v1::Tag tag(&tagged, *outer.id3v1);
+        take(content, id3v1Fields, &tag);
+    }
+    return content;
 }
 
 } // namespace
 
 MusicContent musicContent(MusicFile &file, const MusicLayout &layout)
 {
-    TagStream stream(file);
-    if (layout.outer.id3CutEnd > layout.outer.id3CutBegin)
-        stream.cut(layout.outer.id3CutBegin, layout.outer.id3CutEnd, layout.outer.id3Head);
-    auto content = parsedContent(file, stream, layout);
+    auto content = parsedContent(file, layout);
     if (content.durationSeconds <= 0) {
         const auto found = avContent(file, layout.container);
         content.durationSeconds = found.durationSeconds;
-        content.fields.fillGapsFrom(found.fields);
-        if (content.picture.isEmpty())
-            content.picture = found.picture;
+        content.takeFrom(found.fields, found.picture);
     }
     return content;
 }

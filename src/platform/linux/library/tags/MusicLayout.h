@@ -39,7 +39,7 @@ struct MusicLayout
     std::vector<AudioExtent> sound; ///< what is hashed: all of it, or for Ogg the payload of some pages
     std::uint64_t soundSalt = 0;    ///< what else tells this sound from others
     double soundSeconds = 0;        ///< where looking at it told the duration, else 0
-    qint64 id3Offset = 0;           ///< of an ID3v2 tag in a chunk, in containers that TagLib does not know
+    std::vector<qint64> id3Chunks;  ///< where ID3v2 tags in chunks begin
     OuterTags outer;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/linux/library/tags/MusicFile.h"
 
 #include <optional>
+#include <vector>
 
 namespace trackwise {
 
@@ -12,13 +13,9 @@ struct OuterTags
 {
     qint64 soundBegin = 0;
     qint64 soundEnd = 0;
+    std::vector<qint64> id3;         ///< where each ID3v2 tag before the sound begins
     std::optional<qint64> apeFooter; ///< where an APEv2 tag's last 32 bytes begin
     std::optional<qint64> id3v1;
-
-    /// With an ID3v2 tag of absurdly many frames: where the first of them end. Only those are parsed.
-    qint64 id3CutBegin = 0;
-    qint64 id3CutEnd = 0;
-    QByteArray id3Head; ///< the tag's header with a size that fits what is left
 };
 
 /// Fails with Malformed when an ID3v2 tag goes past the end of the file.

@@ -2,6 +2,7 @@
 #include "platform/linux/library/tags/PartialDate.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -85,14 +86,50 @@ void readTime(Scanner &scanner, PartialDate &date)
     readOffset(scanner, date);
 }
 
+/// "05.03.2021" and the like: the day comes first, unless that cannot be; between slashes either may be
+/// meant, so that only the year is known.
+std::optional<PartialDate> fromYearAtTheEnd(const QString &text)
+{
+    static const QRegularExpression form(
+        QStringLiteral(R"(^\s*([0-9]{1,2})\s*([./-])\s*([0-9]{1,2})\s*\2\s*([0-9]{4})(?![0-9]))"));
+    const auto match = form.match(text);
+    if (!match.hasMatch() || match.captured(4).toInt() == 0)
+        return std::nullopt;
+    PartialDate date{.year = match.captured(4).toInt(), .text = text};
+    int day = match.captured(1).toInt();
+    int month = match.captured(3).toInt();
+    if (match.captured(2) == u"/" && day <= 12 && month <= 12 && day != month)
+        return date;
+    if (month > 12)
+        std::swap(day, month);
+    if (QDate::isValid(date.year, month, day)) {
+        date.month = month;
+        date.day = day;
+        date.precision = PartialDate::Precision::Day;
+    }
+    return date;
+}
+
+/// A year anywhere in the text: "March 2021", "© 1999".
+std::optional<PartialDate> fromYearWithin(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("(?<![0-9])[12][0-9]{3}(?![0-9])"));
+    const auto match = form.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    return PartialDate{.year = match.captured().toInt(), .text = text};
+}
+
 } // namespace
 
 std::optional<PartialDate> PartialDate::fromText(const QString &text)
 {
     Scanner scanner(QStringView(text).trimmed());
     const auto year = scanner.number(4, 4);
-    if (!year || *year == 0)
-        return std::nullopt;
+    if (!year || *year == 0) {
+        const auto date = fromYearAtTheEnd(text);
+        return date ? date : fromYearWithin(text);
+    }
     PartialDate date{.year = *year, .text = text};
 
     // What follows the year counts only as far as it makes sense.

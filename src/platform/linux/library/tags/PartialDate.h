@@ -25,8 +25,8 @@ struct PartialDate
     std::optional<int> offsetSeconds; ///< east of UTC, when the text says so ("Z" is 0)
     QString text;                     ///< as written
 
-    /// Reads ISO 8601 and the spellings seen in tags (20210305, 2021/3/5, a blank for the T). A text that
-    /// only begins with a year is that year; nothing when it has none.
+    /// Reads ISO 8601 and the spellings seen in tags (20210305, 2021/3/5, 05.03.2021, a blank for the T). A
+    /// text that otherwise holds a year is that year; nothing when it has none.
     [[nodiscard]] static std::optional<PartialDate> fromText(const QString &text);
 
     /// Start of the period in @p zone, unless the text itself tells the offset.

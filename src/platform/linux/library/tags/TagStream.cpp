@@ -2,7 +2,6 @@
 #include "platform/linux/library/tags/TagStream.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace trackwise {
 
@@ -13,17 +12,13 @@ constexpr qint64 mebibyte = qint64{1024} * 1024;
 } // namespace
 
 /// A parser has no reason to see a file more than a few times over, or more than the largest tags of it.
-TagStream::TagStream(MusicFile &file)
+TagStream::TagStream(MusicFile &file, qint64 begin, qint64 end, std::vector<qint64> passedOver)
     : m_file(file)
+    , m_begin(begin)
+    , m_end(end)
+    , m_passedOver(std::move(passedOver))
     , m_budget(std::min(mebibyte + 4 * std::min(file.size(), 16 * mebibyte), 64 * mebibyte))
 {}
-
-void TagStream::cut(qint64 begin, qint64 end, QByteArray head)
-{
-    m_cutBegin = begin;
-    m_cutEnd = end;
-    m_head = std::move(head);
-}
 
 TagLib::ByteVector TagStream::readBlock(unsigned long length)
 {
@@ -35,34 +30,21 @@ TagLib::ByteVector TagStream::readBlock(unsigned long length)
     m_budget -= count;
 
     TagLib::ByteVector block;
-    const auto beforeCut =
-        m_cutBegin == m_cutEnd ? count : std::clamp<qint64>(m_cutBegin - m_position, 0, count);
-    if (beforeCut == count && count <= MusicFile::windowSize && m_position >= m_head.size()) {
-        const auto bytes = m_file.view(m_position, count);
+    const auto from = m_begin + m_position;
+    if (count <= MusicFile::windowSize) {
+        const auto bytes = m_file.view(from, count);
         block = TagLib::ByteVector(reinterpret_cast<const char *>(bytes.data()),
                                    static_cast<unsigned>(bytes.size()));
     } else {
         block.resize(static_cast<unsigned>(count));
-        copyUncut(m_position, block.data(), beforeCut);
-        copyUncut(m_position + beforeCut + (m_cutEnd - m_cutBegin), block.data() + beforeCut,
-                  count - beforeCut);
-        if (const auto headBytes = std::min<qint64>(count, m_head.size() - m_position); headBytes > 0)
-            std::memcpy(block.data(), m_head.constData() + m_position, static_cast<size_t>(headBytes));
+        m_file.read(from, block.data(), count);
+    }
+    for (const auto name : m_passedOver) {
+        for (auto at = std::max(name, from); at < std::min(name + 4, from + qint64{block.size()}); ++at)
+            block[static_cast<int>(at - from)] = 'x';
     }
     m_position += block.size();
     return block;
-}
-
-void TagStream::copyUncut(qint64 offset, char *to, qint64 length)
-{
-    if (length <= 0)
-        return;
-    if (length <= MusicFile::windowSize) {
-        const auto bytes = m_file.view(offset, length);
-        std::memcpy(to, bytes.data(), bytes.size());
-    } else {
-        m_file.read(offset, to, length);
-    }
 }
 
 void TagStream::seek(long offset, Position from)

@@ -5,24 +5,25 @@
 
 #include <taglib/tiostream.h>
 
+#include <vector>
+
 namespace trackwise {
 
 /// What TagLib reads a file through: read-only, from the file's windows (its own stream makes a system call
 /// for each few bytes), and bounded: it hands out a limited amount, so that no file keeps it searching.
-/// A stretch of the file can be left out, as if it had been cut away.
+/// What stands around the music is left out, as if it had been cut away.
 class TagStream final : public TagLib::IOStream
 {
 public:
-    explicit TagStream(MusicFile &file);
-
-    /// Leaves out [@p begin, @p end) and shows @p head in place of the file's first bytes.
-    void cut(qint64 begin, qint64 end, QByteArray head);
+    /// Shows what lies from @p begin to @p end as if it was the whole file. The chunks whose names begin at
+    /// @p passedOver show another name, so that nobody looks into them.
+    TagStream(MusicFile &file, qint64 begin, qint64 end, std::vector<qint64> passedOver = {});
 
     TagLib::FileName name() const override { return ""; }
     TagLib::ByteVector readBlock(unsigned long length) override;
     void seek(long offset, Position from) override;
     long tell() const override { return m_position; }
-    long length() override { return m_file.size() - (m_cutEnd - m_cutBegin); }
+    long length() override { return m_end - m_begin; }
     bool readOnly() const override { return true; }
     bool isOpen() const override { return true; }
 
@@ -32,13 +33,11 @@ public:
     void truncate(long) override {}
 
 private:
-    void copyUncut(qint64 offset, char *to, qint64 length);
-
     MusicFile &m_file;
     qint64 m_position = 0;
-    qint64 m_cutBegin = 0;
-    qint64 m_cutEnd = 0;
-    QByteArray m_head;
+    qint64 m_begin;
+    qint64 m_end;
+    std::vector<qint64> m_passedOver;
     qint64 m_budget; ///< bytes still handed out
 };
 

@@ -76,6 +76,34 @@ QByteArray nestedBoxes(int depth)
     return boxes;
 }
 
+QByteArray frame23(const char *id, const QByteArray &content)
+{
+    return id + big32(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
+}
+
+QByteArray frame24(const char *id, const QByteArray &content)
+{
+    return id + synchsafe(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
+}
+
+QByteArray frame22(const char *id, const QByteArray &content)
+{
+    return id + big32(static_cast<quint32>(content.size())).mid(1) + content;
+}
+
+/// A tag of these frames, and sound.
+QByteArray tagged(const QByteArray &frames, char version = 3, char flags = 0)
+{
+    return id3(frames, static_cast<quint32>(frames.size()), version).replace(5, 1, QByteArray(1, flags)) +
+           bareMp3();
+}
+
+QByteArray utf16(const char *text)
+{
+    const auto units = QString::fromUtf8(text);
+    return {reinterpret_cast<const char *>(units.utf16()), units.size() * 2};
+}
+
 QByteArray manyFrames()
 {
     QByteArray frames;
@@ -206,6 +234,109 @@ private Q_SLOTS:
         QVERIFY(tags);
         tags->artwork.path = whole->artwork.path;
         QCOMPARE(*tags, *whole);
+    }
+
+    /// What programs got wrong in ID3v2 tags costs nothing of what stands behind it.
+    void readsOddId3_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("said"); // title, genres, comment, date
+        const auto add = [](const char *name, const QByteArray &bytes, const char *said) {
+            QTest::newRow(name) << bytes << QString::fromUtf8(said);
+        };
+        const QByteArray nothing(1, '\0');
+        const auto title3 = frame23("TIT2", nothing + "Song");
+        const auto title4 = frame24("TIT2", nothing + "Song");
+        const auto genre = [&](const char *text) { return tagged(frame23("TCON", nothing + text) + title3); };
+        const auto comment = [&](const QByteArray &text) { return frame23("COMM", nothing + "eng" + text); };
+        const QByteArray anIcon("\0image/png\0\3\0", 13);
+
+        add("extended header, 2.3", tagged(big32(6) + QByteArray(6, '\0') + title3, 3, 0x40), "Song|||");
+        add("extended header, 2.4", tagged(synchsafe(6) + QByteArray("\1\0", 2) + title4, 4, 0x40),
+            "Song|||");
+        add("extended header that counts itself, 2.3",
+            tagged(big32(10) + QByteArray(6, '\0') + title3, 3, 0x40), "Song|||");
+        add("extended header in name only", tagged(title3, 3, 0x40), "Song|||");
+        add("frame of no length, 2.3", tagged(frame23("TALB", {}) + title3), "Song|||");
+        add("frame of no length, 2.4", tagged(frame24("TALB", {}) + title4, 4), "Song|||");
+        add("lower case", tagged(frame23("tcon", nothing + "Jazz") + title3), "Song|Jazz||");
+        add("three letters in 2.3", tagged(frame23("TT2 ", nothing + "Song")), "Song|||");
+        add("plain size in 2.4", tagged("TALB" + big32(201) + QByteArray(203, '\0') + title4, 4), "Song|||");
+        add("UTF-16 without byte order", tagged(frame23("TIT2", "\1" + utf16("Größe"))), "Größe|||");
+        add("the other way round", tagged(frame23("TIT2", QByteArray("\1\0S\0o", 5))), "So|||");
+        add("described in UTF-16",
+            tagged(frame23("COMM", "\1eng" + utf16("x") + QByteArray(2, '\0') + utf16("Hi"))), "||Hi|");
+        add("no sync bytes, 2.3",
+            tagged(frame23("TIT2", QByteArray("\1\xff\xfe"
+                                              "A\0",
+                                              5))
+                       .replace("\xff", QByteArray("\xff\0", 2)),
+                   3, char(0x80)),
+            "A|||");
+        add("no sync bytes, 2.4",
+            tagged(frame24("TIT2", QByteArray("\1\xff\0\xfe"
+                                              "A\0",
+                                              6)),
+                   4, char(0x80)),
+            "A|||");
+        add("grouped, with a length, 2.4",
+            tagged("TIT2" + synchsafe(10) + QByteArray("\0\x41g\0\0\0\5\0Song", 12), 4), "Song|||");
+        add("coded genre", genre("(17)"), "Song|Rock||");
+        add("coded and refined", genre("(4)(RX)Eurodisco"), "Song|Disco, Remix, Eurodisco||");
+        add("refined by itself", genre("(17)Rock"), "Song|Rock||");
+        add("remix", genre("(RX)"), "Song|Remix||");
+        add("cover", genre("(CR)"), "Song|Cover||");
+        add("no genre", genre("(255)"), "Song|||");
+        add("bracket in a genre", genre("((Foo) Bar"), "Song|(Foo) Bar||");
+        add("bracket that means nothing", genre("(Foo) Bar"), "Song|(Foo) Bar||");
+        add("bracket that does not close", genre("(RX"), "Song|(RX||");
+        add("date of 2.2", tagged(frame22("TYE", nothing + "2021") + frame22("TDA", nothing + "0503"), 2),
+            "|||2021-03-05");
+        add("described comment alone", tagged(comment(QByteArray("by\0Hi", 5))), "||Hi|");
+        add("comment that a program wrote for itself", tagged(comment(QByteArray("iTunNORM\0 0A", 12))),
+            "|||");
+        add("better comment last",
+            tagged(comment(QByteArray("by\0Hi", 5)) + comment(QByteArray("\0Better", 7))), "||Better|");
+        add("35 MB of picture", tagged(frame23("APIC", anIcon + QByteArray(35'000'000, 'x')) + title3),
+            "Song|||");
+        add("two tags", id3(title3, 15, 3) + tagged(frame23("TCON", nothing + "Jazz")), "Song|Jazz||");
+    }
+    void readsOddId3()
+    {
+        QFETCH(QByteArray, bytes);
+        const auto tags = read(bytes);
+        QVERIFY(tags);
+        const auto said = QStringList{
+            tags->title.value_or(QString()), tags->displayGenre().value_or(QString()),
+            tags->comments.value_or(QString()), tags->releaseDate ? tags->releaseDate->text : QString()};
+        QTEST(said.join(u'|'), "said");
+    }
+
+    /// The cover is the front one wherever it stands, as large as it may be and however it is written.
+    void findsTheCoverInOddId3_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray front = QByteArray("\0image/png\0\3\0", 13) + "\x89PNG\r\n\x1a\nfront";
+        const QByteArray back = QByteArray("\0image/png\0\4\0", 13) + "\x89PNG\r\n\x1a\nback";
+        QTest::newRow("first") << tagged(frame23("APIC", front) + frame23("APIC", back));
+        QTest::newRow("second") << tagged(frame23("APIC", back) + frame23("APIC", front));
+        QTest::newRow("first of two") << tagged(frame23("APIC", front) + frame23("APIC", front + "later"));
+        QTest::newRow("of ID3v2.2") << tagged(
+            frame22("PIC", QByteArray("\0PNG\3\0", 6) + "\x89PNG\r\n\x1a\nfront"), 2);
+        QTest::newRow("described in UTF-16") << tagged(frame23("APIC", QByteArray("\1image/png\0\3\xff\xfe"
+                                                                                  "d\0\0\0",
+                                                                                  18) +
+                                                                           front.mid(13)));
+        QTest::newRow("no description in UTF-16, ended by half a zero")
+            << tagged(frame23("APIC", QByteArray("\1image/png\0\3\0", 13) + front.mid(13)));
+    }
+    void findsTheCoverInOddId3()
+    {
+        QFETCH(QByteArray, bytes);
+        QVERIFY(read(bytes));
+        const auto cover = readEmbeddedArtwork(path());
+        QVERIFY(cover);
+        QCOMPARE(cover->bytes, QByteArray("\x89PNG\r\n\x1a\nfront"));
     }
 
     void refusesWhatIsNoFile()

@@ -32,6 +32,13 @@ private Q_SLOTS:
         add("2021-13-40", "2020-12-31T23:00:00Z");
         add("2021-02-30", "2021-01-31T23:00:00Z");
         add("2021 (remaster)", "2020-12-31T23:00:00Z");
+        add("05.03.2021", "2021-03-04T23:00:00Z");
+        add("5-3-2021", "2021-03-04T23:00:00Z");
+        add("03/25/2021", "2021-03-24T23:00:00Z");
+        add("05/03/2021", "2020-12-31T23:00:00Z"); // May or March
+        add("31.02.2021", "2020-12-31T23:00:00Z");
+        add("March 5, 2021", "2020-12-31T23:00:00Z");
+        add("No. 12021", "");
         add("0000", "");
         add("21", "");
         add("unknown", "");
@@ -56,8 +63,13 @@ private Q_SLOTS:
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("percent"); // -1: not rated
         const auto add = [](Field kind, const char *text, int percent) {
-            QTest::addRow("%d %s", int(kind), text) << int(kind) << QString::fromLatin1(text) << percent;
+            QTest::addRow("%d %s", int(kind), text) << int(kind) << QString::fromUtf8(text) << percent;
         };
+        add(Field::RatingLoose, "★★★", 60);
+        add(Field::RatingLoose, "★★★☆☆", 60);
+        add(Field::RatingLoose, " ★★½", 50);
+        add(Field::RatingLoose, "☆☆☆☆☆", 0);
+        add(Field::RatingLoose, "★★★★★★", -1);
         add(Field::RatingFraction, "0.0", 0);
         add(Field::RatingFraction, "0.5", 50);
         add(Field::RatingFraction, "7", -1);
@@ -101,21 +113,34 @@ private Q_SLOTS:
         QTEST(SongTags{.ratingPercent = percent}.stars(), "stars");
     }
 
+    void understandsNumbers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<unsigned>("first"); // 0: none
+        QTest::addColumn<unsigned>("second");
+        QTest::newRow("padded") << QStringLiteral(" 07 / 12") << 7U << 12U;
+        QTest::newRow("in words") << QStringLiteral("3 of 12") << 3U << 12U;
+        QTest::newRow("with a unit") << QStringLiteral("128 BPM") << 128U << 0U;
+        QTest::newRow("rounded") << QStringLiteral("127,6") << 128U << 0U;
+        QTest::newRow("zero") << QStringLiteral("0/2") << 0U << 2U;
+        QTest::newRow("negative") << QStringLiteral("-3") << 0U << 0U;
+        QTest::newRow("side of a record") << QStringLiteral("A1") << 0U << 0U;
+    }
     void understandsNumbers()
     {
+        QFETCH(QString, text);
         TagFields fields;
-        fields.add(Field::Track, QStringLiteral(" 07 / 12"));
-        fields.add(Field::Disc, QStringLiteral("0/2"));
-        fields.add(Field::DiscCount, QStringLiteral("3"));
-        fields.add(Field::BeatsPerMinute, QStringLiteral("0"));
-        fields.add(Field::PlayCount, QStringLiteral("-3"));
-        const auto tags = songTags(fields);
-        QCOMPARE(tags.trackNumber, 7U);
-        QCOMPARE(tags.trackCount, 12U);
-        QCOMPARE(tags.discNumber, std::nullopt);
-        QCOMPARE(tags.discCount, 3U);
-        QCOMPARE(tags.beatsPerMinute, std::nullopt);
-        QCOMPARE(tags.playCount, std::nullopt);
+        for (const auto field : {Field::Track, Field::Disc, Field::BeatsPerMinute, Field::PlayCount})
+            fields.add(field, text);
+        auto tags = songTags(fields);
+        QTEST(tags.trackNumber.value_or(0), "first");
+        QTEST(tags.beatsPerMinute.value_or(0), "first");
+        QTEST(tags.playCount.value_or(0), "first");
+        QTEST(tags.trackCount.value_or(0), "second");
+        fields.add(Field::DiscCount, QStringLiteral("5"));
+        tags = songTags(fields);
+        QTEST(tags.discNumber.value_or(0), "first");
+        QCOMPARE(tags.discCount, 5U); // a field of its own counts more
     }
 
     void prefersTheBetterSpellingAndKeepsLists()
@@ -149,6 +174,7 @@ private Q_SLOTS:
         add("header", "[ar:Somebody]\n[offset:+20]\n[00:01.50]one", "one");
         add("brackets without times", "[Chorus]\none [twice]", "[Chorus]\none [twice]");
         add("chorus among times", "[00:01.50][Chorus]\n[00:02.50]one", "[Chorus]\none");
+        add("old Macintosh line ends", "one\rtwo\r\rthree", "one\ntwo\n\nthree");
         add("Windows line ends", "[00:01.50]one\r\n[00:02.50]two\r\n", "one\ntwo");
     }
     void stripsTimeMarks()
