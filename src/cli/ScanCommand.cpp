@@ -74,10 +74,15 @@ ExitCode scanLibrary(const Call &call)
         return giveUp({FailureKind::Cancelled, QStringLiteral("stopped; what has been read is kept")});
     // Scanned all the same: the songs of an absent disk are marked as such.
     for (const QByteArray &folder : folders)
-        if (!QFileInfo(QFile::decodeName(folder)).isDir())
+        if (!QFileInfo::exists(QFile::decodeName(folder)))
             complain(QStringLiteral("not there: ") + QFile::decodeName(folder));
+    const std::vector<QByteArray> &unreadable = scan.summary().unreadableMusicFolders;
+    for (const QByteArray &folder : unreadable)
+        complain(QStringLiteral("cannot be read: ") + QFile::decodeName(folder));
     const LibraryStatus status = (*library)->status();
     print(QStringLiteral("%1 songs, %2 files with problems\n").arg(status.available).arg(status.problems));
+    if (!unreadable.empty())
+        return ExitCode::Failure;
     return hasAnyFolder(folders) ? ExitCode::Success : ExitCode::NotFound;
 }
 

@@ -24,8 +24,9 @@ struct SongQuery
 };
 
 /// The device's song library: permission, identities and exact searches. The queries may be called on any
-/// thread; each answers from an index and gives songs in the library's own order (by persistent row, which
-/// is the order in which songs were added). Songs whose file is gone are found too.
+/// thread; each answers from an index and gives songs whose file is there first, then those of absent disks,
+/// each in the library's own order (by persistent row, which is the order in which songs were added). A song
+/// whose file is gone is found by its identity only.
 class MediaLibrary : public QObject
 {
     Q_OBJECT

@@ -36,7 +36,8 @@ struct SongCandidate
 
 /// The look-ups by which a track that another program plays is found in the library. Each answers from an
 /// index, in microseconds rather than milliseconds, and may be called on any thread. Of several songs that
-/// fit an identity, one whose file is there goes first, then the one added first.
+/// fit an identity, one whose file is there goes before one on an absent disk, then the one added first goes
+/// first. A song whose file is gone is not in the library.
 class SongMatching
 {
 public:

@@ -152,6 +152,33 @@ private Q_SLOTS:
         QCOMPARE(fixture.availability(one), Availability::Available);
     }
 
+    void keepsTwinsApartOnTheWayToAnotherFolder()
+    {
+        const WavFolder music;
+        const QByteArrayList names{"a/one.wav", "b/one.wav", "a/x/two.wav", "b/x/two.wav", "c/three.wav"};
+        for (const QByteArray &name : names)
+            music.write("old/" + name, 1, "Same", "Ann");
+        music.write("old/d/three.wav", 1, "Other", "Ann"); // the same sound under another title
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        std::vector<PersistentID> before;
+        for (const QByteArray &name : names)
+            before.push_back(fixture.idAt(music.path("old/" + name)));
+        const PersistentID other = fixture.idAt(music.path("old/d/three.wav"));
+
+        for (const QByteArray &name : names.first(4))
+            music.copy("old/" + name, "new/" + name);
+        music.copy("old/d/three.wav", "new/e/three.wav"); // no folder tells them apart any more
+        music.copy("old/c/three.wav", "new/f/three.wav");
+        music.remove("old");
+        fixture.scan();
+        for (qsizetype i = 0; i < 4; ++i)
+            QCOMPARE(fixture.idAt(music.path("new/" + names[i])), before[static_cast<std::size_t>(i)]);
+        QCOMPARE(fixture.idAt(music.path("new/e/three.wav")), other);
+        QCOMPARE(fixture.idAt(music.path("new/f/three.wav")), before[4]);
+        QCOMPARE(fixture.library().status().fileGone, 0);
+    }
+
     void doesNotGuessBetweenVanishedTwins()
     {
         const WavFolder music;

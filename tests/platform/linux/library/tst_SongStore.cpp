@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <set>
+
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -143,6 +145,54 @@ private Q_SLOTS:
         QCOMPARE(prefixed.front().foldedArtist, QStringLiteral("one, two"));
         QCOMPARE(prefixed.front().length, 61500ms);
         QVERIFY(!matching.idOfPath("/music/other.flac"));
+    }
+
+    void answersWithSongsThatAreThere()
+    {
+        LibraryFixture fixture;
+        const std::array ids{fixture.add(everything()), fixture.add(everything()), fixture.add(everything())};
+        const auto set = [&](std::int64_t song, Availability availability) {
+            sqlite::Connection database(fixture.databasePath(), sqlite::Access::ReadWrite);
+            database.prepare("UPDATE files SET availability = ? WHERE song = ?")
+                .bind(static_cast<std::int64_t>(availability))
+                .bind(song)
+                .run();
+        };
+        const MediaLibrary &library = fixture.library().mediaLibrary();
+        const SongMatching &matching = fixture.library().matching();
+        const auto text = [](const char *t) { return QString::fromUtf8(t); };
+        const auto first = [](const std::vector<MediaItem> &items) {
+            return items.empty() ? std::nullopt : std::optional(items.front());
+        };
+        const auto answers = [&] {
+            std::set<PersistentID> ids;
+            for (const std::optional<MediaItem> &item :
+                 {first(library.songs({text("Title <b>"), text("One, Two"), {}}, 9)),
+                  first(library.songs({text("Title <b>"), {}, text("Album")}, 9)),
+                  first(library.songs({text("Title <b>"), {}, {}}, 9)),
+                  first(library.songs({{}, {}, text("Album")}, 9)),
+                  library.songIgnoringCase(text("TITLE <B>"), text("ONE, TWO")),
+                  library.songWithCatalogID(text("1234567890"))})
+                ids.insert(item ? item->persistentID : PersistentID{});
+            ids.insert(matching.idOfCatalogID(text("1234567890")).value_or(PersistentID{}));
+            ids.insert(
+                matching.idOfMusicBrainzID(text("abcdef00-0000-4000-a000-000000000000")).value_or(PersistentID{}));
+            return ids;
+        };
+        using Answers = std::set<PersistentID>;
+        QCOMPARE(answers(), Answers{ids[0]});
+        set(1, Availability::DiskAbsent);
+        set(2, Availability::FileGone);
+        QCOMPARE(answers(), Answers{ids[2]}); // it is there
+        QCOMPARE(library.songs({text("Title <b>"), {}, {}}, 9).size(), 2U);
+        set(3, Availability::FileGone);
+        QCOMPARE(answers(), Answers{ids[0]}); // its disk is absent
+        QCOMPARE(matching.idOfPath("/music/1.flac"), ids[0]);
+        QCOMPARE(matching.idOfFile({1, 1}), ids[0]);
+        set(1, Availability::FileGone);
+        QCOMPARE(answers(), Answers{PersistentID{}});
+        QVERIFY(!matching.idOfPath("/music/1.flac") && !matching.idOfFile({1, 1}));
+        QVERIFY(library.song(ids[0]));
     }
 
     void listsInOrderWithLetters()

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 
 namespace trackwise {
 
@@ -22,11 +24,6 @@ constexpr std::int64_t second = 1'000'000'000;
 constexpr std::int64_t coarseStep = 2 * second; ///< FAT keeps even seconds
 constexpr std::int64_t hour = 3600 * second;    ///< and local time, which moves with the clocks
 
-bool isWithin(const QByteArray &path, const QByteArray &folder)
-{
-    return path == folder || path.startsWith(folder.endsWith('/') ? folder : folder + '/');
-}
-
 bool isWithinAny(const QByteArray &path, const std::vector<QByteArray> &folders)
 {
     return std::any_of(folders.begin(), folders.end(),
@@ -39,11 +36,6 @@ bool isSameCoarseTime(std::int64_t a, std::int64_t b)
     return difference <= coarseStep || std::abs(difference - hour) <= coarseStep;
 }
 
-std::int64_t modifiedAt(const QByteArray &path)
-{
-    const auto file = signatureAt(path);
-    return file ? file->modified : 0;
-}
 } // namespace
 
 bool FileChanges::hasStableInodes(std::uint64_t device, const QByteArray &folder)
@@ -79,8 +71,6 @@ bool FileChanges::isUnchanged(const FoundFile &file, std::int64_t sidecar, std::
     bool isSame = false;
     for (KnownFiles::Entry &entry : known) {
         entry.isSeen = true;
-        if (!entry.isProblem())
-            m_presentDevices.insert(entry.signature.identity.device);
         if (!isAsKnown(file, entry))
             continue;
         // A file that has failed since it was a song is decided by its failure.
@@ -93,6 +83,16 @@ bool FileChanges::isUnchanged(const FoundFile &file, std::int64_t sidecar, std::
             m_returned.push_back(m_known.place(entry));
     }
     return isSame;
+}
+
+void FileChanges::noteDisks(const FoundFolder &folder, const FoundFile &file,
+                            std::span<KnownFiles::Entry> known)
+{
+    for (const KnownFiles::Entry &entry : known) {
+        const std::uint64_t disk = entry.signature.identity.device;
+        if (!entry.isProblem() && !m_disks.isSeen(disk))
+            m_disks.noteSeen(disk, FileName{folder.path, file.name}.path(), file.signature.identity.device);
+    }
 }
 
 std::int64_t FileChanges::sidecarOf(const QByteArray &name, const FolderListing &companions,
@@ -111,7 +111,7 @@ void FileChanges::take(FoundFolder folder)
 {
     m_monitor.noteFound(std::ssize(folder.music));
     m_monitor.noteFolder(folder.path);
-    m_presentDevices.insert(folder.device);
+    m_disks.noteSeen(folder.device, folder.path, folder.device);
     if (folder.music.empty())
         return;
     const KnownFolder *known = m_known.folder(folder.path);
@@ -122,7 +122,9 @@ void FileChanges::take(FoundFolder folder)
         const std::uint64_t device = file.signature.identity.device;
         (void)hasStableInodes(device, folder.path);
         const std::int64_t sidecar = sidecarOf(file.name, *companions, device);
-        if (isUnchanged(file, sidecar, m_known.find(known, file.name))) {
+        const std::span<KnownFiles::Entry> entries = m_known.find(known, file.name);
+        noteDisks(folder, file, entries);
+        if (isUnchanged(file, sidecar, entries)) {
             ++unchanged;
             continue;
         }
@@ -139,6 +141,24 @@ void FileChanges::take(FoundFolder folder)
     takeImage(folder.path, known, hasChanges, companions);
 }
 
+void FileChanges::takeUnreadable(const QByteArray &folder, int error)
+{
+    m_unreadable.push_back(folder);
+    if (error == ENOENT)
+        return; // a music folder that is not there: its disk is absent
+    if (std::find(m_musicFolders.begin(), m_musicFolders.end(), folder) != m_musicFolders.end())
+        m_unreadableRoots.push_back(folder);
+    FileName name = FileName::ofPath(folder);
+    for (KnownFiles::Entry &entry : m_known.find(m_known.folder(name.folder), name.name))
+        entry.isSeen = true;
+    m_monitor.noteFound(1);
+    m_needs.problem(
+        {std::move(name),
+         {},
+         FailureKind::Unreadable,
+         QStringLiteral("The folder cannot be read: %1.").arg(QString::fromLocal8Bit(strerror(error)))});
+}
+
 void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                             const std::shared_ptr<const FolderListing> &companions)
 {
@@ -150,34 +170,47 @@ void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, 
         return;
     }
     const QByteArray name = image->mid(image->lastIndexOf('/') + 1);
-    const std::int64_t modified = modifiedAt(*image);
+    const auto file = signatureAt(*image);
+    if (!file)
+        return; // not there any more
+    const std::int64_t modified = file->modified;
     const bool isSame = wasThere && known->imageName == name && known->imageModified == modified;
     if (hasChanges || !isSame)
         (void)m_needs.image({{folder, name, modified, {}}, companions});
 }
 
-FileChanges::Missing FileChanges::missing(const std::vector<QByteArray> &roots) const
+FileChanges::Missing FileChanges::missing() const
 {
     Missing missing;
-    for (const KnownFiles::Entry &entry : m_known.entries()) {
-        const QByteArray &folder = m_known.folders()[entry.folder].path;
-        if (entry.isSeen)
-            continue;
-        // What lies outside was found when another folder was a music folder too.
-        const bool isOutside = !isWithinAny(folder, roots);
-        const bool isUnknown = !isOutside && isWithinAny(folder, m_unreadable);
-        if (entry.isProblem()) {
-            if (!isUnknown)
-                missing.problems.push_back(m_known.place(entry));
-            continue;
-        }
-        // No file and no folder of its disk was seen: an empty mount point, not an emptied folder.
-        const bool isDiskThere = m_presentDevices.contains(entry.signature.identity.device);
-        const bool isGone = isOutside || (!isUnknown && isDiskThere);
-        const Availability now = isGone ? Availability::FileGone : Availability::DiskAbsent;
-        if (now != entry.availability)
+    std::vector<const KnownFiles::Entry *> unseen;
+    std::vector<MusicDisks::File> files;
+    const auto mark = [&](const KnownFiles::Entry &entry, Availability now) {
+        if (entry.isProblem())
+            missing.problems.push_back(m_known.place(entry));
+        else if (now != entry.availability)
             (now == Availability::FileGone ? missing.gone : missing.diskAbsent)
                 .push_back(m_known.place(entry));
+    };
+    for (const KnownFiles::Entry &entry : m_known.entries()) {
+        if (entry.isSeen)
+            continue;
+        const FileName name{m_known.folders()[entry.folder].path, m_known.name(entry).toByteArray()};
+        if (!isWithinAny(name.folder, m_musicFolders)) {
+            mark(entry, Availability::FileGone); // found when another folder was a music folder too
+        } else if (isWithinAny(name.folder, m_unreadable)) {
+            if (!entry.isProblem())
+                mark(entry, Availability::DiskAbsent);
+        } else {
+            unseen.push_back(&entry);
+            files.push_back({name.path(), entry.isProblem() ? 0 : entry.signature.identity.device});
+        }
+    }
+    const std::vector<MusicDisks::Whereabouts> found = m_disks.lookFor(files);
+    for (std::size_t i = 0; i < unseen.size(); ++i) {
+        if (found[i] == MusicDisks::Whereabouts::Gone)
+            mark(*unseen[i], Availability::FileGone);
+        else if (found[i] == MusicDisks::Whereabouts::Unknown && !unseen[i]->isProblem())
+            mark(*unseen[i], Availability::DiskAbsent);
     }
     return missing;
 }

@@ -4,13 +4,13 @@
 #include "platform/linux/library/scan/FolderWalk.h"
 #include "platform/linux/library/scan/KnownFiles.h"
 #include "platform/linux/library/scan/LibraryScanner.h"
+#include "platform/linux/library/scan/MusicDisks.h"
 #include "platform/linux/library/scan/ScanMonitor.h"
 #include "platform/linux/library/tags/FolderListing.h"
 
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 
 namespace trackwise {
 
@@ -41,15 +41,22 @@ public:
         std::function<void(ScanProblem)> problem;
     };
 
-    FileChanges(KnownFiles &known, ScanScope scope, ScanMonitor &monitor, Needs needs)
-        : m_known(known)
+    /// To be made before @p musicFolders are walked; they and @p known must outlive it.
+    FileChanges(const std::vector<QByteArray> &musicFolders, KnownFiles &known, ScanScope scope,
+                ScanMonitor &monitor, Needs needs)
+        : m_musicFolders(musicFolders)
+        , m_known(known)
         , m_scope(scope)
         , m_monitor(monitor)
         , m_needs(std::move(needs))
+        , m_disks(musicFolders)
     {}
 
     void take(FoundFolder folder);
-    void takeUnreadable(const QByteArray &folder) { m_unreadable.push_back(folder); }
+    /// See FolderWalk::Visitor.
+    void takeUnreadable(const QByteArray &folder, int error);
+    /// Those that are there and could not be listed.
+    [[nodiscard]] const std::vector<QByteArray> &unreadableMusicFolders() const { return m_unreadableRoots; }
 
     /// Songs that were thought absent and are there unchanged.
     [[nodiscard]] const std::vector<SongPlace> &returned() const { return m_returned; }
@@ -61,8 +68,9 @@ public:
         std::vector<SongPlace> diskAbsent; ///< nobody can tell
         std::vector<SongPlace> problems;   ///< failures of files that are gone
     };
-    /// What the walk of @p roots has not seen. Only after a complete walk.
-    [[nodiscard]] Missing missing(const std::vector<QByteArray> &roots) const;
+    /// What the walk has not seen. Only after a complete walk; blocks on the disk, since it looks again
+    /// before anything is called gone.
+    [[nodiscard]] Missing missing() const;
 
 private:
     [[nodiscard]] bool isUnchanged(const FoundFile &file, std::int64_t sidecar,
@@ -73,14 +81,17 @@ private:
     [[nodiscard]] bool hasStableInodes(std::uint64_t device, const QByteArray &folder);
     void takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                    const std::shared_ptr<const FolderListing> &companions);
+    void noteDisks(const FoundFolder &folder, const FoundFile &file, std::span<KnownFiles::Entry> known);
 
+    const std::vector<QByteArray> &m_musicFolders;
     KnownFiles &m_known;
     ScanScope m_scope;
     ScanMonitor &m_monitor;
     Needs m_needs;
     std::vector<QByteArray> m_unreadable;
+    std::vector<QByteArray> m_unreadableRoots;
     std::vector<SongPlace> m_returned;
-    std::set<std::uint64_t> m_presentDevices;
+    MusicDisks m_disks;
     std::map<std::uint64_t, bool> m_stableInodes;
 };
 

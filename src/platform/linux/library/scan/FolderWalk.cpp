@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/scan/FolderWalk.h"
 
+#include "platform/linux/library/scan/MusicDisks.h"
 #include "platform/linux/library/store/FileSignature.h"
 
 #include <dirent.h>
@@ -69,11 +70,6 @@ QByteArray resolved(const QByteArray &path)
     return real ? QByteArray(real.get()) : QByteArray();
 }
 
-bool isWithin(const QByteArray &path, const QByteArray &folder)
-{
-    return folder == "/" || path == folder || path.startsWith(folder + '/');
-}
-
 class Walk
 {
 public:
@@ -113,16 +109,17 @@ private:
     {
         const int descriptor = open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK);
         if (descriptor < 0) {
-            // A folder that vanished since its parent was read has no files; a root must be there.
+            const int error = errno;
+            // A folder may vanish after its parent was read; a root must be there.
             const bool isRoot = std::find(m_roots.begin(), m_roots.end(), path) != m_roots.end();
-            if (isRoot || (errno != ENOENT && errno != ENOTDIR))
-                m_visitor.unreadable(path);
+            if (isRoot || (error != ENOENT && error != ENOTDIR))
+                m_visitor.unreadable(path, error);
             return;
         }
         const FolderHandle handle(fdopendir(descriptor));
         struct stat status = {};
         if (!handle || fstat(descriptor, &status) != 0) {
-            m_visitor.unreadable(path);
+            m_visitor.unreadable(path, errno);
             return;
         }
         if (!m_visited.insert({status.st_dev, status.st_ino}).second || isOfTheSystem(descriptor))
@@ -139,7 +136,7 @@ private:
             errno = 0;
         }
         if (errno != 0) {
-            m_visitor.unreadable(path);
+            m_visitor.unreadable(path, errno);
             return;
         }
         std::sort(entries.begin(), entries.end());
@@ -168,7 +165,7 @@ private:
         struct stat status = {};
         if (fstatat(folder, name.constData(), &status, 0) != 0) {
             if (isMusic)
-                takeDangling(folder, name, found);
+                takeUnseen(folder, name, found);
             return;
         }
         if (S_ISDIR(status.st_mode)) {
@@ -194,12 +191,17 @@ private:
             waiting.push_back(parent == "/" ? '/' + name : parent + '/' + name);
     }
 
-    static void takeDangling(int folder, const QByteArray &name, FoundFolder &found)
+    void takeUnseen(int folder, const QByteArray &name, FoundFolder &found)
     {
         const int error = errno;
         struct stat link = {};
-        if (fstatat(folder, name.constData(), &link, AT_SYMLINK_NOFOLLOW) != 0)
-            return; // gone since the folder was read
+        if (fstatat(folder, name.constData(), &link, AT_SYMLINK_NOFOLLOW) != 0) {
+            if (errno != ENOENT && !found.isUncertain) { // else gone since the folder was read
+                found.isUncertain = true;
+                m_visitor.unreadable(found.path, errno);
+            }
+            return;
+        }
         QString reason =
             QStringLiteral("It cannot be looked at: %1.").arg(QString::fromLocal8Bit(strerror(error)));
         if (error == ENOENT)

@@ -27,6 +27,7 @@ struct FoundFolder
     std::uint64_t device = 0;
     std::vector<FoundFile> music;
     std::vector<QByteArray> companions; ///< names of what may be lyrics or pictures of the music
+    bool isUncertain = false;           ///< some of its files cannot be looked at
 };
 
 /// Walks music folders. Every folder is visited once, however many links lead to it; hidden folders, those
@@ -38,8 +39,8 @@ public:
     {
         std::function<void(FoundFolder)> folder;
         /// A folder that is there and cannot be listed, or a root that is not there: nothing is known of
-        /// what is in it.
-        std::function<void(const QByteArray &path)> unreadable;
+        /// what is in it. @p error: the system's word for it, as errno.
+        std::function<void(const QByteArray &path, int error)> unreadable;
     };
 
     /// False when @p stop ended the walk. Blocks on the disk: worker threads only.

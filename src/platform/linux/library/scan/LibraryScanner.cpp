@@ -3,6 +3,7 @@
 
 #include "platform/linux/library/scan/BoundedQueue.h"
 #include "platform/linux/library/scan/FileChanges.h"
+#include "platform/linux/library/store/FileSignature.h"
 #include "platform/linux/library/tags/TagReader.h"
 
 #include <malloc.h>
@@ -33,11 +34,27 @@ Instant now()
 }
 
 using Task = std::variant<ReadFile, ReadImage, ScanProblem>;
-using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem>;
+/// What was there when the walk came by, and is not any more or is something else: the next scan's matter.
+struct HasMoved
+{};
+using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem, HasMoved>;
+
+// By what every disk keeps: some make up inodes, and with them the time of their change, anew each time.
+bool isStill(const QByteArray &path, std::int64_t size, std::int64_t modified)
+{
+    const auto now = signatureAt(path);
+    return now && now->size == size && now->modified == modified;
+}
 
 Outcome performed(ReadFile task)
 {
-    Result<SongTags> tags = readTags(task.file.path(), *task.companions);
+    const QByteArray path = task.file.path();
+    Result<SongTags> tags = readTags(path, *task.companions);
+    // What is said about a file that is not there goes for this moment only, and must not be kept with the
+    // signature of a good one: nobody would look at it again.
+    const bool wasThere = tags || tags.failure().kind != FailureKind::NotFound;
+    if (!wasThere || !isStill(path, task.signature.size, task.signature.modified))
+        return HasMoved{};
     if (!tags)
         return ScanProblem{std::move(task.file), task.signature, tags.failure().kind, tags.failure().detail};
     if (task.sidecar != 0 && !tags->lyrics &&
@@ -51,6 +68,8 @@ Outcome performed(ReadImage task)
     if (task.companions) {
         if (const auto artwork = task.companions->artwork())
             task.image.key = artwork->key;
+        else
+            task.image.modified = 0; // tried again: it may not be there for a moment only
     }
     return std::move(task.image);
 }
@@ -79,7 +98,7 @@ public:
         m_threads.emplace_back([this, &changes, &monitor] {
             const FolderWalk::Visitor visitor{
                 [&changes](FoundFolder folder) { changes.take(std::move(folder)); },
-                [&changes](const QByteArray &folder) { changes.takeUnreadable(folder); }};
+                [&changes](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); }};
             m_isWalkComplete = FolderWalk::walk(m_roots, visitor, m_stop.get_token());
             monitor.noteAllFound();
             (void)handOver();
@@ -155,6 +174,8 @@ public:
             m_songs.push_back(std::move(*song));
         else if (auto *problem = std::get_if<ScanProblem>(&outcome))
             m_problems.push_back(std::move(*problem));
+        else if (std::holds_alternative<HasMoved>(outcome))
+            m_monitor.noteHandled(1);
         else
             m_images.push_back(std::get<FolderImage>(std::move(outcome)));
     }
@@ -239,7 +260,7 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     BatchWriter writer(m_store, monitor);
     FileChanges::Needs needs;
     Pipeline pipeline(m_musicFolders, needs);
-    FileChanges changes(*known, scope, monitor, needs);
+    FileChanges changes(m_musicFolders, *known, scope, monitor, needs);
     const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
     pipeline.start(changes, monitor, m_readers);
 
@@ -251,11 +272,12 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
         }
     }
     writer.summary().isComplete = pipeline.finish();
+    writer.summary().unreadableMusicFolders = changes.unreadableMusicFolders();
     Result<Done> written = writer.write(); // what was read before a cancellation is kept as well
     if (written && !changes.returned().empty())
         written = m_store.setAvailability(changes.returned(), Availability::Available);
     if (written && writer.summary().isComplete) {
-        const FileChanges::Missing missing = changes.missing(m_musicFolders);
+        const FileChanges::Missing missing = changes.missing();
         writer.summary().songsMissing = std::ssize(missing.gone) + std::ssize(missing.diskAbsent);
         written = writeMissing(m_store, missing);
         if (written)
@@ -263,6 +285,8 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     }
     if (written)
         written = writer.index(stop);
+    if (written)
+        written = m_store.checkIsThere();
     if (!written)
         return written.failure();
     if (writer.summary().songsRead + writer.summary().songsMissing + std::ssize(changes.returned()) > 0)

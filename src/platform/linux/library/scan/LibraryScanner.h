@@ -20,6 +20,7 @@ struct ScanSummary
     qsizetype songsRead = 0;
     qsizetype filesFailed = 0;
     qsizetype songsMissing = 0;
+    std::vector<QByteArray> unreadableMusicFolders; ///< those that are there and cannot be listed
 };
 
 /// Brings the library up to date with the music folders: one thread walks, others read, the calling one
@@ -31,7 +32,8 @@ public:
     LibraryScanner(SongStore &store, std::vector<QByteArray> musicFolders, unsigned readers = 0);
 
     /// Worker threads only. One bad file ends nothing: it is listed among the problems and not tried again
-    /// until it changes. Fails when the database cannot be written (NoSpace, ...).
+    /// until it changes. Fails when the database cannot be written (NoSpace, ...)
+    /// or is not there any more.
     [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, ScanMonitor &monitor,
                                           ScanScope scope = ScanScope::Changes);
 

@@ -87,7 +87,9 @@ void ScanController::end(const Result<ScanSummary> &result)
 {
     m_isRunning = false;
     m_timer.stop();
-    if (!result) {
+    if (result) {
+        m_summary = *result;
+    } else {
         m_failure = result.failure();
         qCWarning(libraryLog) << "scanning the music folders:" << m_failure->detail;
     }

@@ -35,6 +35,9 @@ public:
     /// Why the last scan ended early, such as a full disk; nothing while one runs or after a good one.
     [[nodiscard]] const std::optional<Failure> &failure() const { return m_failure; }
 
+    /// Of the last scan that did not end early.
+    [[nodiscard]] const ScanSummary &summary() const { return m_summary; }
+
 Q_SIGNALS:
     /// Songs came, went or changed; at most a few times a second.
     void libraryDidChange();
@@ -50,6 +53,7 @@ private:
     std::vector<QByteArray> m_musicFolders;
     std::shared_ptr<ScanMonitor> m_monitor; ///< of the scan that runs or ran last
     std::optional<Failure> m_failure;
+    ScanSummary m_summary;
     std::stop_source m_stop;
     ScanScope m_nextScope = ScanScope::Changes;
     bool m_isRunning = false;

@@ -6,6 +6,8 @@
 #include "platform/linux/library/tags/TagReader.h"
 
 #include <algorithm>
+#include <functional>
+#include <tuple>
 
 namespace trackwise {
 
@@ -18,8 +20,8 @@ std::string candidatesWhere(const char *condition)
            condition + " LIMIT ?";
 }
 
-// Copies of one recording beyond this number say nothing about which of them was moved.
-constexpr int mostCandidates = 16;
+// Bounds what thousands of copies of one recording cost.
+constexpr int mostCandidates = 1000;
 
 bool holdsSound(const QByteArray &path, std::uint64_t audioHash)
 {
@@ -38,6 +40,18 @@ bool hasLeft(const Candidate &candidate)
         return true;
     return *now != candidate.signature && !holdsSound(candidate.path, candidate.audioHash);
 }
+
+/// How many names, from the file's own upwards, two absolute paths have in common.
+std::ptrdiff_t commonTail(const QByteArray &a, const QByteArray &b)
+{
+    const auto differ = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+    return std::count(a.rbegin(), differ.first, '/');
+}
+
+QString foldedText(const std::optional<QString> &text)
+{
+    return folded(text.value_or(QString()));
+}
 } // namespace
 
 SongIdentity::SongIdentity(const sqlite::Connection &connection)
@@ -46,7 +60,8 @@ SongIdentity::SongIdentity(const sqlite::Connection &connection)
     // Of songs that were here one after the other, the present one goes first, then the latest.
     , m_atPath(connection.prepare(
           candidatesWhere("folder = ? AND name = ? ORDER BY files.availability, files.song DESC")))
-    , m_names(connection.prepare("SELECT title, artist FROM songs WHERE id = ?"))
+    , m_tags(connection.prepare(
+          "SELECT title, artist, album_title, track_number, disc_number FROM songs WHERE id = ?"))
 {}
 
 std::vector<SongIdentity::Candidate> SongIdentity::candidates(sqlite::Statement &statement)
@@ -90,18 +105,46 @@ std::vector<SongIdentity::Candidate> SongIdentity::atPath(std::int64_t folderID,
 
 bool SongIdentity::hasSameNames(SongRowID song, const SongTags &tags)
 {
-    m_names.bind(static_cast<std::int64_t>(song));
-    std::optional<QString> title;
-    std::optional<QString> artist;
-    if (m_names.step()) {
-        title = m_names.optionalText(0);
-        artist = m_names.optionalText(1);
-    }
-    m_names.reset();
-    const auto same = [](const std::optional<QString> &a, const std::optional<QString> &b) {
-        return folded(a.value_or(QString())) == folded(b.value_or(QString()));
-    };
-    return title && tags.title && same(title, tags.title) && same(artist, tags.displayArtist());
+    m_tags.bind(static_cast<std::int64_t>(song));
+    const bool isSame = m_tags.step() && !m_tags.isNull(0) && tags.title &&
+                        folded(m_tags.text(0)) == folded(*tags.title) &&
+                        foldedText(m_tags.optionalText(1)) == foldedText(tags.displayArtist());
+    m_tags.reset();
+    return isSame;
+}
+
+int SongIdentity::sharedTags(SongRowID song, const SongTags &tags)
+{
+    m_tags.bind(static_cast<std::int64_t>(song));
+    int shared = 0;
+    if (m_tags.step())
+        shared = (m_tags.optionalText(0) == tags.title) + (m_tags.optionalText(1) == tags.displayArtist()) +
+                 (m_tags.optionalText(2) == tags.albumTitle) +
+                 (m_tags.integer(3) == tags.trackNumber.value_or(0)) +
+                 (m_tags.integer(4) == tags.discNumber.value_or(0));
+    m_tags.reset();
+    return shared;
+}
+
+// A library that moves to another disk takes its copies of one recording along: each is the one that had its
+// name, in the folder of that name, and so on upwards; among equals, the one with its tags.
+std::optional<SongRowID> SongIdentity::vanishedTwin(const ScannedSong &scanned)
+{
+    const QByteArray path = scanned.file.path();
+    std::vector<Candidate> twins = withHash(scanned.tags.audioHash);
+    std::erase_if(twins, [](const Candidate &twin) { return !hasLeft(twin); });
+    // While the file itself is away, its disk may be, and then the others have not left.
+    if (twins.empty() || !signatureAt(path))
+        return std::nullopt;
+    using Likeness = std::tuple<std::ptrdiff_t, int, bool>;
+    std::vector<std::pair<Likeness, SongRowID>> ranked;
+    for (const Candidate &twin : twins)
+        ranked.push_back({{commonTail(twin.path, path), sharedTags(twin.song, scanned.tags),
+                           twin.availability == Availability::Available},
+                          twin.song});
+    std::sort(ranked.begin(), ranked.end(), std::greater());
+    const bool isClear = ranked.size() == 1 || ranked[0].first > ranked[1].first;
+    return isClear ? std::optional(ranked.front().second) : std::nullopt;
 }
 
 std::optional<SongRowID> SongIdentity::songOf(const ScannedSong &scanned, std::int64_t folderID)
@@ -128,10 +171,8 @@ std::optional<SongRowID> SongIdentity::songOf(const ScannedSong &scanned, std::i
         return sameSound->song;
 
     if (hash != 0) {
-        std::vector<Candidate> vanished = withHash(hash);
-        std::erase_if(vanished, [](const Candidate &candidate) { return !hasLeft(candidate); });
-        if (vanished.size() == 1)
-            return vanished.front().song;
+        if (const auto twin = vanishedTwin(scanned))
+            return twin;
     }
 
     // Another sound in the same place: a better copy of the song, if it says so itself.

@@ -40,11 +40,15 @@ private:
     [[nodiscard]] std::vector<Candidate> withHash(std::uint64_t audioHash);
     [[nodiscard]] std::vector<Candidate> atPath(std::int64_t folderID, const QByteArray &name);
     [[nodiscard]] bool hasSameNames(SongRowID song, const SongTags &tags);
+    /// How many of the tags that tell the songs of an album apart are alike.
+    [[nodiscard]] int sharedTags(SongRowID song, const SongTags &tags);
+    /// The song with this sound whose file has left its place, if it is clear which.
+    [[nodiscard]] std::optional<SongRowID> vanishedTwin(const ScannedSong &scanned);
 
     sqlite::Statement m_withIdentity;
     sqlite::Statement m_withHash;
     sqlite::Statement m_atPath;
-    sqlite::Statement m_names;
+    sqlite::Statement m_tags;
 };
 
 } // namespace trackwise

@@ -102,12 +102,17 @@ void bindFile(Statement &statement, const FileName &file)
     statement.bindBytes(file.folder).bindBytes(file.name);
 }
 
+// A song whose file is gone is kept for the day on which it comes back, and answers no look-up until then.
+#define IN_LIBRARY " AND songs.availability < 2 ORDER BY songs.availability, songs.id "
+
 constexpr const char *byTitleAndArtist = SELECT_SONG_FROM(
-    "songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ? AND artist_key = ? ORDER BY songs.id";
+    "songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ? AND artist_key = ?" IN_LIBRARY;
 constexpr const char *byTitleAndAlbum = SELECT_SONG_FROM(
-    "songs INDEXED BY songs_by_title_and_album") "WHERE title_key = ? AND album_key = ? ORDER BY songs.id";
+    "songs INDEXED BY songs_by_title_and_album") "WHERE title_key = ? AND album_key = ?" IN_LIBRARY;
 constexpr const char *byTitle =
-    SELECT_SONG_FROM("songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ? ORDER BY songs.id";
+    SELECT_SONG_FROM("songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ?" IN_LIBRARY;
+constexpr const char *withAvailability =
+    SELECT_SONG_FROM("songs") "WHERE songs.availability = ? ORDER BY songs.id"; // all of them, so not sorted
 constexpr const char *allSongs = SELECT_SONG_FROM("songs") "ORDER BY songs.id";
 
 bool hasAllOf(const MediaItem &item, const SongQuery &query)
@@ -156,23 +161,27 @@ std::optional<LibrarySong> SongLookup::songAt(const FileName &file) const
 
 std::vector<MediaItem> SongLookup::songs(const SongQuery &query, int limit) const
 {
-    const bool isByArtist = query.title && query.artist;
-    const bool isByAlbum = query.title && !query.artist && query.albumTitle;
-    Statement &statement = m_reader.statement(isByArtist    ? byTitleAndArtist
-                                              : isByAlbum   ? byTitleAndAlbum
-                                              : query.title ? byTitle
-                                                            : allSongs);
-    if (query.title)
-        statement.bind(caselessKey(*query.title));
-    if (isByArtist)
-        statement.bind(caselessKey(*query.artist));
-    if (isByAlbum)
-        statement.bind(caselessKey(*query.albumTitle));
     std::vector<MediaItem> found;
-    while (std::ssize(found) < limit && statement.step()) {
-        MediaItem item = readSong(statement).item;
-        if (hasAllOf(item, query))
-            found.push_back(std::move(item));
+    const auto takeFrom = [&](Statement &statement) {
+        while (std::ssize(found) < limit && statement.step()) {
+            MediaItem item = readSong(statement).item;
+            if (hasAllOf(item, query))
+                found.push_back(std::move(item));
+        }
+    };
+    if (!query.title) {
+        for (const Availability availability : {Availability::Available, Availability::DiskAbsent})
+            takeFrom(m_reader.statement(withAvailability).bind(static_cast<std::int64_t>(availability)));
+    } else if (query.artist) {
+        takeFrom(m_reader.statement(byTitleAndArtist)
+                     .bind(caselessKey(*query.title))
+                     .bind(caselessKey(*query.artist)));
+    } else if (query.albumTitle) {
+        takeFrom(m_reader.statement(byTitleAndAlbum)
+                     .bind(caselessKey(*query.title))
+                     .bind(caselessKey(*query.albumTitle)));
+    } else {
+        takeFrom(m_reader.statement(byTitle).bind(caselessKey(*query.title)));
     }
     return found;
 }
@@ -195,7 +204,7 @@ std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, cons
 std::optional<MediaItem> SongLookup::songWithCatalogID(const QString &identifier) const
 {
     Statement &statement =
-        m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.catalog_id = ? ORDER BY songs.id LIMIT 1");
+        m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.catalog_id = ?" IN_LIBRARY "LIMIT 1");
     auto found = firstSong(statement.bind(identifier));
     return found ? std::optional(std::move(found->item)) : std::nullopt;
 }
@@ -208,10 +217,10 @@ std::optional<PersistentID> SongLookup::firstID(Statement &statement)
 
 std::optional<PersistentID> SongLookup::idOfPath(const FileName &file) const
 {
-    Statement &statement =
-        m_reader.statement("SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
-                           " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?"
-                           " ORDER BY files.availability, songs.id DESC LIMIT 1");
+    Statement &statement = m_reader.statement(
+        "SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
+        " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?" IN_LIBRARY
+        "LIMIT 1");
     bindFile(statement, file);
     return firstID(statement);
 }
@@ -220,25 +229,23 @@ std::optional<PersistentID> SongLookup::idOfFile(FileIdentity file) const
 {
     Statement &statement =
         m_reader.statement("SELECT persistent_id FROM files JOIN songs ON songs.id = files.song"
-                           " WHERE inode = ? AND device = ? ORDER BY files.availability, songs.id LIMIT 1");
+                           " WHERE inode = ? AND device = ?" IN_LIBRARY "LIMIT 1");
     statement.bind(static_cast<std::int64_t>(file.inode)).bind(static_cast<std::int64_t>(file.device));
     return firstID(statement);
 }
 
 std::optional<PersistentID> SongLookup::idOfCatalogID(const QString &identifier) const
 {
-    return firstID(m_reader
-                       .statement("SELECT persistent_id FROM songs WHERE catalog_id = ?"
-                                  " ORDER BY availability, id LIMIT 1")
-                       .bind(identifier));
+    return firstID(
+        m_reader.statement("SELECT persistent_id FROM songs WHERE catalog_id = ?" IN_LIBRARY "LIMIT 1")
+            .bind(identifier));
 }
 
 std::optional<PersistentID> SongLookup::idOfRecording(const QString &lowerCaseMBID) const
 {
-    return firstID(m_reader
-                       .statement("SELECT persistent_id FROM songs WHERE recording_mbid = ?"
-                                  " ORDER BY availability, id LIMIT 1")
-                       .bind(lowerCaseMBID));
+    return firstID(
+        m_reader.statement("SELECT persistent_id FROM songs WHERE recording_mbid = ?" IN_LIBRARY "LIMIT 1")
+            .bind(lowerCaseMBID));
 }
 
 std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, int limit) const

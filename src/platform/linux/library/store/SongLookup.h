@@ -10,8 +10,9 @@
 
 namespace trackwise {
 
-/// Exact questions to the library, each answered from an index, in the order in which songs were added.
-/// Short-lived: made for one use of a reader.
+/// Exact questions to the library, each answered from an index: songs whose file is there first, then those
+/// of absent disks, each in the order in which they were added. Songs whose file is gone answer to their
+/// identifier only. Short-lived: made for one use of a reader.
 class SongLookup
 {
 public:

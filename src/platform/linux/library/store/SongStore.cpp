@@ -140,6 +140,17 @@ Result<Done> SongStore::writeFolderImages(std::span<const FolderImage> images)
     });
 }
 
+Result<Done> SongStore::checkIsThere() const
+{
+    const std::scoped_lock lock(m_mutex);
+    int hasMoved = 0;
+    sqlite3_file_control(m_connection.handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    if (hasMoved != 0)
+        return Failure{FailureKind::Unreadable,
+                       QStringLiteral("the database is not there any more: ") + QFile::decodeName(m_path)};
+    return Done{};
+}
+
 Result<bool> SongStore::indexNext(int count)
 {
     bool isMoreWaiting = false;

@@ -76,6 +76,9 @@ public:
     [[nodiscard]] Result<Done> forgetProblems(std::span<const SongPlace> places);
     [[nodiscard]] Result<Done> writeFolderImages(std::span<const FolderImage> images);
 
+    /// Fails when the database was deleted, moved or replaced while it is open: what is written then is lost.
+    [[nodiscard]] Result<Done> checkIsThere() const;
+
     /// Takes further songs into the full-text index; whether more are waiting.
     [[nodiscard]] Result<bool> indexNext(int count);
 

@@ -330,7 +330,8 @@ void SongWriter::writeProblem(const ScanProblem &problem)
     const std::int64_t folder = folderID(problem.file.folder);
     // The song that was here keeps all it has until its sound turns up again.
     if (const auto occupant = m_identity.occupant(folder, problem.file.name)) {
-        const bool mayPass = problem.kind == FailureKind::Unreadable;
+        // A permission, a disk error, or a link to what may be on an absent disk.
+        const bool mayPass = problem.kind == FailureKind::Unreadable || problem.kind == FailureKind::NotFound;
         setAvailability(*occupant, mayPass ? Availability::DiskAbsent : Availability::FileGone);
     }
     m_statements->writeProblem.bind(folder)

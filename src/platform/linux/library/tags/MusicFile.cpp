@@ -84,6 +84,7 @@ Result<MusicFile> MusicFile::open(const QByteArray &path)
 MusicFile::MusicFile(MusicFile &&other) noexcept
     : m_descriptor(std::exchange(other.m_descriptor, -1))
     , m_size(other.m_size)
+    , m_hasFailed(other.m_hasFailed)
     , m_beginning(std::move(other.m_beginning))
     , m_elsewhere(std::move(other.m_elsewhere))
 {}
@@ -124,6 +125,8 @@ qint64 MusicFile::read(qint64 offset, void *to, qint64 length) const
                                  static_cast<size_t>(length - done), offset + done);
         if (count < 0 && errno == EINTR)
             continue;
+        if (count < 0)
+            m_hasFailed = true;
         if (count <= 0)
             break;
         done += count;

@@ -36,6 +36,8 @@ public:
     [[nodiscard]] Bytes view(qint64 offset, qint64 length);
     /// Copies up to @p length bytes; answers how many there were. Goes past the windows.
     qint64 read(qint64 offset, void *to, qint64 length) const;
+    /// The disk has failed to give something that is in the file: what was made of the rest means nothing.
+    [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
 
 private:
     struct Window
@@ -58,6 +60,7 @@ private:
 
     int m_descriptor = -1;
     qint64 m_size = 0;
+    mutable bool m_hasFailed = false;
     Window m_beginning;
     Window m_elsewhere;
 };

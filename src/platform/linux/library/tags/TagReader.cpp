@@ -44,7 +44,7 @@ std::optional<QByteArray> wholeFile(const QByteArray &path, qint64 largest)
         return std::nullopt;
     QByteArray bytes(file->size(), Qt::Uninitialized);
     bytes.truncate(file->read(0, bytes.data(), bytes.size()));
-    return bytes;
+    return file->hasFailed() ? std::nullopt : std::optional(bytes);
 }
 
 std::optional<QString> sidecarLyrics(const QByteArray &path, const FolderListing &folder)
@@ -70,6 +70,25 @@ Result<MusicContent> readContent(MusicFile &file, const MusicLayout &layout)
     }
 }
 
+Result<SongTags> tagsOf(MusicFile &file, const QByteArray &path, const FolderListing &folder)
+{
+    const auto layout = musicLayout(file);
+    if (!layout)
+        return layout.failure();
+    const auto content = readContent(file, *layout);
+    if (!content)
+        return content.failure();
+
+    auto tags = songTags(content->fields);
+    tags.durationSeconds = content->durationSeconds;
+    tags.audioHash = audioHash(file, layout->sound, layout->soundSalt);
+    if (const auto picture = viewOf(content->picture); isImage(picture))
+        tags.artwork = {ArtworkSummary::Place::Embedded, path, pictureKey(picture)};
+    if (!tags.lyrics)
+        tags.lyrics = sidecarLyrics(path, folder);
+    return tags;
+}
+
 } // namespace
 
 Result<SongTags> readTags(const QByteArray &path, const FolderListing &folder)
@@ -77,20 +96,9 @@ Result<SongTags> readTags(const QByteArray &path, const FolderListing &folder)
     auto file = MusicFile::open(path);
     if (!file)
         return file.failure();
-    const auto layout = musicLayout(*file);
-    if (!layout)
-        return layout.failure();
-    const auto content = readContent(*file, *layout);
-    if (!content)
-        return content.failure();
-
-    auto tags = songTags(content->fields);
-    tags.durationSeconds = content->durationSeconds;
-    tags.audioHash = audioHash(*file, layout->sound, layout->soundSalt);
-    if (const auto picture = viewOf(content->picture); isImage(picture))
-        tags.artwork = {ArtworkSummary::Place::Embedded, path, pictureKey(picture)};
-    if (!tags.lyrics)
-        tags.lyrics = sidecarLyrics(path, folder);
+    auto tags = tagsOf(*file, path, folder);
+    if (file->hasFailed())
+        return Failure{FailureKind::Unreadable, QStringLiteral("the disk fails to read it")};
     return tags;
 }
 
