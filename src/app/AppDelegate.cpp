@@ -3,6 +3,7 @@
 
 #include "artwork/ArtworkImageProvider.h"
 #include "picker/MediaPicker.h"
+#include "platform/LibraryBrowser.h"
 #include "platform/MediaLibrary.h"
 #include "preferences/Preferences.h"
 #include "ui/Engine.h"
@@ -11,6 +12,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <span>
 
 namespace trackwise {
 
@@ -29,6 +31,15 @@ ArtworkLoader::Resolver artworkOf(MediaLibrary &library)
     };
 }
 
+std::function<QString(PersistentID)> fileNameIn(const LibraryBrowser &browser)
+{
+    return [&browser](PersistentID id) {
+        // The row of a song without a title has the file's name instead.
+        const std::vector<SongRow> rows = browser.songRows(std::span(&id, 1));
+        return rows.empty() ? QString() : rows.front().title;
+    };
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObject *parent)
@@ -37,7 +48,8 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
     , m_preferences(preferences)
     , m_artworkLoader(artworkOf(device.library))
     , m_artworkFiles(device.cacheFolder)
-    , m_artworkServices{device.player, device.addresses, m_artworkLoader, m_artworkFiles, now}
+    , m_artworkServices{device.player, device.addresses,          m_artworkLoader, m_artworkFiles,
+                        now,           fileNameIn(device.browser)}
     , m_detailServices{
           device.library,
           device.systemPlayer,

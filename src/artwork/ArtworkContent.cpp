@@ -32,12 +32,12 @@ QString placeholderSymbol(Instant now, const QTimeZone &zone)
                                                                        : QStringLiteral("noteinfo");
 }
 
-TitleBlock titleBlock(const MediaItem &song)
+TitleBlock titleBlock(const MediaItem &song, const QString &fileName)
 {
     TitleBlock block{
         .title = song.title.value_or(QString()), .artist = song.artist, .isExplicit = song.isExplicitItem};
     if (block.title.isEmpty())
-        block.title = noText();
+        block.title = fileName.isEmpty() ? noText() : fileName;
     if (block.artist && block.artist->isEmpty())
         block.artist = noText();
     return block;

@@ -28,14 +28,14 @@ struct ArtworkContent
 /// The texts beside the play button.
 struct TitleBlock
 {
-    QString title;                 ///< "--" when the song has none
+    QString title;                 ///< the file's name when the song has none, "--" without either
     std::optional<QString> artist; ///< absent: no such line; "--" when it is there but empty
     bool isExplicit = false;       ///< the title is followed by a mark
 
     friend bool operator==(const TitleBlock &, const TitleBlock &) = default;
 };
 
-[[nodiscard]] TitleBlock titleBlock(const MediaItem &song);
+[[nodiscard]] TitleBlock titleBlock(const MediaItem &song, const QString &fileName = {});
 /// The whole block as a screen reader says it, the mark as the character 🅴.
 [[nodiscard]] QString spokenText(const TitleBlock &block);
 

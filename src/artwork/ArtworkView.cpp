@@ -17,6 +17,7 @@ ArtworkView::ArtworkView(ArtworkContent content, const ArtworkServices &services
     , m_player(services.player)
     , m_loader(services.loader)
     , m_opener(services.opener)
+    , m_fileName(services.fileName)
     , m_placeholderSymbol(trackwise::placeholderSymbol(services.now(), QTimeZone::systemTimeZone()))
     , m_drag(services.loader, services.files)
 {
@@ -30,7 +31,9 @@ void ArtworkView::readMediaItem()
     if (!m_content.mediaItem)
         return;
     m_artworkAddress = m_loader.address(*m_content.mediaItem);
-    m_titleBlock = titleBlock(*m_content.mediaItem);
+    const MediaItem &song = *m_content.mediaItem;
+    const bool needsFileName = song.title.value_or(QString()).isEmpty() && m_fileName;
+    m_titleBlock = titleBlock(song, needsFileName ? m_fileName(song.persistentID) : QString());
 }
 
 void ArtworkView::setMediaItem(const MediaItem &mediaItem)

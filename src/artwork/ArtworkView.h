@@ -24,6 +24,8 @@ struct ArtworkServices
     ArtworkLoader &loader;
     ArtworkFiles &files;
     std::function<Instant()> now;
+    /// The name of a library song's file, as lists show it for a song without a title. Empty: not known.
+    std::function<QString(PersistentID)> fileName = {};
 };
 
 /// Feeds `ArtworkView.qml`: one song's cover and, beneath it, its title, artist and play button. Another
@@ -98,6 +100,7 @@ private:
     MusicPlayer &m_player;
     ArtworkLoader &m_loader;
     AddressOpener &m_opener;
+    std::function<QString(PersistentID)> m_fileName;
     QString m_artworkAddress;
     QString m_placeholderSymbol;
     TitleBlock m_titleBlock;

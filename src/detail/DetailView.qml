@@ -21,11 +21,9 @@ FocusScope {
     NavigationBar {
         id: bar
 
-        readonly property textStyle buttonStyle: Theme.subheadline.medium().atMost(bar.largestText)
-        readonly property real buttonSymbolSize: 18 / 15 * buttonStyle.font.pixelSize // 18 beside letters of 15
-
         width: parent.width
         margin: root.isRegularWidth ? 22 : 18 // as the list below
+        hasLine: list.item !== null && (list.item as InformationView).isScrolled
 
         PlainButton {
             anchors.left: parent.left
@@ -33,8 +31,7 @@ FocusScope {
             height: Theme.touchTarget
             text: qsTr("Select Song")
             symbolName: "plus.circle"
-            style: bar.buttonStyle
-            symbolSize: bar.buttonSymbolSize
+            style: Theme.barButton
             onClicked: root.controller.selectSongFromLibrary()
         }
         PlainButton {
@@ -44,7 +41,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             height: Theme.touchTarget
             symbolName: "ellipsis.circle"
-            symbolSize: bar.buttonSymbolSize
+            style: Theme.barButton
             Accessible.name: qsTr("More")
             onClicked: moreMenu.open()
 
@@ -58,6 +55,8 @@ FocusScope {
         }
     }
     Loader {
+        id: list
+
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width

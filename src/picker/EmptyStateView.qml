@@ -8,7 +8,7 @@ Column {
     id: root
 
     required property MediaPicker picker
-    readonly property real symbolSize: 48
+    readonly property real symbolSize: Math.round(2.4 * Theme.title3.font.pixelSize)
     readonly property real margin: 32
 
     leftPadding: root.margin

@@ -10,6 +10,7 @@ ListView {
 
     required property MediaPicker picker
     required property LibraryListModel list
+    property bool isLow: false
     readonly property bool isCurrent: root.picker.currentList === root.list
     readonly property bool showsIndex: root.list.hasSections && root.contentHeight > 2 * root.height
     readonly property real headerHeight: root.list.hasSections ? Theme.footnote.lineHeight + 8 : 0
@@ -21,7 +22,7 @@ ListView {
     reuseItems: true
     currentIndex: -1
     keyNavigationEnabled: false
-    activeFocusOnTab: true
+    activeFocusOnTab: root.count > 0
     boundsBehavior: Flickable.DragOverBounds
     T.ScrollBar.vertical: ListScrollBar {
         visible: !root.showsIndex
@@ -32,18 +33,25 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Library")
 
-    section.delegate: Rectangle {
+    section.delegate: Item {
+        id: header
+
         required property string section
 
         width: ListView.view.width
         height: root.headerHeight
-        color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground // as the sheet's
 
+        // Only where it stays while rows pass below it; elsewhere a ground could fill the sheet's round corners.
+        Rectangle {
+            anchors.fill: parent
+            visible: header.y < root.contentY + header.height
+            color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground // as the sheet's
+        }
         StyledText {
             anchors.left: parent.left
             anchors.leftMargin: 18 // as the rows
             anchors.verticalCenter: parent.verticalCenter
-            text: parent.section
+            text: header.section
             style: Theme.footnote.bold()
             color: Theme.secondaryLabel
             Accessible.role: Accessible.Heading
@@ -53,6 +61,7 @@ ListView {
 
     delegate: PickerRow {
         width: ListView.view.width
+        isLow: root.isLow
         isHighlighted: index === root.list.highlightedRow
         isOfGroup: root.list.isOfGroups
         isOfArtist: root.list.isOfArtists
@@ -84,7 +93,7 @@ ListView {
 
     FocusRing {
         anchors.margins: 2
-        visible: root.activeFocus && root.list.highlightedRow < 0
+        visible: root.activeFocus && root.count > 0 && root.list.highlightedRow < 0
     }
     SectionIndex {
         id: sectionIndex

@@ -9,6 +9,7 @@ Item {
     id: root
 
     required property MediaPicker picker
+    property bool isLow: false
     property real opened: root.picker.isShowingGroup ? 1 : 0
     readonly property real direction: LayoutMirroring.enabled ? -1 : 1
     readonly property real parallax: 1 / 3 // of the width, that the page below moves away
@@ -54,6 +55,7 @@ Item {
                 Component.onCompleted: active = isChosen
 
                 sourceComponent: PickerList {
+                    isLow: root.isLow
                     picker: root.picker
                     list: loader.modelData
                 }
@@ -69,12 +71,14 @@ Item {
         enabled: root.opened === 1 // the second click of two was for the row that led here
 
         PickerList {
+            isLow: root.isLow
             anchors.fill: parent
             picker: root.picker
             list: root.picker.groupSongs
         }
     }
     PickerList {
+        isLow: root.isLow
         anchors.fill: parent
         visible: root.picker.isShowingResults
         picker: root.picker

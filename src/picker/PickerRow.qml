@@ -16,6 +16,7 @@ Item {
     required property bool startsSection
     required property string spokenText
 
+    property bool isLow: false ///< rows are closer in low windows
     property bool isHighlighted: false
     property bool isOfGroup: false
     property bool isOfArtist: false
@@ -29,7 +30,7 @@ Item {
     readonly property real artworkSize: 44
     readonly property real dimmed: 0.45
 
-    implicitHeight: Math.max(root.artworkSize, texts.height) + 2 * root.airAround
+    implicitHeight: Math.max(root.artworkSize, texts.height) + (root.isLow ? 1 : 2) * root.airAround
 
     Accessible.role: Accessible.ListItem
     Accessible.name: root.spokenText
@@ -37,19 +38,19 @@ Item {
     Accessible.selected: root.isHighlighted
     Accessible.onPressAction: root.activated()
 
+    // Hovered over, a row is filled; the one that the keyboard is at is framed.
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: root.airAround
-        anchors.rightMargin: root.indexWidth > 0 ? root.indexWidth : root.airAround
+        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
         radius: root.airAround
-        color: Theme.systemFill
-        visible: root.isHighlighted || pointer.containsMouse
-        opacity: root.isHighlighted || pointer.pressed ? 1 : 0.5
+        color: pointer.containsMouse ? Theme.systemFill : "transparent"
+        opacity: pointer.pressed ? 1 : 0.5
     }
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: root.airAround
-        anchors.rightMargin: root.indexWidth > 0 ? root.indexWidth : root.airAround
+        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
         radius: root.airAround
         color: "transparent"
         border.color: Theme.accent
@@ -60,7 +61,7 @@ Item {
         anchors.top: parent.top
         anchors.left: texts.left
         anchors.right: parent.right
-        anchors.rightMargin: root.indexWidth
+        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
         visible: root.index > 0 && !root.startsSection
     }
     RowArtwork {
@@ -132,7 +133,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         visible: root.isOfGroup
         name: "chevron.forward"
-        size: root.gap
+        size: Math.round(0.75 * titleText.font.pixelSize)
         color: Theme.secondaryLabel
         mirrors: true
     }

@@ -10,12 +10,13 @@ T.TabButton {
 
     required property MediaPicker picker
     required property int tab
+    readonly property int largestText: 24 // the rows below need the room more
 
     checked: root.picker.tab === root.tab
     focusPolicy: root.checked ? Qt.StrongFocus : Qt.ClickFocus
     hoverEnabled: true
-    leftPadding: 12
-    rightPadding: 12
+    leftPadding: 10
+    rightPadding: 10
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     onClicked: root.picker.tab = root.tab
@@ -32,7 +33,7 @@ T.TabButton {
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            height: Theme.footnote.lineHeight + root.leftPadding
+            height: label.style.lineHeight + 12
             radius: height / 2
             color: Theme.systemFill
             opacity: root.checked ? 1 : root.hovered ? 0.5 : 0
@@ -44,8 +45,10 @@ T.TabButton {
         }
     }
     contentItem: StyledText {
+        id: label
+
         text: root.text
-        style: Theme.footnote.bold()
+        style: Theme.footnote.bold().atMost(root.largestText)
         color: root.checked ? Theme.label : Theme.secondaryLabel
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

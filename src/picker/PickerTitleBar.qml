@@ -8,6 +8,7 @@ Item {
     id: root
 
     required property MediaPicker picker
+    property bool showsTitle: true
     readonly property real margin: 18
     readonly property real gap: 8
     readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : 0) + root.margin + root.gap
@@ -23,6 +24,7 @@ Item {
         anchors.topMargin: root.gap / 2
         height: Theme.touchTarget
         visible: root.picker.canGoBack
+        onVisibleChanged: if (!visible && activeFocus) focus = false // else it would be pressed unseen
         display: PlainButton.IconOnly
         text: qsTr("Back")
         symbolName: "chevron.backward"
@@ -38,11 +40,13 @@ Item {
         anchors.topMargin: root.gap / 2
         height: Math.max(Theme.touchTarget, implicitHeight)
         text: qsTr("Cancel")
+        style: Theme.barButton
         onClicked: root.picker.cancel()
     }
     StyledText {
         id: title
 
+        visible: root.showsTitle
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
@@ -50,7 +54,7 @@ Item {
         anchors.rightMargin: anchors.leftMargin
         height: Theme.isAccessibilitySize ? implicitHeight : parent.height
         text: root.picker.title
-        style: Theme.headline
+        style: Theme.barTitle
         elide: Text.ElideRight
         maximumLineCount: 1
         horizontalAlignment: Text.AlignHCenter

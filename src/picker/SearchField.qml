@@ -10,7 +10,7 @@ FocusScope {
 
     required property MediaPicker picker
     readonly property real airAround: 8
-    readonly property real symbolSize: 16
+    readonly property real symbolSize: Math.round(0.94 * input.font.pixelSize)
 
     function focusInput() {
         input.forceActiveFocus(Qt.ShortcutFocusReason);

@@ -42,8 +42,8 @@ Item {
 
                 width: letters.width
                 text: modelData
-                style: Theme.caption2.bold()
-                color: Theme.accent
+                style: Theme.caption2
+                color: Theme.secondaryLabel
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.ignored: true
             }

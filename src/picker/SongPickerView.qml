@@ -9,6 +9,11 @@ FocusScope {
 
     required property MediaPicker picker
     readonly property real margin: 18
+    readonly property real cornerMargin: 4 // rows do not reach into the sheet's round corners
+    readonly property real low: 420 // less than a header in three lines and four rows need
+    readonly property bool isLow: height < low
+    /// In a low sheet the search field stands where the title would.
+    readonly property bool joinsHeader: isLow && !Theme.isAccessibilitySize && !picker.canGoBack
 
     focus: true
     implicitWidth: 540
@@ -29,16 +34,18 @@ FocusScope {
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
+        showsTitle: !root.joinsHeader
         picker: root.picker
     }
     SearchField {
         id: search
 
         anchors.top: titleBar.bottom
+        anchors.topMargin: root.joinsHeader ? titleBar.gap / 2 - titleBar.height : 0
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.leftMargin: root.margin
-        anchors.rightMargin: root.margin
+        anchors.rightMargin: root.joinsHeader ? titleBar.sides : root.margin
         focus: true
         picker: root.picker
     }
@@ -46,8 +53,10 @@ FocusScope {
         anchors.top: search.bottom
         anchors.topMargin: 4 // under the field's own air
         anchors.bottom: banner.top
+        anchors.bottomMargin: banner.visible ? 0 : root.cornerMargin
         anchors.left: parent.left
         anchors.right: parent.right
+        isLow: root.isLow
         picker: root.picker
     }
     ScanBanner {

@@ -12,7 +12,8 @@ Column {
 
     signal removed(int row)
 
-    readonly property real symbolSpace: 32
+    readonly property real symbolSize: Math.round(1.3 * Theme.body.font.pixelSize)
+    readonly property real symbolSpace: symbolSize + 10
 
     Repeater {
         model: root.folders
@@ -32,7 +33,7 @@ Column {
                 anchors.verticalCenter: parent.verticalCenter
                 anchors.left: parent.left
                 name: "folder"
-                size: 22
+                size: root.symbolSize
                 color: Theme.secondaryLabel
             }
             SettingsRow {

@@ -11,7 +11,7 @@ FocusScope {
 
     readonly property real margin: 22
     readonly property real gap: 12
-    readonly property real symbolSize: 56
+    readonly property real symbolSize: Math.round(2.5 * Theme.title2.font.pixelSize)
     readonly property real textWidth: 420
 
     focus: true

@@ -23,27 +23,21 @@ FocusScope {
         width: parent.width
         title: root.title
         margin: root.margin
+        hasLine: page.contentY > 0
 
         PlainButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Done")
-            style: Theme.headline.atMost(bar.largestText)
+            style: Theme.barButton
             focus: true
             onClicked: root.screen.dismiss()
         }
     }
-    Separator {
-        id: line
-
-        anchors.top: bar.bottom
-        width: parent.width
-        visible: page.contentY > 0
-    }
     SettingsPage {
         id: page
 
-        anchors.top: line.bottom
+        anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         margin: root.margin

@@ -32,7 +32,7 @@ T.AbstractButton {
         radius: height / 2
         color: root.isOn ? Theme.accent : Theme.systemFill
         border.width: root.isOn ? 0 : 1
-        border.color: Theme.secondaryLabel
+        border.color: Theme.separator
 
         Behavior on color {
             ColorAnimation {
@@ -51,7 +51,7 @@ T.AbstractButton {
             radius: height / 2
             color: "#ffffff"
             border.width: root.isOn ? 0 : 1
-            border.color: Theme.secondaryLabel
+            border.color: Theme.separator
 
             Behavior on x {
                 NumberAnimation {

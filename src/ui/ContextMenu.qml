@@ -10,8 +10,9 @@ T.Menu {
     /// Shown above the items; plain text.
     property string heading: ""
     readonly property real narrowest: 200
+    readonly property real widest: T.Overlay.overlay ? T.Overlay.overlay.width - 2 * margins : Infinity
 
-    implicitWidth: Math.max(narrowest, contentItem.implicitWidth) + leftPadding + rightPadding
+    implicitWidth: Math.min(widest, Math.max(narrowest, contentItem.implicitWidth) + leftPadding + rightPadding)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     padding: 6
     topPadding: root.heading !== "" ? headingText.height + 6 : 6
@@ -46,7 +47,7 @@ T.Menu {
             text: root.heading
             style: Theme.caption
             color: Theme.secondaryLabel
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
         }
     }
 

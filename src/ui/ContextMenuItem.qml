@@ -48,7 +48,7 @@ T.MenuItem {
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
             style: Theme.subheadline
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
             Accessible.ignored: true
         }
         Symbol {
@@ -58,7 +58,7 @@ T.MenuItem {
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             name: root.symbolName
-            size: 18
+            size: Math.round(1.2 * label.font.pixelSize)
             color: Theme.label
         }
     }

@@ -10,8 +10,8 @@ Item {
     property real margin: 22
     default property alias content: ends.data
     readonly property real barHeight: 52
-    /// The bar keeps its height at every text size: its letters stop growing here.
-    readonly property int largestText: 24
+    /// Shown while what is below the bar has been scrolled.
+    property bool hasLine: false
 
     implicitHeight: barHeight
 
@@ -21,10 +21,15 @@ Item {
         anchors.centerIn: parent
         width: Math.min(implicitWidth, root.width * 0.5)
         text: root.title
-        style: Theme.headline.atMost(root.largestText)
+        style: Theme.barTitle
         elide: Text.ElideRight
         Accessible.role: Accessible.Heading
         Accessible.name: root.title
+    }
+    Separator {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        visible: root.hasLine
     }
     Item {
         id: ends

@@ -9,7 +9,7 @@ T.AbstractButton {
     id: root
 
     property string symbolName: ""
-    property real symbolSize: 18
+    property real symbolSize: Math.round(1.2 * style.font.pixelSize) // a little higher than the letters
     property bool symbolMirrors: false
     property textStyle style: Theme.body
     property color color: Theme.accent

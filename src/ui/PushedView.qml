@@ -18,6 +18,7 @@ FocusScope {
 
         width: parent.width
         title: root.view ? root.view.title : ""
+        hasLine: host.isScrolled
 
         PlainButton {
             anchors.left: parent.left
@@ -25,12 +26,14 @@ FocusScope {
             symbolName: "chevron.backward"
             symbolMirrors: true
             text: qsTr("Back")
-            style: Theme.body.atMost(bar.largestText)
+            style: Theme.barButton
             focus: true
             onClicked: root.presentation.pop()
         }
     }
     ViewHost {
+        id: host
+
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width

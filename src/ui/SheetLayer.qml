@@ -11,7 +11,8 @@ T.Popup {
 
     readonly property bool isWide: parent && parent.width >= 700
     readonly property real wideWidth: 540
-    readonly property real wideMargin: 40
+    readonly property real low: 560
+    readonly property real wideMargin: parent && parent.height < low ? topGap : 40
     readonly property real tallest: 820
     readonly property real topGap: 12
     readonly property real restingY: isWide ? (parent.height - height) / 2 : topGap

@@ -18,6 +18,7 @@ constexpr int firstAccessibilitySize = 7;
 
 constexpr double readableTextContrast = 4.5; // WCAG 2.1, level AA, text of normal size
 constexpr int crossFadeMs = 150;
+constexpr int largestBarText = 24; // pixels
 
 QColor ownAccent(bool dark)
 {
@@ -206,6 +207,14 @@ TextStyle Theme::caption() const
 TextStyle Theme::caption2() const
 {
     return textStyle(m_settings, 11, 13);
+}
+TextStyle Theme::barTitle() const
+{
+    return headline().atMost(largestBarText);
+}
+TextStyle Theme::barButton() const
+{
+    return subheadline().medium().atMost(largestBarText);
 }
 
 int Theme::sheetDuration() const

@@ -80,6 +80,11 @@ class Theme : public QObject
     Q_PROPERTY(trackwise::TextStyle caption READ caption NOTIFY changed)
     Q_PROPERTY(trackwise::TextStyle caption2 READ caption2 NOTIFY changed)
 
+    /// Of the title and of the buttons in the bar at the top of a screen, which keeps its height: letters
+    /// there stop growing at some size, all at the same.
+    Q_PROPERTY(trackwise::TextStyle barTitle READ barTitle NOTIFY changed)
+    Q_PROPERTY(trackwise::TextStyle barButton READ barButton NOTIFY changed)
+
     Q_PROPERTY(qreal touchTarget READ touchTarget CONSTANT)
     Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY changed)
     Q_PROPERTY(int sheetDuration READ sheetDuration NOTIFY changed)
@@ -121,6 +126,8 @@ public:
     [[nodiscard]] TextStyle footnote() const;
     [[nodiscard]] TextStyle caption() const;
     [[nodiscard]] TextStyle caption2() const;
+    [[nodiscard]] TextStyle barTitle() const;
+    [[nodiscard]] TextStyle barButton() const;
 
     /// The source of the image that shows a symbol in a colour; empty without a name. Made here since QML of
     /// Qt 6.4 that turns a colour into text may crash when memory is collected meanwhile.

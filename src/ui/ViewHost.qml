@@ -7,6 +7,9 @@ Loader {
     id: root
 
     required property HostedView view
+    readonly property var screen: item
+    /// Screens that scroll say so.
+    readonly property bool isScrolled: screen?.isScrolled === true
 
     onViewChanged: root.view ? root.setSource(root.view.source, root.view.properties) : root.setSource("")
     Component.onCompleted: root.viewChanged()

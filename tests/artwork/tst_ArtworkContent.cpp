@@ -57,17 +57,20 @@ private Q_SLOTS:
         QTest::addColumn<QString>("title"); // null: absent
         QTest::addColumn<QString>("artist");
         QTest::addColumn<bool>("isExplicit");
+        QTest::addColumn<QString>("fileName");
         QTest::addColumn<QString>("spoken");
         const QString lines = QStringLiteral("Lines");
         const QString machines = QStringLiteral("Machines");
         const QString empty(u""_qs);
-        QTest::newRow("both") << lines << machines << false << u"Lines, Machines"_qs;
-        QTest::newRow("explicit") << lines << machines << true << u"Lines \U0001F174, Machines"_qs;
-        QTest::newRow("explicit, untitled") << QString() << QString() << true << u"-- \U0001F174"_qs;
-        QTest::newRow("empty title") << empty << machines << false << u"--, Machines"_qs;
-        QTest::newRow("no artist, no line") << lines << QString() << false << u"Lines"_qs;
-        QTest::newRow("empty artist") << lines << empty << false << u"Lines, --"_qs;
-        QTest::newRow("markup is text") << u"<b>x</b>"_qs << QString() << false << u"<b>x</b>"_qs;
+        QTest::newRow("both") << lines << machines << false << u"01 x"_qs << u"Lines, Machines"_qs;
+        QTest::newRow("explicit") << lines << machines << true << empty << u"Lines \U0001F174, Machines"_qs;
+        QTest::newRow("explicit, untitled") << QString() << QString() << true << empty << u"-- \U0001F174"_qs;
+        QTest::newRow("untitled file")
+            << QString() << machines << false << u"01 x"_qs << u"01 x, Machines"_qs;
+        QTest::newRow("empty title") << empty << machines << false << empty << u"--, Machines"_qs;
+        QTest::newRow("no artist, no line") << lines << QString() << false << empty << u"Lines"_qs;
+        QTest::newRow("empty artist") << lines << empty << false << empty << u"Lines, --"_qs;
+        QTest::newRow("markup is text") << u"<b>x</b>"_qs << QString() << false << empty << u"<b>x</b>"_qs;
     }
     void titleAndArtistAreSaidAsShown()
     {
@@ -78,7 +81,8 @@ private Q_SLOTS:
         song.title = title.isNull() ? std::nullopt : std::optional(title);
         song.artist = artist.isNull() ? std::nullopt : std::optional(artist);
         song.isExplicitItem = isExplicit;
-        QTEST(spokenText(titleBlock(song)), "spoken");
+        QFETCH(QString, fileName);
+        QTEST(spokenText(titleBlock(song, fileName)), "spoken");
     }
 
     void addressesAreReadBack_data()

@@ -145,6 +145,18 @@ private Q_SLOTS:
         QVERIFY(!list.isPlaying());
     }
 
+    void aSongWithoutATitleIsCalledAsItsFile()
+    {
+        ArtworkServices services = m_services;
+        services.fileName = [](PersistentID id) { return QString::number(id.value); };
+        MediaItem song = m_songB;
+        song.title = u""_qs;
+        ArtworkView view({.mediaItem = song}, services);
+        QCOMPARE(view.title(), QStringLiteral("2"));
+        view.setMediaItem(m_songB);
+        QCOMPARE(view.title(), QStringLiteral("B"));
+    }
+
     void aFollowedSongHasTheMusicAppInsteadOfAButton()
     {
         ArtworkSidebarView followed(m_songA, true, true, m_services);

@@ -7,6 +7,7 @@
 #include "support/Covers.h"
 #include "support/MusicPlayerDouble.h"
 #include "ui/Engine.h"
+#include "ui/Theme.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -186,6 +187,32 @@ private Q_SLOTS:
         QQuickItem *tile = at.emptyTile();
         QVERIFY(tile);
         QCOMPARE(tile->size(), QSizeF(0, 0));
+    }
+
+    void aLowColumnStillShowsTheTextsAndTheButton_data()
+    {
+        QTest::addColumn<bool>("isExplicit");
+        QTest::newRow("plain") << false;
+        QTest::newRow("explicit") << true;
+    }
+    void aLowColumnStillShowsTheTextsAndTheButton()
+    {
+        QFETCH(bool, isExplicit);
+        MediaItem item = song(QStringLiteral("Paper satellites over the town ").repeated(20));
+        item.isExplicitItem = isExplicit;
+        SidebarWindow at(item, false, {414, 300});
+        const TextStyle headline = themeOf(*at.window.engine()).headline();
+        QQuickItem *button = at.find(QStringLiteral("Play"), QAccessible::Button);
+        QQuickItem *texts = button->parentItem()->findChild<QQuickItem *>(); // heading, link, title, artist
+        QVERIFY(texts->height() > 6 * headline.lineHeight);
+        QVERIFY(texts->height() < 8 * headline.lineHeight);
+        const QRectF place = at.place(QStringLiteral("Play"), QAccessible::Button);
+        QVERIFY(place.top() > 0 && place.bottom() < 300);
+        QVERIFY(texts->mapToScene({0, texts->height()}).y() > 300); // the artist
+        at.window.rootObject()->setProperty("contentY", 0);
+        QVERIFY(at.place(QStringLiteral("Play"), QAccessible::Button).bottom() > 300);
+        button->forceActiveFocus(Qt::TabFocusReason);
+        QCOMPARE(at.place(QStringLiteral("Play"), QAccessible::Button).bottom(), 300.0 - 12);
     }
 
     void aBrokenCoverIsAnEmptyTileWithoutCommands()

@@ -291,6 +291,18 @@ private Q_SLOTS:
         QTRY_COMPARE(w.picker.emptyState().message, QStringLiteral("No song matches “<i>x</i>”."));
     }
 
+    void fourRowsFitIntoALowSheet()
+    {
+        PickerWindow w(1000);
+        w.view.resize(540, 336); // of a window of 720 by 360 points
+        QTRY_VERIFY(w.rowItem(3));
+        QTRY_VERIFY(w.placeOf(3) + w.rowItem(3)->height() <= 336);
+        QVERIFY(w.placeOf(0) > 0);
+        QVERIFY(!w.spoken().contains(spokenAs(QAccessible::Heading, QStringLiteral("Select Song"))));
+        w.view.resize(540, 720);
+        QTRY_VERIFY(w.spoken().contains(spokenAs(QAccessible::Heading, QStringLiteral("Select Song"))));
+    }
+
     void isSpoken()
     {
         PickerWindow w(1000);
