@@ -13,7 +13,8 @@ ListView {
     property bool isLow: false
     readonly property bool isCurrent: root.picker.currentList === root.list
     readonly property bool showsIndex: root.list.hasSections && root.contentHeight > 2 * root.height
-    readonly property real headerHeight: root.list.hasSections ? Theme.footnote.lineHeight + 8 : 0
+    readonly property bool hasHeaders: root.list.hasSections && !root.isLow // rows need the room of a low window
+    readonly property real headerHeight: root.hasHeaders ? Theme.footnote.lineHeight + 8 : 0
     property bool wasAtTop: false
 
     model: root.list
@@ -27,7 +28,7 @@ ListView {
     T.ScrollBar.vertical: ListScrollBar {
         visible: !root.showsIndex
     }
-    section.property: root.list.hasSections ? "section" : ""
+    section.property: root.hasHeaders ? "section" : ""
     section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
 
     Accessible.role: Accessible.List

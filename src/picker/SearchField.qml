@@ -77,6 +77,8 @@ FocusScope {
             visible: input.text === "" && input.preeditText === ""
             text: qsTr("Search Songs")
             style: Theme.body
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Math.round(font.pixelSize / 2)
             color: Theme.secondaryLabel
             elide: Text.ElideRight
             verticalAlignment: Text.AlignVCenter

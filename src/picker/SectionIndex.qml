@@ -9,7 +9,8 @@ Item {
     id: root
 
     required property LibraryListModel list
-    readonly property real letterHeight: Theme.caption2.lineHeight
+    readonly property textStyle letterStyle: Theme.caption2.atMost(16) // the column stays narrow
+    readonly property real letterHeight: letterStyle.lineHeight
     readonly property real bubbleSize: 2 * Theme.touchTarget
     property int section: 0
 
@@ -42,7 +43,7 @@ Item {
 
                 width: letters.width
                 text: modelData
-                style: Theme.caption2
+                style: root.letterStyle
                 color: Theme.secondaryLabel
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.ignored: true
