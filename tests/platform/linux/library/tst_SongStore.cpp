@@ -165,7 +165,7 @@ private Q_SLOTS:
             return items.empty() ? std::nullopt : std::optional(items.front());
         };
         const auto answers = [&] {
-            std::set<PersistentID> ids;
+            std::set<PersistentID> given;
             for (const std::optional<MediaItem> &item :
                  {first(library.songs({text("Title <b>"), text("One, Two"), {}}, 9)),
                   first(library.songs({text("Title <b>"), {}, text("Album")}, 9)),
@@ -173,11 +173,11 @@ private Q_SLOTS:
                   first(library.songs({{}, {}, text("Album")}, 9)),
                   library.songIgnoringCase(text("TITLE <B>"), text("ONE, TWO")),
                   library.songWithCatalogID(text("1234567890"))})
-                ids.insert(item ? item->persistentID : PersistentID{});
-            ids.insert(matching.idOfCatalogID(text("1234567890")).value_or(PersistentID{}));
-            ids.insert(
-                matching.idOfMusicBrainzID(text("abcdef00-0000-4000-a000-000000000000")).value_or(PersistentID{}));
-            return ids;
+                given.insert(item ? item->persistentID : PersistentID{});
+            given.insert(matching.idOfCatalogID(text("1234567890")).value_or(PersistentID{}));
+            given.insert(matching.idOfMusicBrainzID(text("abcdef00-0000-4000-a000-000000000000"))
+                             .value_or(PersistentID{}));
+            return given;
         };
         using Answers = std::set<PersistentID>;
         QCOMPARE(answers(), Answers{ids[0]});

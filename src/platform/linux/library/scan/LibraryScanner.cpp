@@ -3,6 +3,8 @@
 
 #include "platform/linux/library/scan/BoundedQueue.h"
 #include "platform/linux/library/scan/FileChanges.h"
+#include "platform/linux/library/scan/ReadingRecord.h"
+#include "platform/linux/library/scan/TrialReading.h"
 #include "platform/linux/library/store/FileSignature.h"
 #include "platform/linux/library/tags/TagReader.h"
 
@@ -11,6 +13,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 #include <thread>
 #include <variant>
 
@@ -24,8 +27,9 @@ constexpr std::size_t handful =
     16; ///< files that change threads together: waking a thread for each costs more
 constexpr std::size_t queueLength = 8; ///< handfuls
 constexpr std::size_t batchSize = 500;
-constexpr auto longestWait = 1s; ///< until songs that have been read are seen
-constexpr int indexStep = 4000;  ///< songs; about a tenth of a second of writing
+constexpr auto longestWait = 1s;   ///< until songs that have been read are seen
+constexpr auto longestTrial = 60s; ///< for a file that may be to blame for the program's death
+constexpr int indexStep = 4000;    ///< songs; about a tenth of a second of writing
 constexpr qsizetype songsBetweenIndexing = 20'000;
 
 Instant now()
@@ -46,10 +50,24 @@ bool isStill(const QByteArray &path, std::int64_t size, std::int64_t modified)
     return now && now->size == size && now->modified == modified;
 }
 
-Outcome performed(ReadFile task)
+/// How the scan reads files: those that have ended the program before are put aside.
+struct FileReading
+{
+    LibraryScanner::TagReading read;
+    ReadingRecord record;
+    std::set<QByteArray> suspects; ///< paths
+
+    [[nodiscard]] Result<SongTags> tags(const QByteArray &path, const FolderListing &folder)
+    {
+        const ReadingRecord::Reading reading(record, path);
+        return read(path, folder);
+    }
+};
+
+Outcome performed(ReadFile task, FileReading &files)
 {
     const QByteArray path = task.file.path();
-    Result<SongTags> tags = readTags(path, *task.companions);
+    Result<SongTags> tags = files.tags(path, *task.companions);
     // What is said about a file that is not there goes for this moment only, and must not be kept with the
     // signature of a good one: nobody would look at it again.
     const bool wasThere = tags || tags.failure().kind != FailureKind::NotFound;
@@ -63,7 +81,7 @@ Outcome performed(ReadFile task)
     return ScannedSong{std::move(task.file), task.signature, *std::move(tags), task.sidecar};
 }
 
-Outcome performed(ReadImage task)
+Outcome performed(ReadImage task, const FileReading &)
 {
     if (task.companions) {
         if (const auto artwork = task.companions->artwork())
@@ -74,23 +92,45 @@ Outcome performed(ReadImage task)
     return std::move(task.image);
 }
 
-Outcome performed(ScanProblem task)
+Outcome performed(ScanProblem task, const FileReading &)
 {
     return task;
+}
+
+Outcome performedWithCare(ReadFile task, FileReading &files)
+{
+    const QByteArray path = task.file.path();
+    switch (tryInChild([&] { (void)files.read(path, *task.companions); }, longestTrial)) {
+    case TrialResult::Returned:
+        return performed(std::move(task), files);
+    case TrialResult::Died:
+        return ScanProblem{std::move(task.file), task.signature, FailureKind::Malformed,
+                           QStringLiteral("Reading it ends the program.")};
+    case TrialResult::NotTried:
+        break;
+    }
+    return HasMoved{};
 }
 
 /// The threads between the music folders and the writer.
 class Pipeline
 {
 public:
-    Pipeline(const std::vector<QByteArray> &roots, FileChanges::Needs &needs)
+    Pipeline(const std::vector<QByteArray> &roots, FileReading &files, FileChanges::Needs &needs)
         : m_roots(roots)
+        , m_files(files)
     {
         const auto hand = [this](auto task) {
             m_gathered.emplace_back(std::move(task));
             return m_gathered.size() < handful || handOver();
         };
-        needs = {hand, hand, [hand](ScanProblem problem) { (void)hand(std::move(problem)); }};
+        const auto handFile = [this, hand](ReadFile task) {
+            if (!m_files.suspects.contains(task.file.path()))
+                return hand(std::move(task));
+            m_suspects.push_back(std::move(task));
+            return true;
+        };
+        needs = {handFile, hand, [hand](ScanProblem problem) { (void)hand(std::move(problem)); }};
     }
 
     void start(FileChanges &changes, ScanMonitor &monitor, unsigned readers)
@@ -118,6 +158,8 @@ public:
         m_threads.clear();
         return m_isWalkComplete && !isStopped();
     }
+    /// Files for which nobody has looked yet; after finish().
+    [[nodiscard]] std::vector<ReadFile> takeSuspects() { return std::move(m_suspects); }
     ~Pipeline() { stop(); }
 
 private:
@@ -131,8 +173,9 @@ private:
             for (Task &task : *tasks) {
                 if (m_stop.stop_requested())
                     break;
-                outcomes.push_back(std::visit(
-                    [](auto &&t) { return performed(std::forward<decltype(t)>(t)); }, std::move(task)));
+                outcomes.push_back(
+                    std::visit([this](auto &&t) { return performed(std::forward<decltype(t)>(t), m_files); },
+                               std::move(task)));
             }
             if (!m_outcomes.push(std::move(outcomes), m_stop.get_token()))
                 break;
@@ -142,6 +185,8 @@ private:
     }
 
     const std::vector<QByteArray> &m_roots;
+    FileReading &m_files;
+    std::vector<ReadFile> m_suspects; ///< by the walk
     std::stop_source m_stop;
     std::vector<Task> m_gathered; ///< by the walk
     BoundedQueue<std::vector<Task>> m_tasks{queueLength};
@@ -231,6 +276,45 @@ private:
     Clock::time_point m_lastWrite = Clock::now();
 };
 
+/// What the last process was reading when it died becomes suspect, with what has been so before.
+Result<Done> learnSuspects(SongStore &store, FileReading &files)
+{
+    if (!files.record.leftBehind().empty()) {
+        if (const auto noted = store.noteSuspects(files.record.leftBehind()); !noted)
+            return noted;
+    }
+    files.record.startAnew();
+    const auto suspects = store.suspects();
+    if (!suspects)
+        return suspects.failure();
+    for (const FileName &file : *suspects)
+        files.suspects.insert(file.path());
+    return Done{};
+}
+
+/// While the writer writes, it reads as the scan does.
+class WriterReading
+{
+public:
+    WriterReading(SongStore &store, FileReading &files)
+        : m_store(store)
+    {
+        m_store.setReading([&files](const QByteArray &path) {
+            return files.suspects.contains(path) ? Failure{FailureKind::Unreadable, {}}
+                                                 : files.tags(path, {});
+        });
+    }
+    WriterReading(const WriterReading &) = delete;
+    WriterReading &operator=(const WriterReading &) = delete;
+    ~WriterReading()
+    {
+        m_store.setReading([](const QByteArray &path) { return readTags(path); });
+    }
+
+private:
+    SongStore &m_store;
+};
+
 Result<Done> writeMissing(SongStore &store, const FileChanges::Missing &missing)
 {
     if (!missing.gone.empty()) {
@@ -250,16 +334,21 @@ LibraryScanner::LibraryScanner(SongStore &store, std::vector<QByteArray> musicFo
     : m_store(store)
     , m_musicFolders(std::move(musicFolders))
     , m_readers(readers != 0 ? readers : std::max(1U, std::thread::hardware_concurrency()))
+    , m_read([](const QByteArray &path, const FolderListing &folder) { return readTags(path, folder); })
 {}
 
 Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor, ScanScope scope)
 {
+    FileReading files{m_read, ReadingRecord(m_store.path() + "-reading"), {}};
+    if (const Result<Done> learnt = learnSuspects(m_store, files); !learnt)
+        return learnt.failure();
+    const WriterReading reading(m_store, files);
     Result<KnownFiles> known = KnownFiles::load(m_store);
     if (!known)
         return known.failure();
     BatchWriter writer(m_store, monitor);
     FileChanges::Needs needs;
-    Pipeline pipeline(m_musicFolders, needs);
+    Pipeline pipeline(m_musicFolders, files, needs);
     FileChanges changes(m_musicFolders, *known, scope, monitor, needs);
     const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
     pipeline.start(changes, monitor, m_readers);
@@ -273,6 +362,10 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     }
     writer.summary().isComplete = pipeline.finish();
     writer.summary().unreadableMusicFolders = changes.unreadableMusicFolders();
+    if (writer.summary().isComplete) {
+        for (ReadFile &suspect : pipeline.takeSuspects())
+            writer.gather(performedWithCare(std::move(suspect), files));
+    }
     Result<Done> written = writer.write(); // what was read before a cancellation is kept as well
     if (written && !changes.returned().empty())
         written = m_store.setAvailability(changes.returned(), Availability::Available);
@@ -282,6 +375,8 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
         written = writeMissing(m_store, missing);
         if (written)
             written = writer.writeImages();
+        if (written && !files.suspects.empty())
+            written = m_store.clearSuspects();
     }
     if (written)
         written = writer.index(stop);

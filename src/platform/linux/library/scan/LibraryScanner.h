@@ -3,7 +3,9 @@
 
 #include "platform/linux/library/scan/ScanMonitor.h"
 #include "platform/linux/library/store/SongStore.h"
+#include "platform/linux/library/tags/FolderListing.h"
 
+#include <functional>
 #include <stop_token>
 #include <vector>
 
@@ -25,11 +27,20 @@ struct ScanSummary
 
 /// Brings the library up to date with the music folders: one thread walks, others read, the calling one
 /// writes, with short queues between them. What has been written stays, however the scan ends.
+///
+/// A file whose reading ends the program does so once. What was being read when it died is suspect to the
+/// next scan, which reads it last, and in a child process first: where the child dies too, the file becomes a
+/// problem like any other and is left alone until it changes; a file that was only being read when somebody
+/// killed the program passes, and is read at once.
 class LibraryScanner
 {
 public:
     /// @p readers: how many threads read files; 0: as many as the machine has cores.
     LibraryScanner(SongStore &store, std::vector<QByteArray> musicFolders, unsigned readers = 0);
+
+    using TagReading = std::function<Result<SongTags>(const QByteArray &path, const FolderListing &folder)>;
+    /// How files are read; readTags() unless said otherwise.
+    void setReading(TagReading read) { m_read = std::move(read); }
 
     /// Worker threads only. One bad file ends nothing: it is listed among the problems and not tried again
     /// until it changes. Fails when the database cannot be written (NoSpace, ...)
@@ -41,6 +52,7 @@ private:
     SongStore &m_store;
     std::vector<QByteArray> m_musicFolders;
     unsigned m_readers;
+    TagReading m_read;
 };
 
 } // namespace trackwise

@@ -23,24 +23,6 @@ std::string candidatesWhere(const char *condition)
 // Bounds what thousands of copies of one recording cost.
 constexpr int mostCandidates = 1000;
 
-bool holdsSound(const QByteArray &path, std::uint64_t audioHash)
-{
-    const Result<SongTags> tags = readTags(path);
-    return tags && tags->audioHash == audioHash;
-}
-
-/// Whether the sound that the candidate had is no longer where the library says.
-template <typename Candidate>
-bool hasLeft(const Candidate &candidate)
-{
-    if (candidate.availability != Availability::Available)
-        return candidate.availability == Availability::FileGone;
-    const auto now = signatureAt(candidate.path);
-    if (!now)
-        return true;
-    return *now != candidate.signature && !holdsSound(candidate.path, candidate.audioHash);
-}
-
 /// How many names, from the file's own upwards, two absolute paths have in common.
 std::ptrdiff_t commonTail(const QByteArray &a, const QByteArray &b)
 {
@@ -55,7 +37,8 @@ QString foldedText(const std::optional<QString> &text)
 } // namespace
 
 SongIdentity::SongIdentity(const sqlite::Connection &connection)
-    : m_withIdentity(connection.prepare(candidatesWhere("inode = ? AND device = ?")))
+    : m_read([](const QByteArray &path) { return readTags(path); })
+    , m_withIdentity(connection.prepare(candidatesWhere("inode = ? AND device = ?")))
     , m_withHash(connection.prepare(candidatesWhere("audio_hash = ?")))
     // Of songs that were here one after the other, the present one goes first, then the latest.
     , m_atPath(connection.prepare(
@@ -63,6 +46,23 @@ SongIdentity::SongIdentity(const sqlite::Connection &connection)
     , m_tags(connection.prepare(
           "SELECT title, artist, album_title, track_number, disc_number FROM songs WHERE id = ?"))
 {}
+
+bool SongIdentity::holdsSound(const QByteArray &path, std::uint64_t audioHash) const
+{
+    const Result<SongTags> tags = m_read(path);
+    return tags && tags->audioHash == audioHash;
+}
+
+/// Whether the sound that the candidate had is no longer where the library says.
+bool SongIdentity::hasLeft(const Candidate &candidate) const
+{
+    if (candidate.availability != Availability::Available)
+        return candidate.availability == Availability::FileGone;
+    const auto now = signatureAt(candidate.path);
+    if (!now)
+        return true;
+    return *now != candidate.signature && !holdsSound(candidate.path, candidate.audioHash);
+}
 
 std::vector<SongIdentity::Candidate> SongIdentity::candidates(sqlite::Statement &statement)
 {
@@ -132,7 +132,7 @@ std::optional<SongRowID> SongIdentity::vanishedTwin(const ScannedSong &scanned)
 {
     const QByteArray path = scanned.file.path();
     std::vector<Candidate> twins = withHash(scanned.tags.audioHash);
-    std::erase_if(twins, [](const Candidate &twin) { return !hasLeft(twin); });
+    std::erase_if(twins, [this](const Candidate &twin) { return !hasLeft(twin); });
     // While the file itself is away, its disk may be, and then the others have not left.
     if (twins.empty() || !signatureAt(path))
         return std::nullopt;

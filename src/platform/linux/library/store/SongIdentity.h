@@ -4,6 +4,7 @@
 #include "platform/linux/library/store/SongRecord.h"
 #include "platform/linux/library/store/Sqlite.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,10 @@ public:
     /// The song whose file is at this place according to the library.
     [[nodiscard]] std::optional<SongRowID> occupant(std::int64_t folderID, const QByteArray &name);
 
+    using TagReading = std::function<Result<SongTags>(const QByteArray &path)>;
+    /// How other files are read; readTags() unless somebody has to know of it.
+    void setReading(TagReading read) { m_read = std::move(read); }
+
 private:
     struct Candidate
     {
@@ -45,6 +50,10 @@ private:
     /// The song with this sound whose file has left its place, if it is clear which.
     [[nodiscard]] std::optional<SongRowID> vanishedTwin(const ScannedSong &scanned);
 
+    [[nodiscard]] bool holdsSound(const QByteArray &path, std::uint64_t audioHash) const;
+    [[nodiscard]] bool hasLeft(const Candidate &candidate) const;
+
+    TagReading m_read;
     sqlite::Statement m_withIdentity;
     sqlite::Statement m_withHash;
     sqlite::Statement m_atPath;

@@ -140,6 +140,44 @@ Result<Done> SongStore::writeFolderImages(std::span<const FolderImage> images)
     });
 }
 
+Result<Done> SongStore::noteSuspects(std::span<const FileName> files)
+{
+    return inTransaction([&] {
+        sqlite::Statement add = m_connection.prepare("INSERT OR IGNORE INTO suspects VALUES (?, ?)");
+        for (const FileName &file : files)
+            add.bind(m_writer.folderID(file.folder)).bindBytes(file.name).run();
+    });
+}
+
+Result<std::vector<FileName>> SongStore::suspects() const
+{
+    const std::scoped_lock lock(m_mutex);
+    try {
+        std::vector<FileName> files;
+        sqlite::Statement rows = m_connection.prepare(
+            "SELECT path, name FROM suspects JOIN folders ON folders.id = suspects.folder");
+        while (rows.step())
+            files.push_back({rows.bytes(0), rows.bytes(1)});
+        return files;
+    } catch (const sqlite::Error &error) {
+        return sqlite::asFailure(error);
+    }
+}
+
+Result<Done> SongStore::clearSuspects()
+{
+    return inTransaction([this] {
+        m_connection.execute("DELETE FROM suspects WHERE NOT EXISTS (SELECT 1 FROM problems"
+                             " WHERE problems.folder = suspects.folder AND problems.name = suspects.name)");
+    });
+}
+
+void SongStore::setReading(SongIdentity::TagReading read)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_writer.identity().setReading(std::move(read));
+}
+
 Result<Done> SongStore::checkIsThere() const
 {
     const std::scoped_lock lock(m_mutex);

@@ -76,6 +76,14 @@ public:
     [[nodiscard]] Result<Done> forgetProblems(std::span<const SongPlace> places);
     [[nodiscard]] Result<Done> writeFolderImages(std::span<const FolderImage> images);
 
+    /// Files that may have ended the program: remembered until it is known whether they are to blame.
+    [[nodiscard]] Result<Done> noteSuspects(std::span<const FileName> files);
+    [[nodiscard]] Result<std::vector<FileName>> suspects() const;
+    /// Forgets the suspects that have turned out to be songs, or are not there any more.
+    [[nodiscard]] Result<Done> clearSuspects();
+    /// How write() reads files other than those that it is given.
+    void setReading(SongIdentity::TagReading read);
+
     /// Fails when the database was deleted, moved or replaced while it is open: what is written then is lost.
     [[nodiscard]] Result<Done> checkIsThere() const;
 

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] std::int64_t folderID(const QByteArray &path);
     /// To be called when a transaction was rolled back: folders that it made are not there.
     void forgetFolders() { m_lastFolder = {}; }
+    [[nodiscard]] SongIdentity &identity() { return m_identity; }
     [[nodiscard]] SearchIndex &searchIndex() { return m_searchIndex; }
 
 private:

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/linux/library/LibraryFixture.h"
+#include "platform/linux/library/WavFolder.h"
+#include "platform/linux/library/scan/TrialReading.h"
+#include "platform/linux/library/tags/TagReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <csignal>
+#include <map>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+using Reading = LibraryScanner::TagReading;
+
+// What happens to files, folders, the database and the program while a scan runs.
+class tst_ScanMishaps : public QObject
+{
+    Q_OBJECT
+
+private:
+    static Result<ScanSummary> scan(SongStore &store, const WavFolder &music, Reading read,
+                                    ScanScope scope = ScanScope::Changes)
+    {
+        LibraryScanner scanner(store, {music.root()}, 1);
+        scanner.setReading(std::move(read));
+        ScanMonitor monitor;
+        return scanner.run({}, monitor, scope);
+    }
+    static std::map<QByteArray, PersistentID> songs(LibraryFixture &fixture)
+    {
+        std::map<QByteArray, PersistentID> songs;
+        fixture.library().forEachSong([&songs](const LibrarySong &song) {
+            songs[song.file.path()] = song.item.persistentID;
+            return true;
+        });
+        return songs;
+    }
+
+private Q_SLOTS:
+    void losesNothingToADiskThatGoesAway_data()
+    {
+        QTest::addColumn<int>("awayAt"); // the number of the file that is being read
+        QTest::addColumn<int>("backAt");
+        QTest::newRow("for a moment") << 3 << 9;
+        QTest::newRow("for good") << 3 << 1000;
+        QTest::newRow("when the walk has ended") << 295 << 1000;
+    }
+    void losesNothingToADiskThatGoesAway()
+    {
+        QFETCH(int, awayAt);
+        QFETCH(int, backAt);
+        const WavFolder music;
+        for (int i = 0; i < 300; ++i) // more than wait to be read: the walk is under way
+            music.write(QByteArray::number(i / 10) + '/' + QByteArray::number(i) + ".wav", i, "Title");
+        LibraryFixture fixture({music.root()});
+        QCOMPARE(fixture.scan().songsRead, 300);
+        const auto before = songs(fixture);
+
+        const QByteArray away = music.root() + " away";
+        int count = 0;
+        const Reading read = [&](const QByteArray &path, const FolderListing &folder) {
+            if (++count == awayAt)
+                std::rename(music.root().constData(), away.constData());
+            auto tags = readTags(path, folder);
+            if (count == backAt)
+                std::rename(away.constData(), music.root().constData());
+            return tags;
+        };
+        QVERIFY(scan(fixture.store(), music, read, ScanScope::Everything));
+        QVERIFY(count >= awayAt);
+        QCOMPARE(fixture.library().status().fileGone, 0);
+        QCOMPARE(fixture.library().status().problems, 0);
+
+        std::rename(away.constData(), music.root().constData());
+        fixture.scan();
+        QCOMPARE(fixture.library().status().available, 300);
+        QCOMPARE(songs(fixture), before);
+    }
+
+    void keepsNoSongThatChangesWhileItIsRead()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "Half");
+        LibraryFixture fixture({music.root()});
+        const Reading read = [&](const QByteArray &path, const FolderListing &folder) {
+            auto tags = readTags(path, folder);
+            music.write("a.wav", 1, "The whole of it");
+            return tags;
+        };
+        QCOMPARE(scan(fixture.store(), music, read)->songsRead, 0);
+        QCOMPARE(fixture.scan().songsRead, 1);
+    }
+
+    void tellsWhichMusicFolderCannotBeRead()
+    {
+        const WavFolder music;
+        music.write("good/a.wav", 1, "A");
+        music.writeBytes("file", "not a folder");
+        LibraryFixture fixture({music.path("good"), music.path("file"), music.path("nowhere")});
+        for (int i = 0; i < 2; ++i) { // it is told each time
+            const ScanSummary summary = fixture.scan();
+            QCOMPARE(summary.unreadableMusicFolders, std::vector{music.path("file")});
+            const auto problems = fixture.library().problems();
+            QCOMPARE(problems.size(), 1U);
+            QCOMPARE(problems.front().file.path(), music.path("file"));
+            QCOMPARE(problems.front().reason, QStringLiteral("The folder cannot be read: Not a directory."));
+        }
+        music.remove("file");
+        music.makeFolder("file");
+        QVERIFY(fixture.scan().unreadableMusicFolders.empty());
+        QCOMPARE(fixture.library().status().problems, 0);
+    }
+
+    void failsWhenItsDatabaseIsDeleted()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        LibraryFixture fixture({music.root()});
+        const auto result =
+            scan(fixture.store(), music, [&](const QByteArray &path, const FolderListing &folder) {
+                QFile::remove(QFile::decodeName(fixture.databasePath()));
+                return readTags(path, folder);
+            });
+        QVERIFY(!result);
+        QCOMPARE(result.failure().kind, FailureKind::Unreadable);
+        QVERIFY(result.failure().detail.contains(QFile::decodeName(fixture.databasePath())));
+    }
+
+    void isEndedByAFileOnce_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::addColumn<bool>("isToBlame");
+        QTest::newRow("a file that crashes the program") << SIGSEGV << true;
+        QTest::newRow("a file that takes all memory") << SIGKILL << true;
+        QTest::newRow("killed while it read a good file") << SIGKILL << false;
+    }
+    void isEndedByAFileOnce()
+    {
+        QFETCH(int, signal);
+        QFETCH(bool, isToBlame);
+        const WavFolder music;
+        music.write("bad.wav", 1, "Bad");
+        music.write("good.wav", 2, "Good");
+        const QTemporaryDir folder;
+        const QByteArray database = QFile::encodeName(folder.filePath(QStringLiteral("library.sqlite")));
+        bool isDeadly = true;
+        const Reading read = [&](const QByteArray &path, const FolderListing &listing) {
+            if (isDeadly && path.endsWith("/bad.wav"))
+                std::raise(signal);
+            return readTags(path, listing);
+        };
+        const auto scanAgain = [&](ScanScope scope) {
+            return *scan(**SongStore::open(database), music, read, scope);
+        };
+        const auto dies = [&] { (void)scanAgain(ScanScope::Changes); };
+        QCOMPARE(tryInChild(dies, 60s), TrialResult::Died); // the child has no open database of ours
+
+        isDeadly = isToBlame;
+        const int failed = isToBlame ? 1 : 0;
+        const ScanSummary second = scanAgain(ScanScope::Changes);
+        QCOMPARE(second.filesFailed, failed);
+        QCOMPARE(second.songsRead, 2 - failed);
+        QCOMPARE(scanAgain(ScanScope::Changes).filesFailed, 0); // not tried again
+        QCOMPARE(scanAgain(ScanScope::Everything).filesFailed, failed);
+        QCOMPARE(*(*SongStore::open(database))->suspects(),
+                 isToBlame ? (std::vector<FileName>{{music.root(), "bad.wav"}}) : std::vector<FileName>());
+        music.write("bad.wav", 3, "Mended");
+        isDeadly = false;
+        QCOMPARE(scanAgain(ScanScope::Changes).songsRead, 1);
+        QVERIFY((*SongStore::open(database))->suspects()->empty());
+        QCOMPARE(QDir(folder.path()).entryList({QStringLiteral("*reading*")}, QDir::Files), QStringList());
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ScanMishaps)
+#include "tst_ScanMishaps.moc"
