@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <filesystem>
 #include <map>
 
 using namespace trackwise;
@@ -56,8 +57,10 @@ private Q_SLOTS:
         const WavFolder music;
         for (int i = 0; i < 300; ++i) // more than wait to be read: the walk is under way
             music.write(QByteArray::number(i / 10) + '/' + QByteArray::number(i) + ".wav", i, "Title");
+        std::filesystem::create_hard_link(music.path("0/0.wav").toStdString(),
+                                          music.path("0/0 link.wav").toStdString());
         LibraryFixture fixture({music.root()});
-        QCOMPARE(fixture.scan().songsRead, 300);
+        QCOMPARE(fixture.scan().songsRead, 301);
         const auto before = songs(fixture);
 
         const QByteArray away = music.root() + " away";
@@ -77,7 +80,7 @@ private Q_SLOTS:
 
         std::rename(away.constData(), music.root().constData());
         fixture.scan();
-        QCOMPARE(fixture.library().status().available, 300);
+        QCOMPARE(fixture.library().status().available, 301);
         QCOMPARE(songs(fixture), before);
     }
 

@@ -23,6 +23,12 @@ std::string candidatesWhere(const char *condition)
 // Bounds what thousands of copies of one recording cost.
 constexpr int mostCandidates = 1000;
 
+/// Whether @p gone is not there while @p present is: when both are away, so may be their disk, for now.
+bool isMissingBeside(const QByteArray &gone, const QByteArray &present)
+{
+    return signatureAt(present) && !signatureAt(gone);
+}
+
 /// How many names, from the file's own upwards, two absolute paths have in common.
 std::ptrdiff_t commonTail(const QByteArray &a, const QByteArray &b)
 {
@@ -133,8 +139,11 @@ std::optional<SongRowID> SongIdentity::vanishedTwin(const ScannedSong &scanned)
     const QByteArray path = scanned.file.path();
     std::vector<Candidate> twins = withHash(scanned.tags.audioHash);
     std::erase_if(twins, [this](const Candidate &twin) { return !hasLeft(twin); });
-    // While the file itself is away, its disk may be, and then the others have not left.
-    if (twins.empty() || !signatureAt(path))
+    std::erase_if(twins, [&path](const Candidate &twin) {
+        return twin.availability == Availability::Available && !signatureAt(twin.path) &&
+               !isMissingBeside(twin.path, path);
+    });
+    if (twins.empty())
         return std::nullopt;
     using Likeness = std::tuple<std::ptrdiff_t, int, bool>;
     std::vector<std::pair<Likeness, SongRowID>> ranked;
@@ -161,6 +170,8 @@ std::optional<SongRowID> SongIdentity::songOf(const ScannedSong &scanned, std::i
         if (!sounds(candidate) || candidate.path == path)
             continue;
         const auto there = signatureAt(candidate.path);
+        if (!there && !isMissingBeside(candidate.path, path))
+            continue;
         if (!there || (there->identity != scanned.signature.identity && !holdsSound(candidate.path, hash)))
             return candidate.song;
     }
