@@ -22,7 +22,8 @@ class ScanStatus : public QObject
 public:
     ScanStatus(LibraryScan &scan, QObject *parent);
 
-    [[nodiscard]] bool isRunning() const { return m_progress.isRunning; }
+    /// A scan that is worth mentioning.
+    [[nodiscard]] bool isRunning() const { return m_progress.isRunning && !m_progress.isQuiet; }
     /// Of the files found so far, 0 to 1.
     [[nodiscard]] double fraction() const;
     [[nodiscard]] QString text() const;

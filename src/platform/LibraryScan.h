@@ -14,6 +14,8 @@ struct ScanProgress
     qsizetype filesHandled = 0; ///< of these: read, unchanged or failed
     bool isTotalKnown = false;  ///< all folders have been walked
     QString currentFolder;
+    /// Nobody has asked for it and it has not taken long: nothing to speak of.
+    bool isQuiet = false;
 
     friend bool operator==(const ScanProgress &, const ScanProgress &) = default;
 };
@@ -26,8 +28,10 @@ class LibraryScan : public QObject
 public:
     using QObject::QObject;
 
-    /// Starts a scan, or asks the running one to be followed by another.
+    /// Starts a scan of everything, or asks the running one to be followed by another.
     virtual void start() = 0;
+    /// Scans quietly where changes of the music folders are not noticed by themselves; else does nothing.
+    virtual void lookForChanges() {}
     /// Stops soon; what has been read stays.
     virtual void cancel() = 0;
     [[nodiscard]] virtual ScanProgress progress() const = 0;

@@ -68,8 +68,9 @@ Device::Device(const Options &options, Files files)
 {
     connectCounts();
     followIgnoredPlayers();
+    m_library->followMusicFolders();
     if (!options.library)
-        followMusicFolders();
+        followChoiceOfFolders();
 }
 
 Device::~Device() = default;
@@ -97,7 +98,7 @@ void Device::followIgnoredPlayers()
     QObject::connect(&m_settings, &DeviceSettings::ignoredPlayersDidChange, &m_systemPlayer, ignore);
 }
 
-void Device::followMusicFolders()
+void Device::followChoiceOfFolders()
 {
     QObject::connect(&m_musicFolders, &MusicFolders::foldersDidChange, &m_library->mediaLibrary(), [this] {
         m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_settingsFile).musicFolders);

@@ -55,7 +55,7 @@ private:
     Device(const Options &options, Files files);
     void connectCounts();
     void followIgnoredPlayers();
-    void followMusicFolders();
+    void followChoiceOfFolders();
 
     std::unique_ptr<QSettings> m_settingsFile;
     std::unique_ptr<QSettings> m_accessFile; ///< of a library other than that of the settings

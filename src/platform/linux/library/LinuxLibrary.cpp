@@ -40,6 +40,15 @@ void LinuxLibrary::setMusicFolders(const std::vector<QByteArray> &folders)
         m_scan.start();
 }
 
+void LinuxLibrary::followMusicFolders()
+{
+    const auto follow = [this] {
+        m_scan.setFollowing(m_access.status() == LibraryAuthorizationStatus::Authorized);
+    };
+    follow();
+    QObject::connect(&m_access, &LibraryAccess::statusDidChange, &m_scan, follow);
+}
+
 LibraryStatus LinuxLibrary::status() const
 {
     return m_readers.read(LibraryStatus{}, [](Reader &reader) {

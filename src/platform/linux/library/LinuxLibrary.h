@@ -36,6 +36,9 @@ public:
     [[nodiscard]] const LibraryConfiguration &configuration() const { return m_configuration; }
     /// Takes over another choice of folders and, where that is allowed, scans them. Main thread.
     void setMusicFolders(const std::vector<QByteArray> &folders);
+    /// From now on, and as long as that is allowed, changes of the music folders are noticed. The folders
+    /// become known by a scan, which somebody else starts. Main thread.
+    void followMusicFolders();
     [[nodiscard]] LibraryAccess &access() { return m_access; }
     [[nodiscard]] MediaLibrary &mediaLibrary() { return m_mediaLibrary; }
     [[nodiscard]] const LibraryBrowser &browser() const { return m_lists; }

@@ -56,7 +56,7 @@ ScanSummary LibraryFixture::scan(ScanScope scope)
 {
     ScanMonitor monitor;
     const auto result =
-        LibraryScanner(store(), m_library->configuration().musicFolders).run({}, monitor, scope);
+        LibraryScanner(store(), m_library->configuration().musicFolders).run({}, monitor, {scope});
     if (!result)
         qFatal("%s", qPrintable(result.failure().detail));
     return *result;

@@ -29,7 +29,7 @@ private:
         LibraryScanner scanner(store, {music.root()}, 1);
         scanner.setReading(std::move(read));
         ScanMonitor monitor;
-        return scanner.run({}, monitor, scope);
+        return scanner.run({}, monitor, {scope});
     }
     static std::map<QByteArray, PersistentID> songs(LibraryFixture &fixture)
     {

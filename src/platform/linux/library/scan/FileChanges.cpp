@@ -124,7 +124,7 @@ void FileChanges::take(FoundFolder folder)
         const std::int64_t sidecar = sidecarOf(file.name, *companions, device);
         const std::span<KnownFiles::Entry> entries = m_known.find(known, file.name);
         noteDisks(folder, file, entries);
-        if (isUnchanged(file, sidecar, entries)) {
+        if (isUnchanged(file, sidecar, entries) || file.isUnfinished) {
             ++unchanged;
             continue;
         }

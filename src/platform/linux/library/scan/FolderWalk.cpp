@@ -46,14 +46,6 @@ bool hasSuffix(QByteArrayView name, const std::array<const char *, count> &suffi
     });
 }
 
-// "...And Justice" is a name, ".cache" is hidden.
-bool isPassedOver(QByteArrayView folder)
-{
-    const bool isHidden = folder.startsWith('.') && !folder.startsWith("..");
-    return isHidden || std::any_of(passedOver.begin(), passedOver.end(),
-                                   [folder](const char *name) { return folder == QByteArrayView(name); });
-}
-
 bool isOfTheSystem(int descriptor)
 {
     struct statfs status = {};
@@ -94,6 +86,16 @@ public:
         return !m_stop.stop_requested();
     }
 
+    bool run(const ScanPart &part)
+    {
+        for (const QByteArray &tree : part.trees())
+            walkTree(tree);
+        std::vector<QByteArray> leftOut;
+        for (const QByteArray &folder : part.folders())
+            visit(folder, leftOut);
+        return !m_stop.stop_requested();
+    }
+
 private:
     void walkTree(const QByteArray &top)
     {
@@ -125,11 +127,17 @@ private:
         if (!m_visited.insert({status.st_dev, status.st_ino}).second || isOfTheSystem(descriptor))
             return;
 
+        FoundFolder found;
+        found.path = path;
+        found.device = status.st_dev;
+        found.modified = signatureOf(status).modified;
+        if (m_visitor.willRead)
+            m_visitor.willRead(found);
         std::vector<std::pair<QByteArray, unsigned char>> entries;
         errno = 0;
         while (const dirent *entry = readdir(handle.get())) {
             const QByteArrayView name(entry->d_name);
-            if (name == ".nomedia")
+            if (name == leaveOutMark)
                 return;
             if (name != "." && name != "..")
                 entries.emplace_back(name.toByteArray(), entry->d_type);
@@ -140,7 +148,6 @@ private:
             return;
         }
         std::sort(entries.begin(), entries.end());
-        FoundFolder found{path, status.st_dev, {}, {}};
         const auto firstNew = std::ssize(waiting);
         for (const auto &[name, type] : entries)
             take(descriptor, name, type, found, waiting);
@@ -154,7 +161,7 @@ private:
         const bool isMusic =
             hasMusicSuffix(name) && !name.startsWith("._"); // those hold what macOS adds to files
         if (type == DT_DIR) {
-            takeFolder(found.path, name, waiting);
+            takeFolder(name, found, waiting);
             return;
         }
         if (!isMusic && (type == DT_REG || type == DT_FIFO || type == DT_SOCK)) {
@@ -164,17 +171,19 @@ private:
         }
         struct stat status = {};
         if (fstatat(folder, name.constData(), &status, 0) != 0) {
+            found.hasLinks |= type == DT_LNK && !isMusic;
             if (isMusic)
                 takeUnseen(folder, name, found);
             return;
         }
         if (S_ISDIR(status.st_mode)) {
+            found.hasLinks |= type == DT_LNK;
             if (type == DT_LNK)
                 m_links.push_back(found.path + '/' + name);
             else
-                takeFolder(found.path, name, waiting);
+                takeFolder(name, found, waiting);
         } else if (isMusic) {
-            FoundFile file{name, signatureOf(status), {}, {}};
+            FoundFile file{name, signatureOf(status), {}, {}, false};
             if (!S_ISREG(status.st_mode)) {
                 file.failure = FailureKind::Unsupported;
                 file.reason = QStringLiteral("It is not a regular file.");
@@ -185,10 +194,12 @@ private:
         }
     }
 
-    static void takeFolder(const QByteArray &parent, const QByteArray &name, std::vector<QByteArray> &waiting)
+    static void takeFolder(const QByteArray &name, FoundFolder &found, std::vector<QByteArray> &waiting)
     {
-        if (!isPassedOver(name))
-            waiting.push_back(parent == "/" ? '/' + name : parent + '/' + name);
+        if (isPassedOver(name))
+            return;
+        found.folders.push_back(name);
+        waiting.push_back(found.path == "/" ? '/' + name : found.path + '/' + name);
     }
 
     void takeUnseen(int folder, const QByteArray &name, FoundFolder &found)
@@ -210,7 +221,8 @@ private:
             reason = QStringLiteral("It is a link that leads back to itself.");
         found.music.push_back(
             {name, signatureOf(link),
-             error == ENOENT || error == ELOOP ? FailureKind::NotFound : FailureKind::Unreadable, reason});
+             error == ENOENT || error == ELOOP ? FailureKind::NotFound : FailureKind::Unreadable, reason,
+             false});
     }
 
     // A link to the home folder or to what holds the music folders would draw in everything else.
@@ -237,9 +249,29 @@ bool FolderWalk::walk(const std::vector<QByteArray> &roots, const Visitor &visit
     return Walk(roots, visitor, stop).run();
 }
 
+bool FolderWalk::walkPart(const ScanPart &part, const Visitor &visitor, const std::stop_token &stop)
+{
+    const std::vector<QByteArray> none;
+    return Walk(none, visitor, stop).run(part);
+}
+
 bool hasMusicSuffix(QByteArrayView name)
 {
     return hasSuffix(name, musicSuffixes);
+}
+
+bool isOfInterest(QByteArrayView fileName)
+{
+    return hasSuffix(fileName, musicSuffixes) || hasSuffix(fileName, companionSuffixes);
+}
+
+// "...And Justice" is a name, ".cache" is hidden.
+bool isPassedOver(QByteArrayView folderName)
+{
+    const bool isHidden = folderName.startsWith('.') && !folderName.startsWith("..");
+    return isHidden || std::any_of(passedOver.begin(), passedOver.end(), [folderName](const char *name) {
+               return folderName == QByteArrayView(name);
+           });
 }
 
 } // namespace trackwise

@@ -5,14 +5,17 @@
 
 namespace trackwise {
 
-Result<KnownFiles> KnownFiles::load(const SongStore &store)
+Result<KnownFiles> KnownFiles::load(const SongStore &store, const ScanPart &part)
 {
     KnownFiles files;
     std::unordered_map<std::int64_t, std::uint32_t> folderByID;
     const auto takeFolder = [&](KnownFolder folder) {
+        if (!part.contains(folder.path))
+            return SongStore::FilesOfFolder::PassOver;
         folderByID.emplace(folder.id, static_cast<std::uint32_t>(files.m_folders.size()));
         files.m_folderByPath.emplace(folder.path, files.m_folders.size());
         files.m_folders.push_back(std::move(folder));
+        return SongStore::FilesOfFolder::Visit;
     };
     const auto takeFile = [&](const KnownFile &file) {
         files.m_entries.push_back({file.signature, file.sidecar, file.song, folderByID.at(file.folder),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/linux/library/scan/ScanPart.h"
 #include "platform/linux/library/store/SongStore.h"
 
 #include <span>
@@ -30,7 +31,7 @@ public:
         [[nodiscard]] bool isProblem() const { return song == SongRowID{}; }
     };
 
-    [[nodiscard]] static Result<KnownFiles> load(const SongStore &store);
+    [[nodiscard]] static Result<KnownFiles> load(const SongStore &store, const ScanPart &part);
 
     [[nodiscard]] const std::vector<KnownFolder> &folders() const { return m_folders; }
     [[nodiscard]] const KnownFolder *folder(const QByteArray &path) const;

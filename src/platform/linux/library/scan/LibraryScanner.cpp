@@ -3,6 +3,7 @@
 
 #include "platform/linux/library/scan/BoundedQueue.h"
 #include "platform/linux/library/scan/FileChanges.h"
+#include "platform/linux/library/scan/FolderWatch.h"
 #include "platform/linux/library/scan/ReadingRecord.h"
 #include "platform/linux/library/scan/TrialReading.h"
 #include "platform/linux/library/store/FileSignature.h"
@@ -40,7 +41,9 @@ Instant now()
 using Task = std::variant<ReadFile, ReadImage, ScanProblem>;
 /// What was there when the walk came by, and is not any more or is something else: the next scan's matter.
 struct HasMoved
-{};
+{
+    FileName file;
+};
 using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem, HasMoved>;
 
 // By what every disk keeps: some make up inodes, and with them the time of their change, anew each time.
@@ -72,7 +75,7 @@ Outcome performed(ReadFile task, FileReading &files)
     // signature of a good one: nobody would look at it again.
     const bool wasThere = tags || tags.failure().kind != FailureKind::NotFound;
     if (!wasThere || !isStill(path, task.signature.size, task.signature.modified))
-        return HasMoved{};
+        return HasMoved{std::move(task.file)};
     if (!tags)
         return ScanProblem{std::move(task.file), task.signature, tags.failure().kind, tags.failure().detail};
     if (task.sidecar != 0 && !tags->lyrics &&
@@ -109,15 +112,18 @@ Outcome performedWithCare(ReadFile task, FileReading &files)
     case TrialResult::NotTried:
         break;
     }
-    return HasMoved{};
+    return HasMoved{std::move(task.file)};
 }
 
 /// The threads between the music folders and the writer.
 class Pipeline
 {
 public:
-    Pipeline(const std::vector<QByteArray> &roots, FileReading &files, FileChanges::Needs &needs)
+    Pipeline(const std::vector<QByteArray> &roots, const ScanRequest &request, FileReading &files,
+             FileChanges::Needs &needs)
         : m_roots(roots)
+        , m_part(request.part)
+        , m_watch(request.watch)
         , m_files(files)
     {
         const auto hand = [this](auto task) {
@@ -136,10 +142,7 @@ public:
     void start(FileChanges &changes, ScanMonitor &monitor, unsigned readers)
     {
         m_threads.emplace_back([this, &changes, &monitor] {
-            const FolderWalk::Visitor visitor{
-                [&changes](FoundFolder folder) { changes.take(std::move(folder)); },
-                [&changes](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); }};
-            m_isWalkComplete = FolderWalk::walk(m_roots, visitor, m_stop.get_token());
+            m_isWalkComplete = walk(changes);
             monitor.noteAllFound();
             (void)handOver();
             m_tasks.close();
@@ -165,6 +168,27 @@ public:
 private:
     bool handOver() { return m_tasks.push(std::exchange(m_gathered, {}), m_stop.get_token()); }
 
+    [[nodiscard]] bool walk(FileChanges &changes)
+    {
+        FolderWalk::Visitor visitor{
+            [&](FoundFolder folder) {
+                if (m_watch)
+                    m_watch->didRead(folder);
+                changes.take(std::move(folder));
+            },
+            [&](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); }};
+        if (m_watch) {
+            visitor.willRead = [this](const FoundFolder &folder) { m_watch->willRead(folder); };
+            m_watch->willScan(m_part, m_roots);
+        }
+        const bool isComplete = m_part.isEverything()
+                                    ? FolderWalk::walk(m_roots, visitor, m_stop.get_token())
+                                    : FolderWalk::walkPart(m_part, visitor, m_stop.get_token());
+        if (m_watch && isComplete)
+            m_watch->didScan(m_part);
+        return isComplete;
+    }
+
     void read()
     {
         while (std::optional<std::vector<Task>> tasks = m_tasks.pop(m_stop.get_token())) {
@@ -176,6 +200,9 @@ private:
                 outcomes.push_back(
                     std::visit([this](auto &&t) { return performed(std::forward<decltype(t)>(t), m_files); },
                                std::move(task)));
+                const auto *moved = std::get_if<HasMoved>(&outcomes.back());
+                if (moved && m_watch)
+                    m_watch->didFindGrowing(moved->file);
             }
             if (!m_outcomes.push(std::move(outcomes), m_stop.get_token()))
                 break;
@@ -185,6 +212,8 @@ private:
     }
 
     const std::vector<QByteArray> &m_roots;
+    const ScanPart &m_part;
+    FolderWatch *m_watch;
     FileReading &m_files;
     std::vector<ReadFile> m_suspects; ///< by the walk
     std::stop_source m_stop;
@@ -337,19 +366,20 @@ LibraryScanner::LibraryScanner(SongStore &store, std::vector<QByteArray> musicFo
     , m_read([](const QByteArray &path, const FolderListing &folder) { return readTags(path, folder); })
 {}
 
-Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor, ScanScope scope)
+Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor &monitor,
+                                        const ScanRequest &request)
 {
     FileReading files{m_read, ReadingRecord(m_store.path() + "-reading"), {}};
     if (const Result<Done> learnt = learnSuspects(m_store, files); !learnt)
         return learnt.failure();
     const WriterReading reading(m_store, files);
-    Result<KnownFiles> known = KnownFiles::load(m_store);
+    Result<KnownFiles> known = KnownFiles::load(m_store, request.part);
     if (!known)
         return known.failure();
     BatchWriter writer(m_store, monitor);
     FileChanges::Needs needs;
-    Pipeline pipeline(m_musicFolders, files, needs);
-    FileChanges changes(m_musicFolders, *known, scope, monitor, needs);
+    Pipeline pipeline(m_musicFolders, request, files, needs);
+    FileChanges changes(m_musicFolders, *known, request.scope, monitor, needs);
     const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
     pipeline.start(changes, monitor, m_readers);
 
@@ -375,7 +405,7 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
         written = writeMissing(m_store, missing);
         if (written)
             written = writer.writeImages();
-        if (written && !files.suspects.empty())
+        if (written && !files.suspects.empty() && request.part.isEverything())
             written = m_store.clearSuspects();
     }
     if (written)

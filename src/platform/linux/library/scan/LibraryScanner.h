@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/library/scan/ScanMonitor.h"
+#include "platform/linux/library/scan/ScanPart.h"
 #include "platform/linux/library/store/SongStore.h"
 #include "platform/linux/library/tags/FolderListing.h"
 
@@ -14,6 +15,17 @@ namespace trackwise {
 enum class ScanScope {
     Changes,    ///< files that are not as the library knows them
     Everything, ///< all files, as if nothing were known of what is in them
+};
+
+class FolderWatch;
+
+/// What a scan is to do; nothing said: find all changes.
+struct ScanRequest
+{
+    ScanScope scope = ScanScope::Changes;
+    ScanPart part = ScanPart::everything(); ///< that is looked at
+    /// Gets to know the folders, and keeps files back that are not complete. May be null.
+    FolderWatch *watch = nullptr;
 };
 
 struct ScanSummary
@@ -46,7 +58,7 @@ public:
     /// until it changes. Fails when the database cannot be written (NoSpace, ...)
     /// or is not there any more.
     [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, ScanMonitor &monitor,
-                                          ScanScope scope = ScanScope::Changes);
+                                          const ScanRequest &request = {});
 
 private:
     SongStore &m_store;

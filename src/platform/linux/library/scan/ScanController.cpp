@@ -9,6 +9,8 @@ namespace trackwise {
 namespace {
 using namespace std::chrono_literals;
 constexpr auto lookInterval = 100ms;
+constexpr std::chrono::milliseconds quietTime =
+    1s; ///< a scan that takes longer is worth mentioning, whoever wanted it
 } // namespace
 
 ScanController::ScanController(std::shared_ptr<SongStore> store, std::vector<QByteArray> musicFolders,
@@ -26,13 +28,48 @@ ScanController::~ScanController()
 {
     m_stop.request_stop();
     m_pool.waitForDone();
+    m_watch.reset();
+}
+
+void ScanController::setFollowing(bool isFollowing)
+{
+    if (isFollowing == m_isFollowing)
+        return;
+    m_isFollowing = isFollowing;
+    if (m_watch)
+        m_watch->clear();
+    if (!isFollowing) {
+        cancel();
+    } else if (!m_watch) {
+        m_watch = std::make_unique<FolderWatch>([this](const ScanPart &part) {
+            QMetaObject::invokeMethod(
+                this, [this, part] { scanQuietly(part); }, Qt::QueuedConnection);
+        });
+    }
+    if (isFollowing && m_isRunning) // which knows nothing of the watch
+        m_waiting = ScanPart::everything();
 }
 
 void ScanController::start()
 {
-    if (m_isRunning)
-        m_isAnotherWanted = true;
-    else
+    m_isAskedFor = true;
+    m_waiting = ScanPart::everything();
+    if (!m_isRunning)
+        run();
+}
+
+void ScanController::lookForChanges()
+{
+    if (m_isFollowing && !m_isRunning && !m_watch->seesEverything())
+        scanQuietly(ScanPart::everything());
+}
+
+void ScanController::scanQuietly(const ScanPart &part)
+{
+    if (!m_isFollowing)
+        return;
+    m_waiting.add(part);
+    if (!m_isRunning)
         run();
 }
 
@@ -45,29 +82,34 @@ void ScanController::readEverythingAgain()
 void ScanController::cancel()
 {
     m_nextScope = ScanScope::Changes;
-    m_isAnotherWanted = false;
+    m_waiting = {};
     m_stop.request_stop();
 }
 
 ScanProgress ScanController::progress() const
 {
-    return m_monitor ? m_monitor->progress(m_isRunning) : ScanProgress{};
+    if (!m_monitor)
+        return {};
+    ScanProgress progress = m_monitor->progress(m_isRunning);
+    progress.isQuiet = !m_isAskedFor && !m_sinceStart.hasExpired(quietTime.count());
+    return progress;
 }
 
 void ScanController::run()
 {
     m_isRunning = true;
-    m_isAnotherWanted = false;
     m_failure.reset();
     m_stop = {};
     m_changesTold = 0;
     m_monitor = std::make_shared<ScanMonitor>();
+    m_sinceStart.start();
     m_timer.start();
     runInBackground(
         m_pool, this,
         [store = m_store, folders = m_musicFolders, monitor = m_monitor, stop = m_stop.get_token(),
-         scope = std::exchange(m_nextScope, ScanScope::Changes)] {
-            return LibraryScanner(*store, folders).run(stop, *monitor, scope);
+         request = ScanRequest{std::exchange(m_nextScope, ScanScope::Changes), std::exchange(m_waiting, {}),
+                               m_isFollowing ? m_watch.get() : nullptr}] {
+            return LibraryScanner(*store, folders).run(stop, *monitor, request);
         },
         [this](const Result<ScanSummary> &result) { end(result); });
     Q_EMIT progressDidChange();
@@ -93,10 +135,12 @@ void ScanController::end(const Result<ScanSummary> &result)
         m_failure = result.failure();
         qCWarning(libraryLog) << "scanning the music folders:" << m_failure->detail;
     }
+    if (m_watch && !m_isFollowing)
+        m_watch->clear(); // of what the scan came past since
     look();
-    if (m_isAnotherWanted)
+    if (!m_waiting.isEmpty())
         run();
-    else
+    else if (std::exchange(m_isAskedFor, false))
         Q_EMIT finished();
 }
 

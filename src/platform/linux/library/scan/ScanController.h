@@ -2,8 +2,10 @@
 #pragma once
 
 #include "platform/LibraryScan.h"
+#include "platform/linux/library/scan/FolderWatch.h"
 #include "platform/linux/library/scan/LibraryScanner.h"
 
+#include <QElapsedTimer>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -13,7 +15,8 @@
 
 namespace trackwise {
 
-/// Runs scans in the background, one at a time, and tells how they go. Main thread.
+/// Runs scans in the background, one at a time, and tells how they go: those that are asked for, and those of
+/// folders in which something has changed. Main thread.
 class ScanController final : public LibraryScan
 {
     Q_OBJECT
@@ -27,9 +30,13 @@ public:
     /// For the scans that start from now on.
     void setMusicFolders(std::vector<QByteArray> folders) { m_musicFolders = std::move(folders); }
 
+    /// Whether the folders are watched from the next scan on. At first they are not.
+    void setFollowing(bool isFollowing);
+
     void start() override;
     /// As start(), but with every file, be it changed or not.
     void readEverythingAgain();
+    void lookForChanges() override;
     void cancel() override;
     [[nodiscard]] ScanProgress progress() const override;
     /// Why the last scan ended early, such as a full disk; nothing while one runs or after a good one.
@@ -41,10 +48,11 @@ public:
 Q_SIGNALS:
     /// Songs came, went or changed; at most a few times a second.
     void libraryDidChange();
-    /// No scan runs any more, and none is waiting.
+    /// No scan runs any more, and none is waiting. Not told of scans that nobody has asked for.
     void finished();
 
 private:
+    void scanQuietly(const ScanPart &part);
     void run();
     void look();
     void end(const Result<ScanSummary> &result);
@@ -57,9 +65,13 @@ private:
     std::stop_source m_stop;
     ScanScope m_nextScope = ScanScope::Changes;
     bool m_isRunning = false;
-    bool m_isAnotherWanted = false;
+    bool m_isAskedFor = false; ///< the one that runs, or one before it without a pause
+    bool m_isFollowing = false;
+    ScanPart m_waiting; ///< for the next scan
+    QElapsedTimer m_sinceStart;
     unsigned m_changesTold = 0;
     QTimer m_timer;
+    std::unique_ptr<FolderWatch> m_watch; ///< scans use it, and it calls this object
     QThreadPool m_pool;
 };
 

@@ -234,8 +234,15 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
     try {
         sqlite::Statement folders =
             m_connection.prepare("SELECT id, path, image, image_modified FROM folders");
-        while (folders.step())
-            folder({folders.integer(0), folders.bytes(1), folders.bytes(2), folders.integer(3)});
+        std::vector<std::int64_t> wanted;
+        bool areAllWanted = true;
+        while (folders.step()) {
+            const std::int64_t id = folders.integer(0);
+            if (folder({id, folders.bytes(1), folders.bytes(2), folders.integer(3)}) == FilesOfFolder::Visit)
+                wanted.push_back(id);
+            else
+                areAllWanted = false;
+        }
 
         const auto visit = [&file](sqlite::Statement &statement) {
             while (statement.step()) {
@@ -254,15 +261,27 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
                 file(known);
             }
         };
-        sqlite::Statement songs =
-            m_connection.prepare("SELECT song, folder, name, device, inode, size, modified, changed,"
-                                 " availability, sidecar, reader < ? FROM files WHERE availability < 2");
-        visit(songs.bind(std::int64_t{readerVersion}));
-        sqlite::Statement problems =
-            m_connection.prepare("SELECT 0, folder, name, 0, inode, size, modified, changed, 0, 0,"
-                                 " reader < ? OR kind = ? FROM problems");
-        visit(problems.bind(std::int64_t{readerVersion})
-                  .bind(static_cast<std::int64_t>(FailureKind::Unreadable)));
+        constexpr std::int64_t reader = readerVersion;
+        constexpr auto unreadable = static_cast<std::int64_t>(FailureKind::Unreadable);
+        const std::string songsWhere = "SELECT song, folder, name, device, inode, size, modified, changed,"
+                                       " availability, sidecar, reader < ? FROM files WHERE availability < 2";
+        const std::string problemsWhere = "SELECT 0, folder, name, 0, inode, size, modified, changed, 0, 0,"
+                                          " reader < ? OR kind = ? FROM problems";
+        if (areAllWanted) {
+            sqlite::Statement songs = m_connection.prepare(songsWhere);
+            visit(songs.bind(reader));
+            sqlite::Statement problems = m_connection.prepare(problemsWhere);
+            visit(problems.bind(reader).bind(unreadable));
+            return Done{};
+        }
+        sqlite::Statement songs = m_connection.prepare(songsWhere + " AND folder = ?");
+        sqlite::Statement problems = m_connection.prepare(problemsWhere + " WHERE folder = ?");
+        for (const std::int64_t id : wanted) {
+            visit(songs.bind(reader).bind(id));
+            songs.reset();
+            visit(problems.bind(reader).bind(unreadable).bind(id));
+            problems.reset();
+        }
         return Done{};
     } catch (const sqlite::Error &error) {
         return sqlite::asFailure(error);

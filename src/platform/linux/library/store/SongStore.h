@@ -93,9 +93,10 @@ public:
     [[nodiscard]] Result<Done> recordPlay(PersistentID id, Instant when);
     [[nodiscard]] Result<Done> recordSkip(PersistentID id);
 
-    using FolderVisitor = std::function<void(KnownFolder)>;
+    enum class FilesOfFolder { Visit, PassOver };
+    using FolderVisitor = std::function<FilesOfFolder(KnownFolder)>;
     using FileVisitor = std::function<void(const KnownFile &)>;
-    /// All folders, then all files that should be there, then all files that could not be read.
+    /// All folders, then the files in them that should be there and those that could not be read.
     [[nodiscard]] Result<Done> visitKnownFiles(const FolderVisitor &folder, const FileVisitor &file) const;
 
     /// Gives back memory that a scan needed.
