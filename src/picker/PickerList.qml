@@ -38,6 +38,8 @@ ListView {
         id: header
 
         required property string section
+        // The label that stays at the top is not told when it comes to stand for another section.
+        readonly property string label: y <= root.contentY ? root.currentSection : section
 
         width: ListView.view.width
         height: root.headerHeight
@@ -52,7 +54,7 @@ ListView {
             anchors.left: parent.left
             anchors.leftMargin: 18 // as the rows
             anchors.verticalCenter: parent.verticalCenter
-            text: header.section
+            text: header.label
             style: Theme.footnote.bold()
             color: Theme.secondaryLabel
             Accessible.role: Accessible.Heading

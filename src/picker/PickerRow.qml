@@ -62,7 +62,7 @@ Item {
         anchors.left: texts.left
         anchors.right: parent.right
         anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
-        visible: root.index > 0 && (root.isLow || !root.startsSection)
+        visible: root.index > 0 && !root.isHighlighted && (root.isLow || !root.startsSection)
     }
     RowArtwork {
         id: artworkTile

@@ -291,6 +291,25 @@ private Q_SLOTS:
         QTRY_COMPARE(w.picker.emptyState().message, QStringLiteral("No song matches “<i>x</i>”."));
     }
 
+    void theLabelAtTheTopFollowsTheRows()
+    {
+        PickerWindow w(10000);
+        QTRY_VERIFY(w.rowItem(0));
+        const auto atTop = [&w] {
+            for (const QQuickItem *item :
+                 w.list()->property("contentItem").value<QQuickItem *>()->childItems()) {
+                if (item->property("label").isValid() && item->mapToItem(w.list(), {0, 0}).y() == 0)
+                    return item->property("label").toString();
+            }
+            return QString();
+        };
+        for (const int row : {5000, 9999, 7000}) {
+            w.picker.songs()->highlight(row);
+            const QModelIndex first = w.picker.songs()->index(row - 5); // in view, above the row
+            QTRY_COMPARE(atTop(), first.data(LibraryListModel::SectionRole).toString());
+        }
+    }
+
     void fourRowsFitIntoALowSheet()
     {
         PickerWindow w(1000);
