@@ -321,6 +321,16 @@ def make_matroska():
               "-attach", cover, "-metadata:s:t", "mimetype=image/png", "-metadata:s:t", "filename=cover.png")
 
 
+def make_larger_and_rarer():
+    """Containers for what is larger than WAV can hold, and streams of frames; most have a title at least."""
+    title = ("-metadata", "title=Tïtle ✓ 夜")
+    sound("info.caf", "-ar", "8000", "-c:a", "pcm_s8", *title)
+    sound("info-rf64.wav", "-ar", "8000", "-c:a", "pcm_u8", "-rf64", "always", *title)
+    sound("plain.w64", "-ar", "8000", "-c:a", "pcm_u8")
+    sound("plain.eac3", "-ar", "32000", "-c:a", "eac3", "-b:a", "32k")
+    sound("plain.latm", "-ar", "22050", "-ac", "1", "-c:a", "aac", "-b:a", "32k", "-f", "latm")
+
+
 def main():
     os.makedirs(OUT, exist_ok=True)
     make_id3()
@@ -330,6 +340,7 @@ def main():
     make_asf()
     make_riff_info()
     make_matroska()
+    make_larger_and_rarer()
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 
 #include "platform/linux/library/scan/MusicDisks.h"
 #include "platform/linux/library/store/FileSignature.h"
+#include "platform/linux/library/tags/MusicFormats.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -21,10 +22,6 @@
 namespace trackwise {
 
 namespace {
-constexpr std::array musicSuffixes{"aac", "ac3", "aif", "aifc", "aiff", "alac", "ape", "asf",
-                                   "caf", "dff", "dsf", "flac", "m4a",  "m4b",  "m4p", "mka",
-                                   "mp+", "mp1", "mp2", "mp3",  "mpc",  "oga",  "ogg", "opus",
-                                   "spx", "tta", "wav", "wave", "weba", "wma",  "wv"};
 constexpr std::array companionSuffixes{"jpeg", "jpg", "lrc", "png", "txt", "webp"};
 constexpr std::array passedOver{"$RECYCLE.BIN", "@eaDir", "System Volume Information", "lost+found"};
 
@@ -255,14 +252,9 @@ bool FolderWalk::walkPart(const ScanPart &part, const Visitor &visitor, const st
     return Walk(none, visitor, stop).run(part);
 }
 
-bool hasMusicSuffix(QByteArrayView name)
-{
-    return hasSuffix(name, musicSuffixes);
-}
-
 bool isOfInterest(QByteArrayView fileName)
 {
-    return hasSuffix(fileName, musicSuffixes) || hasSuffix(fileName, companionSuffixes);
+    return hasMusicSuffix(fileName) || hasSuffix(fileName, companionSuffixes);
 }
 
 // "...And Justice" is a name, ".cache" is hidden.

@@ -59,8 +59,6 @@ public:
                                        const std::stop_token &stop);
 };
 
-/// Whether a file with this name is taken for music. Letter case does not matter.
-[[nodiscard]] bool hasMusicSuffix(QByteArrayView name);
 /// Whether it matters to the library: music, or lyrics and pictures beside it.
 [[nodiscard]] bool isOfInterest(QByteArrayView fileName);
 /// Whether a walk leaves out every folder of this name.

@@ -88,6 +88,8 @@ const char *demuxerOf(Container container)
         return "mp3";
     case Container::Adts:
         return "aac";
+    case Container::Latm:
+        return "loas";
     case Container::Ac3:
         return "ac3";
     case Container::Flac:
@@ -100,7 +102,12 @@ const char *demuxerOf(Container container)
     case Container::Mp4:
         return "mp4";
     case Container::Wav:
+    case Container::Rf64:
         return "wav";
+    case Container::Wave64:
+        return "w64";
+    case Container::Caf:
+        return "caf";
     case Container::Aiff:
         return "aiff";
     case Container::MonkeysAudio:

@@ -8,7 +8,7 @@
 namespace trackwise {
 
 // Containers that are read here, block by block, since TagLib gives up on the whole file where one block is
-// odd, and reads every picture that there is.
+// odd, reads every picture that there is, and takes the first stream of several for the sound.
 
 /// One metadata block of a FLAC file (RFC 9639, section 8).
 struct FlacBlock
@@ -23,5 +23,7 @@ struct FlacBlock
 /// The blocks of the FLAC stream that begins at @p begin. Malformed when they do not end before @p end.
 [[nodiscard]] Result<std::vector<FlacBlock>> flacBlocks(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] MusicContent flacContent(MusicFile &file, qint64 begin, qint64 end);
+
+[[nodiscard]] MusicContent oggContent(MusicFile &file, const MusicLayout &layout);
 
 } // namespace trackwise

@@ -14,13 +14,16 @@ namespace trackwise {
 [[nodiscard]] Result<MusicLayout> oggLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> mp4Layout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> wavLayout(MusicFile &file, qint64 begin, qint64 end);
+[[nodiscard]] Result<MusicLayout> rf64Layout(MusicFile &file, qint64 begin, qint64 end);
+[[nodiscard]] Result<MusicLayout> wave64Layout(MusicFile &file, qint64 begin, qint64 end);
+[[nodiscard]] Result<MusicLayout> cafLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> aiffLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> dsfLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> dsdiffLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> asfLayout(MusicFile &file, qint64 begin, qint64 end);
 [[nodiscard]] Result<MusicLayout> matroskaLayout(MusicFile &file, qint64 begin, qint64 end);
 
-/// A stream of bare frames (MPEG audio, ADTS, AC-3), found by several of them in a row.
+/// A stream of bare frames (MPEG audio, ADTS, LATM, AC-3, E-AC-3), found by several of them in a row.
 [[nodiscard]] std::optional<MusicLayout> frameLayout(MusicFile &file, qint64 begin, qint64 end);
 
 } // namespace trackwise

@@ -52,6 +52,10 @@ std::optional<FrameHeader> mpegHeader(MusicFile::Bytes bytes)
                        static_cast<double>(samples) / samplesPerSecond};
 }
 
+/// Sample rates by their numbers (ISO 14496-3, table 1.18).
+constexpr std::array<int, 13> aacHertz = {96000, 88200, 64000, 48000, 44100, 32000, 24000,
+                                          22050, 16000, 12000, 11025, 8000,  7350};
+
 /// ADTS (ISO 13818-7, 6.2): sync 12 bits, ..., layer 2 bits of zero, ..., frame length 13 bits from bit 30.
 std::optional<FrameHeader> adtsHeader(MusicFile::Bytes bytes)
 {
@@ -59,11 +63,9 @@ std::optional<FrameHeader> adtsHeader(MusicFile::Bytes bytes)
     const qint64 size = (bytes[3] & 3) << 11 | bytes[4] << 3 | bytes[5] >> 5;
     if (bytes[0] != 0xff || (bytes[1] & 0xf6) != 0xf0 || rateIndex > 12 || size < 8)
         return std::nullopt;
-    static constexpr std::array<int, 13> hertz = {96000, 88200, 64000, 48000, 44100, 32000, 24000,
-                                                  22050, 16000, 12000, 11025, 8000,  7350};
     const int blocks = 1 + (bytes[6] & 3);
     return FrameHeader{Container::Adts, static_cast<unsigned>(bytes[1] << 8 | (bytes[2] & 0xfd)), size,
-                       blocks * 1024.0 / hertz[rateIndex]};
+                       blocks * 1024.0 / aacHertz[rateIndex]};
 }
 
 /// AC-3 (ATSC A/52, 5.3 and table 5.18): sync 0x0B77, checksum, sample rate 2 bits, frame size code 6 bits.
@@ -84,12 +86,54 @@ std::optional<FrameHeader> ac3Header(MusicFile::Bytes bytes)
     return FrameHeader{Container::Ac3, rateIndex, words * 2, 1536.0 / hertz[rateIndex]};
 }
 
+/// E-AC-3 (ATSC A/52, E.1.2): sync 0x0B77, kind of stream 2 bits, its number 3, size in words less one 11,
+/// sample rate 2, blocks 2; the lowest sample rates have six blocks, and the rate stands in the blocks'
+/// place.
+std::optional<FrameHeader> enhancedAc3Header(MusicFile::Bytes bytes)
+{
+    static constexpr std::array<int, 3> hertz = {48000, 44100, 32000};
+    static constexpr std::array<int, 4> blocks = {1, 2, 3, 6};
+    constexpr unsigned dependent = 1; // more channels of the frame before
+    const unsigned kind = bytes[2] >> 6;
+    const unsigned rateIndex = bytes[4] >> 6;
+    const unsigned second = bytes[4] >> 4 & 3;
+    const unsigned version = bytes[5] >> 3;
+    if (bytes[0] != 0x0b || bytes[1] != 0x77 || version < 11 || version > 16 || kind == 3 ||
+        (rateIndex == 3 && second == 3))
+        return std::nullopt;
+    const int rate = rateIndex == 3 ? hertz[second] / 2 : hertz[rateIndex];
+    const int samples = 256 * (rateIndex == 3 ? 6 : blocks[second]);
+    const bool isFirst = kind != dependent && (bytes[2] >> 3 & 7) == 0;
+    return FrameHeader{Container::Ac3, 0x100 | rateIndex, 2 * (((bytes[2] & 7) << 8 | bytes[3]) + qint64{1}),
+                       isFirst ? static_cast<double>(samples) / rate : 0};
+}
+
+/// LATM in a stream of its own (ISO 14496-3, 1.7): sync 11 bits, size 13; then, in frames that tell what they
+/// hold: a zero, version 1 bit, timing 1, frames within 6, programs 4, layers 3, kind of sound 5, sample
+/// rate 4.
+std::optional<FrameHeader> latmHeader(MusicFile::Bytes bytes)
+{
+    if (bytes[0] != 0x56 || (bytes[1] & 0xe0) != 0xe0)
+        return std::nullopt;
+    const qint64 size = 3 + ((bytes[1] & 0x1f) << 8 | bytes[2]);
+    FrameHeader header{Container::Latm, 0, size, 0};
+    const bool tells = (bytes[3] & 0xc0) == 0;
+    const auto rateIndex = static_cast<std::size_t>((bytes[5] & 7) << 1 | bytes[6] >> 7);
+    if (tells && rateIndex < aacHertz.size())
+        header.seconds = (1 + ((bytes[3] & 0x1f) << 1 | bytes[4] >> 7)) * 1024.0 / aacHertz[rateIndex];
+    return size > 7 ? std::optional(header) : std::nullopt;
+}
+
 std::optional<FrameHeader> frameHeader(MusicFile::Bytes bytes)
 {
     if (bytes.size() < 7)
         return std::nullopt;
-    if (bytes[0] == 0x0b)
-        return ac3Header(bytes);
+    if (bytes[0] == 0x0b) {
+        const auto header = ac3Header(bytes);
+        return header ? header : enhancedAc3Header(bytes);
+    }
+    if (bytes[0] == 0x56)
+        return latmHeader(bytes);
     if (auto header = mpegHeader(bytes))
         return header;
     return adtsHeader(bytes);
@@ -115,11 +159,13 @@ bool isRun(MusicFile &file, qint64 at, qint64 end, const FrameHeader &first)
 double secondsOfFrames(MusicFile &file, qint64 at, qint64 end, const FrameHeader &first)
 {
     double seconds = 0;
+    double last = 0; // a frame of LATM can leave out what was said before
     while (at < end) {
         const auto header = frameHeader(file.view(at, 8));
         if (!header || header->container != first.container)
             break;
-        seconds += header->seconds;
+        last = header->seconds > 0 || first.container != Container::Latm ? header->seconds : last;
+        seconds += last;
         at += header->size;
     }
     return seconds;
@@ -142,8 +188,9 @@ std::optional<MusicLayout> frameLayout(MusicFile &file, qint64 begin, qint64 end
         // A header can begin in one step and end in the next; isRun moves the window, so look it up again.
         for (std::size_t i = 0; i < step; ++i) {
             const auto bytes = file.view(at, step + 8);
-            const auto sync = std::find_if(bytes.begin() + std::min(i, bytes.size()), bytes.end(),
-                                           [](auto byte) { return byte == 0xff || byte == 0x0b; });
+            const auto sync =
+                std::find_if(bytes.begin() + std::min(i, bytes.size()), bytes.end(),
+                             [](auto byte) { return byte == 0xff || byte == 0x0b || byte == 0x56; });
             i = static_cast<std::size_t>(sync - bytes.begin());
             if (i >= step || i + 8 > bytes.size())
                 break;

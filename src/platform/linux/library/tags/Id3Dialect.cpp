@@ -75,9 +75,7 @@ void addGenres(TagFields &fields, QString text)
     if (text.startsWith(u"(("))
         text.remove(0, 1);
     const auto genre = codedGenre(text);
-    text = genre.isEmpty() ? text : genre;
-    if (!fields.values(Field::Genre).contains(text))
-        fields.add(Field::Genre, text);
+    fields.add(Field::Genre, genre.isEmpty() ? text : genre);
 }
 
 /// Stars to percent. Players store 1, 64, 128, 196 and 255 for whole stars and 13, 54, 118, 186 and 242 for

@@ -17,12 +17,8 @@
 #include <taglib/mp4file.h>
 #include <taglib/mpcfile.h>
 #include <taglib/mpegfile.h>
-#include <taglib/oggflacfile.h>
-#include <taglib/opusfile.h>
-#include <taglib/speexfile.h>
 #include <taglib/tbytevectorstream.h>
 #include <taglib/trueaudiofile.h>
-#include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
 #include <taglib/wavpackfile.h>
 
@@ -54,16 +50,6 @@ void take(MusicContent &content, TagFields (*fieldsOf)(const Tag &), const Tag *
         content.takeFrom(fieldsOf(*tag), bestPicture(*tag));
     else
         content.takeFrom(fieldsOf(*tag));
-}
-
-template <typename File>
-MusicContent oggContent(TagStream &stream)
-{
-    File file(&stream);
-    MusicContent content{.durationSeconds = secondsOf(file.audioProperties())};
-    if (auto *comment = file.tag())
-        content.takeFrom(xiphFields(*comment), bestPicture(comment->pictureList()));
-    return content;
 }
 
 /// What the parser leaves out: numbers of another width than it expects.
@@ -169,8 +155,11 @@ bool isId3First(Container container)
     switch (container) {
     case Container::Mpeg:
     case Container::Adts:
+    case Container::Latm:
     case Container::Ac3:
     case Container::Wav:
+    case Container::Rf64:
+    case Container::Wave64:
     case Container::Aiff:
     case Container::TrueAudio:
     case Container::Dsf:
@@ -207,13 +196,10 @@ MusicContent ownContent(MusicFile &file, TagStream &stream, const MusicLayout &l
     case Container::Flac:
         return flacContent(file, layout.outer.soundBegin, layout.outer.soundEnd);
     case Container::OggVorbis:
-        return oggContent<TagLib::Ogg::Vorbis::File>(stream);
     case Container::OggOpus:
-        return oggContent<TagLib::Ogg::Opus::File>(stream);
     case Container::OggSpeex:
-        return oggContent<TagLib::Ogg::Speex::File>(stream);
     case Container::OggFlac:
-        return oggContent<TagLib::Ogg::FLAC::File>(stream);
+        return oggContent(file, layout);
     case Container::Mp4:
         return mp4Content(stream, file);
     case Container::Wav:
@@ -221,7 +207,11 @@ MusicContent ownContent(MusicFile &file, TagStream &stream, const MusicLayout &l
     case Container::Asf:
         return asfContent(stream);
     case Container::Adts:
+    case Container::Latm:
     case Container::Ac3:
+    case Container::Rf64:
+    case Container::Wave64:
+    case Container::Caf:
     case Container::Dsf:
     case Container::Dsdiff:
     case Container::Matroska:

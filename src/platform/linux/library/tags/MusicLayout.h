@@ -12,6 +12,7 @@ namespace trackwise {
 enum class Container : std::uint8_t {
     Mpeg,
     Adts,
+    Latm,
     Ac3,
     Flac,
     OggVorbis,
@@ -20,6 +21,9 @@ enum class Container : std::uint8_t {
     OggFlac,
     Mp4,
     Wav,
+    Rf64,
+    Wave64,
+    Caf,
     Aiff,
     MonkeysAudio,
     WavPack,
@@ -36,10 +40,11 @@ enum class Container : std::uint8_t {
 struct MusicLayout
 {
     Container container;
-    std::vector<AudioExtent> sound; ///< what is hashed: all of it, or for Ogg the payload of some pages
-    std::uint64_t soundSalt = 0;    ///< what else tells this sound from others
-    double soundSeconds = 0;        ///< where looking at it told the duration, else 0
-    std::vector<qint64> id3Chunks;  ///< where ID3v2 tags in chunks begin
+    std::vector<AudioExtent> sound;   ///< what is hashed: all of it, or for Ogg the payload of some pages
+    std::uint64_t soundSalt = 0;      ///< what else tells this sound from others
+    double soundSeconds = 0;          ///< where looking at it told the duration, else 0
+    std::vector<qint64> id3Chunks;    ///< where ID3v2 tags in chunks begin
+    std::vector<AudioExtent> comment; ///< Ogg: the pieces of the packet of tags
     OuterTags outer;
 };
 

@@ -31,6 +31,7 @@ constexpr std::array spellings = {
     Spelling{"BPM", Field::BeatsPerMinute, 0},
     Spelling{"CATALOGNUMBER", Field::CatalogNumber, 0},
     Spelling{"COMMENT", Field::Comments, 0},
+    Spelling{"COMMENTS", Field::Comments, 1},
     Spelling{"COMPILATION", Field::Compilation, 0},
     Spelling{"COMPOSER", Field::Composer, 0},
     Spelling{"COMPOSERSORT", Field::ComposerSort, 0},
@@ -55,6 +56,7 @@ constexpr std::array spellings = {
     Spelling{"ITUNESARTISTID", Field::ArtistCatalogID, 0},
     Spelling{"ITUNESCATALOGID", Field::CatalogID, 0},
     Spelling{"KEY", Field::MusicalKey, 1},
+    Spelling{"KEY SIGNATURE", Field::MusicalKey, 2},
     Spelling{"LABEL", Field::Label, 0},
     Spelling{"LYRICS", Field::Lyrics, 0},
     Spelling{"MUSICBRAINZ ALBUM ID", Field::ReleaseMBID, 1},
@@ -68,6 +70,7 @@ constexpr std::array spellings = {
     Spelling{"PLAYCOUNT", Field::PlayCount, 1},
     Spelling{"PUBLISHER", Field::Label, 1},
     Spelling{"RATING", Field::RatingLoose, 0},
+    Spelling{"RECORDED DATE", Field::ReleaseDate, 3},
     Spelling{"RELEASEDATE", Field::ReleaseDate, 1},
     Spelling{"SYNCEDLYRICS", Field::SyncedLyrics, 0},
     Spelling{"TEMPO", Field::BeatsPerMinute, 1},
@@ -76,6 +79,7 @@ constexpr std::array spellings = {
     Spelling{"TOTALDISCS", Field::DiscCount, 1},
     Spelling{"TOTALTRACKS", Field::TrackCount, 1},
     Spelling{"TRACK", Field::Track, 1},
+    Spelling{"TRACK NUMBER", Field::Track, 2},
     Spelling{"TRACKNUMBER", Field::Track, 0},
     Spelling{"TRACKTOTAL", Field::TrackCount, 0},
     Spelling{"UNSYNCED LYRICS", Field::Lyrics, 2},
@@ -98,9 +102,9 @@ void TagFields::add(Field field, QString value, int rank)
     if (rank < entry.rank)
         entry.values.clear();
     entry.rank = rank;
-    if (entry.values.size() >= mostValues)
-        return;
     value.truncate(longestText);
+    if (entry.values.size() >= mostValues || entry.values.contains(value))
+        return;
     entry.values.append(std::move(value));
 }
 

@@ -59,7 +59,7 @@ enum class Field : std::uint8_t {
 };
 
 /// The texts of one tag, by field. Where a dialect has several spellings of a field, each has a rank and the
-/// lowest rank wins; values of equal rank form a list.
+/// lowest rank wins; values of equal rank form a list, each once.
 class TagFields
 {
 public:

@@ -68,6 +68,46 @@ QByteArray flacPicture(int kind, const QByteArray &image)
                             big32(static_cast<quint32>(image.size())) + image);
 }
 
+QByteArray little32(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToLittleEndian(value, bytes.data());
+    return bytes;
+}
+
+/// Pages that hold one packet.
+QByteArray oggPages(quint32 serial, const QByteArray &packet, char flags = 0)
+{
+    constexpr qsizetype mostInAPage = qsizetype{255} * 255;
+    QByteArray pages;
+    for (qsizetype at = 0; at <= packet.size(); at += mostInAPage) {
+        const auto payload = packet.mid(at, mostInAPage);
+        auto table = QByteArray(payload.size() / 255, '\xff');
+        if (payload.size() < mostInAPage)
+            table += static_cast<char>(payload.size() % 255);
+        pages += "OggS" + QByteArray(1, '\0') + flags + QByteArray(8, '\0') + little32(serial) +
+                 QByteArray(8, '\0') + static_cast<char>(table.size()) + table + payload;
+    }
+    return pages;
+}
+
+/// The sound of xiph.opus behind other tags, and beside another stream.
+QByteArray opusWith(const QByteArray &comments, const QByteArray &streamBefore = {})
+{
+    const auto whole = fixture("xiph.opus");
+    const auto serial = qFromLittleEndian<quint32>(whole.constData() + 14);
+    auto sound = whole.indexOf("OggS", 1);
+    while (whole.mid(sound + 6, 8) == QByteArray(8, '\0')) // position
+        sound = whole.indexOf("OggS", sound + 1);
+    return streamBefore + oggPages(serial, whole.mid(28, 19), 2) +
+           oggPages(serial, "OpusTags" + little32(0) + comments) + whole.mid(sound);
+}
+
+QByteArray xiphComment(const QByteArray &text)
+{
+    return little32(static_cast<quint32>(text.size())) + text;
+}
+
 QByteArray nestedBoxes(int depth)
 {
     QByteArray boxes;
@@ -234,6 +274,30 @@ private Q_SLOTS:
         QVERIFY(tags);
         tags->artwork.path = whole->artwork.path;
         QCOMPARE(*tags, *whole);
+    }
+
+    void readsOggWithALargeCover()
+    {
+        const auto image = "\x89PNG\r\n\x1a\n" + QByteArray(50'000'000, 'x');
+        const auto block =
+            big32(3) + QByteArray(28, '\0').replace(24, 4, big32(static_cast<quint32>(image.size()))) + image;
+        const auto tags =
+            read(opusWith(little32(2) + xiphComment("METADATA_BLOCK_PICTURE=" + block.toBase64()) +
+                          xiphComment("title=Song")));
+        QVERIFY(tags);
+        QCOMPARE(tags->title, QStringLiteral("Song"));
+        QCOMPARE(readEmbeddedArtwork(path())->bytes, image);
+    }
+
+    void readsTheSoundBesideAVideo()
+    {
+        const auto alone = read(opusWith(little32(1) + xiphComment("title=Song")));
+        const auto beside =
+            read(opusWith(little32(1) + xiphComment("title=Song"), oggPages(77, "\x80theora", 2)));
+        QVERIFY(beside);
+        QCOMPARE(*beside, *alone);
+        QCOMPARE(beside->title, QStringLiteral("Song"));
+        QCOMPARE(beside->durationSeconds, readTags(TRACKWISE_TEST_DATA "/xiph.opus")->durationSeconds);
     }
 
     /// What programs got wrong in ID3v2 tags costs nothing of what stands behind it.

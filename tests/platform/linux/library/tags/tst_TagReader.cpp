@@ -3,6 +3,7 @@
 // The files under tests/data/tags hold the same song in every container and tag dialect; make_fixtures.py
 // there says what is in them.
 #include "platform/linux/library/tags/FileArtwork.h"
+#include "platform/linux/library/tags/MusicFormats.h"
 #include "platform/linux/library/tags/TagReader.h"
 
 #include <QDir>
@@ -158,6 +159,10 @@ private Q_SLOTS:
         auto asf = everything(); // keeps the second genre in a list of its own, which is read first
         asf.genres = {QStringLiteral("Rock"), QStringLiteral("Jazz")};
         add("asf.wma", asf);
+        for (const auto *name : {"info.caf", "info-rf64.wav"})
+            add(name, {.title = QStringLiteral("Tïtle ✓ 夜")});
+        for (const auto *name : {"plain.w64", "plain.eac3", "plain.latm"})
+            add(name, {});
     }
     void readsEveryFieldOfEveryDialect()
     {
@@ -241,6 +246,34 @@ private Q_SLOTS:
     {
         QCOMPARE(readFixture("synced-lyrics.mp3").lyrics, QStringLiteral("First line\nSecond line"));
         QCOMPARE(readFixture("lrc-inside.mp3").lyrics, QStringLiteral("First line\nSecond line"));
+    }
+
+    void tellsEveryoneTheSameFormats()
+    {
+        QByteArray table("| Format | File names end in |\n| --- | --- |\n");
+        QByteArray types("\nMimeType=");
+        const auto wordsOf = [](std::string_view text) {
+            auto words = QByteArray(text.data(), static_cast<qsizetype>(text.size())).split(' ');
+            words.removeAll(QByteArray());
+            return words;
+        };
+        for (const auto &format : musicFormats()) {
+            const auto suffixes = wordsOf(format.suffixes);
+            for (const auto &suffix : suffixes)
+                QVERIFY(hasMusicSuffix("A.B." + suffix.toUpper()));
+            if (!suffixes.isEmpty())
+                table += "| " + wordsOf(format.name).join(' ') + " | ." + suffixes.join(" .") + " |\n";
+            for (const auto &type : wordsOf(format.mimeTypes))
+                types += type + ';';
+        }
+        QVERIFY(!hasMusicSuffix("mp3") && !hasMusicSuffix("song.mp3.part") && !hasMusicSuffix("song."));
+        const auto contentOf = [](const char *path) {
+            QFile file(QStringLiteral(TRACKWISE_SOURCES "/") + QString::fromLatin1(path));
+            return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        QVERIFY2(contentOf("README.md").contains(table + '\n'), table);
+        QVERIFY2(contentOf("resources/desktop/org.trackwise.trackwise.desktop").contains(types + '\n'),
+                 types);
     }
 
     void doesNotBelieveTheName()

@@ -150,6 +150,7 @@ private Q_SLOTS:
         fields.add(Field::Artist, QString());
         fields.add(Field::Artist, QStringLiteral("first"));
         fields.add(Field::Artist, QString::fromLatin1("second\0", 7));
+        fields.add(Field::Artist, QStringLiteral("first"));
         fields.add(Field::Artist, QStringLiteral("late and worse"), 1);
         QCOMPARE(songTags(fields).displayArtist(), QStringLiteral("first, second"));
     }
