@@ -63,6 +63,31 @@ QImage drawPreview(const QImage &cover, const DragPreview &look)
     return preview;
 }
 
+/// A drag follows the mouse alone. What a finger does is kept from the window, so that Qt makes a mouse's
+/// doing of it, as of all touches that nobody takes.
+class FingerAsMouse : public QObject
+{
+public:
+    FingerAsMouse() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject *receiver, QEvent *event) override
+    {
+        const QEvent::Type type = event->type();
+        if (!receiver->isWindowType() || (type != QEvent::TouchUpdate && type != QEvent::TouchEnd))
+            return false;
+        if (!std::exchange(m_isLetGo, true)) {
+            // Whoever has the finger will not hear of its end.
+            QTouchEvent cancel(QEvent::TouchCancel, static_cast<QTouchEvent *>(event)->pointingDevice());
+            QCoreApplication::sendEvent(receiver, &cancel);
+        }
+        event->ignore();
+        return true;
+    }
+
+private:
+    bool m_isLetGo = false;
+};
+
 } // namespace
 
 ArtworkDrag::ArtworkDrag(ArtworkLoader &loader, ArtworkFiles &files, QObject *parent)
@@ -135,6 +160,7 @@ void ArtworkDrag::carry(ArtworkHandout handout, const QImage &preview, const QPo
     drag->setHotSpot(hotSpot.toPoint());
     const QPointer<ArtworkDrag> self(this);
     setState(State::Carrying);
+    const FingerAsMouse finger;
     drag->exec(Qt::CopyAction);
     if (self)
         setState(State::Idle);

@@ -15,6 +15,10 @@ FocusableItem {
     readonly property real placeholderShare: 0.42
     readonly property color ground: Theme.isDark ? Theme.tertiarySystemBackground : Theme.secondarySystemBackground
 
+    function startDrag(hotSpot: point) {
+        root.view.startDrag(root.side, root.cornerRadius, Screen.devicePixelRatio, root.ground, hotSpot);
+    }
+
     width: root.side
     height: root.side
     activeFocusOnTab: picture.hasPicture
@@ -102,12 +106,16 @@ FocusableItem {
         enabled: picture.hasPicture
         onTapped: eventPoint => menu.openAt(eventPoint.position)
     }
-    TapHandler {
-        id: touch
-
-        acceptedDevices: PointerDevice.TouchScreen
+    // A finger that goes on from there takes the cover with it, and not the menu.
+    HeldTouch {
+        anchors.fill: parent
         enabled: picture.hasPicture
-        onLongPressed: menu.openAt(touch.point.position)
+        onHeld: place => menu.openAt(place)
+        onPulled: place => {
+            menu.active = false;
+            root.startDrag(place);
+        }
+        onReleased: root.view.cancelDrag()
     }
     DragHandler {
         id: pull
@@ -115,8 +123,6 @@ FocusableItem {
         target: null
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad | PointerDevice.Stylus
         enabled: picture.hasPicture && !root.view.isDragging
-        onActiveChanged: pull.active ? root.view.startDrag(root.side, root.cornerRadius, Screen.devicePixelRatio,
-                                                           root.ground, pull.centroid.pressPosition)
-                                     : root.view.cancelDrag()
+        onActiveChanged: pull.active ? root.startDrag(pull.centroid.pressPosition) : root.view.cancelDrag()
     }
 }

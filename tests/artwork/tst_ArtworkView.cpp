@@ -17,6 +17,7 @@
 #include <QQuickView>
 #include <QSemaphore>
 #include <QTest>
+#include <QTimer>
 
 using namespace trackwise;
 
@@ -253,6 +254,54 @@ private Q_SLOTS:
             QTest::keySequence(&at.window, QKeySequence::Copy);
         }
         QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
+    }
+
+    void aHeldFingerOpensTheMenuOrTakesTheCoverAlong_data()
+    {
+        QTest::addColumn<bool>("isHeld");
+        QTest::addColumn<bool>("moves");
+        QTest::addColumn<QString>("outcome");
+        QTest::newRow("held") << true << false << QStringLiteral("menu");
+        QTest::newRow("held and moved") << true << true << QStringLiteral("drag");
+        QTest::newRow("moved at once") << false << true << QString();
+        QTest::newRow("touched") << false << false << QString();
+    }
+    void aHeldFingerOpensTheMenuOrTakesTheCoverAlong()
+    {
+        QFETCH(bool, isHeld);
+        QFETCH(bool, moves);
+        QFETCH(QString, outcome);
+        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        QTRY_VERIFY(at.tile());
+        const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+        const QPoint place = at.tile()->mapToScene({120, 120}).toPoint();
+        const QPoint away = place + QPoint(0, 60);
+        const auto menu = [&at] {
+            QAccessibleInterface *focused =
+                QAccessible::queryAccessibleInterface(at.window.activeFocusItem());
+            return focused && focused->role() == QAccessible::PopupMenu;
+        };
+        QStringList seen;
+        connect(at.sidebar.artwork(), &ArtworkView::isDraggingChanged, this, [&] {
+            if (!at.sidebar.artwork()->isDragging())
+                return;
+            seen << QStringLiteral("drag");
+            QTimer::singleShot(0, this,
+                               [&] { QTest::touchEvent(&at.window, screen.get()).release(0, away); });
+        });
+        QTest::touchEvent(&at.window, screen.get()).press(0, place);
+        if (isHeld)
+            QTRY_VERIFY(menu());
+        if (moves)
+            QTest::touchEvent(&at.window, screen.get()).move(0, away);
+        if (outcome == QStringLiteral("drag"))
+            QTRY_VERIFY(!seen.isEmpty() &&
+                        !at.sidebar.artwork()->isDragging()); // the finger's end is the drag's
+        else
+            QTest::touchEvent(&at.window, screen.get()).release(0, moves ? away : place);
+        if (menu())
+            seen << QStringLiteral("menu");
+        QCOMPARE(seen.join(u','), outcome);
     }
 
     void theLastOfManySongsIsTheOneShown()
