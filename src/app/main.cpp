@@ -15,6 +15,7 @@
 #include <QEventLoop>
 #include <QFont>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -122,6 +123,9 @@ int main(int argc, char *argv[])
     // missing.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
+    // Its own remarks without a category go to the terminal. What the environment asks for is logged all the
+    // same.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
     QCoreApplication::setApplicationName(QStringLiteral("trackwise"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TRACKWISE_VERSION));
     if (argc > 1 && cli::isCommand(argv[1])) {

@@ -292,6 +292,8 @@ void SongStore::releaseMemory()
 {
     const std::scoped_lock lock(m_mutex);
     sqlite3_db_release_memory(m_connection.handle());
+    // Else the end of the program would wait for it. What readers still need is left.
+    sqlite3_wal_checkpoint_v2(m_connection.handle(), nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 } // namespace trackwise

@@ -99,7 +99,7 @@ public:
     /// All folders, then the files in them that should be there and those that could not be read.
     [[nodiscard]] Result<Done> visitKnownFiles(const FolderVisitor &folder, const FileVisitor &file) const;
 
-    /// Gives back memory that a scan needed.
+    /// Gives back memory that a scan needed, and brings the database's log into the database.
     void releaseMemory();
 
 private:
