@@ -17,6 +17,20 @@
     </message>
 </context>
 <context>
+    <name>ArtworkView</name>
+    <message>
+        <source>Explicit</source>
+        <translation>محتوى صريح</translation>
+    </message>
+</context>
+<context>
+    <name>ContextMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>القائمة</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -166,10 +180,10 @@
     </message>
 </context>
 <context>
-    <name>PickerList</name>
+    <name>PickerPages</name>
     <message>
-        <source>Library</source>
-        <translation>المكتبة</translation>
+        <source>Search Results</source>
+        <translation>نتائج البحث</translation>
     </message>
 </context>
 <context>
@@ -454,6 +468,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::CopyableRow</name>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>
@@ -534,6 +555,10 @@
     <message>
         <source>Select Song</source>
         <translation>اختيار أغنية</translation>
+    </message>
+    <message>
+        <source>Artist or Album</source>
+        <translation>فنان أو ألبوم</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,20 @@
     </message>
 </context>
 <context>
+    <name>ArtworkView</name>
+    <message>
+        <source>Explicit</source>
+        <translation>Explizit</translation>
+    </message>
+</context>
+<context>
+    <name>ContextMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -166,10 +180,10 @@
     </message>
 </context>
 <context>
-    <name>PickerList</name>
+    <name>PickerPages</name>
     <message>
-        <source>Library</source>
-        <translation>Mediathek</translation>
+        <source>Search Results</source>
+        <translation>Suchergebnisse</translation>
     </message>
 </context>
 <context>
@@ -446,6 +460,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::CopyableRow</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>
@@ -526,6 +547,10 @@
     <message>
         <source>Select Song</source>
         <translation>Titel auswählen</translation>
+    </message>
+    <message>
+        <source>Artist or Album</source>
+        <translation>Künstler oder Album</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,20 @@
     </message>
 </context>
 <context>
+    <name>ArtworkView</name>
+    <message>
+        <source>Explicit</source>
+        <translation>露骨な内容</translation>
+    </message>
+</context>
+<context>
+    <name>ContextMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+</context>
+<context>
     <name>CopyMenus</name>
     <message>
         <source>Copy</source>
@@ -166,10 +180,10 @@
     </message>
 </context>
 <context>
-    <name>PickerList</name>
+    <name>PickerPages</name>
     <message>
-        <source>Library</source>
-        <translation>ライブラリ</translation>
+        <source>Search Results</source>
+        <translation>検索結果</translation>
     </message>
 </context>
 <context>
@@ -444,6 +458,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::CopyableRow</name>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::DetailViewController</name>
     <message>
         <source>Lyrics</source>
@@ -524,6 +545,10 @@
     <message>
         <source>Select Song</source>
         <translation>曲を選択</translation>
+    </message>
+    <message>
+        <source>Artist or Album</source>
+        <translation>アーティストまたはアルバム</translation>
     </message>
 </context>
 <context>

@@ -22,11 +22,19 @@ T.ApplicationWindow {
     LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true
 
-    ContainerView {
+    AccessibleLayer {
         anchors.fill: parent
-        container: root.container
-        presentation: root.presentation
+        isCovered: root.presentation.isSheetVisible || root.presentation.isAlertVisible
         focus: true
+        Accessible.role: Accessible.Pane
+
+        ContainerView {
+            anchors.fill: parent
+            container: root.container
+            presentation: root.presentation
+            focus: true
+            Accessible.role: Accessible.Pane
+        }
     }
     SheetLayer {
         presentation: root.presentation

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkContent.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 
 #include <algorithm>
@@ -47,7 +48,7 @@ QString spokenText(const TitleBlock &block)
 {
     QString text = block.title;
     if (block.isExplicit)
-        text += QStringLiteral(" \U0001F174");
+        text += QStringLiteral(", ") + QCoreApplication::translate("ArtworkView", "Explicit");
     if (block.artist)
         text += QStringLiteral(", ") + *block.artist;
     return text;

@@ -36,7 +36,7 @@ struct TitleBlock
 };
 
 [[nodiscard]] TitleBlock titleBlock(const MediaItem &song, const QString &fileName = {});
-/// The whole block as a screen reader says it, the mark as the character 🅴.
+/// The whole block as a screen reader says it, the mark as a word.
 [[nodiscard]] QString spokenText(const TitleBlock &block);
 
 } // namespace trackwise

@@ -5,8 +5,6 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
-#include <QTextBlockFormat>
-#include <QTextCursor>
 
 namespace trackwise {
 
@@ -47,18 +45,6 @@ QPointF CopyableLabel::editMenuAnchor(QPointF touch)
     constexpr qreal aboveFinger = 10;
     constexpr qreal firstLineTop = 9; // the label's vertical padding
     return {touch.x(), touch.y() > nearTop ? touch.y() - aboveFinger : firstLineTop};
-}
-
-void CopyableLabel::spaceLines(QQuickTextDocument *document, qreal lineHeight)
-{
-    QTextCursor cursor(document->textDocument());
-    // Every change of the document ends here again, this one too.
-    if (qFuzzyCompare(cursor.blockFormat().lineHeight(), lineHeight))
-        return;
-    QTextBlockFormat format;
-    format.setLineHeight(lineHeight, QTextBlockFormat::FixedHeight);
-    cursor.select(QTextCursor::Document);
-    cursor.mergeBlockFormat(format);
 }
 
 void CopyableLabel::componentComplete()

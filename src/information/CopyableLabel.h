@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QQuickItem>
-#include <QQuickTextDocument>
 #include <QString>
 
 namespace trackwise {
@@ -38,10 +37,6 @@ public:
     /// Where the edit menu points for a touch held at @p touch: a little above the finger, but not above the
     /// first line.
     Q_INVOKABLE [[nodiscard]] static QPointF editMenuAnchor(QPointF touch);
-
-    /// Gives every line of @p document the height @p lineHeight in points, which TextEdit has no property
-    /// for.
-    Q_INVOKABLE static void spaceLines(QQuickTextDocument *document, qreal lineHeight);
 
 Q_SIGNALS:
     void textChanged();

@@ -12,6 +12,10 @@ CopyableLabel {
     property int textAlignment: Text.AlignLeft
     /// Whether the text is an element of its own for screen readers, and can be selected in parts.
     property bool isAccessible: false
+    /// What that element is called; its text is a content of its own.
+    property string name: ""
+    /// The page that it is on, which scrolls when keys are pressed in it.
+    property Item page: null
     /// What takes the focus when the text is touched: the row that the label stands in, say.
     property Item focusItem: root
     readonly property real verticalPadding: 9
@@ -42,7 +46,8 @@ CopyableLabel {
         id: selectableText
 
         SelectableText {
-            text: root.text
+            name: root.name
+            page: root.page
             style: root.style
             horizontalAlignment: root.textAlignment
             label: root

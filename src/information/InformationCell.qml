@@ -5,7 +5,7 @@ import Trackwise.Ui
 
 /// One row of the list: a small title and its value, side by side or, at the largest text sizes, stacked.
 /// The value can be copied or, where the row does something, is a button.
-FocusableItem {
+CopyableRow {
     id: root
 
     required property informationRow row
@@ -25,8 +25,8 @@ FocusableItem {
 
     Accessible.ignored: root.row.hasButton
     Accessible.role: Accessible.StaticText
-    Accessible.name: root.row.spoken
-    Accessible.focusable: true
+    spokenText: root.row.spoken
+    onCopyRequested: label.copy()
     Keys.forwardTo: [label]
 
     StyledText {

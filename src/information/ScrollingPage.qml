@@ -23,6 +23,9 @@ FocusScope {
     readonly property real wheelNotch: 120 // eighths of a degree
     readonly property real lowest: Math.max(0, flickable.contentHeight - height)
 
+    /// The end was asked for, and stays in view while the page grows.
+    property bool showsEnd: false
+
     /// Shows the top, and takes the focus from whatever on the page has it.
     function startOver() {
         scrolling.stop();
@@ -30,6 +33,7 @@ FocusScope {
         flickable.focus = true;
     }
     function scrollTo(y: real) {
+        root.showsEnd = false;
         scrolling.to = Math.max(0, Math.min(y, root.lowest));
         scrolling.restart();
     }
@@ -55,12 +59,14 @@ FocusScope {
             return true;
         case Qt.Key_End:
             root.scrollTo(root.lowest);
+            root.showsEnd = true;
             return true;
         default:
             return false;
         }
     }
 
+    onLowestChanged: if (root.showsEnd) scrollForKey(Qt.Key_End)
     Keys.onPressed: event => {
         event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
     }
@@ -73,7 +79,10 @@ FocusScope {
         contentHeight: column.height
         focus: true
         pixelAligned: true
-        onMovementStarted: scrolling.stop()
+        onMovementStarted: {
+            scrolling.stop();
+            root.showsEnd = false;
+        }
 
         T.ScrollBar.vertical: SlimScrollBar {}
 

@@ -8,6 +8,9 @@ TextEdit {
     id: root
 
     required property CopyableLabel label
+    required property string name
+    /// What scrolls when keys are pressed here.
+    required property Item page
     property textStyle style: Theme.body
 
     activeFocusOnTab: true
@@ -20,14 +23,19 @@ TextEdit {
     selectionColor: Theme.accent
     textFormat: TextEdit.PlainText
     wrapMode: TextEdit.Wrap
-    Component.onCompleted: root.label.spaceLines(root.textDocument, root.style.lineHeight)
-    onStyleChanged: root.label.spaceLines(root.textDocument, root.style.lineHeight)
-    onTextChanged: root.label.spaceLines(root.textDocument, root.style.lineHeight)
     onSelectedTextChanged: root.label.selection = root.selectedText
 
     Accessible.role: Accessible.EditableText
     Accessible.readOnly: true
+    Accessible.editable: false
     Accessible.multiLine: true
-    Accessible.name: root.text
-    Keys.forwardTo: [root.label]
+    Accessible.name: root.name
+    Keys.forwardTo: [root.label, root.page] // else they would move the cursor, which is not seen
+
+    TextPieces {
+        document: root.textDocument
+        lineHeight: root.style.lineHeight
+        text: root.label.text
+        onDidBegin: root.cursorPosition = 0
+    }
 }

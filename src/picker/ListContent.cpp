@@ -39,10 +39,7 @@ ListRow rowOf(const GroupRow &group, ListContent::Kind kind)
     ListRow row{.title = group.name, .artwork = artworkOf(group.artworkSong, group.artworkKey)};
     if (kind == ListContent::Kind::Artists) {
         row.title = artistText(group.name);
-        // Two texts, so that English reads well without a catalogue of its own.
-        row.subtitle = group.songCount == 1
-                           ? QCoreApplication::translate("SongPicker", "%n song", nullptr, group.songCount)
-                           : QCoreApplication::translate("SongPicker", "%n songs", nullptr, group.songCount);
+        row.subtitle = songCountText(group.songCount);
     } else {
         if (group.name.isEmpty())
             row.title = QCoreApplication::translate("SongPicker", "Unknown Album");
@@ -61,6 +58,13 @@ ListOrder orderOf(const GroupIndex &index)
 }
 
 } // namespace
+
+QString songCountText(int count)
+{
+    // Two texts, so that English reads well without a catalogue of its own.
+    return count == 1 ? QCoreApplication::translate("SongPicker", "%n song", nullptr, count)
+                      : QCoreApplication::translate("SongPicker", "%n songs", nullptr, count);
+}
 
 ListOrder orderOf(const LibraryBrowser &browser, const ListContent &content)
 {

@@ -34,6 +34,8 @@ struct ListRow
     friend bool operator==(const ListRow &, const ListRow &) = default;
 };
 
+/// "17 songs".
+[[nodiscard]] QString songCountText(int count);
 /// Both read the library: worker threads. The rows are those of @p keys, in their order.
 [[nodiscard]] ListOrder orderOf(const LibraryBrowser &browser, const ListContent &content);
 [[nodiscard]] std::vector<ListRow> rowsOf(const LibraryBrowser &browser, ListContent::Kind kind,

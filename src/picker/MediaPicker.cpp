@@ -96,6 +96,18 @@ QString MediaPicker::title() const
     return canGoBack() ? m_groupTitle : tr("Select Song");
 }
 
+QString MediaPicker::groupTitle() const
+{
+    return m_groupTitle.isEmpty() ? tr("Artist or Album") : m_groupTitle;
+}
+
+QString MediaPicker::resultsSummary() const
+{
+    if (!isShowingResults())
+        return {};
+    return m_results->count() > 0 ? songCountText(m_results->count()) : emptyState().title;
+}
+
 LibraryListModel *MediaPicker::currentList() const
 {
     if (isShowingResults())

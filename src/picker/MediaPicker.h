@@ -27,6 +27,8 @@ class MediaPicker : public QObject
     Q_PROPERTY(Tab tab READ tab WRITE setTab NOTIFY tabChanged)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(QString title READ title NOTIFY currentListChanged)
+    Q_PROPERTY(QString groupTitle READ groupTitle NOTIFY currentListChanged)
+    Q_PROPERTY(QString resultsSummary READ resultsSummary NOTIFY currentListChanged)
     Q_PROPERTY(bool isShowingGroup READ isShowingGroup NOTIFY currentListChanged)
     Q_PROPERTY(bool isShowingResults READ isShowingResults NOTIFY currentListChanged)
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY currentListChanged)
@@ -59,6 +61,10 @@ public:
     void setSearchText(const QString &text);
 
     [[nodiscard]] QString title() const;
+    /// The artist or album that was opened last.
+    [[nodiscard]] QString groupTitle() const;
+    /// How many songs the search has found, in words; empty while nothing is looked for.
+    [[nodiscard]] QString resultsSummary() const;
     [[nodiscard]] bool isShowingGroup() const { return m_isShowingGroup; }
     /// False until the first results have come, so that there is no blank moment before.
     [[nodiscard]] bool isShowingResults() const { return !m_searchText.isEmpty() && m_results->isLoaded(); }

@@ -11,6 +11,8 @@ ListView {
     required property MediaPicker picker
     required property LibraryListModel list
     property bool isLow: false
+    /// What is in it, for screen readers.
+    required property string name
     readonly property bool isCurrent: root.picker.currentList === root.list
     readonly property bool showsIndex: root.list.hasSections && root.contentHeight > 2 * root.height
     readonly property bool hasHeaders: root.list.hasSections && !root.isLow // rows need the room of a low window
@@ -32,7 +34,7 @@ ListView {
     section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
 
     Accessible.role: Accessible.List
-    Accessible.name: qsTr("Library")
+    Accessible.name: root.name
 
     section.delegate: Item {
         id: header
@@ -84,6 +86,10 @@ ListView {
         function onHighlightDidMove(row: int) {
             root.positionViewAtIndex(row, ListView.Contain);
             root.contentY = Math.max(root.originY, Math.min(root.contentY, root.itemAtIndex(row).y - root.headerHeight));
+        }
+        function onHighlightedRowChanged() {
+            if (root.isCurrent && root.list.highlightedRow < 0)
+                ScreenReader.moveToFocus(root);
         }
         function onWillUpdate() {
             root.wasAtTop = root.atYBeginning && root.list.highlightedRow < 0;

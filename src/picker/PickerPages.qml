@@ -58,6 +58,7 @@ Item {
                     isLow: root.isLow
                     picker: root.picker
                     list: loader.modelData
+                    name: tabs.names[loader.index]
                 }
             }
         }
@@ -75,6 +76,7 @@ Item {
             anchors.fill: parent
             picker: root.picker
             list: root.picker.groupSongs
+            name: root.picker.groupTitle
         }
     }
     PickerList {
@@ -83,5 +85,6 @@ Item {
         visible: root.picker.isShowingResults
         picker: root.picker
         list: root.picker.results
+        name: qsTr("Search Results")
     }
 }

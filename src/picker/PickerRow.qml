@@ -30,6 +30,10 @@ Item {
     readonly property real artworkSize: 44
     readonly property real dimmed: 0.45
 
+    /// The row as it is told to screen readers while the focus is elsewhere; its texts may come a little later.
+    readonly property string told: root.isHighlighted ? root.spokenText : ""
+
+    onToldChanged: root.told !== "" && ScreenReader.moveTo(root)
     implicitHeight: Math.max(root.artworkSize, texts.height) + (root.isLow ? 1 : 2) * root.airAround
 
     Accessible.role: Accessible.ListItem

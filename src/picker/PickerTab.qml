@@ -23,6 +23,9 @@ T.TabButton {
     onActiveFocusChanged: if (root.activeFocus) root.picker.tab = root.tab
 
     Accessible.name: root.text
+    Accessible.checkable: true
+    Accessible.checked: root.checked
+    Accessible.selectable: true
     Accessible.selected: root.checked
     Accessible.onPressAction: root.clicked()
 

@@ -9,6 +9,7 @@ Flow {
 
     required property MediaPicker picker
     readonly property real margin: 18 // as the search field
+    readonly property list<string> names: [songsTab.text, artistsTab.text, albumsTab.text, recentTab.text]
 
     leftPadding: root.margin
     rightPadding: root.margin

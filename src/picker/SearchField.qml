@@ -68,6 +68,7 @@ FocusScope {
 
         Accessible.role: Accessible.EditableText
         Accessible.name: placeholder.text
+        Accessible.description: root.picker.resultsSummary
         Accessible.searchEdit: true
 
         StyledText {

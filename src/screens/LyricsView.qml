@@ -19,5 +19,25 @@ ScrollingPage {
         text: root.lyrics
         style: Theme.body
         isAccessible: true
+        name: root.title
+        page: root
+    }
+
+    // Wherever the focus is.
+    Shortcut {
+        sequences: ["Home"]
+        onActivated: root.scrollForKey(Qt.Key_Home)
+    }
+    Shortcut {
+        sequences: ["End"]
+        onActivated: root.scrollForKey(Qt.Key_End)
+    }
+    Shortcut {
+        sequences: ["PgUp"]
+        onActivated: root.scrollForKey(Qt.Key_PageUp)
+    }
+    Shortcut {
+        sequences: ["PgDown"]
+        onActivated: root.scrollForKey(Qt.Key_PageDown)
     }
 }

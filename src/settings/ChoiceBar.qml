@@ -69,7 +69,12 @@ FocusScope {
                 focusPolicy: Qt.StrongFocus
                 hoverEnabled: true
                 opacity: down ? 0.6 : 1
-                onClicked: root.chosen(choice.index)
+                checkable: true
+                checked: choice.isTaken
+                onToggled: {
+                    root.chosen(choice.index);
+                    choice.checked = Qt.binding(() => choice.isTaken); // again; it is the owner who decides
+                }
                 Keys.onReturnPressed: root.chosen(choice.index)
                 Keys.onEnterPressed: root.chosen(choice.index)
                 Keys.onLeftPressed: nextItemInFocusChain(choice.mirrored).forceActiveFocus(Qt.TabFocusReason)
@@ -77,7 +82,7 @@ FocusScope {
                 Accessible.role: Accessible.RadioButton
                 Accessible.name: root.name + ", " + choice.text
                 Accessible.checkable: true
-                Accessible.checked: choice.isTaken
+                Accessible.checked: choice.checked
                 Accessible.onPressAction: root.chosen(choice.index)
 
                 background: Rectangle {

@@ -18,15 +18,20 @@ T.AbstractButton {
     focusPolicy: Qt.StrongFocus
     opacity: !enabled ? 0.4 : down ? 0.6 : 1
     containmentMask: target
-    onClicked: root.chosen(!root.isOn)
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    checkable: true
+    checked: root.isOn
+    onToggled: {
+        root.chosen(!root.isOn);
+        root.checked = Qt.binding(() => root.isOn); // again; it is the owner who decides
+    }
+    Keys.onReturnPressed: root.toggled()
+    Keys.onEnterPressed: root.toggled()
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.text
     Accessible.checkable: true
-    Accessible.checked: root.isOn
-    Accessible.onPressAction: root.clicked()
-    Accessible.onToggleAction: root.clicked()
+    Accessible.checked: root.checked
+    Accessible.onPressAction: root.toggled()
+    Accessible.onToggleAction: root.toggled()
 
     background: Rectangle {
         radius: height / 2

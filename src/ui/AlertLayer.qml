@@ -35,11 +35,12 @@ T.Popup {
         radius: 14
     }
 
-    contentItem: FocusScope {
+    contentItem: AccessibleLayer {
+        kind: AccessibleLayer.Alert
+        name: root.alert ? root.alert.title : ""
+        details: root.alert ? root.alert.message : ""
         focus: true
         Accessible.role: Accessible.AlertMessage
-        Accessible.name: root.alert ? root.alert.title : ""
-        Accessible.description: root.alert ? root.alert.message : ""
         Keys.onEscapePressed: root.presentation.chooseAlertAction(root.alert.cancelAction)
         Keys.onReturnPressed: root.presentation.chooseAlertAction(root.alert.preferredAction)
         Keys.onEnterPressed: root.presentation.chooseAlertAction(root.alert.preferredAction)
@@ -48,6 +49,7 @@ T.Popup {
             anchors.fill: parent
             contentHeight: contentColumn.implicitHeight
             interactive: contentHeight > height
+            Accessible.role: Accessible.Pane
             clip: true
 
             Column {

@@ -17,9 +17,12 @@ T.Menu {
     padding: 6
     topPadding: root.heading !== "" ? headingText.height + 6 : 6
     margins: 8
+    title: root.heading !== "" ? root.heading : qsTr("Menu") // for screen readers
     modal: true
     dim: false
     overlap: 1
+
+    onAboutToShow: root.contentItem.parent.Accessible.name = root.title
 
     contentItem: ListView {
         implicitHeight: contentHeight

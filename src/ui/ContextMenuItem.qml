@@ -19,6 +19,7 @@ T.MenuItem {
     hoverEnabled: true
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.text
+    Accessible.onPressAction: root.clicked()
 
     background: Item {
         Rectangle {

@@ -23,6 +23,7 @@ Item {
         text: root.title
         style: Theme.barTitle
         elide: Text.ElideRight
+        Accessible.ignored: root.title === ""
         Accessible.role: Accessible.Heading
         Accessible.name: root.title
     }

@@ -56,15 +56,18 @@ T.Popup {
         }
     }
 
-    contentItem: FocusScope {
+    contentItem: AccessibleLayer {
+        kind: AccessibleLayer.Sheet
+        name: root.presentation.sheet ? root.presentation.sheet.title : ""
+        isCovered: root.presentation.isAlertVisible
         focus: true
         Accessible.role: Accessible.Dialog
-        Accessible.name: root.presentation.sheet ? root.presentation.sheet.title : ""
         Keys.onEscapePressed: root.presentation.cancelSheet()
 
         ViewHost {
             anchors.fill: parent
             focus: true
+            Accessible.role: Accessible.Pane
             view: root.presentation.sheet
         }
     }

@@ -103,6 +103,13 @@ struct Window : WindowDevice
         QAccessibleInterface *item = QAccessible::queryAccessibleInterface(window().activeFocusItem());
         return item ? item->text(QAccessible::Name) : QString();
     }
+    static void collectFocusable(QAccessibleInterface *element, QStringList &names)
+    {
+        if (element->state().focusable && !element->state().invisible)
+            names << element->text(QAccessible::Name);
+        for (int i = 0; i < element->childCount(); ++i)
+            collectFocusable(element->child(i), names);
+    }
     void presentAlert(const char *title, bool includesOpenMusic)
     {
         scene->detail().presentAlert(QString::fromUtf8(title), QStringLiteral("What to do about it."),
@@ -312,8 +319,30 @@ private Q_SLOTS:
         while (dialog && dialog->role() != QAccessible::Dialog && dialog->role() != QAccessible::AlertMessage)
             dialog = dialog->parent();
         QVERIFY(dialog);
+        QVERIFY(dialog->state().modal);
         QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("First"));
         QCOMPARE(dialog->text(QAccessible::Description), QStringLiteral("What to do about it."));
+    }
+
+    void onlyTheLayerInFrontIsReadAloud()
+    {
+        Window w;
+        w.scene->detail().selectSongFromLibrary();
+        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        w.presentAlert("First", false);
+        QVERIFY(w.waitForAlert("First"));
+        const auto spoken = [&w] {
+            QStringList names;
+            Window::collectFocusable(QAccessible::queryAccessibleInterface(&w.window()), names);
+            return names;
+        };
+        QCOMPARE(spoken(), QStringList{QStringLiteral("OK")});
+        QTest::keyClick(&w.window(), Qt::Key_Return);
+        QTRY_VERIFY(spoken().contains(QStringLiteral("Search Songs")));
+        QVERIFY(!spoken().contains(QStringLiteral("More")));
+        w.scene->presentation().cancelSheet();
+        QTRY_VERIFY(spoken().contains(QStringLiteral("More")));
+        QVERIFY(!spoken().contains(QString())); // everything has a name
     }
 
     void laysOutTheColumns_data()

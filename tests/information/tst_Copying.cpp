@@ -38,6 +38,17 @@ private Q_SLOTS:
         list.find(QStringLiteral("Rating"))->forceActiveFocus(Qt::TabFocusReason);
         list.press(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(clipboardText(), QStringLiteral("★★★★☆"));
+        QGuiApplication::clipboard()->clear();
+        QAccessibleInterface *row =
+            QAccessible::queryAccessibleInterface(list.find(QStringLiteral("Rating")));
+        QCOMPARE(row->role(), QAccessible::StaticText);
+        QVERIFY(row->state().focusable && row->state().focused && !row->state().offscreen);
+        QCOMPARE(row->rect().topLeft() - list.window.position(),
+                 list.place(QStringLiteral("Rating")).topLeft().toPoint());
+        QVERIFY(row->parent()->indexOfChild(row) >= 0);
+        QCOMPARE(row->actionInterface()->actionNames(), QStringList{QStringLiteral("Copy")});
+        row->actionInterface()->doAction(QStringLiteral("Copy"));
+        QCOMPARE(clipboardText(), QStringLiteral("★★★★☆"));
     }
 
     void aRightClickOffersCopyAndReturnChoosesIt()

@@ -138,6 +138,21 @@ private Q_SLOTS:
         QTRY_COMPARE(w.picked(), PersistentID{1230});
     }
 
+    void tellsScreenReadersOfResultsAndOfTheRow()
+    {
+        PickerWindow w(1000);
+        w.type("song 00001");
+        const QAccessibleInterface *field = QAccessible::queryAccessibleInterface(w.view.activeFocusItem());
+        QTRY_COMPARE(field->text(QAccessible::Description), QStringLiteral("10 songs"));
+        const auto told = [&w](int row) { return w.rowItem(row)->property("told").toString(); };
+        w.press(Qt::Key_Down);
+        w.press(Qt::Key_Down);
+        QCOMPARE(told(0), QString());
+        QTRY_COMPARE(told(1), QStringLiteral("Song 0000110, Artist 0000001"));
+        w.press(Qt::Key_Escape);
+        QCOMPARE(field->text(QAccessible::Description), QString());
+    }
+
     void typingGoesToTheFieldFromTheList()
     {
         PickerWindow w(1000);

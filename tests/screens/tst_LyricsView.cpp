@@ -63,7 +63,8 @@ private Q_SLOTS:
         LyricsWindow lyrics(verses(2));
         QAccessibleInterface *element = QAccessible::queryAccessibleInterface(lyrics.text());
         QCOMPARE(element->role(), QAccessible::EditableText);
-        QVERIFY(element->state().readOnly);
+        QVERIFY(element->state().readOnly && !element->state().editable);
+        QCOMPARE(element->text(QAccessible::Name), QStringLiteral("Lyrics"));
         QVERIFY(element->textInterface());
         QCOMPARE(element->textInterface()->text(0, 31), QStringLiteral("Paper satellites over the town,"));
         QCOMPARE(element->textInterface()->characterCount(), verses(2).size());
@@ -105,6 +106,26 @@ private Q_SLOTS:
         QTRY_COMPARE(lyrics.place().left(), 22.0);
         QCOMPARE(lyrics.place().top(), top);
         QCOMPARE(lyrics.place().width(), 700.0 - 44);
+    }
+
+    void veryLongLyricsComeInPiecesAndKeysReachBothEnds()
+    {
+        const QString text = QStringLiteral("\U0001F3B5 in one line ").repeated(1500) + u'\n' + verses(300);
+        LyricsWindow lyrics(QString(), {360, 400});
+        const auto length = [&] { return lyrics.text()->property("length").toLongLong(); };
+        lyrics.window.rootObject()->setProperty("lyrics", text);
+        QVERIFY(length() > 0 && length() < text.size());
+        QCOMPARE(lyrics.text()->property("cursorPosition").toInt(), 0);
+        lyrics.text()->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(&lyrics.window, Qt::Key_End); // wherever that will be
+        QTRY_COMPARE(length(), text.size());
+        QCOMPARE(lyrics.text()->property("text").toString(), text);
+        QTRY_COMPARE(lyrics.place().bottom(), 400 - 9 - 16.0);
+        QTest::keyClick(&lyrics.window, Qt::Key_PageUp);
+        QTRY_VERIFY(lyrics.place().bottom() > 700);
+        QTest::keyClick(&lyrics.window, Qt::Key_Home);
+        QTRY_COMPARE(lyrics.place().top(), 16 + 9.0);
+        QCOMPARE(lyrics.text()->property("selectedText").toString(), QString());
     }
 
     void withoutLyricsThereIsNoText()

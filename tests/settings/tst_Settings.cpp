@@ -106,7 +106,10 @@ struct SettingsWindow
     }
     [[nodiscard]] bool isChecked(const QString &name) const
     {
-        return QAccessible::queryAccessibleInterface(named(name))->state().checked;
+        const QAccessible::State state = QAccessible::queryAccessibleInterface(named(name))->state();
+        if (!state.checkable || state.checked != named(name)->property("checked").toBool())
+            qFatal("%s is not what it seems to be", qPrintable(name));
+        return state.checked;
     }
 
     QQuickView window;
