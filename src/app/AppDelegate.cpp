@@ -132,6 +132,13 @@ void AppDelegate::sceneWasUsed(const WindowScene *scene)
     std::ranges::stable_partition(m_scenes, [scene](const auto &open) { return open.get() != scene; });
 }
 
+void AppDelegate::setTimeZone(const QTimeZone &zone)
+{
+    m_detailServices.zone = zone;
+    for (const auto &scene : m_scenes)
+        scene->detail().timeZoneDidChange();
+}
+
 void AppDelegate::removeScene(WindowScene *scene)
 {
     std::erase_if(m_scenes, [scene](const auto &open) { return open.get() == scene; });

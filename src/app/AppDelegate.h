@@ -55,6 +55,8 @@ public:
     /// In the order of their use: the one that was used last is the last one.
     [[nodiscard]] const std::vector<std::unique_ptr<WindowScene>> &scenes() const { return m_scenes; }
 
+    /// Shows dates in this time zone from now on; at first it is that of the start.
+    void setTimeZone(const QTimeZone &zone);
     /// Shows the settings in the window of that presentation; set by whoever makes the settings screen.
     void setSettingsScreen(std::function<void(Presentation &)> open)
     {

@@ -83,7 +83,7 @@ void ContainerViewController::detailViewControllerDidChangeMediaItem(
     installSidebar();
     if (!m_mediaItem)
         return;
-    m_services.preferences.setSoundsViewedCount(m_services.preferences.soundsViewedCount() + 1);
+    m_services.preferences.countViewedSound();
     runReviewPolicy();
 }
 

@@ -222,6 +222,13 @@ void DetailViewController::refreshVisibleMediaItem()
     Q_EMIT visibleMediaItemDidChange();
 }
 
+void DetailViewController::timeZoneDidChange()
+{
+    refreshVisibleMediaItem(); // a release date is the start of a day in the time zone
+    if (m_informationView)
+        m_informationView->setTimeZone(m_services.zone);
+}
+
 void DetailViewController::presentLyrics(const MediaItem &mediaItem)
 {
     if (!m_presentation.pushedViews().empty())

@@ -60,6 +60,8 @@ public:
     /// Rebuilds the information view. For displayMediaItem() and the search for a dropped link only.
     void showInformationView(const MediaItem &mediaItem);
     void updateMoreMenu();
+    /// The time zone of the services is another one: the dates shown follow.
+    void timeZoneDidChange();
     void presentAlert(const QString &title, const QString &message, bool includesOpenMusic,
                       bool includesOpenSettings);
 

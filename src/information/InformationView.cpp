@@ -27,7 +27,18 @@ void InformationView::setMediaItem(const MediaItem &mediaItem)
 {
     Q_ASSERT(isSameSong(mediaItem, m_song.mediaItem));
     m_song.mediaItem = mediaItem;
-    const InformationRows rows = informationRows(mediaItem, m_locale, m_zone);
+    makeRows();
+}
+
+void InformationView::setTimeZone(const QTimeZone &zone)
+{
+    m_zone = zone;
+    makeRows();
+}
+
+void InformationView::makeRows()
+{
+    const InformationRows rows = informationRows(m_song.mediaItem, m_locale, m_zone);
     if (rows == m_rows)
         return;
     m_rows = rows;

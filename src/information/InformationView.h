@@ -46,6 +46,7 @@ public:
     [[nodiscard]] const MediaItem &mediaItem() const { return m_song.mediaItem; }
     /// Takes a later record of the same song.
     void setMediaItem(const MediaItem &mediaItem);
+    void setTimeZone(const QTimeZone &zone);
     [[nodiscard]] bool isNowPlaying() const { return m_song.isNowPlaying; }
     [[nodiscard]] bool supportsPlayback() const { return m_song.supportsPlayback; }
     [[nodiscard]] bool showMoreInformation() const { return m_userDefaultsStore.showMoreInformation(); }
@@ -62,6 +63,8 @@ Q_SIGNALS:
     void showMoreInformationChanged();
 
 private:
+    void makeRows();
+
     Song m_song;
     FormatLocale m_locale;
     QTimeZone m_zone;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preferences/Preferences.h"
 
+#include <QLockFile>
 #include <QSettings>
 
 #include <utility>
@@ -12,28 +13,12 @@ constexpr QLatin1StringView showMoreInformationKey("ShowMoreInformation");
 constexpr QLatin1StringView firstLaunchDateKey("FirstLaunchDate");
 constexpr QLatin1StringView soundsViewedCountKey("SoundsViewedCount");
 constexpr QLatin1StringView lastReviewRequestDateKey("LastReviewRequestDate");
-
-// A text that merely looks like a date is not one: only a stored date counts.
-std::optional<QDateTime> dateUnder(const QVariantMap &values, QLatin1StringView key)
-{
-    const QVariant stored = values.value(key);
-    if (stored.typeId() != QMetaType::QDateTime)
-        return std::nullopt;
-    const QDateTime date = stored.toDateTime();
-    return date.isValid() ? std::optional(date) : std::nullopt;
-}
 } // namespace
 
 Preferences::Preferences(QString file)
     : m_file(std::move(file))
 {
-    m_writer.setMaxThreadCount(1); // the last value set is the last one written
-    const QSettings stored(m_file, QSettings::IniFormat);
-    for (const QLatin1StringView key :
-         {showMoreInformationKey, firstLaunchDateKey, soundsViewedCountKey, lastReviewRequestDateKey}) {
-        if (stored.contains(key))
-            m_values.insert(key, stored.value(key));
-    }
+    m_writer.setMaxThreadCount(1);
 }
 
 Preferences::~Preferences()
@@ -41,52 +26,104 @@ Preferences::~Preferences()
     m_writer.waitForDone();
 }
 
-void Preferences::store(QLatin1StringView key, const QVariant &value)
+QVariant Preferences::value(QLatin1StringView key) const
 {
-    m_values.insert(key, value);
-    m_writer.start([file = m_file, key, value] {
-        QSettings(file, QSettings::IniFormat).setValue(key, value); // written as it goes
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (const auto found = m_unwritten.values.constFind(key); found != m_unwritten.values.cend())
+            return *found;
+    }
+    return QSettings(m_file, QSettings::IniFormat).value(key); // read again only if the file has changed
+}
+
+// A text that merely looks like a date is not one: only a stored date counts.
+std::optional<QDateTime> Preferences::date(QLatin1StringView key) const
+{
+    const QVariant stored = value(key);
+    if (stored.typeId() != QMetaType::QDateTime)
+        return std::nullopt;
+    const QDateTime date = stored.toDateTime();
+    return date.isValid() ? std::optional(date.toUTC()) : std::nullopt;
+}
+
+void Preferences::set(QLatin1StringView key, const QVariant &value)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_unwritten.values.insert(key, value);
+    }
+    m_writer.start([this] { write(); });
+}
+
+void Preferences::write()
+{
+    // QSettings locks the file while it writes, but not from reading a count to writing it.
+    QLockFile counting(m_file + QStringLiteral(".counting"));
+    counting.lock();
+    QSettings stored(m_file, QSettings::IniFormat);
+    Unwritten written;
+    {
+        const QMutexLocker lock(&m_mutex);
+        written = m_unwritten;
+    }
+    if (written.viewedSounds > 0)
+        written.values.insert(soundsViewedCountKey,
+                              stored.value(soundsViewedCountKey).toInt() + written.viewedSounds);
+    for (auto value = written.values.cbegin(); value != written.values.cend(); ++value)
+        stored.setValue(value.key(), value.value());
+    stored.sync();
+
+    const QMutexLocker lock(&m_mutex);
+    m_unwritten.viewedSounds -= written.viewedSounds;
+    m_unwritten.values.removeIf([&](const QVariantMap::iterator &value) {
+        return value.key() == soundsViewedCountKey ? m_unwritten.viewedSounds == 0
+                                                   : written.values.value(value.key()) == value.value();
     });
 }
 
 bool Preferences::showMoreInformation() const
 {
-    return m_values.value(showMoreInformationKey, false).toBool();
+    return value(showMoreInformationKey).toBool();
 }
 
 void Preferences::setShowMoreInformation(bool show)
 {
-    store(showMoreInformationKey, show);
+    set(showMoreInformationKey, show);
 }
 
 std::optional<QDateTime> Preferences::firstLaunchDate() const
 {
-    return dateUnder(m_values, firstLaunchDateKey);
+    return date(firstLaunchDateKey);
 }
 
 void Preferences::setFirstLaunchDate(const QDateTime &date)
 {
-    store(firstLaunchDateKey, date);
+    set(firstLaunchDateKey, date.toUTC());
 }
 
 int Preferences::soundsViewedCount() const
 {
-    return m_values.value(soundsViewedCountKey, 0).toInt();
+    return value(soundsViewedCountKey).toInt();
 }
 
-void Preferences::setSoundsViewedCount(int count)
+void Preferences::countViewedSound()
 {
-    store(soundsViewedCountKey, count);
+    const int count = soundsViewedCount() + 1;
+    {
+        const QMutexLocker lock(&m_mutex);
+        ++m_unwritten.viewedSounds;
+    }
+    set(soundsViewedCountKey, count);
 }
 
 std::optional<QDateTime> Preferences::lastReviewRequestDate() const
 {
-    return dateUnder(m_values, lastReviewRequestDateKey);
+    return date(lastReviewRequestDateKey);
 }
 
 void Preferences::setLastReviewRequestDate(const QDateTime &date)
 {
-    store(lastReviewRequestDateKey, date);
+    set(lastReviewRequestDateKey, date.toUTC());
 }
 
 } // namespace trackwise

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QMutex>
 #include <QString>
 #include <QThreadPool>
 #include <QVariantMap>
@@ -10,13 +11,14 @@
 
 namespace trackwise {
 
-/// The four values that the app keeps between launches. One store is shared by all windows. A value counts
-/// at once; it is written to the file by a thread of its own, since the disk may take longer than a frame.
-/// Main thread only.
+/// The four values that the app keeps between launches. One store is shared by all windows, and its file by
+/// all processes: each value is read as the file has it now, and only what was set is written. A value counts
+/// at once; it is written by a thread of its own, since the disk may take longer than a frame. Main thread
+/// only.
 class Preferences
 {
 public:
-    /// Reads what @p file holds, in the format of QSettings::IniFormat.
+    /// @p file is in the format of QSettings::IniFormat.
     explicit Preferences(QString file);
     /// Waits until everything has been written.
     ~Preferences();
@@ -25,21 +27,34 @@ public:
     [[nodiscard]] bool showMoreInformation() const;
     void setShowMoreInformation(bool show);
 
-    /// Absent until the first launch has been recorded, or when something other than a date is stored.
+    /// Absent until the first launch has been recorded, or when something other than a date is stored. Dates
+    /// are kept in UTC; what was stored without a zone is local time.
     [[nodiscard]] std::optional<QDateTime> firstLaunchDate() const;
     void setFirstLaunchDate(const QDateTime &date);
 
     [[nodiscard]] int soundsViewedCount() const;
-    void setSoundsViewedCount(int count);
+    /// One more; views that other processes count at the same time are not lost.
+    void countViewedSound();
 
     [[nodiscard]] std::optional<QDateTime> lastReviewRequestDate() const;
     void setLastReviewRequestDate(const QDateTime &date);
 
 private:
-    void store(QLatin1StringView key, const QVariant &value);
+    /// What the file does not have yet.
+    struct Unwritten
+    {
+        QVariantMap values;
+        int viewedSounds = 0; ///< what the count is to grow by, whatever it is by then
+    };
+
+    [[nodiscard]] QVariant value(QLatin1StringView key) const;
+    [[nodiscard]] std::optional<QDateTime> date(QLatin1StringView key) const;
+    void set(QLatin1StringView key, const QVariant &value);
+    void write();
 
     QString m_file;
-    QVariantMap m_values;
+    mutable QMutex m_mutex; ///< over m_unwritten and the moment in which it becomes written
+    Unwritten m_unwritten;
     QThreadPool m_writer;
 };
 

@@ -76,6 +76,23 @@ private Q_SLOTS:
         QVERIFY(!window.player.commands.isEmpty());
     }
 
+    void showsDatesInTheZoneOfNow()
+    {
+        Window window;
+        window.start();
+        window.library.list.front().lastPlayedDate = Instant(std::chrono::hours(20));
+        window.detail.displayMediaItem(window.library.list.front(), false, true);
+        const auto shows = [&](const QString &date) {
+            const InformationRows rows = window.detail.informationView()->rows();
+            return std::ranges::any_of(rows.main,
+                                       [&](const InformationRow &row) { return row.value.contains(date); });
+        };
+        QVERIFY(shows(QStringLiteral("January 1, 1970")));
+        window.services.zone = QTimeZone("Asia/Tokyo");
+        window.detail.timeZoneDidChange();
+        QVERIFY(shows(QStringLiteral("January 2, 1970")));
+    }
+
     void refusesASongOutsideTheLibrary()
     {
         Window window;

@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace trackwise;
 
@@ -19,20 +20,43 @@ private:
 private Q_SLOTS:
     void cleanup() { QFile::remove(file()); }
 
-    void keepsDatesThroughAFile()
+    void keepsDatesInUtc()
     {
-        const QDateTime launched(QDate(2026, 11, 20), QTime(21, 14, 5), Qt::UTC);
+        const QDateTime launched(QDate(2026, 11, 20), QTime(21, 14, 5), QTimeZone("Asia/Tokyo"));
+        const QDateTime asked(QDate(2026, 7, 1), QTime(12, 0)); // local, as stored before
+        QSettings(file(), QSettings::IniFormat).setValue(QStringLiteral("LastReviewRequestDate"), asked);
+        Preferences(file()).setFirstLaunchDate(launched);
+        const Preferences preferences(file());
+        QCOMPARE(preferences.lastReviewRequestDate(), std::optional(asked));
+        const QDateTime kept = preferences.firstLaunchDate().value_or(QDateTime());
+        QCOMPARE(kept, launched);
+        QCOMPARE(kept.timeSpec(), Qt::UTC);
+        const QSettings stored(file(), QSettings::IniFormat);
+        QCOMPARE(stored.value(QStringLiteral("FirstLaunchDate")).toDateTime().timeSpec(), Qt::UTC);
+    }
+
+    // As two processes do.
+    void sharesItsFile()
+    {
         {
-            Preferences preferences(file());
-            preferences.setFirstLaunchDate(launched);
-            for (int count = 1; count <= 20; ++count)
-                preferences.setSoundsViewedCount(count);
-            QCOMPARE(preferences.soundsViewedCount(), 20);
+            Preferences one(file());
+            Preferences other(file());
+            for (int count = 1; count <= 20; ++count) {
+                one.countViewedSound();
+                other.countViewedSound();
+                QVERIFY(one.soundsViewedCount() >= count);
+            }
+            one.setShowMoreInformation(true);
+            QVERIFY(one.showMoreInformation());
+            QTRY_VERIFY(other.showMoreInformation());
+            other.setShowMoreInformation(false);
+            QTRY_VERIFY(!one.showMoreInformation());
+            one.setLastReviewRequestDate(QDateTime::currentDateTime());
         }
         const Preferences preferences(file());
-        QCOMPARE(preferences.firstLaunchDate(), std::optional(launched));
-        QCOMPARE(preferences.lastReviewRequestDate(), std::nullopt);
-        QCOMPARE(preferences.soundsViewedCount(), 20);
+        QCOMPARE(preferences.soundsViewedCount(), 40);
+        QVERIFY(!preferences.showMoreInformation());
+        QVERIFY(preferences.lastReviewRequestDate());
     }
 
     void takesOnlyADateForADate_data()
