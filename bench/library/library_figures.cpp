@@ -131,7 +131,7 @@ int search(const QByteArray &database)
 
     std::vector<LibrarySong> sample;
     int passed = 0;
-    library->forEachSong([&](const LibrarySong &song) {
+    (void)library->forEachSong([&](const LibrarySong &song) {
         if (passed++ % 997 == 0)
             sample.push_back(song);
         return sample.size() < 1000;
@@ -209,7 +209,7 @@ QJsonObject asJson(const LibrarySong &song, const QByteArray &root)
 
 int dump(const QByteArray &database, const QByteArray &root)
 {
-    opened(database, {root})->forEachSong([&root](const LibrarySong &song) {
+    (void)opened(database, {root})->forEachSong([&root](const LibrarySong &song) {
         if (song.availability == Availability::Available && song.file.folder.startsWith(root)) {
             std::puts(QJsonDocument(asJson(song, root)).toJson(QJsonDocument::Compact).constData());
         }

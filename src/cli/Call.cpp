@@ -37,6 +37,37 @@ bool takeFlag(Call &call, const QByteArray &argument, const KnownOptions &known)
     return false;
 }
 
+// The same file as the window's.
+std::unique_ptr<QSettings> userSettings()
+{
+    return std::make_unique<QSettings>(
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+            QStringLiteral("/trackwise/device.ini"),
+        QSettings::IniFormat);
+}
+
+Result<LibraryConfiguration> configurationOf(const Call &call, const QSettings &settings)
+{
+    LibraryConfiguration configuration = LibraryConfiguration::ofUser(settings);
+    if (call.database)
+        configuration.databasePath = *call.database;
+    if (!call.musicFolders.empty())
+        configuration.musicFolders = call.musicFolders;
+    if (configuration.databasePath.isEmpty())
+        return Failure{
+            FailureKind::Unavailable,
+            QStringLiteral("your library cannot be found, since HOME is not set; name one with --library")};
+    return configuration;
+}
+
+Result<std::unique_ptr<LibraryQuestions>> emptyLibrary(const QTemporaryDir &folder)
+{
+    const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("library")));
+    if (const auto made = SongStore::open(path); !made)
+        return made.failure();
+    return LibraryQuestions::open(path);
+}
+
 } // namespace
 
 QByteArray absolutePath(const QByteArray &path)
@@ -81,20 +112,31 @@ Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOpti
 
 Result<OpenLibrary> openLibrary(const Call &call)
 {
-    // The same file as the window's.
-    auto settings =
-        std::make_unique<QSettings>(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                                        QStringLiteral("/trackwise/device.ini"),
-                                    QSettings::IniFormat);
-    LibraryConfiguration configuration = LibraryConfiguration::ofUser(*settings);
-    if (call.database)
-        configuration.databasePath = *call.database;
-    if (!call.musicFolders.empty())
-        configuration.musicFolders = call.musicFolders;
-    auto library = LinuxLibrary::open(configuration, *settings);
+    auto settings = userSettings();
+    const auto configuration = configurationOf(call, *settings);
+    if (!configuration)
+        return configuration.failure();
+    auto library = LinuxLibrary::open(*configuration, *settings);
     if (!library)
         return library.failure();
     return OpenLibrary{std::move(settings), std::move(*library)};
+}
+
+Result<ReadLibrary> readLibrary(const Call &call, Absent absent)
+{
+    auto configuration = configurationOf(call, *userSettings());
+    if (!configuration)
+        return configuration.failure();
+    auto library = LibraryQuestions::open(configuration->databasePath);
+    const bool countsAsEmpty = absent == Absent::CountsAsEmpty || !call.database;
+    std::unique_ptr<QTemporaryDir> scratch;
+    if (!library && library.failure().kind == FailureKind::NotFound && countsAsEmpty) {
+        scratch = std::make_unique<QTemporaryDir>();
+        library = emptyLibrary(*scratch);
+    }
+    if (!library)
+        return library.failure();
+    return ReadLibrary{*std::move(configuration), std::move(scratch), *std::move(library)};
 }
 
 } // namespace trackwise::cli

@@ -6,6 +6,7 @@
 #include "platform/linux/library/LinuxLibrary.h"
 
 #include <QSettings>
+#include <QTemporaryDir>
 
 #include <memory>
 #include <optional>
@@ -40,7 +41,7 @@ struct KnownOptions
 /// @p path from the current folder on, without "." and "..".
 [[nodiscard]] QByteArray absolutePath(const QByteArray &path);
 
-/// The library that a call is about: the user's, or what its options say.
+/// The library that a call is about, the user's or what its options say, to be scanned.
 struct OpenLibrary
 {
     std::unique_ptr<QSettings> settings;
@@ -49,5 +50,18 @@ struct OpenLibrary
     LinuxLibrary *operator->() const { return library.get(); }
 };
 [[nodiscard]] Result<OpenLibrary> openLibrary(const Call &call);
+
+/// The same library, only to be asked: opening it makes no files.
+struct ReadLibrary
+{
+    LibraryConfiguration configuration;
+    std::unique_ptr<QTemporaryDir> scratch; ///< of the library that counts as empty
+    std::unique_ptr<LibraryQuestions> library;
+
+    LibraryQuestions *operator->() const { return library.get(); }
+};
+/// What a library that is not there means. The user's own, before its first scan, counts as empty anyway.
+enum class Absent { Fails, CountsAsEmpty };
+[[nodiscard]] Result<ReadLibrary> readLibrary(const Call &call, Absent absent = Absent::Fails);
 
 } // namespace trackwise::cli

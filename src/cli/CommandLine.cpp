@@ -121,6 +121,23 @@ bool isHelp(const QByteArray &argument)
     return argument == "--help" || argument == "-h";
 }
 
+ExitCode carryOut(const std::vector<QByteArray> &arguments)
+{
+    const QByteArray first = arguments.empty() ? QByteArray() : arguments.at(0);
+    const QByteArray second = arguments.size() < 2 ? QByteArray() : arguments.at(1);
+    for (const Command &command : commands) {
+        const bool isGrouped = *command.group != '\0';
+        if (first == (isGrouped ? command.group : command.name) && (!isGrouped || second == command.name))
+            return run(command, {arguments.begin() + (isGrouped ? 2 : 1), arguments.end()});
+    }
+    if (first == "library" && isHelp(second)) {
+        std::fputs(commandsHelp(), stdout);
+        return ExitCode::Success;
+    }
+    return misuse(second.isEmpty() ? QStringLiteral("which command?")
+                                   : QStringLiteral("no such command: ") + QFile::decodeName(second));
+}
+
 } // namespace
 
 bool isCommand(const QByteArray &firstArgument)
@@ -147,19 +164,9 @@ ExitCode giveUp(const Failure &failure)
 
 ExitCode runCommand(const std::vector<QByteArray> &arguments)
 {
-    const QByteArray first = arguments.empty() ? QByteArray() : arguments.at(0);
-    const QByteArray second = arguments.size() < 2 ? QByteArray() : arguments.at(1);
-    for (const Command &command : commands) {
-        const bool isGrouped = *command.group != '\0';
-        if (first == (isGrouped ? command.group : command.name) && (!isGrouped || second == command.name))
-            return run(command, {arguments.begin() + (isGrouped ? 2 : 1), arguments.end()});
-    }
-    if (first == "library" && isHelp(second)) {
-        std::fputs(commandsHelp(), stdout);
-        return ExitCode::Success;
-    }
-    return misuse(second.isEmpty() ? QStringLiteral("which command?")
-                                   : QStringLiteral("no such command: ") + QFile::decodeName(second));
+    const ExitCode code = carryOut(arguments);
+    const bool isWritten = finishOutput();
+    return isWritten || code != ExitCode::Success ? code : ExitCode::Failure;
 }
 
 } // namespace trackwise::cli

@@ -4,7 +4,10 @@
 #include <unicode/uchar.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -103,10 +106,30 @@ QString table(const std::vector<std::pair<QString, QString>> &rows)
     return text;
 }
 
+void keepStreamsTaken()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0)
+            (void)open("/dev/null", O_RDONLY); // the lowest free number is this one; writing fails
+}
+
+bool write(const QByteArray &bytes)
+{
+    const auto size = static_cast<size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stdout) == size;
+}
+
 void print(const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
+    write(text.toUtf8());
+}
+
+bool finishOutput()
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return true;
+    complain(QStringLiteral("cannot write the output: ") + QString::fromLocal8Bit(std::strerror(errno)));
+    return false;
 }
 
 void complain(const QString &text)

@@ -19,7 +19,13 @@ namespace trackwise::cli {
 /// Two columns: names, and values that begin below each other. Further lines of a value are indented.
 [[nodiscard]] QString table(const std::vector<std::pair<QString, QString>> &rows);
 
+/// Keeps files from being opened in place of standard streams that are closed: they would be printed into.
+void keepStreamsTaken();
+/// To the output; false once it takes no more.
+bool write(const QByteArray &bytes);
 void print(const QString &text);
+/// Complains where not all of the output could be written, such as on a full disk: whether it could.
+[[nodiscard]] bool finishOutput();
 /// To the error output, as a line of its own that begins with the program's name.
 void complain(const QString &text);
 

@@ -47,37 +47,53 @@ Result<FoundSong> songOfFile(const QByteArray &path)
     }
     auto song = (*library)->songForPath(path);
     if (!song)
-        return Failure{FailureKind::NotFound, QFile::decodeName(path)};
+        return song.failure();
     song->item.persistentID = {};
     song->item.dateAddedForReal = std::nullopt;
-    return FoundSong{std::move(*song)};
+    return FoundSong{*std::move(song)};
+}
+
+bool isUnreadable(const Result<LibrarySong> &song)
+{
+    return !song && song.failure().kind != FailureKind::NotFound;
+}
+
+Result<FoundSong> asFound(Result<LibrarySong> song, int others)
+{
+    return song ? Result<FoundSong>(FoundSong{*std::move(song), others}) : song.failure();
 }
 
 } // namespace
 
-Result<FoundSong> findSong(const LinuxLibrary &library, const QByteArray &words)
+Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &words)
 {
+    const QByteArray path = absolutePath(words);
     std::error_code error;
     if (std::filesystem::exists(words.toStdString(), error)) {
-        const QByteArray path = absolutePath(words);
         const auto resolved = std::filesystem::canonical(path.toStdString(), error);
-        for (const QByteArray &name : {path, QByteArray::fromStdString(resolved.string())})
-            if (auto song = library.songForPath(name); song && song->availability == Availability::Available)
-                return FoundSong{std::move(*song)};
+        for (const QByteArray &name : {path, QByteArray::fromStdString(resolved.string())}) {
+            auto song = library.songForPath(name);
+            if (isUnreadable(song))
+                return song.failure();
+            if (song && song->availability == Availability::Available)
+                return FoundSong{*std::move(song)};
+        }
         return songOfFile(path);
     }
-    if (auto song = library.songForPath(absolutePath(words)))
-        return FoundSong{std::move(*song)}; // its file is gone, what is known about it is not
+    // Its file may be gone, what is known about it is not.
+    if (auto song = library.songForPath(path); song || isUnreadable(song))
+        return asFound(std::move(song), 0);
 
     const QString typed = QFile::decodeName(words);
     if (const auto id = PersistentID::fromString(typed))
-        if (auto song = library.song(*id))
-            return FoundSong{std::move(*song)};
-    const std::vector<PersistentID> matches = library.search(typed, searchLimit);
-    for (const PersistentID id : matches)
-        if (auto song = library.song(id))
-            return FoundSong{std::move(*song), static_cast<int>(matches.size()) - 1};
-    return Failure{FailureKind::NotFound, QStringLiteral("no file and no song of the library: ") + typed};
+        if (auto song = library.song(*id); song || isUnreadable(song))
+            return asFound(std::move(song), 0);
+    const auto matches = library.search(typed, searchLimit);
+    if (!matches)
+        return matches.failure();
+    if (matches->empty())
+        return Failure{FailureKind::NotFound, QStringLiteral("no file and no song of the library: ") + typed};
+    return asFound(library.song(matches->front()), static_cast<int>(matches->size()) - 1);
 }
 
 } // namespace trackwise::cli

@@ -14,6 +14,6 @@ struct FoundSong
 
 /// The song that the user means by @p words: a file (in the library or, if it is not, read now), a persistent
 /// identifier, or words to search for. The detail of a failure is a sentence for the user.
-[[nodiscard]] Result<FoundSong> findSong(const LinuxLibrary &library, const QByteArray &words);
+[[nodiscard]] Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &words);
 
 } // namespace trackwise::cli

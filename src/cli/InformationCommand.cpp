@@ -6,6 +6,7 @@
 #include "cli/SongJson.h"
 #include "information/InformationRows.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -53,7 +54,8 @@ ExitCode printLyrics(const MediaItem &item)
 
 ExitCode showInformation(const Call &call)
 {
-    const auto library = openLibrary(call);
+    const bool isFile = QFile::exists(QFile::decodeName(call.operands.front()));
+    const auto library = readLibrary(call, isFile ? Absent::CountsAsEmpty : Absent::Fails);
     if (!library)
         return giveUp(library.failure());
     const auto found = findSong(*library->library, call.operands.front());

@@ -8,8 +8,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <cstdio>
-
 namespace trackwise::cli {
 
 namespace {
@@ -42,52 +40,50 @@ QJsonArray toJson(const std::vector<QByteArray> &paths)
     return names;
 }
 
-bool write(const QByteArray &bytes)
-{
-    return std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout) ==
-           static_cast<size_t>(bytes.size());
-}
-
 } // namespace
 
 ExitCode showStatus(const Call &call)
 {
-    const auto library = openLibrary(call);
+    const auto library = readLibrary(call);
     if (!library)
         return giveUp(library.failure());
-    const LibraryStatus status = (*library)->status();
-    const LibraryConfiguration &configuration = (*library)->configuration();
+    const auto status = (*library)->status();
+    if (!status)
+        return giveUp(status.failure());
+    const LibraryConfiguration &configuration = library->configuration;
     if (call.wantsJson) {
         write(lineOf({{QStringLiteral("library"), QString::fromUtf8(configuration.databasePath)},
                       {QStringLiteral("folders"), toJson(configuration.musicFolders)},
-                      {QStringLiteral("available"), status.available},
-                      {QStringLiteral("diskAbsent"), status.diskAbsent},
-                      {QStringLiteral("fileGone"), status.fileGone},
-                      {QStringLiteral("problems"), status.problems}}));
+                      {QStringLiteral("available"), status->available},
+                      {QStringLiteral("diskAbsent"), status->diskAbsent},
+                      {QStringLiteral("fileGone"), status->fileGone},
+                      {QStringLiteral("problems"), status->problems}}));
         return ExitCode::Success;
     }
     print(table({{QStringLiteral("Library"), QFile::decodeName(configuration.databasePath)},
                  {QStringLiteral("Music folders"), joined(configuration.musicFolders)},
-                 {QStringLiteral("Songs"), number(status.available)},
-                 {QStringLiteral("Songs on absent disks"), number(status.diskAbsent)},
-                 {QStringLiteral("Songs whose file is gone"), number(status.fileGone)},
-                 {QStringLiteral("Files with problems"), number(status.problems)}}));
+                 {QStringLiteral("Songs"), number(status->available)},
+                 {QStringLiteral("Songs on absent disks"), number(status->diskAbsent)},
+                 {QStringLiteral("Songs whose file is gone"), number(status->fileGone)},
+                 {QStringLiteral("Files with problems"), number(status->problems)}}));
     return ExitCode::Success;
 }
 
 ExitCode searchLibrary(const Call &call)
 {
-    const auto library = openLibrary(call);
+    const auto library = readLibrary(call);
     if (!library)
         return giveUp(library.failure());
     QStringList words;
     for (const QByteArray &operand : call.operands)
         words << QFile::decodeName(operand);
-    const std::vector<PersistentID> matches = (*library)->search(words.join(u' '), searchLimit);
-    for (const PersistentID id : matches) {
+    const auto matches = (*library)->search(words.join(u' '), searchLimit);
+    if (!matches)
+        return giveUp(matches.failure());
+    for (const PersistentID id : *matches) {
         const auto song = (*library)->song(id);
         if (!song)
-            continue;
+            return giveUp(song.failure());
         if (call.wantsJson) {
             write(lineOf(cli::toJson(*song)));
             continue;
@@ -101,15 +97,18 @@ ExitCode searchLibrary(const Call &call)
             (artist.isEmpty() ? QString() : QStringLiteral(" – ") + printable(artist).replace(u'\n', u' ')) +
             u'\n');
     }
-    return matches.empty() ? ExitCode::NotFound : ExitCode::Success;
+    return matches->empty() ? ExitCode::NotFound : ExitCode::Success;
 }
 
 ExitCode listProblems(const Call &call)
 {
-    const auto library = openLibrary(call);
+    const auto library = readLibrary(call);
     if (!library)
         return giveUp(library.failure());
-    for (const ScanProblem &problem : (*library)->problems()) {
+    const auto problems = (*library)->problems();
+    if (!problems)
+        return giveUp(problems.failure());
+    for (const ScanProblem &problem : *problems) {
         const QByteArray path = problem.file.path();
         if (call.wantsJson)
             write(lineOf({{QStringLiteral("path"), QString::fromUtf8(path)},
@@ -124,17 +123,12 @@ ExitCode listProblems(const Call &call)
 
 ExitCode exportLibrary(const Call &call)
 {
-    const auto library = openLibrary(call);
+    const auto library = readLibrary(call);
     if (!library)
         return giveUp(library.failure());
-    bool isWritten = true;
-    (*library)->forEachSong([&](const LibrarySong &song) {
-        isWritten = write(lineOf(cli::toJson(song)));
-        return isWritten;
-    });
-    if (!isWritten || std::fflush(stdout) != 0)
-        return giveUp({FailureKind::NoSpace, QStringLiteral("cannot write the output")});
-    return ExitCode::Success;
+    const auto visited =
+        (*library)->forEachSong([](const LibrarySong &song) { return write(lineOf(cli::toJson(song))); });
+    return visited ? ExitCode::Success : giveUp(visited.failure());
 }
 
 } // namespace trackwise::cli

@@ -79,8 +79,10 @@ ExitCode scanLibrary(const Call &call)
     const std::vector<QByteArray> &unreadable = scan.summary().unreadableMusicFolders;
     for (const QByteArray &folder : unreadable)
         complain(QStringLiteral("cannot be read: ") + QFile::decodeName(folder));
-    const LibraryStatus status = (*library)->status();
-    print(QStringLiteral("%1 songs, %2 files with problems\n").arg(status.available).arg(status.problems));
+    const auto status = (*library)->status();
+    if (!status)
+        return giveUp(status.failure());
+    print(QStringLiteral("%1 songs, %2 files with problems\n").arg(status->available).arg(status->problems));
     if (!unreadable.empty())
         return ExitCode::Failure;
     return hasAnyFolder(folders) ? ExitCode::Success : ExitCode::NotFound;

@@ -47,6 +47,8 @@ public:
     [[nodiscard]] T &&operator*() && { return std::get<0>(std::move(m_state)); }
     [[nodiscard]] const T *operator->() const { return &std::get<0>(m_state); }
     [[nodiscard]] T *operator->() { return &std::get<0>(m_state); }
+    /// For callers that can do without.
+    [[nodiscard]] T valueOr(T fallback) && { return *this ? *std::move(*this) : std::move(fallback); }
     [[nodiscard]] const Failure &failure() const { return std::get<1>(m_state); }
 
 private:

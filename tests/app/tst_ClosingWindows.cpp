@@ -87,7 +87,7 @@ public:
         for (const QString &identifier : {inTheLibrary, answeredLate, neverAnswered})
             detail.handleDroppedURLs({link(identifier)});
         const auto songs = library().search(QStringLiteral("Song %1").arg(round % songCount), 1);
-        detail.displayMediaItem(library().song(songs.at(0))->item, false, true);
+        detail.displayMediaItem(library().song(songs->at(0))->item, false, true);
         detail.selectSongFromLibrary();
         detail.selectNowPlayingSong(true);
         library().scan().start();
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QSignalSpy scanned(&program.library().scan(), &ScanController::finished);
         program.library().scan().start();
         QVERIFY(scanned.wait());
-        QCOMPARE(program.library().status().available, songCount + 1);
+        QCOMPARE(program.library().status()->available, songCount + 1);
     }
 
     void closesAWindowAtAnyMoment()

@@ -1,54 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Program.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <fileref.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <sys/wait.h>
 
-// Runs the program as a shell would: its arguments may be any bytes.
-class tst_CommandLine : public QObject
+class tst_CommandLine : public QObject, private Program
 {
     Q_OBJECT
 
 private:
-    struct Outcome
-    {
-        int code = -1;
-        QByteArray output;
-        QByteArray errors;
-    };
-
-    QTemporaryDir m_scratch;
     const QString m_demo = QStringLiteral(DEMO_LIBRARY_FOLDER);
 
-    [[nodiscard]] QByteArray inScratch(const char *name) const
-    {
-        return QFile::encodeName(m_scratch.path()) + '/' + name;
-    }
-    static QByteArray contents(const QByteArray &path)
-    {
-        QFile file(QFile::decodeName(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    [[nodiscard]] Outcome run(const QByteArrayList &arguments) const
-    {
-        QByteArray line = "'" TRACKWISE_PROGRAM "'";
-        for (QByteArray argument : arguments)
-            line += " '" + argument.replace('\'', "'\\''") + '\'';
-        line += " </dev/null >'" + inScratch("output") + "' 2>'" + inScratch("errors") + '\'';
-        const int status = std::system(line.constData());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contents(inScratch("output")),
-                contents(inScratch("errors"))};
-    }
     [[nodiscard]] QByteArrayList onDemo(QByteArrayList arguments) const
     {
         return arguments << "--library" << inScratch("demo.db") << "--folder" << QFile::encodeName(m_demo);
@@ -67,18 +37,12 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY(m_scratch.isValid());
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
-            qputenv(name, inScratch("home"));
         const Outcome scan = run(onDemo({"library", "scan"}));
         QCOMPARE(scan.errors, QByteArray()); // quiet in a pipe
         QCOMPARE(scan.output, QByteArray("12 songs, 0 files with problems\n"));
         QCOMPARE(scan.code, 0);
         QCOMPARE(run(onDemo({"library", "scan", "--all"})).output, scan.output);
     }
-
-    // QTemporaryDir does not remove names that are not UTF-8.
-    void cleanupTestCase() { std::filesystem::remove_all(m_scratch.path().toStdString()); }
 
     void saysHowItWent_data()
     {

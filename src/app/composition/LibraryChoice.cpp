@@ -46,6 +46,14 @@ std::optional<LibraryConfiguration> otherLibrary(const StartOptions &options)
     return configuration;
 }
 
+QByteArray databaseOf(const StartOptions &options)
+{
+    const auto other = otherLibrary(options);
+    return other ? other->databasePath
+                 : LibraryConfiguration::ofUser(QSettings(configFile("device.ini"), QSettings::IniFormat))
+                       .databasePath;
+}
+
 std::optional<MediaItem> songOfFile(const LinuxLibrary &library, const QByteArray &path)
 {
     std::error_code error; // a file that has gone has no other name
@@ -62,10 +70,12 @@ std::optional<MediaItem> songNamed(const LinuxLibrary &library, const QString &w
         return known;
     std::optional<PersistentID> id = PersistentID::fromString(words);
     if (!id) {
-        const std::vector<PersistentID> found = library.search(words, 1);
+        const auto found = library.search(words, 1).valueOr({});
         id = found.empty() ? std::nullopt : std::optional(found.front());
     }
-    const auto song = id ? library.song(*id) : std::nullopt;
+    if (!id)
+        return std::nullopt;
+    const auto song = library.song(*id);
     return song ? std::optional(song->item) : std::nullopt;
 }
 

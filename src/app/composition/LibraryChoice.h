@@ -18,6 +18,9 @@ namespace trackwise {
 /// The library that a start asks for, where it is not the user's own.
 [[nodiscard]] std::optional<LibraryConfiguration> otherLibrary(const StartOptions &options);
 
+/// The database of the library that a start asks for.
+[[nodiscard]] QByteArray databaseOf(const StartOptions &options);
+
 /// The song in that file, or in the file that it is another name of.
 [[nodiscard]] std::optional<MediaItem> songOfFile(const LinuxLibrary &library, const QByteArray &path);
 /// The song that @p words mean: a file's path, an identifier, or words to search for.

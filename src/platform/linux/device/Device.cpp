@@ -17,7 +17,7 @@ MprisPublisher::Settings publisherSettings(const Device::Options &options)
 
 std::optional<QByteArray> pathOf(const LinuxLibrary &library, PersistentID id)
 {
-    const std::optional<LibrarySong> song = library.song(id);
+    const auto song = library.song(id);
     return song ? std::optional(song->file.path()) : std::nullopt;
 }
 

@@ -18,6 +18,11 @@ bool isHome(const QString &folder)
     return QDir(folder).canonicalPath() == QDir::home().canonicalPath();
 }
 
+bool isKnown(const char *place)
+{
+    return qgetenv(place).startsWith('/');
+}
+
 void add(std::vector<QByteArray> &folders, const QString &folder)
 {
     if (!QDir::isAbsolutePath(folder) || isHome(folder))
@@ -31,12 +36,14 @@ void add(std::vector<QByteArray> &folders, const QString &folder)
 LibraryConfiguration LibraryConfiguration::ofUser(const QSettings &deviceSettings)
 {
     LibraryConfiguration configuration;
-    add(configuration.musicFolders, QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
+    if (isKnown("HOME"))
+        add(configuration.musicFolders, QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
     for (const QString &folder : deviceSettings.value(foldersKey).toStringList())
         add(configuration.musicFolders, folder);
-    configuration.databasePath =
-        QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                          QStringLiteral("/trackwise/library.sqlite"));
+    if (isKnown("HOME") || isKnown("XDG_DATA_HOME"))
+        configuration.databasePath =
+            QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                              QStringLiteral("/trackwise/library.sqlite"));
     return configuration;
 }
 

@@ -17,7 +17,8 @@ struct LibraryConfiguration
     QByteArray databasePath;
 
     /// The user's: the music folder of the desktop, and the further folders of the device settings. The home
-    /// folder itself is never taken for a music folder, although desktops without one name it.
+    /// folder itself is never taken for a music folder, although desktops without one name it. Without a home
+    /// (HOME is not set) there is no path of a database.
     [[nodiscard]] static LibraryConfiguration ofUser(const QSettings &deviceSettings);
 
     friend bool operator==(const LibraryConfiguration &, const LibraryConfiguration &) = default;

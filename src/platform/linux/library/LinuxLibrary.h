@@ -4,28 +4,19 @@
 #include "platform/linux/library/IndexedSongMatching.h"
 #include "platform/linux/library/LibraryAccess.h"
 #include "platform/linux/library/LibraryConfiguration.h"
+#include "platform/linux/library/LibraryQuestions.h"
+#include "platform/linux/library/LibraryTrouble.h"
 #include "platform/linux/library/LinuxMediaLibrary.h"
 #include "platform/linux/library/scan/ScanController.h"
 #include "platform/linux/library/store/SongLists.h"
-#include "platform/linux/library/store/SongLookup.h"
 #include "platform/linux/library/store/SongStore.h"
 
-#include <functional>
 #include <memory>
 
 namespace trackwise {
 
-/// How many songs the library knows, and of what kind.
-struct LibraryStatus
-{
-    qsizetype available = 0;
-    qsizetype diskAbsent = 0;
-    qsizetype fileGone = 0;
-    qsizetype problems = 0;
-};
-
 /// One library on this device and all the ways to use it. Built by whoever composes the program.
-class LinuxLibrary
+class LinuxLibrary : public LibraryQuestions
 {
 public:
     /// Opens the library, making an empty one where there is none. @p deviceSettings must outlive it.
@@ -46,25 +37,16 @@ public:
     /// Its changes are announced by the media library too.
     [[nodiscard]] ScanController &scan() { return m_scan; }
     [[nodiscard]] const std::shared_ptr<SongStore> &store() const { return m_store; }
-
-    /// The questions of the command line; any thread.
-    [[nodiscard]] LibraryStatus status() const;
-    [[nodiscard]] std::vector<ScanProblem> problems() const;
-    /// The song whose file has this absolute path.
-    [[nodiscard]] std::optional<LibrarySong> songForPath(const QByteArray &path) const;
-    [[nodiscard]] std::optional<LibrarySong> song(PersistentID id) const;
-    /// What search as you type finds, best first.
-    [[nodiscard]] std::vector<PersistentID> search(const QString &typed, int limit) const;
-    /// Every song in the library's order, gone ones too, until @p visit answers false.
-    void forEachSong(const std::function<bool(const LibrarySong &)> &visit) const;
+    /// The library could not be read or written. Sent once for all that follows from it.
+    [[nodiscard]] const LibraryTrouble &trouble() const { return m_trouble; }
 
 private:
     LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<SongStore> store,
                  QSettings &deviceSettings);
 
+    LibraryTrouble m_trouble;
     LibraryConfiguration m_configuration;
     std::shared_ptr<SongStore> m_store;
-    ReaderPool m_readers;
     LibraryAccess m_access;
     LinuxMediaLibrary m_mediaLibrary;
     SongLists m_lists;

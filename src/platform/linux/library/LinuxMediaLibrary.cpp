@@ -34,29 +34,30 @@ void LinuxMediaLibrary::requestAuthorization(AuthorizationHandler handler)
 
 std::optional<MediaItem> LinuxMediaLibrary::song(PersistentID id) const
 {
-    return m_readers.read(std::optional<MediaItem>(), [id](Reader &reader) {
-        auto found = SongLookup(reader).song(id);
-        return found ? std::optional(std::move(found->item)) : std::nullopt;
-    });
+    return m_readers
+        .read([id](Reader &reader) {
+            auto found = SongLookup(reader).song(id);
+            return found ? std::optional(std::move(found->item)) : std::nullopt;
+        })
+        .valueOr({});
 }
 
 std::vector<MediaItem> LinuxMediaLibrary::songs(const SongQuery &query, int limit) const
 {
-    return m_readers.read(std::vector<MediaItem>(),
-                          [&](Reader &reader) { return SongLookup(reader).songs(query, limit); });
+    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songs(query, limit); }).valueOr({});
 }
 
 std::optional<MediaItem> LinuxMediaLibrary::songIgnoringCase(const QString &title,
                                                              const QString &artist) const
 {
-    return m_readers.read(std::optional<MediaItem>(),
-                          [&](Reader &reader) { return SongLookup(reader).songIgnoringCase(title, artist); });
+    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songIgnoringCase(title, artist); })
+        .valueOr({});
 }
 
 std::optional<MediaItem> LinuxMediaLibrary::songWithCatalogID(const QString &identifier) const
 {
-    return m_readers.read(std::optional<MediaItem>(),
-                          [&](Reader &reader) { return SongLookup(reader).songWithCatalogID(identifier); });
+    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songWithCatalogID(identifier); })
+        .valueOr({});
 }
 
 template <typename Change>

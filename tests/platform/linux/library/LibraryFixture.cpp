@@ -70,7 +70,7 @@ PersistentID LibraryFixture::idAt(const QByteArray &path) const
 
 Availability LibraryFixture::availability(PersistentID id) const
 {
-    return m_library->song(id).value().availability;
+    return m_library->song(id)->availability;
 }
 
 void LibraryFixture::index()

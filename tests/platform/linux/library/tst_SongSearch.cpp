@@ -13,7 +13,7 @@ private:
     static QStringList titles(LibraryFixture &fixture, const QString &typed)
     {
         QStringList found;
-        for (const PersistentID id : fixture.library().search(typed, 50))
+        for (const PersistentID id : *fixture.library().search(typed, 50))
             found << fixture.library().song(id)->item.title.value_or(QStringLiteral("--"));
         return found;
     }
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void findsWordsInAnyFieldAndOrder()
     {
         static LibraryFixture fixture;
-        if (fixture.library().status().available == 0) {
+        if (fixture.library().status()->available == 0) {
             SongTags tags;
             tags.title = QStringLiteral("Smörgåsbord Don't Olé");
             tags.artists = {QStringLiteral("Björk")};

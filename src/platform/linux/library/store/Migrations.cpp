@@ -215,6 +215,8 @@ int currentSchemaVersion()
 
 Result<Done> checkSchema(const sqlite::Connection &connection)
 try {
+    if (isEmpty(connection))
+        return Failure{FailureKind::NotFound, QStringLiteral("there is no library")};
     if (connection.integer("PRAGMA application_id") != applicationID)
         return foreignDatabase();
     const auto version = connection.integer("PRAGMA user_version");

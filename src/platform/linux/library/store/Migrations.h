@@ -13,7 +13,8 @@ namespace trackwise {
 /// Failures: Unsupported (a newer program made it), Malformed (damaged, or another program's database).
 [[nodiscard]] Result<Done> migrate(const sqlite::Connection &connection);
 
-/// Whether the database is ours and of the current version; changes nothing. Failures as in migrate().
+/// Whether the database is ours and of the current version; changes nothing. Failures as in
+/// migrate(), NotFound (empty) and Busy (made by an earlier version).
 [[nodiscard]] Result<Done> checkSchema(const sqlite::Connection &connection);
 
 } // namespace trackwise

@@ -3,14 +3,14 @@
 
 namespace trackwise {
 
-Q_LOGGING_CATEGORY(libraryLog, "trackwise.library")
+Q_LOGGING_CATEGORY(libraryLog, "trackwise.library", QtFatalMsg)
 
 namespace {
 constexpr std::size_t mostIdleReaders = 3;
 
 // Not mapped: every reader would count the whole database towards the memory of the program.
 constexpr const char *readerPragmas = R"sql(
-PRAGMA query_only = ON;
+PRAGMA cell_size_check = ON;
 PRAGMA mmap_size = 0;
 PRAGMA cache_size = -4096;
 PRAGMA temp_store = MEMORY;
@@ -58,9 +58,13 @@ void ReaderPool::giveBack(std::unique_ptr<Reader> reader) const
         m_idle.push_back(std::move(reader));
 }
 
-void ReaderPool::logFailure(const sqlite::Error &error)
+Failure ReaderPool::failed(const sqlite::Error &error) const
 {
-    qCWarning(libraryLog) << "reading the library:" << error.what();
+    Failure failure = sqlite::inDatabase(m_path, sqlite::asFailure(error));
+    qCWarning(libraryLog) << "reading the library:" << failure.detail;
+    if (m_didFail)
+        m_didFail(failure);
+    return failure;
 }
 
 } // namespace trackwise

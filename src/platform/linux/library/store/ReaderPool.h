@@ -5,8 +5,10 @@
 
 #include <QLoggingCategory>
 
+#include <functional>
 #include <memory>
 #include <mutex>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -36,21 +38,21 @@ private:
 class ReaderPool
 {
 public:
-    explicit ReaderPool(QByteArray path)
+    /// @p didFail is called for each failure, on the thread that reads.
+    explicit ReaderPool(QByteArray path, std::function<void(const Failure &)> didFail = {})
         : m_path(std::move(path))
+        , m_didFail(std::move(didFail))
     {}
 
-    /// Runs @p read with a reader. What @p fallback is comes back when the database cannot be read; that
-    /// is logged.
-    template <typename T, typename Read>
-    [[nodiscard]] T read(T fallback, Read read) const
+    /// What @p read answers with a reader; a failure, which names the file, when the database cannot be read.
+    template <typename Read>
+    [[nodiscard]] Result<std::invoke_result_t<Read, Reader &>> read(Read read) const
     {
         try {
             const Lease lease(*this);
             return read(lease.reader());
         } catch (const sqlite::Error &error) {
-            logFailure(error);
-            return fallback;
+            return failed(error);
         }
     }
 
@@ -74,9 +76,10 @@ private:
 
     [[nodiscard]] std::unique_ptr<Reader> take() const;
     void giveBack(std::unique_ptr<Reader> reader) const;
-    static void logFailure(const sqlite::Error &error);
+    [[nodiscard]] Failure failed(const sqlite::Error &error) const;
 
     QByteArray m_path;
+    std::function<void(const Failure &)> m_didFail;
     mutable std::mutex m_mutex;
     mutable std::vector<std::unique_ptr<Reader>> m_idle;
 };

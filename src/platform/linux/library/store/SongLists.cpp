@@ -150,64 +150,72 @@ GroupRow readGroupRow(Reader &reader, GroupKey key, const char *rowSql, const ch
 std::vector<GroupRow> groupRows(const ReaderPool &readers, std::span<const GroupKey> keys, const char *rowSql,
                                 const char *artworkSql)
 {
-    return readers.read(std::vector<GroupRow>(keys.size()), [&](Reader &reader) {
-        std::vector<GroupRow> rows;
-        rows.reserve(keys.size());
-        for (const GroupKey key : keys)
-            rows.push_back(readGroupRow(reader, key, rowSql, artworkSql));
-        return rows;
-    });
+    return readers
+        .read([&](Reader &reader) {
+            std::vector<GroupRow> rows;
+            rows.reserve(keys.size());
+            for (const GroupKey key : keys)
+                rows.push_back(readGroupRow(reader, key, rowSql, artworkSql));
+            return rows;
+        })
+        .valueOr(std::vector<GroupRow>(keys.size()));
 }
 } // namespace
 
 qsizetype SongLists::songCount() const
 {
-    return m_readers.read(qsizetype{0}, [](Reader &reader) {
-        Statement &statement = reader.statement(
-            "SELECT count(*) FROM songs INDEXED BY songs_by_artist_group WHERE availability < 2");
-        return statement.step() ? static_cast<qsizetype>(statement.integer(0)) : 0;
-    });
+    return m_readers
+        .read([](Reader &reader) {
+            Statement &statement = reader.statement(
+                "SELECT count(*) FROM songs INDEXED BY songs_by_artist_group WHERE availability < 2");
+            return statement.step() ? static_cast<qsizetype>(statement.integer(0)) : 0;
+        })
+        .valueOr(0);
 }
 
 SongIndex SongLists::songs(const SongScope &scope) const
 {
-    return m_readers.read(SongIndex{}, [&scope](Reader &reader) -> SongIndex {
-        const auto group = static_cast<std::int64_t>(scope.group);
-        switch (scope.kind) {
-        case SongScope::Kind::All:
-            return songsByTitle(reader);
-        case SongScope::Kind::RecentlyAdded:
-            return {identifiers(reader.statement(newestFirst)), {}};
-        case SongScope::Kind::OfArtist:
-            return {identifiers(reader.statement(ofArtist).bind(group)), {}};
-        case SongScope::Kind::OfAlbum:
-            return {identifiers(reader.statement(ofAlbum).bind(group)), {}};
-        case SongScope::Kind::Matching:
-            return {searchSongs(reader, scope.searchText, mostMatches), {}};
-        }
-        return {};
-    });
+    return m_readers
+        .read([&scope](Reader &reader) -> SongIndex {
+            const auto group = static_cast<std::int64_t>(scope.group);
+            switch (scope.kind) {
+            case SongScope::Kind::All:
+                return songsByTitle(reader);
+            case SongScope::Kind::RecentlyAdded:
+                return {identifiers(reader.statement(newestFirst)), {}};
+            case SongScope::Kind::OfArtist:
+                return {identifiers(reader.statement(ofArtist).bind(group)), {}};
+            case SongScope::Kind::OfAlbum:
+                return {identifiers(reader.statement(ofAlbum).bind(group)), {}};
+            case SongScope::Kind::Matching:
+                return {searchSongs(reader, scope.searchText, mostMatches), {}};
+            }
+            return {};
+        })
+        .valueOr({});
 }
 
 std::vector<SongRow> SongLists::songRows(std::span<const PersistentID> songs) const
 {
-    return m_readers.read(std::vector<SongRow>(songs.size()), [songs](Reader &reader) {
-        std::vector<SongRow> rows;
-        rows.reserve(songs.size());
-        for (const PersistentID id : songs)
-            rows.push_back(readSongRow(reader, id));
-        return rows;
-    });
+    return m_readers
+        .read([songs](Reader &reader) {
+            std::vector<SongRow> rows;
+            rows.reserve(songs.size());
+            for (const PersistentID id : songs)
+                rows.push_back(readSongRow(reader, id));
+            return rows;
+        })
+        .valueOr(std::vector<SongRow>(songs.size()));
 }
 
 GroupIndex SongLists::artists() const
 {
-    return m_readers.read(GroupIndex{}, [](Reader &reader) { return groups(reader, artistsByName); });
+    return m_readers.read([](Reader &reader) { return groups(reader, artistsByName); }).valueOr({});
 }
 
 GroupIndex SongLists::albums() const
 {
-    return m_readers.read(GroupIndex{}, [](Reader &reader) { return groups(reader, albumsByTitle); });
+    return m_readers.read([](Reader &reader) { return groups(reader, albumsByTitle); }).valueOr({});
 }
 
 std::vector<GroupRow> SongLists::artistRows(std::span<const GroupKey> artists) const

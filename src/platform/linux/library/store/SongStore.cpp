@@ -38,16 +38,16 @@ SongStore::SongStore(QByteArray path, sqlite::Connection connection, const QByte
 Result<std::unique_ptr<SongStore>> SongStore::open(const QByteArray &path, const QByteArray &locale)
 try {
     if (!makeFolderOf(path))
-        return Failure{FailureKind::NoSpace, QStringLiteral("the folder of the database cannot be made")};
+        return sqlite::inDatabase(path, {FailureKind::NoSpace, QStringLiteral("its folder cannot be made")});
     sqlite::Connection connection(path, sqlite::Access::ReadWrite);
     connection.execute(writerPragmas);
     if (const Result<Done> migrated = migrate(connection); !migrated)
-        return migrated.failure();
+        return sqlite::inDatabase(path, migrated.failure());
     std::unique_ptr<SongStore> store(new SongStore(path, std::move(connection), locale));
     store->renewSortKeys();
     return store;
 } catch (const sqlite::Error &error) {
-    return sqlite::asFailure(error);
+    return sqlite::inDatabase(path, sqlite::asFailure(error));
 }
 
 void SongStore::renewSortKeys()
@@ -84,7 +84,7 @@ Result<Done> SongStore::inTransaction(const std::function<void()> &change)
         return Done{};
     } catch (const sqlite::Error &error) {
         m_writer.forgetFolders();
-        return sqlite::asFailure(error);
+        return sqlite::inDatabase(m_path, sqlite::asFailure(error));
     }
 }
 
@@ -160,7 +160,7 @@ Result<std::vector<FileName>> SongStore::suspects() const
             files.push_back({rows.bytes(0), rows.bytes(1)});
         return files;
     } catch (const sqlite::Error &error) {
-        return sqlite::asFailure(error);
+        return sqlite::inDatabase(m_path, sqlite::asFailure(error));
     }
 }
 
@@ -284,7 +284,7 @@ Result<Done> SongStore::visitKnownFiles(const FolderVisitor &folder, const FileV
         }
         return Done{};
     } catch (const sqlite::Error &error) {
-        return sqlite::asFailure(error);
+        return sqlite::inDatabase(m_path, sqlite::asFailure(error));
     }
 }
 

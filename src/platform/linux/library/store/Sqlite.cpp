@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/Sqlite.h"
 
+#include <QFile>
+
+#include <unistd.h>
+
 namespace trackwise::sqlite {
 
 namespace {
@@ -10,6 +14,18 @@ constexpr int busyTimeoutMilliseconds = 10'000;
 [[noreturn]] void fail(sqlite3 *database, int result)
 {
     throw Error(result, database ? sqlite3_errmsg(database) : sqlite3_errstr(result));
+}
+
+bool isWritable(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    const QByteArray folder = slash < 0 ? QByteArrayLiteral(".") : path.left(slash + 1);
+    return access(path.constData(), W_OK) == 0 && access(folder.constData(), W_OK) == 0;
+}
+
+bool exists(const QByteArray &path)
+{
+    return access(path.constData(), F_OK) == 0;
 }
 } // namespace
 
@@ -31,6 +47,12 @@ Failure asFailure(const Error &error)
     default:
         return {FailureKind::Unreadable, detail};
     }
+}
+
+Failure inDatabase(const QByteArray &path, Failure failure)
+{
+    failure.detail.prepend(QFile::decodeName(path) + QStringLiteral(": "));
+    return failure;
 }
 
 Statement::Statement(sqlite3 *database, std::string_view sql)
@@ -165,15 +187,39 @@ QByteArray Statement::bytes(int column) const
 
 Connection::Connection(const QByteArray &path, Access access)
 {
-    const int flags =
-        (access == Access::ReadWrite ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY) |
-        SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    if (access == Access::ReadWrite)
+        open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    else
+        openReadOnly(path);
+    sqlite3_busy_timeout(m_database.get(), busyTimeoutMilliseconds);
+}
+
+void Connection::open(const QByteArray &name, int flags, const char *fileSystem)
+{
     sqlite3 *database = nullptr;
-    const int result = sqlite3_open_v2(path.constData(), &database, flags, nullptr);
+    const int result = sqlite3_open_v2(name.constData(), &database,
+                                       flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, fileSystem);
     m_database.reset(database);
     if (result != SQLITE_OK)
         fail(database, result);
-    sqlite3_busy_timeout(database, busyTimeoutMilliseconds);
+}
+
+// Readers of a database with a write-ahead log need a file of shared memory beside it
+// (https://www.sqlite.org/wal.html#read_only_databases).
+void Connection::openReadOnly(const QByteArray &path)
+{
+    if (isWritable(path)) {
+        open(path, SQLITE_OPEN_READWRITE); // without the right to write, the last one would leave that file
+        execute("PRAGMA query_only = ON");
+    } else if (!exists(path + "-wal")) { // nobody writes
+        open("file:" + path.toPercentEncoding("/") + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    } else if (exists(path + "-shm")) {
+        open(path, SQLITE_OPEN_READONLY);
+    } else {
+        // The log is read into memory of our own; nobody can hold a lock where there is no shared memory.
+        open(path, SQLITE_OPEN_READONLY, "unix-none");
+        execute("PRAGMA locking_mode = EXCLUSIVE");
+    }
 }
 
 void Connection::execute(const char *sql) const
@@ -192,6 +238,10 @@ std::int64_t Connection::integer(std::string_view sql) const
 Transaction::Transaction(const Connection &connection)
     : m_connection(connection)
 {
+    int hasMoved = 0;
+    sqlite3_file_control(connection.handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    if (hasMoved != 0)
+        throw Error(SQLITE_CANTOPEN, "the file has been removed or replaced while in use");
     m_connection.execute("BEGIN IMMEDIATE");
 }
 

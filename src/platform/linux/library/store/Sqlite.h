@@ -35,6 +35,8 @@ private:
 };
 
 [[nodiscard]] Failure asFailure(const Error &error);
+/// The same failure with the name of the database file before the detail.
+[[nodiscard]] Failure inDatabase(const QByteArray &path, Failure failure);
 
 /// One prepared statement. It keeps copies of the values bound to it.
 class Statement
@@ -89,7 +91,8 @@ enum class Access { ReadOnly, ReadWrite };
 class Connection
 {
 public:
-    /// Opens, and for writing creates, the database at @p path (bytes of the file name).
+    /// Opens, and for writing creates, the database at @p path (bytes of the file name). One that is only
+    /// read may lie where nothing can be written, with or without the log of a writer that was stopped.
     Connection(const QByteArray &path, Access access);
 
     [[nodiscard]] Statement prepare(std::string_view sql) const { return {m_database.get(), sql}; }
@@ -100,6 +103,9 @@ public:
     [[nodiscard]] sqlite3 *handle() const { return m_database.get(); }
 
 private:
+    void open(const QByteArray &name, int flags, const char *fileSystem = nullptr);
+    void openReadOnly(const QByteArray &path);
+
     struct Close
     {
         void operator()(sqlite3 *database) const { sqlite3_close_v2(database); }
@@ -107,7 +113,8 @@ private:
     std::unique_ptr<sqlite3, Close> m_database;
 };
 
-/// Everything until commit() happens, or nothing. Takes the write lock at once.
+/// Everything until commit() happens, or nothing. Takes the write lock at once. Fails where the file has been
+/// removed or replaced since it was opened: what is written then would be lost.
 class Transaction
 {
 public:
