@@ -499,6 +499,26 @@
         <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
         <translation>لا توجد أغانٍ في مجلد الموسيقى. هل تريد التجول مع اثنتي عشرة أغنية تجريبية؟</translation>
     </message>
+    <message>
+        <source>Music Library Unreadable</source>
+        <translation>تتعذّر قراءة مكتبة الموسيقى</translation>
+    </message>
+    <message>
+        <source>A new library can be made from your music folders. The old file is kept under another name; what only it knows, such as play counts, starts anew.</source>
+        <translation>يمكن إنشاء مكتبة جديدة من مجلدات الموسيقى لديك. يُحتفظ بالملف القديم باسم آخر، وما لا يعرفه سواه، مثل عدد مرات الاستماع، يبدأ من جديد.</translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation>مكتبة جديدة</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>إلغاء</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>إنهاء</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>

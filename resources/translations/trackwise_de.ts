@@ -491,6 +491,26 @@
         <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
         <translation>In deinem Musikordner sind keine Titel. Möchtest du dich mit einem Dutzend Demotiteln umsehen?</translation>
     </message>
+    <message>
+        <source>Music Library Unreadable</source>
+        <translation>Mediathek nicht lesbar</translation>
+    </message>
+    <message>
+        <source>A new library can be made from your music folders. The old file is kept under another name; what only it knows, such as play counts, starts anew.</source>
+        <translation>Aus deinen Musikordnern kann eine neue Mediathek angelegt werden. Die alte Datei bleibt unter einem anderen Namen erhalten; was nur sie weiß, etwa wie oft Titel gehört wurden, beginnt von vorn.</translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation>Neue Mediathek</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>

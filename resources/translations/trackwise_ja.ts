@@ -489,6 +489,26 @@
         <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
         <translation>ミュージックフォルダに曲がありません。12曲のデモで試してみますか?</translation>
     </message>
+    <message>
+        <source>Music Library Unreadable</source>
+        <translation>ミュージックライブラリを読み込めません</translation>
+    </message>
+    <message>
+        <source>A new library can be made from your music folders. The old file is kept under another name; what only it knows, such as play counts, starts anew.</source>
+        <translation>ミュージックフォルダから新しいライブラリを作成できます。古いファイルは別の名前で保存されます。再生回数など、そのファイルだけにある情報は最初からになります。</translation>
+    </message>
+    <message>
+        <source>New Library</source>
+        <translation>新規ライブラリ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>

@@ -13,22 +13,18 @@
 
 namespace trackwise {
 
-namespace {
-
-bool hasScheme(const QString &operand)
+bool isAddress(const QString &operand)
 {
     return operand.startsWith(QLatin1StringView("file:/")) ||
            (operand.contains(QLatin1StringView("://")) && !QUrl(operand).scheme().isEmpty());
 }
-
-} // namespace
 
 QStringList addressesOf(const QStringList &operands, const QString &currentFolder)
 {
     QStringList addresses;
     for (const QString &operand : operands) {
         const QString path = QDir::cleanPath(QDir(currentFolder).absoluteFilePath(operand));
-        addresses << (hasScheme(operand) ? operand : QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
+        addresses << (isAddress(operand) ? operand : QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded));
     }
     return addresses;
 }

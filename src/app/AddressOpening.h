@@ -16,6 +16,8 @@ class DetailViewController;
 class LibraryScan;
 class MediaLibrary;
 
+/// Whether an operand of a start has a scheme, rather than being the path of a file.
+[[nodiscard]] bool isAddress(const QString &operand);
 /// The operands of a start as addresses: what has a scheme stays as it is, anything else is a file's path
 /// from @p currentFolder on.
 [[nodiscard]] QStringList addressesOf(const QStringList &operands, const QString &currentFolder);

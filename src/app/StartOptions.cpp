@@ -6,6 +6,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 namespace trackwise {
 
@@ -18,6 +19,35 @@ std::optional<QSize> sizeFrom(const QString &text)
         return std::nullopt;
     const QSize size(parts.at(0).toInt(), parts.at(1).toInt());
     return size.isEmpty() ? std::nullopt : std::optional(size);
+}
+
+// What QGuiApplication and its platforms take for themselves.
+QList<QCommandLineOption> optionsOfQt()
+{
+    QList<QCommandLineOption> options;
+    for (const char *name :
+         {"platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry", "qwindowicon",
+          "qwindowtitle", "session", "display", "geometry", "qmljsdebugger"})
+        options << QCommandLineOption(QLatin1String(name), {}, QStringLiteral("VALUE"));
+    options << QCommandLineOption(QStringLiteral("reverse"));
+    for (QCommandLineOption &option : options)
+        option.setFlags(QCommandLineOption::HiddenFromHelp);
+    return options;
+}
+
+std::optional<QString> whyWrong(const QCommandLineParser &parser, const QStringList &operands,
+                                const QList<QCommandLineOption> &withValue)
+{
+    for (const QCommandLineOption &option : withValue)
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            return QStringLiteral("--%1 needs a value").arg(option.names().constFirst());
+    for (const QString &operand : operands)
+        if (!isAddress(operand) && !QFileInfo::exists(operand))
+            return QStringLiteral("neither a command, an address nor a file that is there: %1").arg(operand);
+    const QString folder = parser.value(QStringLiteral("folder"));
+    if (!folder.isEmpty() && !QFileInfo(folder).isDir())
+        return QStringLiteral("no such folder: %1").arg(folder);
+    return std::nullopt;
 }
 
 } // namespace
@@ -48,6 +78,7 @@ Result<StartOptions> parseStartOptions(const QStringList &arguments)
                                   QStringLiteral("WIDTHxHEIGHT"));
 
     QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions); // as Qt's own are written
     parser.setApplicationDescription(
         QStringLiteral("Shows everything that a music library knows about one song.\n\n"
                        "Without a window: trackwise info, trackwise library (see their --help)."));
@@ -57,14 +88,19 @@ Result<StartOptions> parseStartOptions(const QStringList &arguments)
                                  QStringLiteral("Show the song of this link, or of this file."),
                                  QStringLiteral("[ADDRESS...]"));
     parser.addOptions({demo, show, screenshot, library, folder, size});
+    parser.addOptions(optionsOfQt());
     if (!parser.parse(arguments))
         return Failure{FailureKind::Malformed, parser.errorText()};
 
     StartOptions options;
-    if (parser.isSet(help))
+    if (parser.isSet(help) || parser.isSet(QStringLiteral("help-all")))
         options.answer = parser.helpText();
     else if (parser.isSet(version))
         options.answer = QStringLiteral("trackwise %1\n").arg(QCoreApplication::applicationVersion());
+    if (options.answer)
+        return options;
+    if (const auto why = whyWrong(parser, parser.positionalArguments(), {show, screenshot, library, folder}))
+        return Failure{FailureKind::Malformed, *why};
     options.usesDemoLibrary = parser.isSet(demo);
     options.addresses = addressesOf(parser.positionalArguments(), QDir::currentPath());
     options.show = parser.value(show);

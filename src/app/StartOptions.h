@@ -29,7 +29,9 @@ struct StartOptions
     friend bool operator==(const StartOptions &, const StartOptions &) = default;
 };
 
-/// @p arguments start with the program's name. Malformed where they make no sense; the detail says why.
+/// @p arguments start with the program's name; the options that every Qt program takes may be among them.
+/// Malformed where they make no sense: an unknown option, one without its value, an operand that is neither
+/// an address nor a file. The detail says why. A QCoreApplication must exist.
 [[nodiscard]] Result<StartOptions> parseStartOptions(const QStringList &arguments);
 
 } // namespace trackwise

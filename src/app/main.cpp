@@ -4,10 +4,13 @@
 #include "app/composition/Launch.h"
 #include "app/composition/LibraryChoice.h"
 #include "cli/CommandLine.h"
+#include "cli/Console.h"
 #include "lookup/CatalogConfiguration.h"
 #include "lookup/CatalogLookup.h"
 #include "platform/linux/device/Device.h"
 #include "platform/linux/integration/DesktopApplication.h"
+#include "platform/linux/integration/SystemTimeZone.h"
+#include "platform/linux/library/store/SetAside.h"
 #include "preferences/Preferences.h"
 #include "settings/SettingsScreen.h"
 #include "ui/Translations.h"
@@ -17,8 +20,9 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
-#include <cstdio>
+#include <cstdlib>
 
 using namespace trackwise;
 
@@ -85,10 +89,20 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
                                           running->activate();
                                   },
                                   [] { QCoreApplication::quit(); }};
-    const Result<std::unique_ptr<Device>> opened = Device::open(deviceOptions);
+    Result<std::unique_ptr<Device>> opened = Device::open(deviceOptions);
+    std::optional<QTemporaryDir> standIn; // for a library while the user is told that there is none
+    std::optional<Failure> trouble;
     if (!opened) {
-        say(QStringLiteral("the library cannot be opened: %1").arg(opened.failure().detail));
-        return EXIT_FAILURE;
+        trouble = opened.failure();
+        say(QStringLiteral("the library cannot be opened: %1").arg(trouble->detail));
+        if (!options.screenshotFile.isEmpty())
+            return EXIT_FAILURE; // nobody is looking
+        standIn.emplace();
+        deviceOptions.library =
+            LibraryConfiguration{{}, QFile::encodeName(standIn->filePath(QStringLiteral("library")))};
+        opened = Device::open(deviceOptions);
+        if (!opened)
+            return EXIT_FAILURE;
     }
     Device &device = **opened;
 
@@ -104,8 +118,14 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     app.setSettingsScreen(
         [&device](Presentation &presentation) { presentSettings(settingsServices(device), presentation); });
     app.didFinishLaunching();
+    const SystemTimeZone timeZone;
+    QObject::connect(&timeZone, &SystemTimeZone::zoneDidChange, &app,
+                     [&] { app.setTimeZone(timeZone.zone()); });
     Launch launch(app, device, options);
-    launch.run();
+    if (trouble)
+        launch.runWithoutLibrary(*trouble);
+    else
+        launch.run();
     place.setRequests({.activate = [&app] { app.activate(); },
                        .open = [&app](const QStringList &addresses) { app.open(addresses); },
                        .activateAction = [&app](const QString &name) { app.activateAction(name); }});
@@ -115,10 +135,30 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     return result;
 }
 
+void setLibraryAside(const StartOptions &options)
+{
+    const auto aside = setDatabaseAside(databaseOf(options));
+    if (!aside)
+        say(QStringLiteral("the library cannot be set aside: %1").arg(aside.failure().detail));
+}
+
+// Qt ends a program that finds no display by a signal; this says why in one line and ends it by a code.
+void explainMissingDisplay(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
+{
+    static QString why;
+    if (why.isEmpty())
+        why = text.simplified();
+    if (type != QtFatalMsg)
+        return;
+    say(QStringLiteral("no window can be opened: ") + why);
+    std::_Exit(EXIT_FAILURE); // nothing has been begun
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    cli::keepStreamsTaken();
     // Qt 6.4 takes another multimedia backend by itself, which stops the program where its plug-ins are
     // missing.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
@@ -132,23 +172,35 @@ int main(int argc, char *argv[])
         const QCoreApplication application(argc, argv);
         return static_cast<int>(cli::runCommand({argv + 1, argv + argc}));
     }
-    QGuiApplication::setDesktopFileName(QStringLiteral(TRACKWISE_APP_ID));
-    QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Trackwise"));
-
-    const Result<StartOptions> options = parseStartOptions(QCoreApplication::arguments());
+    const Result<StartOptions> options = [&] {
+        const QCoreApplication parsing(argc, argv); // no display is needed to read the options
+        return parseStartOptions(QCoreApplication::arguments());
+    }();
     if (!options) {
         say(options.failure().detail);
-        return 2;
+        return static_cast<int>(cli::ExitCode::Usage);
     }
     if (options->answer) {
-        std::fputs(qPrintable(*options->answer), stdout);
-        return EXIT_SUCCESS;
+        cli::print(*options->answer);
+        return cli::finishOutput() ? EXIT_SUCCESS : EXIT_FAILURE;
     }
+    if (!qgetenv("HOME").startsWith('/')) {
+        say(QStringLiteral("HOME is not set: there is no place for your settings and your library"));
+        return EXIT_FAILURE;
+    }
+
+    QGuiApplication::setDesktopFileName(QStringLiteral(TRACKWISE_APP_ID));
+    qInstallMessageHandler(explainMissingDisplay);
+    QGuiApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Trackwise"));
     DesktopApplication place(QStringLiteral(TRACKWISE_APP_ID), QDBusConnection::sessionBus());
     if (isHandedOver(place, *options))
         return EXIT_SUCCESS;
     chooseFont();
     installTranslations(application);
-    return runWindows(application, place, *options);
+    int result = runWindows(application, place, *options);
+    for (; result == Launch::newLibraryWanted; result = runWindows(application, place, *options))
+        setLibraryAside(*options);
+    return result;
 }

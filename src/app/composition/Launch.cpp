@@ -29,6 +29,9 @@ Launch::Launch(AppDelegate &app, Device &device, StartOptions options)
     connect(&device.library().mediaLibrary(), &MediaLibrary::authorizationStatusDidChange, this,
             [this] { scanIfAllowed(); });
     connect(&device.library().scan(), &ScanController::finished, this, [this] { scanDidFinish(); });
+    connect(&device.library().trouble(), &LibraryTrouble::didOccur, this, [this](const Failure &why) {
+        presentLibraryAlert(why, {tr("Cancel"), AlertAction::Style::Cancel, {}});
+    });
 }
 
 void Launch::run()
@@ -41,6 +44,33 @@ void Launch::run()
         m_app.open(m_options.addresses);
     if (m_options.show.isEmpty() && !m_options.screenshotFile.isEmpty())
         saveScreenshotSoon();
+}
+
+void Launch::runWithoutLibrary(const Failure &why)
+{
+    m_app.newWindow();
+    presentLibraryAlert(
+        why, {tr("Quit"), AlertAction::Style::Cancel, [] { QCoreApplication::exit(EXIT_FAILURE); }});
+}
+
+void Launch::presentLibraryAlert(const Failure &why, AlertAction wayOut)
+{
+    if (m_app.scenes().empty())
+        return;
+    QString message = why.detail;
+    std::vector<AlertAction> actions;
+    // A library of a newer version, or one that cannot be written, is as good as it was.
+    if (why.kind == FailureKind::Malformed || why.kind == FailureKind::Unreadable) {
+        message += QStringLiteral("\n\n") +
+                   tr("A new library can be made from your music folders. The old file is kept under another "
+                      "name; what only it knows, such as play counts, starts anew.");
+        actions.push_back({tr("New Library"), AlertAction::Style::Default,
+                           [] { QCoreApplication::exit(newLibraryWanted); }});
+    }
+    actions.push_back(std::move(wayOut));
+    const int preferred = static_cast<int>(actions.size()) - 1; // the way that changes nothing
+    m_app.scenes().back()->presentation().presentAlert(
+        std::make_unique<Alert>(tr("Music Library Unreadable"), message, std::move(actions), preferred));
 }
 
 void Launch::scanIfAllowed()
@@ -63,6 +93,8 @@ void Launch::askForAccess(LibraryAccess::Answer answer)
 
 void Launch::scanDidFinish()
 {
+    if (m_device.library().scan().failure())
+        return; // what the library holds is not known
     if (!m_options.show.isEmpty()) {
         showSong();
         return;

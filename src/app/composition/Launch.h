@@ -2,7 +2,9 @@
 #pragma once
 
 #include "app/StartOptions.h"
+#include "platform/Result.h"
 #include "platform/linux/library/LibraryAccess.h"
+#include "ui/Alert.h"
 
 #include <QObject>
 
@@ -24,7 +26,12 @@ public:
     /// @p app and @p device must outlive it.
     Launch(AppDelegate &app, Device &device, StartOptions options);
 
+    /// What the event loop ends with when the library is to be made anew.
+    static constexpr int newLibraryWanted = 75;
+
     void run();
+    /// The first window with nothing but the alert that says why the library cannot be opened.
+    void runWithoutLibrary(const Failure &why);
 
 private:
     void scanIfAllowed();
@@ -33,6 +40,7 @@ private:
     void showSong();
     void saveScreenshotSoon();
     void offerDemoLibrary();
+    void presentLibraryAlert(const Failure &why, AlertAction wayOut);
 
     AppDelegate &m_app;
     Device &m_device;
