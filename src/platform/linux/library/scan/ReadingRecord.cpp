@@ -15,7 +15,7 @@ namespace trackwise {
 namespace {
 // A slot: the length of the path in this machine's byte order, then the path. Zero: the slot is free.
 using Length = std::uint32_t;
-constexpr std::size_t slotSize = 2 * PATH_MAX;
+constexpr std::size_t slotSize = std::size_t{2} * PATH_MAX;
 
 off_t placeOf(std::size_t slot)
 {

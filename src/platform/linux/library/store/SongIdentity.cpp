@@ -147,6 +147,7 @@ std::optional<SongRowID> SongIdentity::vanishedTwin(const ScannedSong &scanned)
         return std::nullopt;
     using Likeness = std::tuple<std::ptrdiff_t, int, bool>;
     std::vector<std::pair<Likeness, SongRowID>> ranked;
+    ranked.reserve(twins.size());
     for (const Candidate &twin : twins)
         ranked.push_back({{commonTail(twin.path, path), sharedTags(twin.song, scanned.tags),
                            twin.availability == Availability::Available},
