@@ -21,7 +21,7 @@ private Q_SLOTS:
         QTest::newRow("wrong display")
             << noDisplay + " DISPLAY=:4711" << QByteArrayList{"--demo"} << 1 << noWindow;
         QTest::newRow("no compositor")
-            << noDisplay + " QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=nowhere XDG_RUNTIME_DIR=."
+            << noDisplay + " QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=nowhere XDG_RUNTIME_DIR=/tmp"
             << QByteArrayList{"https://example.org/1"} << 1 << noWindow;
         QTest::newRow("missing plug-in") << QByteArray("env QT_QPA_PLATFORM=nowhere") << QByteArrayList{} << 1
                                          << noWindow + "Could not find the Qt platform plugin";
