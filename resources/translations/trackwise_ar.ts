@@ -216,6 +216,10 @@
         <translation>رجوع</translation>
     </message>
     <message>
+        <source>Scan Again</source>
+        <translation>الفحص مجددًا</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>إلغاء</translation>
     </message>
@@ -338,6 +342,10 @@
     <message>
         <source>Add Music Folder…</source>
         <translation>إضافة مجلد موسيقى…</translation>
+    </message>
+    <message>
+        <source>Scan Again</source>
+        <translation>الفحص مجددًا</translation>
     </message>
     <message>
         <source>Microphone</source>

@@ -216,6 +216,10 @@
         <translation>Zurück</translation>
     </message>
     <message>
+        <source>Scan Again</source>
+        <translation>Erneut einlesen</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -338,6 +342,10 @@
     <message>
         <source>Add Music Folder…</source>
         <translation>Musikordner hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Scan Again</source>
+        <translation>Erneut einlesen</translation>
     </message>
     <message>
         <source>Microphone</source>

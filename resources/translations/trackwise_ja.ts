@@ -216,6 +216,10 @@
         <translation>戻る</translation>
     </message>
     <message>
+        <source>Scan Again</source>
+        <translation>再スキャン</translation>
+    </message>
+    <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
@@ -338,6 +342,10 @@
     <message>
         <source>Add Music Folder…</source>
         <translation>ミュージックフォルダを追加…</translation>
+    </message>
+    <message>
+        <source>Scan Again</source>
+        <translation>再スキャン</translation>
     </message>
     <message>
         <source>Microphone</source>

@@ -46,6 +46,7 @@ SettingsServices settingsServices(Device &device)
             .appearance = device.appearance(),
             .folders = device.musicFolders(),
             .library = device.library().mediaLibrary(),
+            .scan = device.library().scan(),
             .setMusicAccess =
                 [&device](bool isAllowed) {
                     device.library().access().setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized

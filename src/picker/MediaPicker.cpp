@@ -57,6 +57,7 @@ void MediaPicker::prepare()
 {
     m_isPresented = true;
     m_isShowingGroup = false;
+    m_scan->lookForChanges();
     setSearchText({});
     for (LibraryListModel *list : allLists())
         list->highlight(-1);

@@ -3,7 +3,7 @@ import QtQuick
 import Trackwise.Picker
 import Trackwise.Ui
 
-/// Back, the title, and Cancel. Very large texts stand in two lines.
+/// Back or, where there is no way back, another scan; the title, and Cancel. Very large texts stand in two lines.
 Item {
     id: root
 
@@ -11,7 +11,7 @@ Item {
     property bool showsTitle: true
     readonly property real margin: 18
     readonly property real gap: 8
-    readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : 0) + root.margin + root.gap
+    readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : scanAgain.width) + root.margin + root.gap
 
     implicitHeight: Theme.isAccessibilitySize ? cancel.height + title.implicitHeight + root.gap : Math.max(cancel.height, title.implicitHeight) + root.gap
 
@@ -30,6 +30,22 @@ Item {
         symbolName: "chevron.backward"
         symbolMirrors: true
         onClicked: root.picker.goBack()
+    }
+    PlainButton {
+        id: scanAgain
+
+        anchors.left: parent.left
+        anchors.leftMargin: root.margin
+        anchors.top: parent.top
+        anchors.topMargin: root.gap / 2
+        height: Theme.touchTarget
+        visible: !root.picker.canGoBack
+        onVisibleChanged: if (!visible && activeFocus) focus = false // as with the way back
+        enabled: !root.picker.scan.isRunning
+        display: PlainButton.IconOnly
+        text: qsTr("Scan Again")
+        symbolName: "arrow.clockwise"
+        onClicked: root.picker.scan.start()
     }
     PlainButton {
         id: cancel

@@ -28,7 +28,9 @@ public:
     [[nodiscard]] double fraction() const;
     [[nodiscard]] QString text() const;
     [[nodiscard]] QString folder() const { return m_progress.currentFolder; }
+    Q_INVOKABLE void start() { m_scan.start(); }
     Q_INVOKABLE void cancel() { m_scan.cancel(); }
+    void lookForChanges() { m_scan.lookForChanges(); }
 
 Q_SIGNALS:
     void changed();

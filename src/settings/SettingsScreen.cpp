@@ -2,6 +2,7 @@
 #include "settings/SettingsScreen.h"
 
 #include "platform/DeviceSettings.h"
+#include "platform/LibraryScan.h"
 #include "platform/MediaLibrary.h"
 #include "platform/MusicFolders.h"
 #include "ui/Presentation.h"
@@ -25,6 +26,8 @@ SettingsScreen::SettingsScreen(SettingsServices services, std::function<void()> 
     connect(&m_services.appearance, &Appearance::appearanceDidChange, this, &SettingsScreen::changed);
     connect(&m_services.library, &MediaLibrary::authorizationStatusDidChange, this, &SettingsScreen::changed);
     connect(&m_services.folders, &MusicFolders::foldersDidChange, this, &SettingsScreen::updateFolders);
+    connect(&m_services.scan, &LibraryScan::progressDidChange, this, &SettingsScreen::updateScanning);
+    updateScanning();
     updateFolders();
     updatePlayers();
 }
@@ -91,6 +94,22 @@ void SettingsScreen::setMusicAllowed(bool isAllowed)
 {
     if (isAllowed != isMusicAllowed())
         m_services.setMusicAccess(isAllowed);
+}
+
+void SettingsScreen::scanAgain()
+{
+    if (isMusicAllowed())
+        m_services.scan.start();
+}
+
+void SettingsScreen::updateScanning()
+{
+    const ScanProgress progress = m_services.scan.progress();
+    const bool isScanning = progress.isRunning && !progress.isQuiet;
+    if (isScanning == m_isScanning)
+        return;
+    m_isScanning = isScanning;
+    Q_EMIT changed();
 }
 
 void SettingsScreen::setMicrophoneAllowed(bool isAllowed)

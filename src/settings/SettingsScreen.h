@@ -25,6 +25,7 @@ class SettingsScreen : public QObject
     QML_UNCREATABLE("made by controllers")
     Q_PROPERTY(bool isMusicAllowed READ isMusicAllowed NOTIFY changed)
     Q_PROPERTY(bool isMusicRestricted READ isMusicRestricted NOTIFY changed)
+    Q_PROPERTY(bool isScanning READ isScanning NOTIFY changed)
     Q_PROPERTY(bool isMicrophoneAllowed READ isMicrophoneAllowed NOTIFY changed)
     Q_PROPERTY(int theme READ theme NOTIFY changed)
     Q_PROPERTY(int motion READ motion NOTIFY changed)
@@ -41,6 +42,8 @@ public:
     [[nodiscard]] bool isMusicAllowed() const;
     /// The system keeps every music folder from us: there is nothing to allow.
     [[nodiscard]] bool isMusicRestricted() const;
+    /// The music folders are being read, and somebody has wanted that or it takes a while.
+    [[nodiscard]] bool isScanning() const { return m_isScanning; }
     [[nodiscard]] bool isMicrophoneAllowed() const;
     [[nodiscard]] int theme() const;  ///< ThemeChoice
     [[nodiscard]] int motion() const; ///< MotionChoice
@@ -51,6 +54,7 @@ public:
     [[nodiscard]] SettingsList *players() { return &m_players; }
 
     Q_INVOKABLE void setMusicAllowed(bool isAllowed);
+    Q_INVOKABLE void scanAgain();
     Q_INVOKABLE void setMicrophoneAllowed(bool isAllowed);
     Q_INVOKABLE void setTheme(int choice);
     Q_INVOKABLE void setMotion(int choice);
@@ -65,11 +69,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void updateScanning();
     void updateFolders();
     void updatePlayers();
 
     SettingsServices m_services;
     std::function<void()> m_dismissAction;
+    bool m_isScanning = false;
     SettingsList m_folders;
     SettingsList m_players;
 };

@@ -10,6 +10,7 @@ namespace trackwise {
 
 class Appearance;
 class DeviceSettings;
+class LibraryScan;
 class MediaLibrary;
 class MusicFolders;
 
@@ -29,6 +30,7 @@ struct SettingsServices
     Appearance &appearance;
     MusicFolders &folders;
     MediaLibrary &library;
+    LibraryScan &scan;
     std::function<void(bool isAllowed)> setMusicAccess;
     std::function<std::vector<KnownPlayer>()> players; ///< those that run now
 };

@@ -79,6 +79,15 @@ FocusScope {
                 text: qsTr("Add Music Folder…")
                 onChosen: folder => root.screen.addFolder(folder)
             }
+            PlainButton {
+                height: Theme.touchTarget
+                visible: root.screen.isMusicAllowed
+                enabled: !root.screen.isScanning
+                text: qsTr("Scan Again")
+                symbolName: "arrow.clockwise"
+                style: Theme.isAccessibilitySize ? Theme.footnote : Theme.body // as the line above
+                onClicked: root.screen.scanAgain()
+            }
         }
         SettingsSection {
             width: parent.width

@@ -301,6 +301,16 @@ private Q_SLOTS:
             spokenAs(QAccessible::ProgressBar, QStringLiteral("Reading music: 1,234 of 5,678"))));
         w.picker.scan()->cancel();
         QVERIFY(!w.picker.scan()->isRunning());
+        w.scan.report({.isRunning = true, .isQuiet = true}); // of a file that was added just now
+        QCOMPARE(w.picker.emptyState().title, QStringLiteral("No Music Found"));
+        QVERIFY(!w.picker.scan()->isRunning());
+        QCOMPARE(w.scan.looked, 1); // when it was opened
+        QCOMPARE(w.scan.started, 0);
+        for (QQuickItem *item : w.view.rootObject()->findChildren<QQuickItem *>()) {
+            if (item->property("text") == QStringLiteral("Scan Again"))
+                QMetaObject::invokeMethod(item, "clicked");
+        }
+        QCOMPARE(w.scan.started, 1);
 
         w.type("<i>x</i>");
         QTRY_COMPARE(w.picker.emptyState().message, QStringLiteral("No song matches “<i>x</i>”."));

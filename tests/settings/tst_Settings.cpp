@@ -6,6 +6,7 @@
 #include "platform/linux/library/StoredMusicFolders.h"
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
+#include "support/SyntheticLibrary.h"
 #include "ui/Engine.h"
 #include "ui/Presentation.h"
 
@@ -45,6 +46,7 @@ struct Device
                 .appearance = appearance,
                 .folders = folders,
                 .library = library,
+                .scan = scan,
                 .setMusicAccess =
                     [this](bool isAllowed) {
                         library.status = isAllowed ? LibraryAuthorizationStatus::Authorized
@@ -64,6 +66,7 @@ struct Device
     DesktopAppearance appearance{settings, QDBusConnection(QStringLiteral("no such bus"))};
     StoredMusicFolders folders{file};
     ListedLibrary library;
+    ScriptedScan scan;
 };
 
 struct SettingsWindow
@@ -135,6 +138,12 @@ private Q_SLOTS:
         settings.press(QStringLiteral("Music access"));
         QCOMPARE(m_device->library.status, LibraryAuthorizationStatus::Authorized);
         QVERIFY(settings.isChecked(QStringLiteral("Music access")));
+        settings.press(QStringLiteral("Scan Again"));
+        QCOMPARE(m_device->scan.started, 1);
+        m_device->scan.report({.isRunning = true});
+        QVERIFY(!settings.named(QStringLiteral("Scan Again"))->isEnabled());
+        m_device->scan.report({.isRunning = true, .isQuiet = true});
+        QVERIFY(settings.named(QStringLiteral("Scan Again"))->isEnabled());
         settings.press(QStringLiteral("Microphone access"), Qt::Key_Return);
         QCOMPARE(device.microphoneAccess(), AccessChoice::Allowed);
         settings.press(QStringLiteral("Microphone access"));

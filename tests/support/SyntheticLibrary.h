@@ -64,7 +64,8 @@ class ScriptedScan : public LibraryScan
     Q_OBJECT
 
 public:
-    void start() override {}
+    void start() override { ++started; }
+    void lookForChanges() override { ++looked; }
     void cancel() override { report({}); }
     [[nodiscard]] ScanProgress progress() const override { return m_progress; }
     void report(const ScanProgress &progress)
@@ -72,6 +73,9 @@ public:
         m_progress = progress;
         Q_EMIT progressDidChange();
     }
+
+    int started = 0;
+    int looked = 0;
 
 private:
     ScanProgress m_progress;
