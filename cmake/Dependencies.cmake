@@ -2,7 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS
     Core Gui DBus Network Qml Quick QuickControls2 Multimedia Svg LinguistTools ShaderTools)
 if(BUILD_TESTING)
-    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test QuickTest)
 endif()
 find_package(ICU 70 REQUIRED COMPONENTS uc i18n)
 find_package(SQLite3 3.38 REQUIRED)

@@ -54,6 +54,7 @@ ScrollingPage {
     }
     Repeater {
         model: root.view.moreRowCount
+        onCountChanged: root.layOut()
 
         InformationCell {
             required property int index

@@ -26,6 +26,11 @@ FocusScope {
     /// The end was asked for, and stays in view while the page grows.
     property bool showsEnd: false
 
+    /// Puts in its place what has just been made. Until the next frame it would lie at the top, over everything,
+    /// where clicks that come sooner meet it.
+    function layOut() {
+        column.forceLayout();
+    }
     /// Shows the top, and takes the focus from whatever on the page has it.
     function startOver() {
         scrolling.stop();

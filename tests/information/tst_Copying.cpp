@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "information/CopyableLabel.h"
 #include "information/ListWindow.h"
+#include "ui/Engine.h"
 
 #include <QClipboard>
+#include <QQmlEngine>
 #include <QSignalSpy>
 
 using namespace trackwise;
@@ -135,11 +137,8 @@ private Q_SLOTS:
         ListWindow list(ratedSong());
         MediaItem song;
         song.title = QStringLiteral("Another");
-        auto *other =
-            new InformationView({.mediaItem = song}, list.preferences, {}, QTimeZone::utc(), &list.window);
-        list.window.rootObject()->setProperty("view", QVariant::fromValue(other));
-        QTest::mouseClick(&list.window, Qt::RightButton, {},
-                          list.place(QStringLiteral("Title")).center().toPoint());
+        list.showInstead(song);
+        list.click(Qt::RightButton, QStringLiteral("Title"));
         QTRY_VERIFY(list.find(QStringLiteral("Copy")));
         list.press(Qt::Key_Down);
         list.press(Qt::Key_Return);

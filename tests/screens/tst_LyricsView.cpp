@@ -1,34 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/Engine.h"
+#include "support/ViewWindow.h"
 
-#include <QAccessible>
 #include <QClipboard>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickView>
-#include <QTest>
 
 using namespace trackwise;
 
 namespace {
 
-class LyricsWindow
+struct LyricsWindow : ViewWindow
 {
-public:
-    explicit LyricsWindow(const QString &lyrics, QSize size = {360, 400})
+    explicit LyricsWindow(const QString &lyrics)
+        : ViewWindow({360, 400})
     {
-        QAccessible::setActive(true);
-        prepareEngine(*window.engine());
-        window.setResizeMode(QQuickView::SizeRootObjectToView);
-        window.resize(size);
-        window.setInitialProperties({{QStringLiteral("lyrics"), lyrics}});
-        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Screens/LyricsView.qml")));
-        window.rootObject()->setFocus(true);
-        window.show();
-        window.requestActivate();
-        (void)QTest::qWaitForWindowActive(&window);
+        show("Screens/LyricsView.qml", "lyrics", lyrics);
     }
-
     [[nodiscard]] QQuickItem *text() const
     {
         for (QQuickItem *item : window.rootObject()->findChildren<QQuickItem *>()) {
@@ -37,12 +22,7 @@ public:
         }
         return nullptr;
     }
-    [[nodiscard]] QRectF place() const
-    {
-        return text()->mapRectToScene({0, 0, text()->width(), text()->height()});
-    }
-
-    QQuickView window;
+    [[nodiscard]] QRectF place() { return ViewWindow::place(text()); }
 };
 
 QString verses(int count)
@@ -74,10 +54,10 @@ private Q_SLOTS:
     {
         LyricsWindow lyrics(verses(2));
         lyrics.text()->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(&lyrics.window, Qt::Key_C, Qt::ControlModifier);
+        lyrics.press(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), verses(2));
         QMetaObject::invokeMethod(lyrics.text(), "select", Q_ARG(int, 0), Q_ARG(int, 5));
-        QTest::keyClick(&lyrics.window, Qt::Key_C, Qt::ControlModifier);
+        lyrics.press(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
     }
 
@@ -88,8 +68,8 @@ private Q_SLOTS:
         QTest::mouseDClick(&lyrics.window, Qt::LeftButton, {}, start);
         QCOMPARE(lyrics.text()->property("selectedText").toString(), QStringLiteral("Paper"));
         QTest::mouseClick(&lyrics.window, Qt::RightButton, {}, start);
-        QTest::keyClick(&lyrics.window, Qt::Key_Down);
-        QTest::keyClick(&lyrics.window, Qt::Key_Return);
+        lyrics.press(Qt::Key_Down);
+        lyrics.press(Qt::Key_Return);
         QTRY_COMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
     }
 
@@ -98,7 +78,7 @@ private Q_SLOTS:
         LyricsWindow lyrics(verses(100));
         QCOMPARE(lyrics.place().left(), 18.0);
         QCOMPARE(lyrics.place().top(), 16.0 + 9.0);
-        QTest::keyClick(&lyrics.window, Qt::Key_PageDown);
+        lyrics.press(Qt::Key_PageDown);
         QTRY_VERIFY(lyrics.place().top() < -300);
         QTest::qWait(200); // until it stands
         const qreal top = lyrics.place().top();

@@ -7,19 +7,14 @@
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
 #include "support/SyntheticLibrary.h"
-#include "ui/Engine.h"
+#include "support/ViewWindow.h"
 #include "ui/Presentation.h"
 
-#include <QAccessible>
 #include <QDir>
-#include <QQmlEngine>
-#include <QQuickItem>
-#include <QQuickView>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -69,32 +64,19 @@ struct Device
     ScriptedScan scan;
 };
 
-struct SettingsWindow
+struct SettingsWindow : ViewWindow
 {
     explicit SettingsWindow(const char *view, const char *property, QObject *object)
+        : ViewWindow({360, 1200})
     {
-        QAccessible::setActive(true);
-        prepareEngine(*window.engine());
-        window.setResizeMode(QQuickView::SizeRootObjectToView);
-        window.resize(360, 1200);
-        window.setInitialProperties({{QString::fromLatin1(property), QVariant::fromValue(object)}});
-        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Settings/") + QString::fromLatin1(view)));
-        window.rootObject()->setFocus(true);
-        window.show();
-        window.requestActivate();
-        (void)QTest::qWaitForWindowActive(&window);
+        show(view, property, QVariant::fromValue(object));
     }
-
-    [[nodiscard]] QQuickItem *named(const QString &name) const { return named(name, window.rootObject()); }
-    [[nodiscard]] static QQuickItem *named(const QString &name, QQuickItem *item)
+    /// The control of exactly this name; its label may have it too.
+    [[nodiscard]] QQuickItem *named(const QString &name)
     {
-        const QAccessibleInterface *element = QAccessible::queryAccessibleInterface(item);
-        if (element && item->isVisible() && element->text(QAccessible::Name) == name &&
-            item->property("pressed").isValid())
-            return item;
-        for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = named(name, child))
-                return found;
+        for (const Element &element : elements()) {
+            if (element.name == name && element.role != QAccessible::StaticText)
+                return element.item;
         }
         return nullptr;
     }
@@ -105,17 +87,15 @@ struct SettingsWindow
         if (!control)
             qFatal("no control named %s", qPrintable(name));
         control->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(&window, key);
+        ViewWindow::press(key);
     }
-    [[nodiscard]] bool isChecked(const QString &name) const
+    [[nodiscard]] bool isChecked(const QString &name)
     {
         const QAccessible::State state = QAccessible::queryAccessibleInterface(named(name))->state();
         if (!state.checkable || state.checked != named(name)->property("checked").toBool())
             qFatal("%s is not what it seems to be", qPrintable(name));
         return state.checked;
     }
-
-    QQuickView window;
 };
 
 } // namespace
@@ -132,7 +112,7 @@ private Q_SLOTS:
     void everyControlChangesItsSetting()
     {
         SettingsScreen screen(m_device->services(), {});
-        SettingsWindow settings("SettingsView.qml", "screen", &screen);
+        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         const DeviceSettings &device = m_device->settings;
 
         settings.press(QStringLiteral("Music access"));
@@ -169,7 +149,7 @@ private Q_SLOTS:
     void followsWhatChangesElsewhere()
     {
         SettingsScreen screen(m_device->services(), {});
-        const SettingsWindow settings("SettingsView.qml", "screen", &screen);
+        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         m_device->services().setMusicAccess(true);
         QVERIFY(settings.isChecked(QStringLiteral("Music access")));
         m_device->settings.setAppearance({.theme = ThemeChoice::Light});
@@ -183,7 +163,7 @@ private Q_SLOTS:
     {
         Device &device = *m_device;
         SettingsScreen screen(device.services(), {});
-        SettingsWindow settings("SettingsView.qml", "screen", &screen);
+        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         const QSignalSpy changes(&device.folders, &MusicFolders::foldersDidChange);
         const QStringList desktops{device.path("Music")};
         const auto paths = [&device] {
@@ -212,7 +192,7 @@ private Q_SLOTS:
     {
         m_device->settings.setIgnoredPlayers({QStringLiteral("firefox")});
         SettingsScreen screen(m_device->services(), {});
-        SettingsWindow settings("SettingsView.qml", "screen", &screen);
+        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         QVERIFY(settings.isChecked(QStringLiteral("Ignore firefox")));
         settings.press(QStringLiteral("Ignore firefox"));
         QVERIFY(settings.named(QStringLiteral("Ignore firefox"))); // the user may think again
@@ -256,7 +236,7 @@ private Q_SLOTS:
         } else {
             auto *request =
                 presentation.sheet()->properties().value(QStringLiteral("request")).value<QObject *>();
-            SettingsWindow sheet("LibraryAccessView.qml", "request", request);
+            SettingsWindow sheet("Settings/LibraryAccessView.qml", "request", request);
             QCOMPARE(qobject_cast<LibraryAccessRequest *>(request)->folders()->lines().front().title,
                      QStringLiteral("~/Music"));
             sheet.press(pressed, Qt::Key_Return);
