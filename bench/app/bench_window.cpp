@@ -69,7 +69,7 @@ struct App
     SystemPlayerDouble systemPlayer;
     PlainLook look;
     AddressOpenerDouble addresses;
-    NoHttp http;
+    WebDouble http;
     CatalogLookup catalog{http, {}};
     Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
     AppDelegate app{

@@ -7,11 +7,11 @@
 #include "lookup/CatalogLookup.h"
 #include "lookup/ListedLibrary.h"
 #include "picker/MediaPicker.h"
-#include "platform/HttpClient.h"
 #include "platform/SystemMusicPlayer.h"
 #include "preferences/Preferences.h"
 #include "support/AddressOpenerDouble.h"
 #include "support/MusicPlayerDouble.h"
+#include "support/WebDouble.h"
 
 #include <QTemporaryDir>
 #include <QThreadPool>
@@ -51,18 +51,6 @@ public:
     }
 };
 
-/// There is no network here: every request waits for ever.
-class NoHttp : public HttpClient
-{
-public:
-    std::vector<QUrl> asked;
-
-    void get(const QUrl &address, std::chrono::milliseconds, QObject *, Handler) override
-    {
-        asked.push_back(address);
-    }
-};
-
 inline MediaItem song(unsigned id)
 {
     MediaItem item;
@@ -74,6 +62,10 @@ inline MediaItem song(unsigned id)
 /// Doubles of what the device gives to windows.
 struct WindowDevice
 {
+    WindowDevice() = default;
+    /// @p complete adds what most tests do without, before anything is made of the services.
+    explicit WindowDevice(const std::function<void(DetailServices &)> &complete) { complete(services); }
+
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
     ListedLibrary library;
@@ -83,18 +75,21 @@ struct WindowDevice
     ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
     ArtworkFiles files{folder.path()};
     ArtworkServices artwork{player, addresses, loader, files, [] { return Instant(); }};
-    NoHttp http;
+    WebDouble http;
     CatalogLookup catalog{http, {}};
     QThreadPool searches;
     DetailServices services{library,  systemPlayer, preferences, addresses, artwork, catalog,
                             searches, {},           {},          {},        {},      QTimeZone::utc()};
+    QDateTime now{QDate(2026, 11, 23), QTime(7, 5), Qt::UTC};
     ContainerServices containerServices{player,    preferences, artwork,
-                                        addresses, QUrl(),      [] { return QDateTime::currentDateTime(); }};
+                                        addresses, QUrl(),      [this] { return now; }};
 };
 
 /// A window's controllers over doubles of the device.
 struct WindowControllers : WindowDevice
 {
+    using WindowDevice::WindowDevice;
+
     Presentation presentation;
     DetailViewController detail{services, presentation};
     ContainerViewController container{containerServices, detail};

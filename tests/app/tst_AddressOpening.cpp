@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AddressOpening.h"
 #include "app/WindowControllers.h"
+#include "support/ScriptedScan.h"
 
 #include <QTest>
 
 using namespace trackwise;
-
-namespace {
-
-class ScanDouble : public LibraryScan
-{
-public:
-    bool isRunning = false;
-
-    void start() override {}
-    void cancel() override {}
-    [[nodiscard]] ScanProgress progress() const override { return {.isRunning = isRunning}; }
-};
-
-} // namespace
 
 class tst_AddressOpening : public QObject
 {
@@ -54,7 +41,7 @@ private Q_SLOTS:
     void showsAFilesSongOrSaysWhyNot()
     {
         WindowControllers window;
-        ScanDouble scan;
+        ScriptedScan scan;
         std::map<QByteArray, MediaItem> songs;
         AddressOpening opening(window.library, scan, [&](const QByteArray &path) {
             const auto found = songs.find(path);
@@ -74,20 +61,23 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
             return text;
         };
-        songs = {{"/m/a", song(1)}};
+        songs = {{"/m/a", song(1)}, {"/m/unknown", song(0)}};
         open("file:///m/a");
         QCOMPARE(window.shown(), 1U);
+        QVERIFY(!window.detail.isTrackingNowPlaying());
+        open("file:///m/unknown");
+        QVERIFY(takeAlert().startsWith(QStringLiteral("Song Not Added to Library|")));
         open("file:///m/b");
         QCOMPARE(takeAlert(), QStringLiteral("Song Not Found|There is no file “/m/b”.|OK"));
         open("file:///");
         QCOMPARE(takeAlert(), QStringLiteral("Song Not Found|There is no song “/” in your music library. "
                                              "Music folders are chosen in the settings.|OK"));
 
-        scan.isRunning = true; // it may come with the scan
+        scan.report({.isRunning = true}); // it may come with the scan
         open("file:///m/b");
         QCOMPARE(takeAlert(), QString());
         songs.insert({"/m/b", song(2)});
-        Q_EMIT scan.progressDidChange();
+        scan.report({});
         QCOMPARE(window.shown(), 2U);
 
         window.library.status = LibraryAuthorizationStatus::Denied;

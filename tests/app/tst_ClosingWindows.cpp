@@ -75,6 +75,7 @@ public:
 
     [[nodiscard]] LinuxLibrary &library() { return m_device->library(); }
     [[nodiscard]] AppDelegate &app() { return m_app; }
+    [[nodiscard]] Preferences &preferences() { return m_preferences; }
     WindowScene &openWindow()
     {
         m_app.newWindow();
@@ -193,6 +194,25 @@ private Q_SLOTS:
             letRunFor(moment(round));
         }
         QTRY_COMPARE(m_catalog.waiting(), 0);
+    }
+
+    void remembersItsFirstLaunchAndOpensOneWindow()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        const QDateTime before = QDateTime::currentDateTimeUtc();
+        program.app().didFinishLaunching();
+        const auto first = program.preferences().firstLaunchDate();
+        QVERIFY(first && *first >= before.addSecs(-1) && *first <= QDateTime::currentDateTimeUtc());
+        program.preferences().setFirstLaunchDate(before.addDays(-3));
+        program.app().didFinishLaunching();
+        QCOMPARE(program.preferences().firstLaunchDate(), std::optional(before.addDays(-3)));
+
+        program.app().activateAction(QStringLiteral("SelectSongNowPlayingAction"));
+        program.app().activate();
+        QCOMPARE(program.app().scenes().size(), 1u);
+        const Presentation &presentation = program.app().scenes().front()->presentation();
+        QTRY_VERIFY(presentation.alert());
+        QCOMPARE(presentation.alert()->title(), QStringLiteral("No Song Playing"));
     }
 
     void quitsByItsKey()

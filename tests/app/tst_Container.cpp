@@ -37,9 +37,10 @@ private Q_SLOTS:
         window.player.setItem(playing ? std::optional(song(playing)) : std::nullopt);
         window.player.commands.clear();
         window.detail.displayMediaItem(song(chosen), false, true);
-        QTEST(window.player.commands ==
-                  QStringList({QStringLiteral("stop"), QStringLiteral("skipToBeginning")}),
-              "stops");
+        QFETCH(bool, stops);
+        QCOMPARE(window.player.commands,
+                 stops ? QStringList({QStringLiteral("stop"), QStringLiteral("skipToBeginning")})
+                       : QStringList());
     }
 
     void followsTheShownSongsValuesWithoutShowingItAgain()
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void showsDatesInTheZoneOfNow()
     {
         Window window;
+        window.library.list = {song(1)};
         window.start();
         window.library.list.front().lastPlayedDate = Instant(std::chrono::hours(20));
         window.detail.displayMediaItem(window.library.list.front(), false, true);
@@ -227,23 +229,34 @@ private Q_SLOTS:
     void saysWhyThereIsNoMusic_data()
     {
         QTest::addColumn<LibraryAuthorizationStatus>("status");
-        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("alert"); ///< title, message, answers, the preferred one
         QTest::newRow("allowed, nothing plays")
-            << LibraryAuthorizationStatus::Authorized << QStringLiteral("No Song Playing");
-        QTest::newRow("denied") << LibraryAuthorizationStatus::Denied << QStringLiteral("No Music Access");
-        QTest::newRow("restricted") << LibraryAuthorizationStatus::Restricted
-                                    << QStringLiteral("No Music Access");
+            << LibraryAuthorizationStatus::Authorized
+            << QStringLiteral("No Song Playing|Would you like to play something?|Open Music,Cancel|0");
+        QTest::newRow("denied")
+            << LibraryAuthorizationStatus::Denied
+            << QStringLiteral("No Music Access|Trackwise does not currently have access to your music "
+                              "library. Please turn on Media & Apple Music access in the Settings app."
+                              "|Open Settings,Cancel|0");
+        QTest::newRow("restricted")
+            << LibraryAuthorizationStatus::Restricted
+            << QStringLiteral("No Music Access|Trackwise does not have access to your music library due to "
+                              "restrictions enabled on your device.|Open Settings,Cancel|0");
     }
     void saysWhyThereIsNoMusic()
     {
         QFETCH(LibraryAuthorizationStatus, status);
-        QFETCH(QString, title);
         Window window;
+        window.services.openSettings = [](Presentation &) {};
         window.library.status = status;
         window.start();
         window.detail.selectNowPlayingSong(true);
         QTRY_VERIFY(window.presentation.alert());
-        QCOMPARE(window.presentation.alert()->title(), title);
+        const Alert &alert = *window.presentation.alert();
+        QTEST((QStringList{alert.title(), alert.message(), alert.actionTitles().join(u','),
+                           QString::number(alert.preferredAction())}
+                   .join(u'|')),
+              "alert");
     }
 
     void waitsForPlayersThatAreBeingAsked_data()
@@ -274,23 +287,31 @@ private Q_SLOTS:
         QTEST(window.presentation.alert() ? window.presentation.alert()->title() : QString(), "alert");
     }
 
-    void laysOutTheColumn_data()
+    void asksForAReviewAfterFiveSongsAndRemembersWhen()
     {
-        QTest::addColumn<QSizeF>("window");
-        QTest::addColumn<qreal>("width");
-        QTest::addColumn<bool>("visible");
-        QTest::newRow("phone") << QSizeF(360, 720) << 320.0 << false;
-        QTest::newRow("tablet upright") << QSizeF(768, 1024) << 320.0 << true;
-        QTest::newRow("tablet") << QSizeF(1024, 768) << 414.0 << true;
-        QTest::newRow("square, just wide enough") << QSizeF(700, 700) << 320.0 << true;
-    }
-    void laysOutTheColumn()
-    {
-        QFETCH(QSizeF, window);
-        Window controllers;
-        controllers.container.viewWillTransitionToSize(window);
-        QTEST(controllers.container.columnWidth(), "width");
-        QTEST(controllers.container.isSidebarVisible(), "visible");
+        Window window;
+        window.containerServices.storePage = QUrl(QStringLiteral("https://store.example"));
+        window.preferences.setFirstLaunchDate(window.now.addDays(-2));
+        window.start();
+        window.now = window.now.addSecs(4);
+        for (const unsigned id : {1U, 2U, 3U, 4U, 5U})
+            window.detail.displayMediaItem(song(id), false, true); // not in a window yet
+        QVERIFY(!window.container.isReviewCardVisible());
+        QCOMPARE(window.preferences.lastReviewRequestDate(), std::nullopt);
+
+        window.container.setInWindow(true);
+        QSignalSpy cards(&window.container, &ContainerViewController::reviewCardDidChange);
+        window.detail.clearSelectedSong();
+        QCOMPARE(cards.size(), 0);
+        window.detail.displayMediaItem(song(6), false, true);
+        QVERIFY(window.container.isReviewCardVisible());
+        QCOMPARE(window.preferences.lastReviewRequestDate(), std::optional(window.now));
+        QCOMPARE(window.preferences.soundsViewedCount(), 6);
+        window.container.rate();
+        QVERIFY(!window.container.isReviewCardVisible());
+        QCOMPARE(window.addresses.opened, std::vector{window.containerServices.storePage});
+        window.detail.displayMediaItem(song(4), false, true); // asked just now
+        QCOMPARE(cards.size(), 2);
     }
 };
 

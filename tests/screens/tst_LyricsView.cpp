@@ -91,7 +91,7 @@ private Q_SLOTS:
     void veryLongLyricsComeInPiecesAndKeysReachBothEnds()
     {
         const QString text = QStringLiteral("\U0001F3B5 in one line ").repeated(1500) + u'\n' + verses(300);
-        LyricsWindow lyrics(QString(), {360, 400});
+        LyricsWindow lyrics{QString()};
         const auto length = [&] { return lyrics.text()->property("length").toLongLong(); };
         lyrics.window.rootObject()->setProperty("lyrics", text);
         QVERIFY(length() > 0 && length() < text.size());

@@ -6,7 +6,7 @@
 #include "platform/linux/library/StoredMusicFolders.h"
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
-#include "support/SyntheticLibrary.h"
+#include "support/ScriptedScan.h"
 #include "support/ViewWindow.h"
 #include "ui/Presentation.h"
 

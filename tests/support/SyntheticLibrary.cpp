@@ -162,16 +162,6 @@ std::vector<GroupRow> SyntheticLibrary::albumRows(std::span<const GroupKey> albu
     return rowsOfGroups(albums, GroupNaming::Album, idsInAlbum);
 }
 
-LibraryAuthorizationStatus SyntheticLibrary::authorizationStatus() const
-{
-    return LibraryAuthorizationStatus::Authorized;
-}
-
-void SyntheticLibrary::requestAuthorization(AuthorizationHandler handler)
-{
-    handler(LibraryAuthorizationStatus::Authorized);
-}
-
 std::optional<MediaItem> SyntheticLibrary::song(PersistentID id) const
 {
     if (!std::ranges::binary_search(allSongs(), id))
@@ -180,21 +170,6 @@ std::optional<MediaItem> SyntheticLibrary::song(PersistentID id) const
     item.title = titleOf(id);
     item.persistentID = id;
     return item;
-}
-
-std::vector<MediaItem> SyntheticLibrary::songs(const SongQuery &, int) const
-{
-    return {};
-}
-
-std::optional<MediaItem> SyntheticLibrary::songIgnoringCase(const QString &, const QString &) const
-{
-    return std::nullopt;
-}
-
-std::optional<MediaItem> SyntheticLibrary::songWithCatalogID(const QString &) const
-{
-    return std::nullopt;
 }
 
 } // namespace trackwise

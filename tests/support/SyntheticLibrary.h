@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "lookup/ListedLibrary.h"
 #include "platform/LibraryBrowser.h"
-#include "platform/LibraryScan.h"
-#include "platform/MediaLibrary.h"
+#include "support/ScriptedScan.h"
 
 #include <functional>
 #include <mutex>
@@ -12,7 +12,7 @@ namespace trackwise {
 
 /// A library of made-up songs in memory, as large as wished. A song's texts follow from its identifier:
 /// titles rise with it from A to Z, ten songs make an album and a hundred an artist.
-class SyntheticLibrary : public MediaLibrary, public LibraryBrowser
+class SyntheticLibrary : public ListedLibrary, public LibraryBrowser
 {
     Q_OBJECT
 
@@ -36,15 +36,8 @@ public:
     [[nodiscard]] std::vector<GroupRow> artistRows(std::span<const GroupKey> artists) const override;
     [[nodiscard]] std::vector<GroupRow> albumRows(std::span<const GroupKey> albums) const override;
 
-    [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override;
-    void requestAuthorization(AuthorizationHandler handler) override;
+    using ListedLibrary::songs;
     [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override;
-    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override;
-    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
-                                                            const QString &artist) const override;
-    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override;
-    void recordPlay(PersistentID, Instant) override {}
-    void recordSkip(PersistentID) override {}
 
 private:
     enum class GroupNaming { Artist, Album };
@@ -56,29 +49,6 @@ private:
     mutable std::mutex m_mutex;
     std::vector<PersistentID> m_songs;
     std::uint64_t m_lastID;
-};
-
-/// A scan that says what it is told to say.
-class ScriptedScan : public LibraryScan
-{
-    Q_OBJECT
-
-public:
-    void start() override { ++started; }
-    void lookForChanges() override { ++looked; }
-    void cancel() override { report({}); }
-    [[nodiscard]] ScanProgress progress() const override { return m_progress; }
-    void report(const ScanProgress &progress)
-    {
-        m_progress = progress;
-        Q_EMIT progressDidChange();
-    }
-
-    int started = 0;
-    int looked = 0;
-
-private:
-    ScanProgress m_progress;
 };
 
 } // namespace trackwise

@@ -2,8 +2,6 @@
 #include "platform/linux/integration/NetworkHttpClient.h"
 #include "platform/linux/integration/WebServer.h"
 
-#include "lookup/CatalogLookup.h"
-
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QTcpSocket>
@@ -267,37 +265,6 @@ private Q_SLOTS:
         }
         QTRY_VERIFY(answer.has_value());
         QVERIFY(!*answer);
-    }
-
-    void looksUpASong()
-    {
-        const WebServer server(
-            [](QTcpSocket &socket, const QByteArray &path) {
-                if (path == "/api/lookup?id=200&entity=musicTrack")
-                    WebServer::reply(
-                        socket, "200 OK",
-                        R"({"results":[{"kind":"song","trackName":"T","artistName":"A","collectionName":"C"}]})");
-                else
-                    WebServer::reply(socket, "404 Not Found", "<html>");
-            },
-            m_serverTls);
-        NetworkHttpClient client({}, m_trusting);
-        const auto lookUp = [&](const QString &base, const QString &identifier) {
-            std::optional<Result<CatalogSong>> answer;
-            CatalogLookup(client, {base, {}}).lookUp(identifier, this, [&answer](Result<CatalogSong> song) {
-                answer = std::move(song);
-            });
-            if (!QTest::qWaitFor([&answer] { return answer.has_value(); }))
-                qFatal("no answer at all");
-            return *answer;
-        };
-        const QString base = server.address(QStringLiteral("/api")).toString();
-        const auto song = lookUp(base, QStringLiteral("200"));
-        QVERIFY(song);
-        QCOMPARE(*song, (CatalogSong{QStringLiteral("T"), QStringLiteral("A"), QStringLiteral("C")}));
-        QCOMPARE(lookUp(base, QStringLiteral("201")).failure().kind, FailureKind::Malformed);
-        QCOMPARE(lookUp(QStringLiteral("https://127.0.0.1:1"), QStringLiteral("200")).failure().kind,
-                 FailureKind::Unavailable);
     }
 };
 

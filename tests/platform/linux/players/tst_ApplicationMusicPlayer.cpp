@@ -165,6 +165,30 @@ private Q_SLOTS:
         QCOMPARE(m_skipped, Songs({}));
     }
 
+    void skipsForwardsAndBack()
+    {
+        load({longSong, shortSong, longSong});
+        QVERIFY(!m_player->hasPreviousItem());
+        m_player->skipToNextItem();
+        QCOMPARE(current(), shortSong);
+        QVERIFY(m_player->hasNextItem() && m_player->hasPreviousItem());
+        m_player->skipToPreviousItem();
+        QCOMPARE(current(), longSong);
+        QVERIFY(!m_player->hasPreviousItem());
+        m_player->play();
+        QTRY_VERIFY(m_player->position() > 100ms);
+        QSignalSpy jumps(m_player.get(), &ApplicationMusicPlayer::didSeek);
+        m_player->skipToPreviousItem(); // there is none: from its beginning
+        QCOMPARE(jumps.size(), 1);
+        QCOMPARE(jumps.at(0).at(0).value<std::chrono::milliseconds>(), 0ms);
+        m_player->skipToNextItem();
+        m_player->skipToNextItem();
+        QVERIFY(!m_player->hasNextItem());
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        m_player->skipToNextItem();
+        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
+    }
+
     void staysStoppedWithoutAFile_data()
     {
         QTest::addColumn<quint64>("song");
