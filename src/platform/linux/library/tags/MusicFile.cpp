@@ -164,7 +164,8 @@ std::uint64_t littleEndian(MusicFile::Bytes bytes, std::size_t at, std::size_t w
 
 bool stands(MusicFile::Bytes bytes, std::size_t at, std::string_view text)
 {
-    return at + text.size() <= bytes.size() && std::memcmp(bytes.data() + at, text.data(), text.size()) == 0;
+    return text.empty() || (at + text.size() <= bytes.size() &&
+                            std::memcmp(bytes.data() + at, text.data(), text.size()) == 0);
 }
 
 } // namespace trackwise
