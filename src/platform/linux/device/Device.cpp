@@ -43,8 +43,9 @@ Result<std::unique_ptr<Device>> Device::open(const Options &options)
         files.access = std::make_unique<QSettings>(
             QFile::decodeName(options.library->databasePath + ".access.ini"), QSettings::IniFormat);
     Result<std::unique_ptr<LinuxLibrary>> library =
-        options.library ? LinuxLibrary::open(*options.library, *files.access)
-                        : LinuxLibrary::open(LibraryConfiguration::ofUser(*files.settings), *files.settings);
+        options.library ? LinuxLibrary::open(*options.library, *files.access, Sorting::OfUser)
+                        : LinuxLibrary::open(LibraryConfiguration::ofUser(*files.settings), *files.settings,
+                                             Sorting::OfUser);
     if (!library)
         return library.failure();
     files.library = *std::move(library);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/LinuxLibrary.h"
 
+#include "platform/Background.h"
+
 namespace trackwise {
 
 LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<SongStore> store,
@@ -24,12 +26,35 @@ LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<S
 }
 
 Result<std::unique_ptr<LinuxLibrary>> LinuxLibrary::open(const LibraryConfiguration &configuration,
-                                                         QSettings &deviceSettings)
+                                                         QSettings &deviceSettings, Sorting sorting)
 {
-    auto store = SongStore::open(configuration.databasePath);
+    auto store = SongStore::open(configuration.databasePath,
+                                 sorting == Sorting::OfUser ? std::optional(QByteArray()) : std::nullopt);
     if (!store)
         return store.failure();
-    return std::unique_ptr<LinuxLibrary>(new LinuxLibrary(configuration, std::move(*store), deviceSettings));
+    std::unique_ptr<LinuxLibrary> library(new LinuxLibrary(configuration, std::move(*store), deviceSettings));
+    if (library->store()->isSortedOtherwise())
+        library->sortAnew();
+    return library;
+}
+
+LinuxLibrary::~LinuxLibrary()
+{
+    m_stop.request_stop();
+    m_sorting.waitForDone();
+}
+
+void LinuxLibrary::sortAnew()
+{
+    runInBackground(
+        m_sorting, &m_mediaLibrary,
+        [store = m_store, stop = m_stop.get_token()] { return store->renewSortKeys(stop); },
+        [library = &m_mediaLibrary](const Result<Done> &sorted) {
+            if (sorted)
+                Q_EMIT library->libraryDidChange();
+            else
+                qCWarning(libraryLog) << "sorting the library anew:" << sorted.failure().detail;
+        });
 }
 
 void LinuxLibrary::setMusicFolders(const std::vector<QByteArray> &folders)

@@ -15,6 +15,11 @@
 
 namespace trackwise {
 
+enum class Sorting {
+    AsStored, ///< names stay sorted as they were when a window was open last
+    OfUser, ///< by the user's locale; once after a change of it, in the background, everything is sorted anew
+};
+
 /// One library on this device and all the ways to use it. Built by whoever composes the program.
 class LinuxLibrary : public LibraryQuestions
 {
@@ -22,7 +27,10 @@ public:
     /// Opens the library, making an empty one where there is none. @p deviceSettings must outlive it.
     /// Failures are those of SongStore::open().
     [[nodiscard]] static Result<std::unique_ptr<LinuxLibrary>> open(const LibraryConfiguration &configuration,
-                                                                    QSettings &deviceSettings);
+                                                                    QSettings &deviceSettings,
+                                                                    Sorting sorting = Sorting::AsStored);
+    /// Waits for what is under way in the background, which ends early.
+    ~LinuxLibrary();
 
     [[nodiscard]] const LibraryConfiguration &configuration() const { return m_configuration; }
     /// Takes over another choice of folders and, where that is allowed, scans them. Main thread.
@@ -43,6 +51,7 @@ public:
 private:
     LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<SongStore> store,
                  QSettings &deviceSettings);
+    void sortAnew();
 
     LibraryTrouble m_trouble;
     LibraryConfiguration m_configuration;
@@ -52,6 +61,8 @@ private:
     SongLists m_lists;
     IndexedSongMatching m_matching;
     ScanController m_scan;
+    std::stop_source m_stop;
+    QThreadPool m_sorting;
 };
 
 } // namespace trackwise

@@ -224,6 +224,71 @@ private Q_SLOTS:
         QCOMPARE(browser.songs({SongScope::Kind::RecentlyAdded, {}, {}}).songs.front(), index.songs[3]);
     }
 
+    void sortsAnewOnlyForAWindow()
+    {
+        LibraryFixture fixture;
+        const auto opened = [&](const std::optional<QByteArray> &locale) {
+            return *SongStore::open(fixture.databasePath(), locale);
+        };
+        const auto order = [&] {
+            QStringList titles;
+            for (const SongRow &row :
+                 fixture.library().browser().songRows(fixture.library().browser().songs({}).songs))
+                titles << row.title;
+            return titles.join(u'|');
+        };
+        QVERIFY(!opened("en")->isSortedOtherwise()); // nothing to sort yet
+        SongTags tags;
+        for (const char *title : {"Zoo", "Äpple", "Young"}) {
+            tags.title = QString::fromUtf8(title);
+            tags.titleSort = title[0] == 'Y' ? std::optional(QStringLiteral("ZZ")) : std::nullopt;
+            fixture.add(tags);
+        }
+        fixture.add(SongTags()); // its file is "4.flac"
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QVERIFY(!opened({})->isSortedOtherwise());
+        QVERIFY(!opened("en_GB")->isSortedOtherwise());
+
+        const auto swedish = opened("sv_SE");
+        QVERIFY(swedish->isSortedOtherwise());
+        std::stop_source stop;
+        stop.request_stop();
+        QVERIFY(swedish->renewSortKeys(stop.get_token()));
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QVERIFY(opened("sv_SE")->isSortedOtherwise());
+        QVERIFY(swedish->renewSortKeys({}));
+        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple"));
+        QVERIFY(!opened("sv_SE")->isSortedOtherwise());
+
+        // What the command line adds is sorted as the rest is.
+        const ScannedSong song{{"/music", "Öl.flac"}, {{1, 99}, 1, 1}, {}};
+        QVERIFY(opened({})->write(std::span(&song, 1), {}, {}));
+        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple|Öl"));
+
+        QSettings settings(fixture.path(QStringLiteral("device.ini")), QSettings::IniFormat);
+        const auto window = *LinuxLibrary::open(fixture.library().configuration(), settings, Sorting::OfUser);
+        QSignalSpy sorted(&window->mediaLibrary(), &MediaLibrary::libraryDidChange);
+        QTRY_COMPARE(sorted.size(), 1);
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Öl|Zoo|Young"));
+    }
+
+    void sortsArtistsAndAlbumsAsTheirTagsSay()
+    {
+        LibraryFixture fixture;
+        for (const auto &[name, sortName] : {std::pair("Zero", ""), {"Zero", "Aero"}, {"Middle", ""}}) {
+            SongTags tags;
+            tags.artists = {QString::fromUtf8(name)};
+            tags.albumTitle = QString::fromUtf8(name);
+            if (*sortName)
+                tags.artistSort = tags.albumSort = QString::fromUtf8(sortName);
+            fixture.add(tags);
+        }
+        const LibraryBrowser &browser = fixture.library().browser();
+        QCOMPARE(browser.artistRows(browser.artists().groups).front().name, QStringLiteral("Zero"));
+        QCOMPARE(browser.albumRows(browser.albums().groups).front().name, QStringLiteral("Zero"));
+        QCOMPARE(browser.albums().sections.front().label, QStringLiteral("A"));
+    }
+
     void refusesForeignAndNewerDatabases()
     {
         LibraryFixture fixture;

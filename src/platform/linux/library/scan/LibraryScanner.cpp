@@ -31,6 +31,7 @@ constexpr std::size_t batchSize = 500;
 constexpr auto longestWait = 1s;   ///< until songs that have been read are seen
 constexpr auto longestTrial = 60s; ///< for a file that may be to blame for the program's death
 constexpr int indexStep = 4000;    ///< songs; about a tenth of a second of writing
+constexpr int renewStep = 1000;    ///< songs whose words are both taken out and put in
 constexpr qsizetype songsBetweenIndexing = 20'000;
 
 Instant now()
@@ -287,6 +288,17 @@ public:
         }
     }
 
+    [[nodiscard]] Result<Done> renewTexts(const std::stop_token &stop)
+    {
+        for (;;) {
+            const Result<bool> isMoreWaiting = m_store.renewNext(renewStep);
+            if (!isMoreWaiting)
+                return isMoreWaiting.failure();
+            if (!*isMoreWaiting || stop.stop_requested())
+                return Done{};
+        }
+    }
+
     [[nodiscard]] Result<Done> writeImages()
     {
         return m_images.empty() ? Done{} : m_store.writeFolderImages(m_images);
@@ -410,6 +422,8 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     }
     if (written)
         written = writer.index(stop);
+    if (written)
+        written = writer.renewTexts(stop);
     if (written)
         written = m_store.checkIsThere();
     if (!written)

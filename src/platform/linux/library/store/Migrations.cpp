@@ -178,6 +178,21 @@ CREATE TABLE suspects (
     name BLOB NOT NULL,
     PRIMARY KEY (folder, name)
 ) WITHOUT ROWID;
+)sql"},
+    // sort_text: by which a name is sorted, where its tags say another than the name. Texts lost the blanks
+    // around them (as QString::trimmed() has it). The setting 'texts_to_renew' holds the last song whose
+    // search texts may be of an earlier making.
+    Migration{3, R"sql(
+ALTER TABLE songs ADD COLUMN sort_text TEXT;
+ALTER TABLE artists ADD COLUMN sort_text TEXT;
+ALTER TABLE albums ADD COLUMN sort_text TEXT;
+CREATE TEMP TABLE blanks AS SELECT char(9, 10, 11, 12, 13, 32, 133, 160, 5760, 8192, 8193, 8194, 8195, 8196,
+    8197, 8198, 8199, 8200, 8201, 8202, 8232, 8233, 8239, 8287, 12288) AS blank;
+UPDATE artists SET name = trim(name, blank) FROM blanks WHERE name <> trim(name, blank);
+UPDATE albums SET title = trim(title, blank), artist = trim(artist, blank) FROM blanks
+    WHERE title <> trim(title, blank) OR artist <> trim(artist, blank);
+DROP TABLE blanks;
+INSERT INTO settings SELECT 'texts_to_renew', coalesce(max(id), 0) FROM songs;
 )sql"}};
 
 static_assert(

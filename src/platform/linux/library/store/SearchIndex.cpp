@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/SearchIndex.h"
 
+#include "platform/linux/library/store/SearchWords.h"
+#include "platform/linux/library/store/TextFolding.h"
+
 #include <algorithm>
 #include <optional>
 
 namespace trackwise {
+
+SearchTexts searchTexts(const ShownTexts &shown)
+{
+    QStringList artists;
+    for (const QString &artist : shown.artists)
+        artists << folded(artist);
+    return {indexedText(folded(shown.title)), indexedNames(folded(shown.artist), artists),
+            indexedText(folded(shown.album)), indexedNames(folded(shown.albumArtist)),
+            indexedText(folded(shown.composer))};
+}
 
 SearchIndex::SearchIndex(const sqlite::Connection &connection)
     : m_connection(connection)
@@ -19,6 +32,12 @@ SearchIndex::SearchIndex(const sqlite::Connection &connection)
           "INSERT INTO search_index (rowid, title, artist, album, album_artist, composer, search_index)"
           " VALUES (?, ?, ?, ?, ?, ?, 'delete')"))
 {}
+
+QString titleOfFile(const QByteArray &name)
+{
+    const qsizetype dot = name.lastIndexOf('.');
+    return QString::fromUtf8(dot > 0 ? name.left(dot) : name);
+}
 
 // Read from the database each time: several processes may write, and a rolled back step must not linger here.
 bool SearchIndex::isIndexed(SongRowID song)
@@ -91,6 +110,35 @@ bool SearchIndex::indexNext(int count)
         .run();
     m_connection.prepare("UPDATE settings SET value = ? WHERE name = 'indexed_up_to'").bind(upTo).run();
     return upTo < last;
+}
+
+bool SearchIndex::renewNext(int count)
+{
+    auto last = m_connection.integer("SELECT value FROM settings WHERE name = 'texts_to_renew'");
+    if (last == 0)
+        return false;
+    std::vector<std::pair<SongRowID, SearchTexts>> renewed;
+    sqlite::Statement songs = m_connection.prepare(
+        "SELECT song, songs.title, songs.artist, album_title, songs.album_artist, songs.composer, name,"
+        " search_texts.artist FROM search_texts JOIN songs ON songs.id = song JOIN files USING (song)"
+        " WHERE song <= ? ORDER BY song DESC LIMIT ?");
+    songs.bind(last).bind(std::int64_t{count});
+    last = 0;
+    for (int rows = 1; songs.step(); ++rows) {
+        const std::int64_t song = songs.integer(0);
+        if (rows == count)
+            last = song - 1;
+        if (hasWholeName(songs.utf8(7))) // written since, with the names of each artist
+            continue;
+        const QString title = songs.isNull(1) ? titleOfFile(songs.bytes(6)) : songs.text(1);
+        renewed.emplace_back(
+            SongRowID{song},
+            searchTexts({title, songs.text(2), {}, songs.text(3), songs.text(4), songs.text(5)}));
+    }
+    for (const auto &[song, texts] : renewed)
+        replace(song, texts);
+    m_connection.prepare("UPDATE settings SET value = ? WHERE name = 'texts_to_renew'").bind(last).run();
+    return last > 0;
 }
 
 } // namespace trackwise

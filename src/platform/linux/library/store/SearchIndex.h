@@ -4,12 +4,24 @@
 #include "platform/linux/library/store/SongIdentity.h"
 #include "platform/linux/library/store/Sqlite.h"
 
-#include <array>
+#include <QStringList>
+
 #include <string>
 
 namespace trackwise {
 
-/// The texts of a song that are searched while typing, as searchText() makes them.
+/// What lists show of a song, and so what is searched.
+struct ShownTexts
+{
+    QString title;
+    QString artist;
+    QStringList artists; ///< the names in it, where they are known
+    QString album;
+    QString albumArtist;
+    QString composer;
+};
+
+/// The texts of a song that are searched while typing, as indexedText() and indexedNames() make them.
 struct SearchTexts
 {
     std::string title;
@@ -20,6 +32,9 @@ struct SearchTexts
 
     friend bool operator==(const SearchTexts &, const SearchTexts &) = default;
 };
+[[nodiscard]] SearchTexts searchTexts(const ShownTexts &shown);
+/// What lists show of a song without a title: the name of its file without the suffix.
+[[nodiscard]] QString titleOfFile(const QByteArray &name);
 
 /// Writes what search as you type reads. The texts and the index of titles are written with each song; the
 /// full-text index, which costs the most, follows in large steps after a scan. Used inside transactions.
@@ -35,6 +50,9 @@ public:
 
     /// Takes the next songs into the full-text index, at most @p count; whether more are waiting.
     [[nodiscard]] bool indexNext(int count);
+    /// Makes anew the texts of the next songs, at most @p count, that an earlier version may have written;
+    /// whether more are waiting. Those not renewed yet are found by what they had.
+    [[nodiscard]] bool renewNext(int count);
 
 private:
     [[nodiscard]] bool isIndexed(SongRowID song);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/SongLists.h"
 
+#include "platform/linux/library/store/SearchIndex.h"
 #include "platform/linux/library/store/SongRecord.h"
 #include "platform/linux/library/store/SongSearch.h"
 
@@ -103,11 +104,8 @@ SongRow readSongRow(Reader &reader, PersistentID id)
     if (!statement.bind(static_cast<std::int64_t>(id.value)).step())
         return row;
     row.title = statement.text(0);
-    if (row.title.isEmpty()) { // the name of the file says more than nothing
-        const QByteArray name = statement.bytes(6);
-        const qsizetype dot = name.lastIndexOf('.');
-        row.title = QString::fromUtf8(dot > 0 ? name.left(dot) : name);
-    }
+    if (row.title.isEmpty()) // the name of the file says more than nothing
+        row.title = titleOfFile(statement.bytes(6));
     row.artist = statement.text(1);
     row.album = statement.text(2);
     row.artworkKey = statement.text(3);

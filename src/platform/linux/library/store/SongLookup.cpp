@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/SongLookup.h"
 
+#include "platform/linux/library/store/SearchWords.h"
 #include "platform/linux/library/store/TextFolding.h"
 #include "platform/linux/library/tags/FileArtwork.h"
 
@@ -252,7 +253,8 @@ std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, i
 {
     const std::string words = searchText(foldedTitle);
     Statement &statement = m_reader.statement(candidatesFrom);
-    statement.bindText(words).bindText(words + '\0').bind(mostCompared);
+    // The words alone, or with others behind a line feed: what has more words has a blank there.
+    statement.bindText(words).bindText(words + '\x0b').bind(mostCompared);
     std::vector<SongCandidate> found;
     while (std::ssize(found) < limit && statement.step()) {
         SongCandidate candidate = readCandidate(statement);

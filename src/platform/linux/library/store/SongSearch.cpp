@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/SongSearch.h"
 
+#include "platform/linux/library/store/SearchWords.h"
 #include "platform/linux/library/store/TextFolding.h"
 
 #include <algorithm>
@@ -19,10 +20,16 @@ constexpr std::int64_t mostByTitle = 300;
 constexpr std::int64_t mostByWords = 1000;
 constexpr std::int64_t mostByArtist = 300;
 
-struct Typed
+struct Spelling
 {
     std::string text; ///< all words
     std::vector<SearchWord> words;
+    std::string whole; ///< see wholeName()
+};
+
+struct Typed
+{
+    std::vector<Spelling> spellings;
     std::vector<std::string> runs; ///< characters that were typed without a blank and must stand so
 };
 
@@ -30,10 +37,15 @@ Typed understood(const QString &typed)
 {
     const QString text = folded(typed.left(longestTyped));
     Typed result;
-    result.text = searchText(text);
-    result.words = searchWords(result.text);
-    if (result.words.size() > mostWords)
-        result.words.resize(mostWords);
+    for (std::string &spelled : spellings(text)) {
+        std::vector<SearchWord> words = searchWords(spelled);
+        if (words.size() > mostWords)
+            words.resize(mostWords);
+        if (!words.empty()) {
+            std::string whole = wholeName(spelled);
+            result.spellings.push_back({std::move(spelled), std::move(words), std::move(whole)});
+        }
+    }
     for (const QString &part : text.split(u' ', Qt::SkipEmptyParts)) {
         std::string run = searchText(part);
         const std::vector<SearchWord> words = searchWords(run);
@@ -44,34 +56,86 @@ Typed understood(const QString &typed)
     return result;
 }
 
+std::string quoted(std::string word)
+{
+    std::erase(word, '"');
+    return '"' + word + '"';
+}
+
+void addAlternative(std::string &query, const std::string &alternative)
+{
+    if (!alternative.empty())
+        query += (query.empty() ? "(" : " OR (") + alternative + ')';
+}
+
 /// The words as the full-text index is asked; empty when there is none that it could hold.
 std::string indexQuery(const Typed &typed)
 {
     std::string query;
-    for (const SearchWord &word : typed.words) {
-        const auto first = static_cast<unsigned char>(word.text.front());
-        if (first < 0x80 && !std::isalnum(first))
-            continue; // punctuation, which the index does not know
-        std::string quoted = word.text;
-        std::erase(quoted, '"');
-        query += '"' + quoted + (word.isWhole ? "\" " : "\"* ");
+    for (const Spelling &spelling : typed.spellings) {
+        std::string words;
+        for (const SearchWord &word : spelling.words) {
+            const auto first = static_cast<unsigned char>(word.text.front());
+            if (first >= 0x80 || std::isalnum(first)) // the index does not know punctuation
+                words += quoted(word.text) + (word.isWhole ? " " : "* ");
+        }
+        addAlternative(query, words);
     }
     return query;
+}
+
+/// The artists whose whole name was typed.
+std::string artistQuery(const Typed &typed)
+{
+    std::string query;
+    for (const Spelling &spelling : typed.spellings)
+        addAlternative(query, quoted(spelling.whole));
+    return query;
+}
+
+bool beginsWord(std::string_view text, std::size_t at)
+{
+    return at == 0 || text[at - 1] == ' ' || text[at - 1] == '\n';
 }
 
 bool hasWordStart(std::string_view text, std::string_view word)
 {
     for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) {
-        if (at == 0 || text[at - 1] == ' ')
+        if (beginsWord(text, at))
             return true;
     }
     return false;
 }
 
-bool hasAllWords(std::string_view text, const Typed &typed)
+bool hasWord(std::string_view text, std::string_view word)
+{
+    for (std::size_t at = text.find(word); at != std::string_view::npos; at = text.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if (beginsWord(text, at) && (end == text.size() || text[end] == ' '))
+            return true;
+    }
+    return false;
+}
+
+bool hasAllWords(std::string_view text, const Spelling &typed)
 {
     return std::all_of(typed.words.begin(), typed.words.end(),
                        [text](const SearchWord &word) { return hasWordStart(text, word.text); });
+}
+
+/// Whether the texts differ in blanks alone: "acdc" is "AC/DC".
+bool areOneName(std::string_view a, std::string_view b)
+{
+    std::size_t i = 0;
+    for (const char c : a) {
+        if (c == ' ')
+            continue;
+        while (i < b.size() && b[i] == ' ')
+            ++i;
+        if (i == b.size() || b[i++] != c)
+            return false;
+    }
+    return i == b.size();
 }
 
 struct Texts
@@ -80,10 +144,10 @@ struct Texts
 };
 
 enum class Rank {
+    IsArtist,
     IsTitle,
     BeginsTitle,
     InTitle,
-    IsArtist,
     BeginsArtist,
     InArtist,
     InTitleAndArtist,
@@ -91,16 +155,19 @@ enum class Rank {
     Elsewhere,
 };
 
-Rank rankOf(const Texts &song, const Typed &typed)
+Rank rankOf(const Texts &song, const Spelling &typed)
 {
-    if (song.title == typed.text)
+    const auto isArtist = [&typed](std::string_view artist) {
+        return searchTextIn(artist) == typed.text || hasWord(artist, typed.whole);
+    };
+    if (isArtist(song.artist) || isArtist(song.albumArtist))
+        return Rank::IsArtist;
+    if (areOneName(searchTextIn(song.title), typed.text))
         return Rank::IsTitle;
     if (song.title.starts_with(typed.text))
         return Rank::BeginsTitle;
     if (hasAllWords(song.title, typed))
         return Rank::InTitle;
-    if (song.artist == typed.text || song.albumArtist == typed.text)
-        return Rank::IsArtist;
     if (song.artist.starts_with(typed.text) || song.albumArtist.starts_with(typed.text))
         return Rank::BeginsArtist;
     if (hasAllWords(song.artist, typed) || hasAllWords(song.albumArtist, typed))
@@ -113,6 +180,14 @@ Rank rankOf(const Texts &song, const Typed &typed)
     if (isInEither)
         return Rank::InTitleAndArtist;
     return hasAllWords(song.album, typed) ? Rank::InAlbum : Rank::Elsewhere;
+}
+
+Rank rankOf(const Texts &song, const Typed &typed)
+{
+    Rank best = Rank::Elsewhere;
+    for (const Spelling &spelling : typed.spellings)
+        best = std::min(best, rankOf(song, spelling));
+    return best;
 }
 
 bool hasRuns(const Texts &song, const Typed &typed)
@@ -149,12 +224,30 @@ std::int64_t collect(Statement &statement, const Typed &typed, std::vector<Found
     return rows;
 }
 
+/// Songs of the artist and songs of the title that was typed, which are at the front, take turns: neither
+/// hides the other behind a long list.
+void letTakeTurns(std::vector<Found> &found)
+{
+    const auto isRanked = [](Rank rank) { return [rank](const Found &f) { return f.rank == rank; }; };
+    const auto titles = std::find_if_not(found.begin(), found.end(), isRanked(Rank::IsArtist));
+    const auto others = std::find_if_not(titles, found.end(), isRanked(Rank::IsTitle));
+    std::vector<Found> mixed;
+    for (auto artist = found.begin(), title = titles; artist != titles || title != others;) {
+        if (artist != titles)
+            mixed.push_back(std::move(*artist++));
+        if (title != others)
+            mixed.push_back(std::move(*title++));
+    }
+    std::move(mixed.begin(), mixed.end(), found.begin());
+}
+
 void keepBest(std::vector<Found> &found, int limit)
 {
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end(),
                             [](const Found &a, const Found &b) { return a.song == b.song; }),
                 found.end());
+    letTakeTurns(found);
     if (std::ssize(found) > limit)
         found.resize(static_cast<std::size_t>(limit));
 }
@@ -169,18 +262,21 @@ constexpr const char *byWords =
 std::vector<PersistentID> searchSongs(Reader &reader, const QString &text, int limit)
 {
     const Typed typed = understood(text);
-    if (typed.text.empty())
+    if (typed.spellings.empty())
         return {};
     std::vector<Found> found;
-    collect(reader.statement(byTitle).bindText(typed.text).bindText(typed.text + '\xff').bind(mostByTitle),
-            typed, found);
+    const std::string &asTyped = typed.spellings.front().text;
+    collect(reader.statement(byTitle).bindText(asTyped).bindText(asTyped + '\xff').bind(mostByTitle), typed,
+            found);
     if (const std::string query = indexQuery(typed); !query.empty()) {
-        const auto rows = collect(reader.statement(byWords).bindText(query).bind(mostByWords), typed, found);
-        if (rows == mostByWords) // there are more; those of a fitting artist must be among the ones looked at
-            collect(reader.statement(byWords)
-                        .bindText("{artist album_artist} : (" + query + ')')
-                        .bind(mostByArtist),
-                    typed, found);
+        const auto find = [&](const std::string &words, std::int64_t most) {
+            return collect(reader.statement(byWords).bindText(words).bind(most), typed, found);
+        };
+        const std::string ofArtists = "{artist album_artist} : (";
+        // There may be more; those of a fitting artist must be among the ones looked at.
+        if (find(query, mostByWords) == mostByWords)
+            find(ofArtists + query + ')', mostByArtist);
+        find(ofArtists + artistQuery(typed) + ')', mostByArtist);
     }
     keepBest(found, limit);
 

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <array>
+
 namespace trackwise {
 
 namespace {
@@ -26,16 +28,23 @@ bool makeFolderOf(const QByteArray &path)
 {
     return QDir().mkpath(QFileInfo(QFile::decodeName(path)).absolutePath());
 }
+
+QByteArray storedOrder(const sqlite::Connection &connection)
+{
+    sqlite::Statement stored = connection.prepare("SELECT value FROM settings WHERE name = 'text_order'");
+    return stored.step() ? stored.text(0).toLatin1() : QByteArray();
+}
 } // namespace
 
-SongStore::SongStore(QByteArray path, sqlite::Connection connection, const QByteArray &locale)
+SongStore::SongStore(QByteArray path, sqlite::Connection connection, const std::optional<QByteArray> &locale)
     : m_path(std::move(path))
-    , m_order(locale)
     , m_connection(std::move(connection))
+    , m_order(locale ? *locale : storedOrder(m_connection))
     , m_writer(m_connection, m_order)
 {}
 
-Result<std::unique_ptr<SongStore>> SongStore::open(const QByteArray &path, const QByteArray &locale)
+Result<std::unique_ptr<SongStore>> SongStore::open(const QByteArray &path,
+                                                   const std::optional<QByteArray> &locale)
 try {
     if (!makeFolderOf(path))
         return sqlite::inDatabase(path, {FailureKind::NoSpace, QStringLiteral("its folder cannot be made")});
@@ -44,34 +53,60 @@ try {
     if (const Result<Done> migrated = migrate(connection); !migrated)
         return sqlite::inDatabase(path, migrated.failure());
     std::unique_ptr<SongStore> store(new SongStore(path, std::move(connection), locale));
-    store->renewSortKeys();
+    store->compareOrder(locale.has_value());
     return store;
 } catch (const sqlite::Error &error) {
     return sqlite::inDatabase(path, sqlite::asFailure(error));
 }
 
-void SongStore::renewSortKeys()
+void SongStore::compareOrder(bool isWanted)
 {
-    const QString name = m_order.name();
-    sqlite::Statement stored = m_connection.prepare("SELECT value FROM settings WHERE name = 'text_order'");
-    if (stored.step() && stored.text(0) == name)
-        return;
-    stored.reset();
+    const QByteArray stored = storedOrder(m_connection);
+    const bool isOther = stored != m_order.name().toLatin1();
+    const bool hasSongs = m_connection.integer("SELECT EXISTS (SELECT 1 FROM songs)") != 0;
+    m_isSortedOtherwise = hasSongs && isWanted && isOther;
+    if (stored.isEmpty() || (!hasSongs && isWanted && isOther))
+        noteOrder();
+}
 
-    sqlite::Transaction transaction(m_connection);
-    for (const auto &[table, column] :
-         {std::pair("songs", "title"), {"artists", "name"}, {"albums", "title"}}) {
-        sqlite::Statement rows = m_connection.prepare(std::string("SELECT id, ") + column + " FROM " + table +
-                                                      " WHERE " + column + " IS NOT NULL");
-        sqlite::Statement renew = m_connection.prepare(std::string("UPDATE ") + table +
-                                                       " SET sort_key = ?, section = ? WHERE id = ?");
-        while (rows.step()) {
-            const QString text = rows.text(1);
-            renew.bindBytes(m_order.sortKey(text)).bind(m_order.section(text)).bind(rows.integer(0)).run();
+void SongStore::noteOrder()
+{
+    m_connection.prepare("INSERT OR REPLACE INTO settings VALUES ('text_order', ?)")
+        .bind(m_order.name())
+        .run();
+}
+
+Result<Done> SongStore::renewSortKeys(const std::stop_token &stop)
+{
+    // What is sorted, and by which text.
+    static constexpr std::array kinds{
+        std::pair("songs", "SELECT id, coalesce(sort_text, title), name FROM songs JOIN files ON song = id"),
+        std::pair("artists", "SELECT id, coalesce(sort_text, name), '' FROM artists"),
+        std::pair("albums", "SELECT id, coalesce(sort_text, title), '' FROM albums")};
+    const std::scoped_lock lock(m_mutex);
+    try {
+        sqlite::Transaction transaction(m_connection);
+        for (const auto &[table, texts] : kinds) {
+            sqlite::Statement rows = m_connection.prepare(texts);
+            sqlite::Statement renew = m_connection.prepare(
+                std::string("UPDATE ") + table +
+                " SET sort_key = ?1, section = ?2 WHERE id = ?3 AND (sort_key <> ?1 OR section <> ?2)");
+            while (rows.step()) {
+                if (stop.stop_requested())
+                    return Done{};
+                const QString text = rows.isNull(1) ? titleOfFile(rows.bytes(2)) : rows.text(1);
+                renew.bindBytes(m_order.sortKey(text))
+                    .bind(m_order.section(text))
+                    .bind(rows.integer(0))
+                    .run();
+            }
         }
+        noteOrder();
+        transaction.commit();
+        return Done{};
+    } catch (const sqlite::Error &error) {
+        return sqlite::asFailure(error);
     }
-    m_connection.prepare("INSERT OR REPLACE INTO settings VALUES ('text_order', ?)").bind(name).run();
-    transaction.commit();
 }
 
 Result<Done> SongStore::inTransaction(const std::function<void()> &change)
@@ -194,6 +229,14 @@ Result<bool> SongStore::indexNext(int count)
     bool isMoreWaiting = false;
     const Result<Done> result =
         inTransaction([&] { isMoreWaiting = m_writer.searchIndex().indexNext(count); });
+    return result ? Result<bool>(isMoreWaiting) : Result<bool>(result.failure());
+}
+
+Result<bool> SongStore::renewNext(int count)
+{
+    bool isMoreWaiting = false;
+    const Result<Done> result =
+        inTransaction([&] { isMoreWaiting = m_writer.searchIndex().renewNext(count); });
     return result ? Result<bool>(isMoreWaiting) : Result<bool>(result.failure());
 }
 

@@ -9,7 +9,9 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
+#include <stop_token>
 
 namespace trackwise {
 
@@ -60,11 +62,12 @@ struct FolderImage
 class SongStore
 {
 public:
-    /// Opens the database, making or updating it. The directory is made too.
+    /// Opens the database, making or updating it. The directory is made too. @p locale is the one by which
+    /// names are to be sorted, see TextOrder; without one, they stay sorted as they are.
     /// Failures: Malformed (damaged, or not ours), Unsupported (made by a newer version), NoSpace,
     /// Unreadable.
-    [[nodiscard]] static Result<std::unique_ptr<SongStore>> open(const QByteArray &path,
-                                                                 const QByteArray &locale = {});
+    [[nodiscard]] static Result<std::unique_ptr<SongStore>>
+    open(const QByteArray &path, const std::optional<QByteArray> &locale = {});
 
     [[nodiscard]] const QByteArray &path() const { return m_path; }
 
@@ -89,9 +92,17 @@ public:
 
     /// Takes further songs into the full-text index; whether more are waiting.
     [[nodiscard]] Result<bool> indexNext(int count);
+    /// Brings further search texts of an earlier version up to date; whether more are waiting.
+    [[nodiscard]] Result<bool> renewNext(int count);
 
     [[nodiscard]] Result<Done> recordPlay(PersistentID id, Instant when);
     [[nodiscard]] Result<Done> recordSkip(PersistentID id);
+
+    /// Whether names are still sorted by another locale than was asked for.
+    [[nodiscard]] bool isSortedOtherwise() const { return m_isSortedOtherwise; }
+    /// Sorts all names by the locale that was asked for, or none of them if @p stop comes before the end:
+    /// then the next start does it. Takes a second or two for 100,000 songs, in which readers see what was.
+    [[nodiscard]] Result<Done> renewSortKeys(const std::stop_token &stop);
 
     enum class FilesOfFolder { Visit, PassOver };
     using FolderVisitor = std::function<FilesOfFolder(KnownFolder)>;
@@ -103,16 +114,18 @@ public:
     void releaseMemory();
 
 private:
-    SongStore(QByteArray path, sqlite::Connection connection, const QByteArray &locale);
-    void renewSortKeys();
+    SongStore(QByteArray path, sqlite::Connection connection, const std::optional<QByteArray> &locale);
+    void compareOrder(bool isWanted);
+    void noteOrder();
     [[nodiscard]] Result<Done> inTransaction(const std::function<void()> &change);
     [[nodiscard]] Result<Done>
     changeSong(PersistentID id, const std::function<void(sqlite::Statement &)> &bind, const char *sql);
 
     QByteArray m_path;
-    TextOrder m_order;
     mutable std::mutex m_mutex;
     sqlite::Connection m_connection;
+    TextOrder m_order;
+    bool m_isSortedOtherwise = false;
     SongWriter m_writer;
 };
 

@@ -14,8 +14,8 @@ constexpr const char *tagColumns =
     "title, artist, album_title, album_artist, composer, genre, user_grouping, release_date, duration,"
     " beats_per_minute, track_number, track_count, disc_number, disc_count, is_compilation, is_explicit,"
     " rating_percent, catalog_id, isrc, recording_mbid, artwork_key, tag_play_count, artist_id, album_id,"
-    " sort_key, section, title_key, artist_key, album_key";
-constexpr int tagColumnCount = 29;
+    " sort_text, sort_key, section, title_key, artist_key, album_key";
+constexpr int tagColumnCount = 30;
 
 std::string placeholders(int count)
 {
@@ -46,22 +46,15 @@ std::uint64_t seed()
 /// What lists show for a song: its title, else the name of its file without the suffix.
 QString shownTitle(const ScannedSong &scanned)
 {
-    if (scanned.tags.title)
-        return *scanned.tags.title;
-    const qsizetype dot = scanned.file.name.lastIndexOf('.');
-    return QString::fromUtf8(dot > 0 ? scanned.file.name.left(dot) : scanned.file.name);
-}
-
-std::string searchTextOf(const std::optional<QString> &text)
-{
-    return text ? searchText(folded(*text)) : std::string();
+    return scanned.tags.title ? *scanned.tags.title : titleOfFile(scanned.file.name);
 }
 
 SearchTexts searchTextsOf(const ScannedSong &scanned)
 {
     const SongTags &tags = scanned.tags;
-    return {searchText(folded(shownTitle(scanned))), searchTextOf(tags.displayArtist()),
-            searchTextOf(tags.albumTitle), searchTextOf(tags.albumArtist), searchTextOf(tags.composer)};
+    return searchTexts({shownTitle(scanned), tags.displayArtist().value_or(QString()), tags.artists,
+                        tags.albumTitle.value_or(QString()), tags.albumArtist.value_or(QString()),
+                        tags.composer.value_or(QString())});
 }
 
 std::optional<std::int64_t> keyOf(const std::optional<QString> &text)
@@ -97,11 +90,14 @@ struct SongWriter::Statements
         , place(c.prepare("SELECT 1 FROM files WHERE song = ? AND folder = ? AND name = ?"))
         , findFolder(c.prepare("SELECT id FROM folders WHERE path = ?"))
         , addFolder(c.prepare("INSERT INTO folders (path) VALUES (?)"))
-        , findArtist(c.prepare("SELECT id FROM artists WHERE folded = ?"))
-        , addArtist(c.prepare("INSERT INTO artists (folded, name, sort_key, section) VALUES (?, ?, ?, ?)"))
-        , findAlbum(c.prepare("SELECT id FROM albums WHERE folded = ? AND folded_artist = ?"))
-        , addAlbum(c.prepare("INSERT INTO albums (folded, folded_artist, title, artist, sort_key, section)"
-                             " VALUES (?, ?, ?, ?, ?, ?)"))
+        , findArtist(c.prepare("SELECT id, sort_text FROM artists WHERE folded = ?"))
+        , addArtist(c.prepare("INSERT INTO artists (folded, name, sort_text, sort_key, section)"
+                              " VALUES (?, ?, ?, ?, ?)"))
+        , sortArtist(c.prepare("UPDATE artists SET sort_text = ?, sort_key = ?, section = ? WHERE id = ?"))
+        , findAlbum(c.prepare("SELECT id, sort_text FROM albums WHERE folded = ? AND folded_artist = ?"))
+        , addAlbum(c.prepare("INSERT INTO albums (folded, folded_artist, title, artist, sort_text, sort_key,"
+                             " section) VALUES (?, ?, ?, ?, ?, ?, ?)"))
+        , sortAlbum(c.prepare("UPDATE albums SET sort_text = ?, sort_key = ?, section = ? WHERE id = ?"))
         , writeProblem(
               c.prepare("INSERT OR REPLACE INTO problems (folder, name, inode, size, modified, changed,"
                         " kind, reason, reader) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"))
@@ -109,7 +105,8 @@ struct SongWriter::Statements
     {}
 
     Statement insert, update, persistentID, writeFile, writeLongTexts, removeLongTexts, availability, place;
-    Statement findFolder, addFolder, findArtist, addArtist, findAlbum, addAlbum, writeProblem, forgetProblem;
+    Statement findFolder, addFolder, findArtist, addArtist, sortArtist, findAlbum, addAlbum, sortAlbum;
+    Statement writeProblem, forgetProblem;
 };
 
 SongWriter::SongWriter(const sqlite::Connection &connection, const TextOrder &order)
@@ -152,21 +149,39 @@ std::uint64_t SongWriter::newPersistentID()
     }
 }
 
+/// The row that @p find finds. One that was added without a name to sort by gets it from the first song that
+/// has one.
+std::optional<std::int64_t> SongWriter::knownGroup(Statement &find, Statement &sort,
+                                                   const std::optional<QString> &sortName)
+{
+    std::optional<std::int64_t> id;
+    bool hasSortName = false;
+    if (find.step()) {
+        id = find.integer(0);
+        hasSortName = !find.isNull(1);
+    }
+    find.reset();
+    if (id && sortName && !hasSortName)
+        sort.bind(*sortName)
+            .bindBytes(m_order.sortKey(*sortName))
+            .bind(m_order.section(*sortName))
+            .bind(*id)
+            .run();
+    return id;
+}
+
 std::int64_t SongWriter::artistID(const SongTags &tags)
 {
     const QString name = tags.albumArtist ? *tags.albumArtist : tags.displayArtist().value_or(QString());
     const std::optional<QString> &sortName = tags.albumArtist ? tags.albumArtistSort : tags.artistSort;
     const QString key = folded(name);
-    Statement &find = m_statements->findArtist;
-    find.bind(key);
-    const bool isKnown = find.step();
-    const std::int64_t id = isKnown ? find.integer(0) : 0;
-    find.reset();
-    if (isKnown)
-        return id;
+    Statement &find = m_statements->findArtist.bind(key);
+    if (const auto known = knownGroup(find, m_statements->sortArtist, sortName))
+        return *known;
     const QString sorted = sortName.value_or(name);
     m_statements->addArtist.bind(key)
         .bind(name)
+        .bind(sortName)
         .bindBytes(m_order.sortKey(sorted))
         .bind(m_order.section(sorted))
         .run();
@@ -185,18 +200,15 @@ std::optional<std::int64_t> SongWriter::albumID(const SongTags &tags)
                                               : tags.displayArtist().value_or(QString());
     const QString key = folded(*tags.albumTitle);
     const QString artistKey = folded(artist);
-    Statement &find = m_statements->findAlbum;
-    find.bind(key).bind(artistKey);
-    const bool isKnown = find.step();
-    const std::int64_t id = isKnown ? find.integer(0) : 0;
-    find.reset();
-    if (isKnown)
-        return id;
+    Statement &find = m_statements->findAlbum.bind(key).bind(artistKey);
+    if (const auto known = knownGroup(find, m_statements->sortAlbum, tags.albumSort))
+        return known;
     const QString sorted = tags.albumSort.value_or(*tags.albumTitle);
     m_statements->addAlbum.bind(key)
         .bind(artistKey)
         .bind(*tags.albumTitle)
         .bind(artist)
+        .bind(tags.albumSort)
         .bindBytes(m_order.sortKey(sorted))
         .bind(m_order.section(sorted))
         .run();
@@ -238,7 +250,7 @@ void SongWriter::bindTags(Statement &statement, const ScannedSong &scanned)
     else
         statement.bind(nullptr);
     statement.bind(artistID(tags)).bind(albumID(tags));
-    statement.bindBytes(m_order.sortKey(sorted)).bind(m_order.section(sorted));
+    statement.bind(tags.titleSort).bindBytes(m_order.sortKey(sorted)).bind(m_order.section(sorted));
     statement.bind(keyOf(tags.title)).bind(keyOf(artist)).bind(keyOf(tags.albumTitle));
 }
 

@@ -38,6 +38,8 @@ private:
     void bindTags(sqlite::Statement &statement, const ScannedSong &scanned);
     void writeFile(SongRowID song, const ScannedSong &scanned, std::int64_t folder);
     void writeLongTexts(SongRowID song, const SongTags &tags);
+    [[nodiscard]] std::optional<std::int64_t> knownGroup(sqlite::Statement &find, sqlite::Statement &sort,
+                                                         const std::optional<QString> &sortName);
     [[nodiscard]] std::int64_t artistID(const SongTags &tags);
     [[nodiscard]] std::optional<std::int64_t> albumID(const SongTags &tags);
 

@@ -127,89 +127,6 @@ QString foldedAscii(const QString &text)
         result.chop(1);
     return result;
 }
-
-// Written without blanks between words.
-bool isWrittenInOneRun(UChar32 c)
-{
-    if (c < 0xe00)
-        return false;
-    if (c == 0x30fc) // the kana sign of length belongs to several scripts
-        return true;
-    switch (scriptOf(c)) {
-    case USCRIPT_HAN:
-    case USCRIPT_HIRAGANA:
-    case USCRIPT_KATAKANA:
-    case USCRIPT_HANGUL:
-    case USCRIPT_BOPOMOFO:
-    case USCRIPT_THAI:
-    case USCRIPT_LAO:
-    case USCRIPT_KHMER:
-    case USCRIPT_MYANMAR:
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool isSymbol(UChar32 c)
-{
-    return c >= 0x80 && (U_GET_GC_MASK(c) & U_GC_S_MASK) != 0;
-}
-
-bool isApostrophe(UChar32 c)
-{
-    return c == u'\'' || c == 0x2019 || c == 0x2bc;
-}
-
-bool standsAlone(UChar32 c)
-{
-    return isSymbol(c) || isWrittenInOneRun(c);
-}
-
-class WordWriter
-{
-public:
-    void take(UChar32 c)
-    {
-        if (isMark(c)) {
-            if (!m_text.empty() && !m_isBetweenWords)
-                write(c);
-        } else if (standsAlone(c)) {
-            partWords();
-            write(c);
-            m_lastStoodAlone = true;
-        } else if (u_isalnum(c) || (U_GET_GC_MASK(c) & U_GC_N_MASK) != 0) {
-            if (m_lastStoodAlone)
-                partWords();
-            write(c);
-        } else if (!isApostrophe(c)) {
-            partWords();
-        }
-    }
-    [[nodiscard]] std::string text() && { return std::move(m_text); }
-
-private:
-    void partWords() { m_isBetweenWords = true; }
-
-    void write(UChar32 c)
-    {
-        if (m_isBetweenWords && !m_text.empty())
-            m_text += ' ';
-        if (!isMark(c))
-            m_lastStoodAlone = false;
-        m_isBetweenWords = false;
-        char utf8[U8_MAX_LENGTH];
-        int32_t length = 0;
-        UBool isError = false;
-        U8_APPEND(utf8, length, U8_MAX_LENGTH, c, isError);
-        if (!isError)
-            m_text.append(utf8, static_cast<std::size_t>(length));
-    }
-
-    std::string m_text;
-    bool m_isBetweenWords = false;
-    bool m_lastStoodAlone = false;
-};
 } // namespace
 
 QString folded(const QString &text)
@@ -242,36 +159,6 @@ QString folded(const QString &text)
     if (result.endsWith(u' '))
         result.truncate(result.length() - 1);
     return fromIcu(result);
-}
-
-std::string searchText(const QString &foldedText)
-{
-    WordWriter words;
-    const auto *units = reinterpret_cast<const char16_t *>(foldedText.utf16());
-    const auto length = static_cast<int32_t>(foldedText.size());
-    for (int32_t i = 0; i < length;) {
-        UChar32 c = 0;
-        U16_NEXT(units, i, length, c);
-        words.take(c);
-    }
-    std::string text = std::move(words).text();
-    return text.empty() ? foldedText.toStdString() : text;
-}
-
-std::vector<SearchWord> searchWords(const std::string &searchText)
-{
-    std::vector<SearchWord> words;
-    for (std::size_t begin = 0; begin < searchText.size();) {
-        const std::size_t end = std::min(searchText.find(' ', begin), searchText.size());
-        std::string word = searchText.substr(begin, end - begin);
-        begin = end + 1;
-        UChar32 first = 0;
-        int32_t offset = 0;
-        U8_NEXT(word.data(), offset, static_cast<int32_t>(word.size()), first);
-        if (!word.empty() && first >= 0)
-            words.push_back({std::move(word), standsAlone(first)});
-    }
-    return words;
 }
 
 QString withoutCase(const QString &text)

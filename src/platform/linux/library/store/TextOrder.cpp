@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/store/TextOrder.h"
 
+#include <QList>
+
 #include <unicode/alphaindex.h>
 #include <unicode/coll.h>
+#include <unicode/localebuilder.h>
 #include <unicode/locid.h>
 #include <unicode/tblcoll.h>
 
@@ -14,6 +17,7 @@ namespace {
 // Sort keys beyond this length only waste space: their first 20 or so letters have decided.
 constexpr int longestKey = 96;
 constexpr int longestText = 64;
+constexpr int ownVersion = 2; // to be raised when keys or letters are made otherwise
 
 icu::Locale orderingLocale(const QByteArray &name)
 {
@@ -23,10 +27,32 @@ icu::Locale orderingLocale(const QByteArray &name)
     return isPosix || locale.isBogus() ? icu::Locale::getEnglish() : locale;
 }
 
+using Collator = std::unique_ptr<icu::RuleBasedCollator>;
+
+Collator collatorOf(const icu::Locale &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(locale, status));
+    if (U_SUCCESS(status))
+        made->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+    Collator collator(dynamic_cast<icu::RuleBasedCollator *>(made.release()));
+    if (U_FAILURE(status) || !collator)
+        qFatal("ICU has no collation data: %s", u_errorName(status));
+    return collator;
+}
+
+/// Without the country unless it has rules of its own.
+icu::Locale shortened(const icu::Locale &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale language = icu::LocaleBuilder().setLocale(locale).setRegion("").build(status);
+    return U_SUCCESS(status) && *collatorOf(language) == *collatorOf(locale) ? language : locale;
+}
+
 icu::UnicodeString icuText(const QString &text)
 {
-    return {reinterpret_cast<const char16_t *>(text.utf16()),
-            static_cast<int32_t>(std::min<qsizetype>(text.size(), longestText))};
+    const QStringView view = QStringView(text).trimmed().left(longestText);
+    return {view.utf16(), static_cast<int32_t>(view.size())};
 }
 
 void addAlphabets(icu::AlphabeticIndex &index, UErrorCode &status)
@@ -40,27 +66,23 @@ void addAlphabets(icu::AlphabeticIndex &index, UErrorCode &status)
 struct TextOrder::Rules
 {
     icu::Locale locale;
-    std::unique_ptr<icu::RuleBasedCollator> collator;
+    Collator collator;
     std::unique_ptr<const icu::AlphabeticIndex::ImmutableIndex> letters;
 };
 
 TextOrder::TextOrder(const QByteArray &localeName)
 {
     auto rules = std::make_unique<Rules>();
-    rules->locale = orderingLocale(localeName);
+    rules->locale = shortened(orderingLocale(localeName.split(' ').front()));
+    rules->collator = collatorOf(rules->locale);
     UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(rules->locale, status));
-    if (U_SUCCESS(status)) {
-        collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
-        rules->collator.reset(dynamic_cast<icu::RuleBasedCollator *>(collator.release()));
-    }
     icu::AlphabeticIndex index(rules->locale, status);
     index.setMaxLabelCount(1000, status); // more would be thinned out
     addAlphabets(index, status);
     index.setUnderflowLabel(u"#", status).setInflowLabel(u"…", status).setOverflowLabel(u"…", status);
     rules->letters.reset(index.buildImmutableIndex(status));
-    if (U_FAILURE(status) || !rules->collator)
-        qFatal("ICU has no collation data: %s", u_errorName(status));
+    if (U_FAILURE(status))
+        qFatal("ICU has no alphabets: %s", u_errorName(status));
     m_rules = std::move(rules);
 }
 
@@ -70,12 +92,13 @@ QString TextOrder::name() const
 {
     UVersionInfo version;
     m_rules->collator->getVersion(version);
-    return QStringLiteral("%1 %2.%3.%4.%5")
+    return QStringLiteral("%1 %2.%3.%4.%5.%6")
         .arg(QString::fromLatin1(m_rules->locale.getName()))
         .arg(version[0])
         .arg(version[1])
         .arg(version[2])
-        .arg(version[3]);
+        .arg(version[3])
+        .arg(ownVersion);
 }
 
 QByteArray TextOrder::sortKey(const QString &text) const

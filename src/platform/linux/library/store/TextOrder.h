@@ -12,11 +12,13 @@ namespace trackwise {
 class TextOrder
 {
 public:
-    /// @p locale as ICU names it ("sv_SE"); empty: the user's. Numbers in names are ordered by value.
+    /// @p locale as ICU names it ("sv_SE"), or a name(); empty: the user's. Numbers in names are ordered by
+    /// value, blanks around them do not count.
     explicit TextOrder(const QByteArray &locale = {});
     ~TextOrder();
 
-    /// Names the language and the version of its rules: keys made under another name are of no use.
+    /// Names the language, with the country where that has rules of its own, and the version of the rules:
+    /// keys made under another name are of no use.
     [[nodiscard]] QString name() const;
     /// Bytes whose order is that of the texts.
     [[nodiscard]] QByteArray sortKey(const QString &text) const;

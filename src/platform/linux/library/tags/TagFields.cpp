@@ -88,12 +88,22 @@ constexpr std::array spellings = {
 };
 static_assert(std::ranges::is_sorted(spellings, {}, &Spelling::key));
 
+/// Nobody sees a blank or an invisible character around a text, and none is meant.
+QString withoutOuterBlanks(QStringView value)
+{
+    const auto counts = [](QChar c) {
+        return !c.isSpace() && c != u'\0' && c != u'\ufeff' && c != u'\u200b';
+    };
+    const auto first = std::find_if(value.begin(), value.end(), counts);
+    const auto last = std::find_if(value.rbegin(), std::make_reverse_iterator(first), counts).base();
+    return QString(first, last - first);
+}
+
 } // namespace
 
 void TagFields::add(Field field, QString value, int rank)
 {
-    while (value.endsWith(QChar(u'\0')))
-        value.chop(1);
+    value = withoutOuterBlanks(value);
     if (value.isEmpty())
         return;
     auto &entry = m_fields[index(field)];

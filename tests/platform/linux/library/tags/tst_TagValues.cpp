@@ -147,12 +147,12 @@ private Q_SLOTS:
     {
         TagFields fields;
         fields.add(Field::Artist, QStringLiteral("worse"), 1);
-        fields.add(Field::Artist, QString());
+        fields.add(Field::Artist, QStringLiteral(" \t\u00a0"));
         fields.add(Field::Artist, QStringLiteral("first"));
-        fields.add(Field::Artist, QString::fromLatin1("second\0", 7));
+        fields.add(Field::Artist, QString::fromUtf16(u"\ufeff \u3000second act\u200b \0", 16));
         fields.add(Field::Artist, QStringLiteral("first"));
         fields.add(Field::Artist, QStringLiteral("late and worse"), 1);
-        QCOMPARE(songTags(fields).displayArtist(), QStringLiteral("first, second"));
+        QCOMPARE(songTags(fields).displayArtist(), QStringLiteral("first, second act"));
     }
 
     void limitsTexts()
