@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_LibraryTrouble : public QObject
@@ -21,21 +22,21 @@ private:
     static QByteArray contents(const QByteArray &path)
     {
         QFile file(QFile::decodeName(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "none"_ba;
     }
 
 private Q_SLOTS:
     void isToldOnceForAllQuestions()
     {
         LibraryFixture fixture;
-        const PersistentID id = fixture.add(QStringLiteral("One"), {});
+        const PersistentID id = fixture.add(u"One"_s, {});
         QSignalSpy told(&fixture.library().trouble(), &LibraryTrouble::didOccur);
         QVERIFY(!fixture.library().song(PersistentID{1})); // an answer
         QCoreApplication::processEvents();
         QCOMPARE(told.size(), 0);
 
         LibraryFixture other;
-        QVERIFY(other.add(QStringLiteral("Two"), {}) != PersistentID{});
+        QVERIFY(other.add(u"Two"_s, {}) != PersistentID{});
         QSignalSpy otherTold(&other.library().trouble(), &LibraryTrouble::didOccur);
         QFile::remove(QFile::decodeName(other.databasePath()));
         const Result<Done> written = other.store().recordSkip(id);
@@ -51,37 +52,31 @@ private Q_SLOTS:
         QCOMPARE(otherTold.size(), 1);
     }
 
-    void distinguishesWhatPassesByItself_data()
-    {
-        QTest::addColumn<FailureKind>("kind");
-        QTest::addColumn<int>("told");
-        QTest::newRow("damaged") << FailureKind::Malformed << 1;
-        QTest::newRow("gone") << FailureKind::Unreadable << 1;
-        QTest::newRow("busy") << FailureKind::Busy << 0;
-        QTest::newRow("disk full") << FailureKind::NoSpace << 0;
-        QTest::newRow("scan stopped") << FailureKind::Cancelled << 0;
-    }
     void distinguishesWhatPassesByItself()
     {
-        QFETCH(FailureKind, kind);
-        LibraryTrouble trouble;
-        QSignalSpy told(&trouble, &LibraryTrouble::didOccur);
-        trouble.report({kind, {}});
-        trouble.report({kind, {}});
-        QCoreApplication::processEvents();
-        QTEST(static_cast<int>(told.size()), "told");
+        for (const auto &[kind, times] :
+             {std::pair(FailureKind::Malformed, 1), std::pair(FailureKind::Unreadable, 1),
+              std::pair(FailureKind::Busy, 0), std::pair(FailureKind::NoSpace, 0),
+              std::pair(FailureKind::Cancelled, 0)}) {
+            LibraryTrouble trouble;
+            QSignalSpy told(&trouble, &LibraryTrouble::didOccur);
+            trouble.report({kind, {}});
+            trouble.report({kind, {}});
+            QCoreApplication::processEvents();
+            QCOMPARE(told.size(), times);
+        }
     }
 
     void setsADamagedDatabaseAside()
     {
         const QTemporaryDir folder;
-        const QByteArray path = QFile::encodeName(folder.filePath(QStringLiteral("library.db")));
+        const QByteArray path = QFile::encodeName(folder.filePath(u"library.db"_s));
         for (const QByteArray &name : {path + ".damaged", path + ".damaged-2"}) {
             QVERIFY(write(path, "damaged " + name) && write(path + "-wal", "log"));
             QCOMPARE(*setDatabaseAside(path), name);
             QCOMPARE(contents(name), "damaged " + name);
-            QCOMPARE(contents(name + "-wal"), QByteArray("log"));
-            QCOMPARE(contents(path) + contents(path + "-wal"), QByteArray("nonenone"));
+            QCOMPARE(contents(name + "-wal"), "log"_ba);
+            QCOMPARE(contents(path) + contents(path + "-wal"), "nonenone"_ba);
         }
         QCOMPARE(setDatabaseAside("/proc").failure().kind, FailureKind::NoSpace); // cannot be renamed
     }

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <map>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -41,19 +42,8 @@ private:
         return songs;
     }
 
-private Q_SLOTS:
-    void losesNothingToADiskThatGoesAway_data()
+    static void losesNothing(int awayAt, int backAt)
     {
-        QTest::addColumn<int>("awayAt"); // the number of the file that is being read
-        QTest::addColumn<int>("backAt");
-        QTest::newRow("for a moment") << 3 << 9;
-        QTest::newRow("for good") << 3 << 1000;
-        QTest::newRow("when the walk has ended") << 295 << 1000;
-    }
-    void losesNothingToADiskThatGoesAway()
-    {
-        QFETCH(int, awayAt);
-        QFETCH(int, backAt);
         const WavFolder music;
         for (int i = 0; i < 300; ++i) // more than wait to be read: the walk is under way
             music.write(QByteArray::number(i / 10) + '/' + QByteArray::number(i) + ".wav", i, "Title");
@@ -83,6 +73,49 @@ private Q_SLOTS:
         QCOMPARE(fixture.library().status()->available, 301);
         QCOMPARE(songs(fixture), before);
     }
+    /// @p signal ends the program when it reads a file, which it is to blame for or not.
+    static void endsOnce(int signal, bool isToBlame)
+    {
+        const WavFolder music;
+        music.write("bad.wav", 1, "Bad");
+        music.write("good.wav", 2, "Good");
+        const QTemporaryDir folder;
+        const QByteArray database = QFile::encodeName(folder.filePath(u"library.sqlite"_s));
+        bool isDeadly = true;
+        const Reading read = [&](const QByteArray &path, const FolderListing &listing) {
+            if (isDeadly && path.endsWith("/bad.wav"))
+                std::raise(signal);
+            return readTags(path, listing);
+        };
+        const auto scanAgain = [&](ScanScope scope) {
+            return *scan(**SongStore::open(database), music, read, scope);
+        };
+        const auto dies = [&] { (void)scanAgain(ScanScope::Changes); };
+        QCOMPARE(tryInChild(dies, 60s), TrialResult::Died); // the child has no open database of ours
+
+        isDeadly = isToBlame;
+        const int failed = isToBlame ? 1 : 0;
+        const ScanSummary second = scanAgain(ScanScope::Changes);
+        QCOMPARE(second.filesFailed, failed);
+        QCOMPARE(second.songsRead, 2 - failed);
+        QCOMPARE(scanAgain(ScanScope::Changes).filesFailed, 0); // not tried again
+        QCOMPARE(scanAgain(ScanScope::Everything).filesFailed, failed);
+        QCOMPARE(*(*SongStore::open(database))->suspects(),
+                 isToBlame ? (std::vector<FileName>{{music.root(), "bad.wav"}}) : std::vector<FileName>());
+        music.write("bad.wav", 3, "Mended");
+        isDeadly = false;
+        QCOMPARE(scanAgain(ScanScope::Changes).songsRead, 1);
+        QVERIFY((*SongStore::open(database))->suspects()->empty());
+        QCOMPARE(QDir(folder.path()).entryList({u"*reading*"_s}, QDir::Files), QStringList());
+    }
+
+private Q_SLOTS:
+    void losesNothingToADiskThatGoesAway()
+    {
+        // The numbers of the files that are being read when it goes, and when it is back.
+        for (const auto &[awayAt, backAt] : {std::pair(3, 9), std::pair(3, 1000), std::pair(295, 1000)})
+            losesNothing(awayAt, backAt);
+    }
 
     void keepsNoSongThatChangesWhileItIsRead()
     {
@@ -110,7 +143,7 @@ private Q_SLOTS:
             const auto problems = *fixture.library().problems();
             QCOMPARE(problems.size(), 1U);
             QCOMPARE(problems.front().file.path(), music.path("file"));
-            QCOMPARE(problems.front().reason, QStringLiteral("The folder cannot be read: Not a directory."));
+            QCOMPARE(problems.front().reason, u"The folder cannot be read: Not a directory."_s);
         }
         music.remove("file");
         music.makeFolder("file");
@@ -133,49 +166,11 @@ private Q_SLOTS:
         QVERIFY(result.failure().detail.contains(QFile::decodeName(fixture.databasePath())));
     }
 
-    void isEndedByAFileOnce_data()
-    {
-        QTest::addColumn<int>("signal");
-        QTest::addColumn<bool>("isToBlame");
-        QTest::newRow("a file that crashes the program") << SIGSEGV << true;
-        QTest::newRow("a file that takes all memory") << SIGKILL << true;
-        QTest::newRow("killed while it read a good file") << SIGKILL << false;
-    }
     void isEndedByAFileOnce()
     {
-        QFETCH(int, signal);
-        QFETCH(bool, isToBlame);
-        const WavFolder music;
-        music.write("bad.wav", 1, "Bad");
-        music.write("good.wav", 2, "Good");
-        const QTemporaryDir folder;
-        const QByteArray database = QFile::encodeName(folder.filePath(QStringLiteral("library.sqlite")));
-        bool isDeadly = true;
-        const Reading read = [&](const QByteArray &path, const FolderListing &listing) {
-            if (isDeadly && path.endsWith("/bad.wav"))
-                std::raise(signal);
-            return readTags(path, listing);
-        };
-        const auto scanAgain = [&](ScanScope scope) {
-            return *scan(**SongStore::open(database), music, read, scope);
-        };
-        const auto dies = [&] { (void)scanAgain(ScanScope::Changes); };
-        QCOMPARE(tryInChild(dies, 60s), TrialResult::Died); // the child has no open database of ours
-
-        isDeadly = isToBlame;
-        const int failed = isToBlame ? 1 : 0;
-        const ScanSummary second = scanAgain(ScanScope::Changes);
-        QCOMPARE(second.filesFailed, failed);
-        QCOMPARE(second.songsRead, 2 - failed);
-        QCOMPARE(scanAgain(ScanScope::Changes).filesFailed, 0); // not tried again
-        QCOMPARE(scanAgain(ScanScope::Everything).filesFailed, failed);
-        QCOMPARE(*(*SongStore::open(database))->suspects(),
-                 isToBlame ? (std::vector<FileName>{{music.root(), "bad.wav"}}) : std::vector<FileName>());
-        music.write("bad.wav", 3, "Mended");
-        isDeadly = false;
-        QCOMPARE(scanAgain(ScanScope::Changes).songsRead, 1);
-        QVERIFY((*SongStore::open(database))->suspects()->empty());
-        QCOMPARE(QDir(folder.path()).entryList({QStringLiteral("*reading*")}, QDir::Files), QStringList());
+        for (const int signal : {SIGSEGV, SIGKILL}) // a crash, or all memory taken
+            endsOnce(signal, true);
+        endsOnce(SIGKILL, false); // while it read a good file
     }
 };
 

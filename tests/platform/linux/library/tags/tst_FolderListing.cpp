@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -39,26 +40,17 @@ private:
     }
 
 private Q_SLOTS:
-    void choosesTheImage_data()
-    {
-        QTest::addColumn<QByteArrayList>("names");
-        QTest::addColumn<QByteArray>("image");
-        QTest::newRow("none") << QByteArrayList{"a.mp3", "scan.jpg", "cover.txt", "cover"} << QByteArray();
-        QTest::newRow("by stem") << QByteArrayList{"folder.jpg", "AlbumArt.jpg", "front.png"}
-                                 << QByteArray("folder.jpg");
-        QTest::newRow("by ending") << QByteArrayList{"cover.webp", "cover.png", "folder.jpg"}
-                                   << QByteArray("cover.png");
-        QTest::newRow("either case") << QByteArrayList{"x.flac", "COVER.JPEG"} << QByteArray("COVER.JPEG");
-        QTest::newRow("in any order") << QByteArrayList{"cover.jpg", "Cover.jpg"} << QByteArray("Cover.jpg");
-        QTest::newRow("in another order")
-            << QByteArrayList{"Cover.jpg", "cover.jpg"} << QByteArray("Cover.jpg");
-    }
     void choosesTheImage()
     {
-        QFETCH(QByteArrayList, names);
-        QFETCH(QByteArray, image);
-        const FolderListing listing("/music", {names.begin(), names.end()});
-        QCOMPARE(listing.imageFile().value_or(QByteArray()), image.isEmpty() ? image : "/music/" + image);
+        const auto image = [](const QByteArrayList &names) {
+            return FolderListing("/music", {names.begin(), names.end()}).imageFile().value_or(QByteArray());
+        };
+        QCOMPARE(image({"a.mp3", "scan.jpg", "cover.txt", "cover"}), QByteArray());
+        QCOMPARE(image({"folder.jpg", "AlbumArt.jpg", "front.png"}), "/music/folder.jpg"_ba);
+        QCOMPARE(image({"cover.webp", "cover.png", "folder.jpg"}), "/music/cover.png"_ba);
+        QCOMPARE(image({"x.flac", "COVER.JPEG"}), "/music/COVER.JPEG"_ba);
+        QCOMPARE(image({"cover.jpg", "Cover.jpg"}), "/music/Cover.jpg"_ba);
+        QCOMPARE(image({"Cover.jpg", "cover.jpg"}), "/music/Cover.jpg"_ba);
     }
 
     void givesAnImageByItsContent()
@@ -80,11 +72,9 @@ private Q_SLOTS:
         copySong("info.wav", "bare.wav");
         write("bare.txt", "plain");
         const auto folder = QFile::encodeName(m_folder.path());
-        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics,
-                 QStringLiteral("plain"));
+        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"plain"_s);
         write("bare.LRC", "[00:01.00]w\xf6rds\r\n"); // goes before .txt; not UTF-8
-        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics,
-                 QStringLiteral("wörds"));
+        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"wörds"_s);
         QCOMPARE(readTags(path("bare.wav"))->lyrics, std::nullopt);
     }
 
@@ -93,7 +83,7 @@ private Q_SLOTS:
         copySong("xiph.flac", "full.flac");
         write("full.lrc", "other words");
         const auto listing = FolderListing::ofFolder(QFile::encodeName(m_folder.path()));
-        QCOMPARE(readTags(path("full.flac"), listing)->lyrics, QStringLiteral("First line\nSecond line"));
+        QCOMPARE(readTags(path("full.flac"), listing)->lyrics, u"First line\nSecond line"_s);
     }
 };
 
