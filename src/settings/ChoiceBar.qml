@@ -56,7 +56,7 @@ FocusScope {
         Repeater {
             model: root.titles
 
-            delegate: T.AbstractButton {
+            delegate: T.RadioButton {
                 id: choice
 
                 required property int index

@@ -14,7 +14,7 @@ T.StackView {
     readonly property bool slides: !Theme.reducesMotion
 
     clip: true
-    Accessible.name: Qt.application.displayName
+    Accessible.name: "Trackwise"
     onBusyChanged: root.busy || root.presentation.viewDidLeave()
 
     Connections {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "information/CopyableRow.h"
+#include "ui/CopyableRow.h"
 
 #include "ui/ItemInterface.h"
 

@@ -6,7 +6,8 @@
 namespace trackwise {
 
 /// A row of texts that is one thing to a screen reader, which can also copy it.
-class CopyableRow : public FocusableItem
+// By its full name, which the QML tooling needs.
+class CopyableRow : public trackwise::FocusableItem
 {
     Q_OBJECT
     QML_ELEMENT
