@@ -3,13 +3,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace trackwise {
 
 namespace {
 
-constexpr std::uint64_t step = 10;
-constexpr std::uint64_t idsInAlbum = 10 * step;
-constexpr std::uint64_t idsInArtist = 100 * step;
 constexpr std::uint64_t letters = 26;
 constexpr size_t maxMatches = 1000;
 
@@ -20,7 +19,7 @@ std::uint64_t groupOf(PersistentID song, std::uint64_t idsInOne)
 
 QString numbered(const QString &name, std::uint64_t number)
 {
-    return QStringLiteral("%1 %2").arg(name).arg(number, 7, 10, QLatin1Char('0'));
+    return u"%1 %2"_s.arg(name).arg(number, 7, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -53,19 +52,13 @@ void SyntheticLibrary::remove(PersistentID song)
 
 QString SyntheticLibrary::titleOf(PersistentID song)
 {
-    return numbered(QStringLiteral("Song"), song.value);
+    return numbered(u"Song"_s, song.value);
 }
 
 std::vector<PersistentID> SyntheticLibrary::allSongs() const
 {
     const std::scoped_lock lock(m_mutex);
     return m_songs;
-}
-
-qsizetype SyntheticLibrary::songCount() const
-{
-    const std::scoped_lock lock(m_mutex);
-    return static_cast<qsizetype>(m_songs.size());
 }
 
 SongIndex SyntheticLibrary::songs(const SongScope &scope) const
@@ -108,8 +101,8 @@ std::vector<SongRow> SyntheticLibrary::songRows(std::span<const PersistentID> id
     for (const PersistentID id : ids)
         rows.push_back({.id = id,
                         .title = titleOf(id),
-                        .artist = numbered(QStringLiteral("Artist"), groupOf(id, idsInArtist)),
-                        .album = numbered(QStringLiteral("Album"), groupOf(id, idsInAlbum)),
+                        .artist = numbered(u"Artist"_s, groupOf(id, idsInArtist)),
+                        .album = numbered(u"Album"_s, groupOf(id, idsInAlbum)),
                         .artworkKey = {},
                         .isExplicit = id.value % 70 == 0,
                         .isAvailable = id.value % 130 != 0});
@@ -127,39 +120,19 @@ GroupIndex SyntheticLibrary::groups(std::uint64_t idsInOne) const
     return index;
 }
 
-GroupIndex SyntheticLibrary::artists() const
-{
-    return groups(idsInArtist);
-}
-GroupIndex SyntheticLibrary::albums() const
-{
-    return groups(idsInAlbum);
-}
-
-std::vector<GroupRow> SyntheticLibrary::rowsOfGroups(std::span<const GroupKey> groups, GroupNaming naming,
-                                                     std::uint64_t idsInOne) const
+std::vector<GroupRow> SyntheticLibrary::rowsOfGroups(std::span<const GroupKey> groups, std::uint64_t idsInOne)
 {
     std::vector<GroupRow> rows;
     for (const GroupKey key : groups) {
         const auto number = static_cast<std::uint64_t>(key);
-        const bool isAlbum = naming == GroupNaming::Album;
+        const bool isAlbum = idsInOne == idsInAlbum;
         GroupRow row{.key = key, .songCount = static_cast<int>(idsInOne / step)};
-        row.name = numbered(isAlbum ? QStringLiteral("Album") : QStringLiteral("Artist"), number);
+        row.name = numbered(isAlbum ? u"Album"_s : u"Artist"_s, number);
         if (isAlbum)
-            row.artist = numbered(QStringLiteral("Artist"), (number - 1) / (idsInArtist / idsInAlbum) + 1);
+            row.artist = numbered(u"Artist"_s, (number - 1) / (idsInArtist / idsInAlbum) + 1);
         rows.push_back(std::move(row));
     }
     return rows;
-}
-
-std::vector<GroupRow> SyntheticLibrary::artistRows(std::span<const GroupKey> artists) const
-{
-    return rowsOfGroups(artists, GroupNaming::Artist, idsInArtist);
-}
-
-std::vector<GroupRow> SyntheticLibrary::albumRows(std::span<const GroupKey> albums) const
-{
-    return rowsOfGroups(albums, GroupNaming::Album, idsInAlbum);
 }
 
 std::optional<MediaItem> SyntheticLibrary::song(PersistentID id) const

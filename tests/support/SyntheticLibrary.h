@@ -28,23 +28,32 @@ public:
     std::function<void(const SongScope &)> beforeSongs;
     std::function<void(std::span<const PersistentID>)> beforeRows;
 
-    [[nodiscard]] qsizetype songCount() const override;
+    [[nodiscard]] qsizetype songCount() const override { return std::ssize(allSongs()); }
     [[nodiscard]] SongIndex songs(const SongScope &scope) const override;
     [[nodiscard]] std::vector<SongRow> songRows(std::span<const PersistentID> ids) const override;
-    [[nodiscard]] GroupIndex artists() const override;
-    [[nodiscard]] GroupIndex albums() const override;
-    [[nodiscard]] std::vector<GroupRow> artistRows(std::span<const GroupKey> artists) const override;
-    [[nodiscard]] std::vector<GroupRow> albumRows(std::span<const GroupKey> albums) const override;
+    [[nodiscard]] GroupIndex artists() const override { return groups(idsInArtist); }
+    [[nodiscard]] GroupIndex albums() const override { return groups(idsInAlbum); }
+    [[nodiscard]] std::vector<GroupRow> artistRows(std::span<const GroupKey> artists) const override
+    {
+        return rowsOfGroups(artists, idsInArtist);
+    }
+    [[nodiscard]] std::vector<GroupRow> albumRows(std::span<const GroupKey> albums) const override
+    {
+        return rowsOfGroups(albums, idsInAlbum);
+    }
 
     using ListedLibrary::songs;
     [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override;
 
 private:
-    enum class GroupNaming { Artist, Album };
+    static constexpr std::uint64_t step = 10;
+    static constexpr std::uint64_t idsInAlbum = 10 * step;
+    static constexpr std::uint64_t idsInArtist = 100 * step;
+
     [[nodiscard]] std::vector<PersistentID> allSongs() const;
     [[nodiscard]] GroupIndex groups(std::uint64_t idsInOne) const;
-    [[nodiscard]] std::vector<GroupRow> rowsOfGroups(std::span<const GroupKey> groups, GroupNaming naming,
-                                                     std::uint64_t idsInOne) const;
+    [[nodiscard]] static std::vector<GroupRow> rowsOfGroups(std::span<const GroupKey> groups,
+                                                            std::uint64_t idsInOne);
 
     mutable std::mutex m_mutex;
     std::vector<PersistentID> m_songs;

@@ -9,6 +9,8 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
+using namespace Qt::StringLiterals;
+
 WebServer::WebServer(Answer answer, const QSslConfiguration &tls)
     : m_answer(std::move(answer))
 {
@@ -31,10 +33,8 @@ WebServer::~WebServer() = default;
 QUrl WebServer::address(const QString &path) const
 {
     const bool isTls = qobject_cast<QSslServer *>(m_server.get());
-    return QUrl(QStringLiteral("%1://127.0.0.1:%2%3")
-                    .arg(isTls ? QStringLiteral("https") : QStringLiteral("http"))
-                    .arg(m_server->serverPort())
-                    .arg(path));
+    return QUrl(
+        u"%1://127.0.0.1:%2%3"_s.arg(isTls ? u"https"_s : u"http"_s).arg(m_server->serverPort()).arg(path));
 }
 
 void WebServer::serve(QTcpSocket *socket)
@@ -59,15 +59,12 @@ void WebServer::reply(QTcpSocket &socket, const QByteArray &statusAndHeaders, co
 
 QSslConfiguration selfSigned(const QString &folder)
 {
-    const QString key = folder + QStringLiteral("/key.pem");
-    const QString certificate = folder + QStringLiteral("/certificate.pem");
-    QProcess::execute(QStringLiteral("openssl"),
-                      {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
-                       QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
-                       QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-keyout"), key,
-                       QStringLiteral("-out"), certificate, QStringLiteral("-days"), QStringLiteral("2"),
-                       QStringLiteral("-subj"), QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-addext"),
-                       QStringLiteral("subjectAltName=IP:127.0.0.1")});
+    const QString key = folder + u"/key.pem"_s;
+    const QString certificate = folder + u"/certificate.pem"_s;
+    QProcess::execute(u"openssl"_s, {u"req"_s, u"-x509"_s, u"-nodes"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
+                                     u"ec_paramgen_curve:prime256v1"_s, u"-keyout"_s, key, u"-out"_s,
+                                     certificate, u"-days"_s, u"2"_s, u"-subj"_s, u"/CN=127.0.0.1"_s,
+                                     u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s});
     QFile keyFile(key);
     QSslConfiguration tls;
     if (keyFile.open(QIODevice::ReadOnly))

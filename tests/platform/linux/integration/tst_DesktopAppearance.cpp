@@ -16,6 +16,7 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 using Spaces = QMap<QString, QVariantMap>;
@@ -36,22 +37,19 @@ static QDBusArgument &operator<<(QDBusArgument &argument, const Rgb &c)
     return argument;
 }
 
-static const QDBusArgument &operator>>(const QDBusArgument &argument, Rgb &c)
+static const QDBusArgument &operator>>(const QDBusArgument &argument, Rgb &)
 {
-    argument.beginStructure();
-    argument >> c.red >> c.green >> c.blue;
-    argument.endStructure();
-    return argument;
+    return argument; // it is only sent
 }
 
 namespace {
 
-const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString gnome = QStringLiteral("org.gnome.desktop.interface");
-const QString gnomeAccessibility = QStringLiteral("org.gnome.desktop.a11y.interface");
-const QString kde = QStringLiteral("org.kde.kdeglobals.KDE");
-const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString portalName = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString gnome = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccessibility = u"org.gnome.desktop.a11y.interface"_s;
+const QString kde = u"org.kde.kdeglobals.KDE"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 
 /// A portal that answers with what it is given, on a connection of its own.
 class Portal : public QObject
@@ -70,8 +68,8 @@ public:
 
     void change(const QString &space, const QString &key, const QVariant &value)
     {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            portalPath, QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+        QDBusMessage signal =
+            QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
         m_bus.send(signal << space << key << QVariant::fromValue(QDBusVariant(value)));
     }
 
@@ -79,16 +77,14 @@ public Q_SLOTS:
     Spaces ReadAll(const QStringList &spaces)
     {
         Spaces answer;
-        for (const QString &space : spaces) {
+        for (const QString &space : spaces)
             if (m_settings.contains(space))
                 answer.insert(space, m_settings.value(space));
-        }
         return answer;
     }
 
 private:
-    QDBusConnection m_bus =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"portal"_s);
     Spaces m_settings;
 };
 
@@ -114,82 +110,58 @@ private Q_SLOTS:
         qDBusRegisterMetaType<Rgb>();
     }
     // Not sooner: the thread of the bus would look at the portal while that goes.
-    void cleanup() { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
+    void cleanup() { QDBusConnection::disconnectFromBus(u"portal"_s); }
     void init()
     {
-        m_file = std::make_unique<QSettings>(m_folder.filePath(QStringLiteral("device.ini")),
-                                             QSettings::IniFormat);
+        m_file = std::make_unique<QSettings>(m_folder.filePath(u"device.ini"_s), QSettings::IniFormat);
         m_file->clear();
         m_settings = std::make_unique<StoredDeviceSettings>(*m_file);
         qunsetenv("XDG_CURRENT_DESKTOP");
     }
 
-    void readsWhatTheDesktopSays_data()
-    {
-        QTest::addColumn<DesktopSettings>("said");
-        QTest::addColumn<DesktopLook>("expected");
-        const auto key = [](const QString &space, const char *name) {
-            return std::pair(space, QString::fromLatin1(name));
-        };
-        const auto row = [](const char *name, const DesktopSettings &said, const DesktopLook &expected) {
-            QTest::newRow(name) << said << expected;
-        };
-        row("nothing", {}, {});
-        row("dark", {{key(appearance, "color-scheme"), 1u}}, {.isDark = true});
-        row("light", {{key(appearance, "color-scheme"), 2u}}, {.isDark = false});
-        row("GNOME's light", {{key(appearance, "color-scheme"), 0u}}, {.isDark = false});
-        row("GNOME's word only", {{key(gnome, "color-scheme"), QStringLiteral("prefer-dark")}},
-            {.isDark = true});
-        row("scheme of a wrong type", {{key(appearance, "color-scheme"), QStringLiteral("1")}}, {});
-        row("contrast", {{key(appearance, "contrast"), 1u}}, {.prefersHighContrast = true});
-        row("GNOME's contrast", {{key(gnomeAccessibility, "high-contrast"), true}},
-            {.prefersHighContrast = true});
-        row("motion", {{key(appearance, "reduced-motion"), 1u}}, {.prefersReducedMotion = true});
-        row("GNOME's motion", {{key(gnome, "enable-animations"), false}}, {.prefersReducedMotion = true});
-        row("KDE's motion", {{key(kde, "AnimationDurationFactor"), QStringLiteral("0")}},
-            {.prefersReducedMotion = true});
-        row("KDE's usual speed", {{key(kde, "AnimationDurationFactor"), QStringLiteral("0.7")}}, {});
-        row("KDE says no number", {{key(kde, "AnimationDurationFactor"), QString()}}, {});
-        row("text scale", {{key(gnome, "text-scaling-factor"), 1.25}},
-            {.textSize = TextSize::ExtraExtraLarge});
-        row("text scale of a wrong type", {{key(gnome, "text-scaling-factor"), QStringLiteral("2")}}, {});
-        row("accent", {{key(appearance, "accent-color"), QColor(Qt::blue)}}, {.accent = QColor(Qt::blue)});
-        row("accent that is none", {{key(appearance, "accent-color"), QVariant()}}, {});
-    }
     void readsWhatTheDesktopSays()
     {
-        QFETCH(DesktopSettings, said);
-        QFETCH(DesktopLook, expected);
-        QVERIFY(desktopLook(said) == expected);
+        const std::tuple<QString, QString, QVariant, DesktopLook> rows[]{
+            {appearance, u"color-scheme"_s, 1u, {.isDark = true}},
+            {appearance, u"color-scheme"_s, 2u, {.isDark = false}},
+            {appearance, u"color-scheme"_s, 0u, {.isDark = false}},
+            {gnome, u"color-scheme"_s, u"prefer-dark"_s, {.isDark = true}},
+            {appearance, u"color-scheme"_s, u"1"_s, {}},
+            {appearance, u"contrast"_s, 1u, {.prefersHighContrast = true}},
+            {gnomeAccessibility, u"high-contrast"_s, true, {.prefersHighContrast = true}},
+            {appearance, u"reduced-motion"_s, 1u, {.prefersReducedMotion = true}},
+            {gnome, u"enable-animations"_s, false, {.prefersReducedMotion = true}},
+            {kde, u"AnimationDurationFactor"_s, u"0"_s, {.prefersReducedMotion = true}},
+            {kde, u"AnimationDurationFactor"_s, u"0.7"_s, {}},
+            {kde, u"AnimationDurationFactor"_s, QString(), {}},
+            {gnome, u"text-scaling-factor"_s, 1.25, {.textSize = TextSize::ExtraExtraLarge}},
+            {gnome, u"text-scaling-factor"_s, u"2"_s, {}},
+            {appearance, u"accent-color"_s, QColor(Qt::blue), {.accent = QColor(Qt::blue)}},
+            {appearance, u"accent-color"_s, QVariant(), {}},
+        };
+        QVERIFY(desktopLook({}) == DesktopLook());
+        for (const auto &[space, key, value, look] : rows)
+            QVERIFY2(desktopLook({{{space, key}, value}}) == look, qPrintable(key));
     }
 
-    void choosesTheNearestTextSize_data()
-    {
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<TextSize>("size");
-        QTest::newRow("usual") << 1.0 << TextSize::Large;
-        QTest::newRow("tiny") << 0.5 << TextSize::ExtraSmall;
-        QTest::newRow("a little more") << 1.05 << TextSize::Large;
-        QTest::newRow("more") << 1.1 << TextSize::ExtraLarge;
-        QTest::newRow("one and a half") << 1.5 << TextSize::Accessibility1;
-        QTest::newRow("double") << 2.0 << TextSize::Accessibility2;
-        QTest::newRow("huge") << 9.0 << TextSize::Accessibility5;
-        QTest::newRow("zero") << 0.0 << TextSize::Large;
-        QTest::newRow("negative") << -1.0 << TextSize::Large;
-        QTest::newRow("no number") << qQNaN() << TextSize::Large;
-    }
     void choosesTheNearestTextSize()
     {
-        QFETCH(double, scale);
-        QTEST(textSizeForScale(scale), "size");
+        QCOMPARE(textSizeForScale(1.0), TextSize::Large);
+        QCOMPARE(textSizeForScale(0.5), TextSize::ExtraSmall);
+        QCOMPARE(textSizeForScale(1.05), TextSize::Large);
+        QCOMPARE(textSizeForScale(1.1), TextSize::ExtraLarge);
+        QCOMPARE(textSizeForScale(1.5), TextSize::Accessibility1);
+        QCOMPARE(textSizeForScale(2.0), TextSize::Accessibility2);
+        QCOMPARE(textSizeForScale(9.0), TextSize::Accessibility5);
+        for (const double scale : {0.0, -1.0, qQNaN()})
+            QCOMPARE(textSizeForScale(scale), TextSize::Large);
     }
 
     void followsThePortal()
     {
         Portal portal({{appearance,
-                        {{QStringLiteral("color-scheme"), 1u},
-                         {QStringLiteral("accent-color"), QVariant::fromValue(Rgb{0, 0.5, 1})}}},
-                       {gnome, {{QStringLiteral("text-scaling-factor"), inVariant(1.25)}}}});
+                        {{u"color-scheme"_s, 1u}, {u"accent-color"_s, QVariant::fromValue(Rgb{0, 0.5, 1})}}},
+                       {gnome, {{u"text-scaling-factor"_s, inVariant(1.25)}}}});
         const DesktopAppearance look(*m_settings);
         QVERIFY(!look.isDark()); // nobody has waited for the answer
         QTRY_VERIFY(look.isDark());
@@ -197,12 +169,12 @@ private Q_SLOTS:
         QCOMPARE(look.accent(), std::optional(QColor::fromRgbF(0, 0.5F, 1)));
 
         QSignalSpy changes(&look, &Appearance::appearanceDidChange);
-        portal.change(appearance, QStringLiteral("color-scheme"), 2u);
+        portal.change(appearance, u"color-scheme"_s, 2u);
         QTRY_VERIFY(!look.isDark());
-        portal.change(appearance, QStringLiteral("accent-color"), QVariant::fromValue(Rgb{-1, -1, -1}));
+        portal.change(appearance, u"accent-color"_s, QVariant::fromValue(Rgb{-1, -1, -1}));
         QTRY_COMPARE(look.accent(), std::nullopt);
-        portal.change(gnome, QStringLiteral("font-name"), QStringLiteral("Sans 11"));
-        portal.change(gnome, QStringLiteral("enable-animations"), inVariant(false));
+        portal.change(gnome, u"font-name"_s, u"Sans 11"_s);
+        portal.change(gnome, u"enable-animations"_s, inVariant(false));
         QTRY_VERIFY(look.prefersReducedMotion());
         QCOMPARE(changes.size(), 3); // the font changes nothing here
     }
@@ -212,7 +184,7 @@ private Q_SLOTS:
         const QPalette before = QGuiApplication::palette();
         QGuiApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white,
                                              Qt::white, Qt::black, Qt::black));
-        const DesktopAppearance look(*m_settings, QDBusConnection(QStringLiteral("no such bus")));
+        const DesktopAppearance look(*m_settings, QDBusConnection(u"no such bus"_s));
         QGuiApplication::setPalette(before);
         QVERIFY(look.isDark());
         QCOMPARE(look.textSize(), TextSize::Large);
@@ -221,20 +193,19 @@ private Q_SLOTS:
 
     void readsKdesAnimationSpeed()
     {
-        QFile globals(m_folder.filePath(QStringLiteral("kdeglobals")));
+        QFile globals(m_folder.filePath(u"kdeglobals"_s));
         QVERIFY(globals.open(QIODevice::WriteOnly));
         globals.write("[General]\nColorScheme=BreezeLight\n\n[KDE]\nAnimationDurationFactor=0\n");
         globals.close();
         qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
         qputenv("XDG_CURRENT_DESKTOP", "KDE");
-        const DesktopAppearance look(*m_settings, QDBusConnection(QStringLiteral("no such bus")));
+        const DesktopAppearance look(*m_settings, QDBusConnection(u"no such bus"_s));
         QTRY_VERIFY(look.prefersReducedMotion());
     }
 
     void theUsersOwnChoiceComesFirst()
     {
-        Portal portal({{appearance, {{QStringLiteral("color-scheme"), 1u}}},
-                       {gnome, {{QStringLiteral("enable-animations"), false}}}});
+        Portal portal({{appearance, {{u"color-scheme"_s, 1u}}}, {gnome, {{u"enable-animations"_s, false}}}});
         const DesktopAppearance look(*m_settings);
         QTRY_VERIFY(look.isDark() && look.prefersReducedMotion());
 
@@ -256,16 +227,16 @@ private Q_SLOTS:
             .theme = ThemeChoice::Dark, .textSize = TextSize::ExtraSmall, .motion = MotionChoice::Reduced};
         m_settings->setAppearance(choices);
         m_settings->setMicrophoneAccess(AccessChoice::Denied);
-        m_settings->setIgnoredPlayers({QStringLiteral("vlc"), QStringLiteral("mpv"), QStringLiteral("vlc")});
+        m_settings->setIgnoredPlayers({u"vlc"_s, u"mpv"_s, u"vlc"_s});
         m_file->sync();
         QSettings again(m_file->fileName(), QSettings::IniFormat);
         const StoredDeviceSettings reread(again);
         QCOMPARE(reread.appearance(), choices);
         QCOMPARE(reread.microphoneAccess(), AccessChoice::Denied);
-        QCOMPARE(reread.ignoredPlayers(), QStringList({QStringLiteral("mpv"), QStringLiteral("vlc")}));
+        QCOMPARE(reread.ignoredPlayers(), QStringList({u"mpv"_s, u"vlc"_s}));
 
-        again.setValue(QStringLiteral("Appearance/Theme"), QStringLiteral("purple"));
-        again.setValue(QStringLiteral("Appearance/TextSize"), 99);
+        again.setValue(u"Appearance/Theme"_s, u"purple"_s);
+        again.setValue(u"Appearance/TextSize"_s, 99);
         QCOMPARE(reread.appearance(), (AppearanceChoices{.motion = MotionChoice::Reduced}));
     }
 };

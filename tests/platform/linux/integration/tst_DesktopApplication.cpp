@@ -9,12 +9,13 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using Standing = DesktopApplication::Standing;
 
 namespace {
 
-const QString name = QStringLiteral("org.example.desk-top");
+const QString name = u"org.example.desk-top"_s;
 
 /// One start of the program: it has a connection of its own.
 struct Start
@@ -39,7 +40,7 @@ struct Start
         const auto note = [this](const QString &what) {
             events << what + u' ' + qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
         };
-        application.setRequests({.activate = [note] { note(QStringLiteral("activate")); },
+        application.setRequests({.activate = [note] { note(u"activate"_s); },
                                  .open = [note](const QStringList &a) { note(a.join(u' ')); },
                                  .activateAction = note});
     }
@@ -65,36 +66,34 @@ private Q_SLOTS:
         QCOMPARE(first.run(), Standing::Running);
         Start second("second");
         // Nobody carries anything out yet: it has to wait.
-        QCOMPARE(second.run({QStringLiteral("https://a/?i=1"), QStringLiteral("file:///b%FF")}),
-                 Standing::HandedOver);
+        QCOMPARE(second.run({u"https://a/?i=1"_s, u"file:///b%FF"_s}), Standing::HandedOver);
         QCOMPARE(first.events, QStringList());
         first.listen();
-        QCOMPARE(first.events, QStringList(QStringLiteral("https://a/?i=1 file:///b%FF ")));
+        QCOMPARE(first.events, QStringList(u"https://a/?i=1 file:///b%FF "_s));
 
         qputenv("XDG_ACTIVATION_TOKEN", "token");
         QCOMPARE(second.run(), Standing::HandedOver);
-        QCOMPARE(first.events.last(), QStringLiteral("activate token"));
+        QCOMPARE(first.events.last(), u"activate token"_s);
         QVERIFY(qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN"));
 
         const QDBusMessage action =
-            QDBusMessage::createMethodCall(name, QStringLiteral("/org/example/desk_top"),
-                                           QStringLiteral("org.freedesktop.Application"),
-                                           QStringLiteral("ActivateAction"))
-            << QStringLiteral("Act") << QVariantList() << QVariantMap();
+            QDBusMessage::createMethodCall(name, u"/org/example/desk_top"_s, u"org.freedesktop.Application"_s,
+                                           u"ActivateAction"_s)
+            << u"Act"_s << QVariantList() << QVariantMap();
         second.bus.asyncCall(action);
-        QTRY_COMPARE(first.events.last(), QStringLiteral("Act "));
+        QTRY_COMPARE(first.events.last(), u"Act "_s);
     }
 
     void goesOnWhereNobodyAnswers()
     {
         Start third("third");
-        auto holder = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("holder"));
+        auto holder = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"holder"_s);
         QVERIFY(holder.registerService(name)); // it has the name, and knows nothing of the interface
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("handing over")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"handing over"_s));
         QCOMPARE(third.run(), Standing::Running);
-        QDBusConnection::disconnectFromBus(QStringLiteral("holder"));
+        QDBusConnection::disconnectFromBus(u"holder"_s);
 
-        DesktopApplication alone(name, QDBusConnection(QStringLiteral("no bus")));
+        DesktopApplication alone(name, QDBusConnection(u"no bus"_s));
         std::optional<Standing> standing;
         alone.start({}, [&](Standing answer) { standing = answer; });
         QTRY_COMPARE(standing, Standing::Running);
@@ -115,13 +114,13 @@ private Q_SLOTS:
         first.start();
         auto *bus = QDBusConnection::sessionBus().interface();
         QTRY_VERIFY(bus->isServiceRegistered(QStringLiteral(TRACKWISE_APP_ID)));
-        second.setArguments({QStringLiteral("https://example.org/?i=1")});
+        second.setArguments({u"https://example.org/?i=1"_s});
         second.start();
         QVERIFY(second.waitForFinished());
         QCOMPARE(second.exitCode(), 0);
         QCOMPARE(first.state(), QProcess::Running);
         // Another library is another matter.
-        second.setArguments({QStringLiteral("--library"), home.filePath(QStringLiteral("other.db"))});
+        second.setArguments({u"--library"_s, home.filePath(u"other.db"_s)});
         second.start();
         QVERIFY(!second.waitForFinished(500));
         for (QProcess *program : {&first, &second}) {

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_SystemTimeZone : public QObject
@@ -18,16 +19,16 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const auto replaceLink = [&](const char *zone) {
             qputenv("TZ", zone);
-            return QFile::link(QStringLiteral("/nowhere"), folder.filePath(QString::fromLatin1(zone).mid(5)));
+            return QFile::link(u"/nowhere"_s, folder.filePath(QString::fromLatin1(zone).mid(5)));
         };
         qputenv("TZ", "Europe/Berlin");
         const SystemTimeZone system(folder.path());
         QSignalSpy changes(&system, &SystemTimeZone::zoneDidChange);
         QVERIFY(replaceLink("Asia/Tokyo"));
-        QTRY_COMPARE(system.zone().id(), QByteArray("Asia/Tokyo"));
-        QVERIFY(QFile::remove(folder.filePath(QStringLiteral("Tokyo")))); // something else in the folder
+        QTRY_COMPARE(system.zone().id(), "Asia/Tokyo"_ba);
+        QVERIFY(QFile::remove(folder.filePath(u"Tokyo"_s))); // something else in the folder
         QVERIFY(replaceLink("Asia/Seoul"));
-        QTRY_COMPARE(system.zone().id(), QByteArray("Asia/Seoul"));
+        QTRY_COMPARE(system.zone().id(), "Asia/Seoul"_ba);
         QCOMPARE(changes.size(), 2);
     }
 };

@@ -4,10 +4,12 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace trackwise {
 
 LibraryFixture::LibraryFixture(std::vector<QByteArray> musicFolders)
-    : m_settings(m_folder.filePath(QStringLiteral("device.ini")), QSettings::IniFormat)
+    : m_settings(m_folder.filePath(u"device.ini"_s), QSettings::IniFormat)
 {
     LibraryConfiguration configuration;
     configuration.databasePath = databasePath();
@@ -20,7 +22,7 @@ LibraryFixture::LibraryFixture(std::vector<QByteArray> musicFolders)
 
 QByteArray LibraryFixture::databasePath() const
 {
-    return QFile::encodeName(m_folder.filePath(QStringLiteral("library.sqlite")));
+    return QFile::encodeName(m_folder.filePath(u"library.sqlite"_s));
 }
 
 PersistentID LibraryFixture::add(SongTags tags)

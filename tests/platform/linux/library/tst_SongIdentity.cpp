@@ -10,112 +10,102 @@
 using namespace trackwise;
 using namespace std::chrono_literals;
 
-namespace {
-using Step = std::function<void(const WavFolder &)>;
-
-/// What is done to the files "a/one.wav" (sound 1) and "a/two.wav" (sound 2), and where the songs are then;
-/// empty: nowhere.
-struct Change
-{
-    Step step;
-    QByteArray one;
-    QByteArray two;
-};
-} // namespace
-
-Q_DECLARE_METATYPE(Change)
-
 class tst_SongIdentity : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void followsTheSound_data()
-    {
-        QTest::addColumn<Change>("change");
-        const auto row = [](const char *name, const QByteArray &one, const QByteArray &two, Step step) {
-            QTest::newRow(name) << Change{std::move(step), one, two};
-        };
-        row("nothing", "a/one.wav", "a/two.wav", [](const WavFolder &) {});
-        row("retagged in place", "a/one.wav", "a/two.wav",
-            [](const WavFolder &music) { music.write("a/one.wav", 1, "Another Title", "Zoe"); });
-        row("retagged through a new file", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
-            music.write("a/new.tmp", 1, "Another Title", "Zoe");
-            music.move("a/new.tmp", "a/one.wav");
-        });
-        row("renamed", "a/zzz.wav", "a/two.wav",
-            [](const WavFolder &music) { music.move("a/one.wav", "a/zzz.wav"); });
-        row("renamed and retagged", "a/zzz.wav", "a/two.wav", [](const WavFolder &music) {
-            music.move("a/one.wav", "a/zzz.wav");
-            music.write("a/zzz.wav", 1, "Another Title");
-        });
-        row("moved to another folder", "b/c/one.wav", "a/two.wav",
-            [](const WavFolder &music) { music.move("a/one.wav", "b/c/one.wav"); });
-        row("folder renamed", "0/one.wav", "0/two.wav", [](const WavFolder &music) { music.move("a", "0"); });
-        row("copied elsewhere and deleted", "b/one.wav", "a/two.wav", [](const WavFolder &music) {
-            music.copy("a/one.wav", "b/one.wav");
-            music.remove("a/one.wav");
-        });
-        row("names swapped", "a/two.wav", "a/one.wav", [](const WavFolder &music) {
-            music.move("a/one.wav", "a/x");
-            music.move("a/two.wav", "a/one.wav");
-            music.move("a/x", "a/two.wav");
-        });
-        row("contents swapped", "a/two.wav", "a/one.wav", [](const WavFolder &music) {
-            music.write("a/one.wav", 2, "Two");
-            music.write("a/two.wav", 1, "One");
-        });
-        row("moved over the other", "a/two.wav", "",
-            [](const WavFolder &music) { music.move("a/one.wav", "a/two.wav"); });
-        row("better copy under the same name", "a/one.wav", "a/two.wav",
-            [](const WavFolder &music) { music.write("a/one.wav", 77, "ONE", "ann"); });
-        row("another song under the same name", "", "a/two.wav",
-            [](const WavFolder &music) { music.write("a/one.wav", 77, "Something Else"); });
-        row("copied", "a/one.wav", "a/two.wav",
-            [](const WavFolder &music) { music.copy("a/one.wav", "a/0 copy.wav"); });
-        row("linked hard", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
-            std::filesystem::create_hard_link(music.path("a/one.wav").toStdString(),
-                                              music.path("a/0 link.wav").toStdString());
-        });
-        row("kept as a backup beside a new file", "a/one.wav", "a/two.wav", [](const WavFolder &music) {
-            music.move("a/one.wav", "a/0 backup.wav");
-            music.write("a/one.wav", 1, "Another Title");
-        });
-        row("deleted", "", "a/two.wav", [](const WavFolder &music) { music.remove("a/one.wav"); });
-    }
     void followsTheSound()
     {
-        QFETCH(Change, change);
-        const WavFolder music;
-        music.write("a/one.wav", 1, "One");
-        music.write("a/two.wav", 2, "Two");
-        LibraryFixture fixture({music.root()});
-        QCOMPARE(fixture.scan().songsRead, 2);
-        const PersistentID one = fixture.idAt(music.path("a/one.wav"));
-        const PersistentID two = fixture.idAt(music.path("a/two.wav"));
-        QVERIFY(one.isInLibrary() && two.isInLibrary() && one != two);
-        QVERIFY(fixture.store().recordPlay(one, Instant(5s)));
+        // What is done to the files "a/one.wav" and "a/two.wav", and where the songs are then; empty:
+        // nowhere.
+        const std::tuple<const char *, const char *, const char *, void (*)(const WavFolder &)> rows[]{
+            {"nothing", "a/one.wav", "a/two.wav", [](const WavFolder &) {}},
+            {"retagged in place", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 1, "Another Title", "Zoe"); }},
+            {"retagged through a new file", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.write("a/new.tmp", 1, "Another Title", "Zoe");
+                 m.move("a/new.tmp", "a/one.wav");
+             }},
+            {"renamed", "a/zzz.wav", "a/two.wav",
+             [](const WavFolder &m) { m.move("a/one.wav", "a/zzz.wav"); }},
+            {"renamed and retagged", "a/zzz.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/zzz.wav");
+                 m.write("a/zzz.wav", 1, "Another Title");
+             }},
+            {"moved to another folder", "b/c/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.move("a/one.wav", "b/c/one.wav"); }},
+            {"folder renamed", "0/one.wav", "0/two.wav", [](const WavFolder &m) { m.move("a", "0"); }},
+            {"copied elsewhere and deleted", "b/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.copy("a/one.wav", "b/one.wav");
+                 m.remove("a/one.wav");
+             }},
+            {"names swapped", "a/two.wav", "a/one.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/x");
+                 m.move("a/two.wav", "a/one.wav");
+                 m.move("a/x", "a/two.wav");
+             }},
+            {"contents swapped", "a/two.wav", "a/one.wav",
+             [](const WavFolder &m) {
+                 m.write("a/one.wav", 2, "Two");
+                 m.write("a/two.wav", 1, "One");
+             }},
+            {"moved over the other", "a/two.wav", "",
+             [](const WavFolder &m) { m.move("a/one.wav", "a/two.wav"); }},
+            {"better copy under the same name", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 77, "ONE", "ann"); }},
+            {"another song under the same name", "", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 77, "Something Else"); }},
+            {"copied", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.copy("a/one.wav", "a/0 copy.wav"); }},
+            {"linked hard", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 std::filesystem::create_hard_link(m.path("a/one.wav").toStdString(),
+                                                   m.path("a/0 link.wav").toStdString());
+             }},
+            {"kept as a backup beside a new file", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/0 backup.wav");
+                 m.write("a/one.wav", 1, "Another Title");
+             }},
+            {"deleted", "", "a/two.wav", [](const WavFolder &m) { m.remove("a/one.wav"); }}};
+        for (const auto &[name, oneIsAt, twoIsAt, step] : rows) {
+            const WavFolder music;
+            music.write("a/one.wav", 1, "One");
+            music.write("a/two.wav", 2, "Two");
+            LibraryFixture fixture({music.root()});
+            QCOMPARE(fixture.scan().songsRead, 2);
+            const PersistentID one = fixture.idAt(music.path("a/one.wav"));
+            const PersistentID two = fixture.idAt(music.path("a/two.wav"));
+            QVERIFY(one.isInLibrary() && two.isInLibrary() && one != two);
+            QVERIFY(fixture.store().recordPlay(one, Instant(5s)));
 
-        change.step(music);
-        QVERIFY(fixture.scan().isComplete);
+            step(music);
+            QVERIFY(fixture.scan().isComplete);
 
-        const auto check = [&](PersistentID song, const QByteArray &place) {
-            const LibrarySong found = *fixture.library().song(song);
-            if (place.isEmpty())
-                return found.availability == Availability::FileGone;
-            return found.availability == Availability::Available && found.file.path() == music.path(place);
-        };
-        QVERIFY(check(one, change.one));
-        QVERIFY(check(two, change.two));
-        QCOMPARE(fixture.library().song(one)->item.playCount, 1U);
-        QCOMPARE(fixture.library().song(one)->item.lastPlayedDate, Instant(5s));
+            const auto check = [&](PersistentID song, const QByteArray &place) {
+                const LibrarySong found = *fixture.library().song(song);
+                if (place.isEmpty())
+                    return found.availability == Availability::FileGone;
+                return found.availability == Availability::Available &&
+                       found.file.path() == music.path(place);
+            };
+            QVERIFY2(check(one, oneIsAt), name);
+            QVERIFY2(check(two, twoIsAt), name);
+            QCOMPARE(fixture.library().song(one)->item.playCount, 1U);
+            QCOMPARE(fixture.library().song(one)->item.lastPlayedDate, Instant(5s));
 
-        std::set<PersistentID> all;
-        (void)fixture.library().forEachSong(
-            [&](const LibrarySong &song) { return all.insert(song.item.persistentID).second; });
-        const LibraryStatus status = *fixture.library().status();
-        QCOMPARE(static_cast<qsizetype>(all.size()), status.available + status.fileGone);
-        QCOMPARE(fixture.scan().songsRead, 0); // all of it has been understood
+            std::set<PersistentID> all;
+            (void)fixture.library().forEachSong(
+                [&](const LibrarySong &song) { return all.insert(song.item.persistentID).second; });
+            const LibraryStatus status = *fixture.library().status();
+            QCOMPARE(static_cast<qsizetype>(all.size()), status.available + status.fileGone);
+            QCOMPARE(fixture.scan().songsRead, 0); // all of it has been understood
+        }
     }
 
     void comesBackAsItself()

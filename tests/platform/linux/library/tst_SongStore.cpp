@@ -6,6 +6,7 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -17,16 +18,16 @@ private:
     static SongTags everything()
     {
         SongTags tags;
-        tags.title = QStringLiteral("Title <b>");
-        tags.artists = {QStringLiteral("One"), QStringLiteral("Two")};
-        tags.albumTitle = QStringLiteral("Album");
-        tags.albumArtist = QStringLiteral("Album Artist");
-        tags.composer = QStringLiteral("Composer");
-        tags.genres = {QStringLiteral("Rock")};
-        tags.grouping = QStringLiteral("Grouping");
-        tags.comments = QStringLiteral("Line\nLine");
-        tags.lyrics = QStringLiteral("La la");
-        tags.releaseDate = PartialDate::fromText(QStringLiteral("2021-03"));
+        tags.title = u"Title <b>"_s;
+        tags.artists = {u"One"_s, u"Two"_s};
+        tags.albumTitle = u"Album"_s;
+        tags.albumArtist = u"Album Artist"_s;
+        tags.composer = u"Composer"_s;
+        tags.genres = {u"Rock"_s};
+        tags.grouping = u"Grouping"_s;
+        tags.comments = u"Line\nLine"_s;
+        tags.lyrics = u"La la"_s;
+        tags.releaseDate = PartialDate::fromText(u"2021-03"_s);
         tags.durationSeconds = 61.5;
         tags.ratingPercent = 70;
         tags.playCount = 7;
@@ -37,27 +38,27 @@ private:
         tags.discCount = 2;
         tags.isCompilation = true;
         tags.advisory = Advisory::Explicit;
-        tags.catalogID = QStringLiteral("1234567890");
-        tags.recordingMBID = QStringLiteral("ABCDEF00-0000-4000-a000-000000000000");
+        tags.catalogID = u"1234567890"_s;
+        tags.recordingMBID = u"ABCDEF00-0000-4000-a000-000000000000"_s;
         tags.artwork = {ArtworkSummary::Place::Embedded, "ignored", "0123456789abcdef"};
         return tags;
     }
 
 private Q_SLOTS:
-    void keepsEveryValue()
+    void keepsEveryValueAndLeavesAbsentOnesAbsent()
     {
         LibraryFixture fixture;
         const PersistentID id = fixture.add(everything());
         const MediaItem item = fixture.library().mediaLibrary().song(id).value();
-        QCOMPARE(item.title, QStringLiteral("Title <b>"));
-        QCOMPARE(item.artist, QStringLiteral("One, Two"));
-        QCOMPARE(item.albumTitle, QStringLiteral("Album"));
-        QCOMPARE(item.albumArtist, QStringLiteral("Album Artist"));
-        QCOMPARE(item.composer, QStringLiteral("Composer"));
-        QCOMPARE(item.genre, QStringLiteral("Rock"));
-        QCOMPARE(item.userGrouping, QStringLiteral("Grouping"));
-        QCOMPARE(item.comments, QStringLiteral("Line\nLine"));
-        QCOMPARE(item.lyrics, QStringLiteral("La la"));
+        QCOMPARE(item.title, u"Title <b>"_s);
+        QCOMPARE(item.artist, u"One, Two"_s);
+        QCOMPARE(item.albumTitle, u"Album"_s);
+        QCOMPARE(item.albumArtist, u"Album Artist"_s);
+        QCOMPARE(item.composer, u"Composer"_s);
+        QCOMPARE(item.genre, u"Rock"_s);
+        QCOMPARE(item.userGrouping, u"Grouping"_s);
+        QCOMPARE(item.comments, u"Line\nLine"_s);
+        QCOMPARE(item.lyrics, u"La la"_s);
         QCOMPARE(item.releaseDate, Instant(std::chrono::sys_days(std::chrono::March / 1 / 2021))); // TZ=UTC
         QCOMPARE(item.dateAddedForReal, Instant(1s));
         QVERIFY(!item.lastPlayedDate);
@@ -71,20 +72,16 @@ private Q_SLOTS:
         QCOMPARE(item.discNumber, 1U);
         QCOMPARE(item.discCount, 2U);
         QVERIFY(item.isCompilation && item.isExplicitItem);
-        QCOMPARE(item.playbackStoreID, QStringLiteral("1234567890"));
+        QCOMPARE(item.playbackStoreID, u"1234567890"_s);
         QVERIFY(item.artwork);
-        QCOMPARE(item.artwork->key(), QByteArray("0123456789abcdef"));
-    }
+        QCOMPARE(item.artwork->key(), "0123456789abcdef"_ba);
 
-    void leavesAbsentValuesAbsent()
-    {
-        LibraryFixture fixture;
-        const MediaItem item = fixture.library().song(fixture.add(SongTags()))->item;
-        QVERIFY(!item.title && !item.artist && !item.albumTitle && !item.comments && !item.releaseDate);
-        QVERIFY(item.playbackStoreID.isEmpty() && !item.artwork);
-        QCOMPARE(item.rating, 0U);
-        const PersistentID id = item.persistentID;
-        QCOMPARE(fixture.library().browser().songRows(std::span(&id, 1)).front().title, QStringLiteral("1"));
+        const MediaItem bare = fixture.library().song(fixture.add(SongTags()))->item;
+        QVERIFY(!bare.title && !bare.artist && !bare.albumTitle && !bare.comments && !bare.releaseDate);
+        QVERIFY(bare.playbackStoreID.isEmpty() && !bare.artwork);
+        QCOMPARE(bare.rating, 0U);
+        const PersistentID bareId = bare.persistentID;
+        QCOMPARE(fixture.library().browser().songRows(std::span(&bareId, 1)).front().title, u"2"_s);
     }
 
     void countsOnFromTheTags()
@@ -106,11 +103,10 @@ private Q_SLOTS:
     void findsExactlyInOrderOfAddition()
     {
         LibraryFixture fixture;
-        const auto text = [](const char *t) { return QString::fromUtf8(t); };
-        const PersistentID first = fixture.add(text("Fire"), text("Ann"), text("One"));
-        const PersistentID second = fixture.add(text("Fire"), text("Ann"), text("Two"));
-        const PersistentID shouted = fixture.add(text("FIRE"), text("ANN"), text("Three"));
-        fixture.add(text("Fire"), text("Bob"), text("Two"));
+        const PersistentID first = fixture.add(u"Fire"_s, u"Ann"_s, u"One"_s);
+        const PersistentID second = fixture.add(u"Fire"_s, u"Ann"_s, u"Two"_s);
+        const PersistentID shouted = fixture.add(u"FIRE"_s, u"ANN"_s, u"Three"_s);
+        fixture.add(u"Fire"_s, u"Bob"_s, u"Two"_s);
         const MediaLibrary &library = fixture.library().mediaLibrary();
         const auto ids = [&](const SongQuery &query) {
             std::vector<PersistentID> found;
@@ -118,14 +114,14 @@ private Q_SLOTS:
                 found.push_back(item.persistentID);
             return found;
         };
-        QCOMPARE(ids({text("Fire"), text("Ann"), {}}), (std::vector{first, second}));
-        QCOMPARE(ids({text("Fire"), text("Ann"), text("Two")}), std::vector{second});
-        QCOMPARE(ids({text("Fire"), {}, text("Two")}).size(), 2U);
-        QCOMPARE(ids({text("fire"), text("Ann"), {}}), std::vector<PersistentID>());
-        QCOMPARE(ids({{}, text("Bob"), {}}).size(), 1U);
-        QCOMPARE(library.songIgnoringCase(text("fIRE"), text("aNN"))->persistentID, first);
-        QCOMPARE(library.songIgnoringCase(text("FIRE"), text("ANN"))->persistentID, first);
-        QVERIFY(!library.songIgnoringCase(text("Fíre"), text("Ann")));
+        QCOMPARE(ids({u"Fire"_s, u"Ann"_s, {}}), (std::vector{first, second}));
+        QCOMPARE(ids({u"Fire"_s, u"Ann"_s, u"Two"_s}), std::vector{second});
+        QCOMPARE(ids({u"Fire"_s, {}, u"Two"_s}).size(), 2U);
+        QCOMPARE(ids({u"fire"_s, u"Ann"_s, {}}), std::vector<PersistentID>());
+        QCOMPARE(ids({{}, u"Bob"_s, {}}).size(), 1U);
+        QCOMPARE(library.songIgnoringCase(u"fIRE"_s, u"aNN"_s)->persistentID, first);
+        QCOMPARE(library.songIgnoringCase(u"FIRE"_s, u"ANN"_s)->persistentID, first);
+        QVERIFY(!library.songIgnoringCase(u"Fíre"_s, u"Ann"_s));
         QVERIFY(shouted.isInLibrary());
     }
 
@@ -136,13 +132,13 @@ private Q_SLOTS:
         const SongMatching &matching = fixture.library().matching();
         QCOMPARE(matching.idOfPath("/music/1.flac"), id);
         QCOMPARE(matching.idOfFile({1, 1}), id);
-        QCOMPARE(matching.idOfCatalogID(QStringLiteral("1234567890")), id);
-        QCOMPARE(matching.idOfMusicBrainzID(QStringLiteral("abcdef00-0000-4000-A000-000000000000")), id);
-        QCOMPARE(matching.songsTitled(QStringLiteral("title <b>"), 5).size(), 1U);
-        QCOMPARE(matching.songsTitled(QStringLiteral("title b"), 5).size(), 0U);
-        const auto prefixed = matching.songsWithTitlePrefix(QStringLiteral("tit"), 5);
+        QCOMPARE(matching.idOfCatalogID(u"1234567890"_s), id);
+        QCOMPARE(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-A000-000000000000"_s), id);
+        QCOMPARE(matching.songsTitled(u"title <b>"_s, 5).size(), 1U);
+        QCOMPARE(matching.songsTitled(u"title b"_s, 5).size(), 0U);
+        const auto prefixed = matching.songsWithTitlePrefix(u"tit"_s, 5);
         QCOMPARE(prefixed.size(), 1U);
-        QCOMPARE(prefixed.front().foldedArtist, QStringLiteral("one, two"));
+        QCOMPARE(prefixed.front().foldedArtist, u"one, two"_s);
         QCOMPARE(prefixed.front().length, 61500ms);
         QVERIFY(!matching.idOfPath("/music/other.flac"));
     }
@@ -160,22 +156,21 @@ private Q_SLOTS:
         };
         const MediaLibrary &library = fixture.library().mediaLibrary();
         const SongMatching &matching = fixture.library().matching();
-        const auto text = [](const char *t) { return QString::fromUtf8(t); };
         const auto first = [](const std::vector<MediaItem> &items) {
             return items.empty() ? std::nullopt : std::optional(items.front());
         };
         const auto answers = [&] {
             std::set<PersistentID> given;
             for (const std::optional<MediaItem> &item :
-                 {first(library.songs({text("Title <b>"), text("One, Two"), {}}, 9)),
-                  first(library.songs({text("Title <b>"), {}, text("Album")}, 9)),
-                  first(library.songs({text("Title <b>"), {}, {}}, 9)),
-                  first(library.songs({{}, {}, text("Album")}, 9)),
-                  library.songIgnoringCase(text("TITLE <B>"), text("ONE, TWO")),
-                  library.songWithCatalogID(text("1234567890"))})
+                 {first(library.songs({u"Title <b>"_s, u"One, Two"_s, {}}, 9)),
+                  first(library.songs({u"Title <b>"_s, {}, u"Album"_s}, 9)),
+                  first(library.songs({u"Title <b>"_s, {}, {}}, 9)),
+                  first(library.songs({{}, {}, u"Album"_s}, 9)),
+                  library.songIgnoringCase(u"TITLE <B>"_s, u"ONE, TWO"_s),
+                  library.songWithCatalogID(u"1234567890"_s)})
                 given.insert(item ? item->persistentID : PersistentID{});
-            given.insert(matching.idOfCatalogID(text("1234567890")).value_or(PersistentID{}));
-            given.insert(matching.idOfMusicBrainzID(text("abcdef00-0000-4000-a000-000000000000"))
+            given.insert(matching.idOfCatalogID(u"1234567890"_s).value_or(PersistentID{}));
+            given.insert(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-a000-000000000000"_s)
                              .value_or(PersistentID{}));
             return given;
         };
@@ -184,7 +179,7 @@ private Q_SLOTS:
         set(1, Availability::DiskAbsent);
         set(2, Availability::FileGone);
         QCOMPARE(answers(), Answers{ids[2]}); // it is there
-        QCOMPARE(library.songs({text("Title <b>"), {}, {}}, 9).size(), 2U);
+        QCOMPARE(library.songs({u"Title <b>"_s, {}, {}}, 9).size(), 2U);
         set(3, Availability::FileGone);
         QCOMPARE(answers(), Answers{ids[0]}); // its disk is absent
         QCOMPARE(matching.idOfPath("/music/1.flac"), ids[0]);
@@ -198,29 +193,28 @@ private Q_SLOTS:
     void listsInOrderWithLetters()
     {
         LibraryFixture fixture;
-        const auto text = [](const char *t) { return QString::fromUtf8(t); };
-        for (const char *title : {"Zoo", "élan", "Apple", "42", "apple pie"})
-            fixture.add(text(title), text("Ann"), text("Album of Ann"));
-        fixture.add(text("Echo"), text("Bob"));
+        for (const auto &title : {u"Zoo"_s, u"élan"_s, u"Apple"_s, u"42"_s, u"apple pie"_s})
+            fixture.add(title, u"Ann"_s, u"Album of Ann"_s);
+        fixture.add(u"Echo"_s, u"Bob"_s);
         const LibraryBrowser &browser = fixture.library().browser();
         const SongIndex index = browser.songs({});
         QStringList titles;
         for (const SongRow &row : browser.songRows(index.songs))
             titles << row.title;
-        QCOMPARE(titles.join(u'|'), text("42|Apple|apple pie|Echo|élan|Zoo"));
+        QCOMPARE(titles.join(u'|'), u"42|Apple|apple pie|Echo|élan|Zoo"_s);
         QCOMPARE(index.sections,
-                 (std::vector<SectionStart>{{text("#"), 0}, {text("A"), 1}, {text("E"), 3}, {text("Z"), 5}}));
+                 (std::vector<SectionStart>{{u"#"_s, 0}, {u"A"_s, 1}, {u"E"_s, 3}, {u"Z"_s, 5}}));
         QCOMPARE(browser.songCount(), 6);
 
         const GroupIndex artists = browser.artists();
         const auto rows = browser.artistRows(artists.groups);
         QCOMPARE(rows.size(), 2U);
-        QCOMPARE(rows.front().name, text("Ann"));
+        QCOMPARE(rows.front().name, u"Ann"_s);
         QCOMPARE(rows.front().songCount, 5);
         QCOMPARE(browser.songs({SongScope::Kind::OfArtist, artists.groups[1], {}}).songs.size(), 1U);
         const auto albums = browser.albumRows(browser.albums().groups);
         QCOMPARE(albums.size(), 1U);
-        QCOMPARE(albums.front().artist, text("Ann"));
+        QCOMPARE(albums.front().artist, u"Ann"_s);
         QCOMPARE(browser.songs({SongScope::Kind::RecentlyAdded, {}, {}}).songs.front(), index.songs[3]);
     }
 
@@ -292,25 +286,22 @@ private Q_SLOTS:
     void refusesForeignAndNewerDatabases()
     {
         LibraryFixture fixture;
-        const auto openFile = [&](const char *name) {
-            return SongStore::open(QFile::encodeName(fixture.path(QString::fromUtf8(name))));
+        const QByteArray path = QFile::encodeName(fixture.path(u"other"_s));
+        const auto execute = [&](const char *sql) {
+            sqlite::Connection(path, sqlite::Access::ReadWrite).execute(sql);
         };
-        QFile garbage(fixture.path(QStringLiteral("garbage")));
-        QVERIFY(garbage.open(QIODevice::WriteOnly));
-        garbage.write(QByteArray("this is not a database\n").repeated(100));
-        garbage.close();
-        QCOMPARE(openFile("garbage").failure().kind, FailureKind::Malformed);
-
-        sqlite::Connection(QFile::encodeName(fixture.path(QStringLiteral("foreign"))),
-                           sqlite::Access::ReadWrite)
-            .execute("CREATE TABLE bookmarks (url TEXT)");
-        QCOMPARE(openFile("foreign").failure().kind, FailureKind::Malformed);
-
-        QVERIFY(openFile("newer"));
-        sqlite::Connection(QFile::encodeName(fixture.path(QStringLiteral("newer"))),
-                           sqlite::Access::ReadWrite)
-            .execute("PRAGMA user_version = 9999");
-        QCOMPARE(openFile("newer").failure().kind, FailureKind::Unsupported);
+        QFile file(QFile::decodeName(path));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("this is not a database\n"_ba.repeated(100));
+        file.close();
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+        execute("CREATE TABLE bookmarks (url TEXT)");
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+        QVERIFY(SongStore::open(path));
+        execute("PRAGMA user_version = 9999");
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Unsupported);
     }
 
     void rememberWhatTheUserAnswered()
@@ -334,7 +325,7 @@ private Q_SLOTS:
         access.request(note);
         QCOMPARE(answers, (std::vector{Status::NotDetermined, Status::Authorized, Status::Authorized,
                                        Status::Authorized}));
-        QSettings settings(fixture.path(QStringLiteral("device.ini")), QSettings::IniFormat);
+        QSettings settings(fixture.path(u"device.ini"_s), QSettings::IniFormat);
         QCOMPARE(LibraryAccess(settings, {}).status(), Status::Authorized);
     }
 };

@@ -6,6 +6,8 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 
+using namespace Qt::StringLiterals;
+
 namespace trackwise {
 
 namespace {
@@ -15,8 +17,8 @@ int connections = 0;
 FakePlayer::FakePlayer(const QString &name, Manners manners)
     : m_name(QLatin1String(mprisPrefix) + name)
     , m_manners(manners)
-    , m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                          QStringLiteral("fake player %1").arg(++connections)))
+    , m_bus(
+          QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"fake player %1"_s.arg(++connections)))
 {
     m_bus.registerVirtualObject(QLatin1String(mprisPath), this);
 }
@@ -57,25 +59,24 @@ void FakePlayer::invalidate(const QStringList &properties)
 
 void FakePlayer::seekTo(qlonglong microseconds)
 {
-    m_bus.send(QDBusMessage::createSignal(QLatin1String(mprisPath), QLatin1String(mprisPlayerInterface),
-                                          QStringLiteral("Seeked"))
-               << microseconds);
+    m_bus.send(
+        QDBusMessage::createSignal(QLatin1String(mprisPath), QLatin1String(mprisPlayerInterface), u"Seeked"_s)
+        << microseconds);
 }
 
 void FakePlayer::sendChange(const QVariantList &arguments)
 {
-    QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(mprisPath),
-                                                     QStringLiteral("org.freedesktop.DBus.Properties"),
-                                                     QStringLiteral("PropertiesChanged"));
+    QDBusMessage signal = QDBusMessage::createSignal(
+        QLatin1String(mprisPath), u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
     signal.setArguments(arguments);
     m_bus.send(signal);
 }
 
 bool FakePlayer::handleMessage(const QDBusMessage &message, const QDBusConnection &bus)
 {
-    if (message.member() == QLatin1String("Raise"))
+    if (message.member() == "Raise"_L1)
         ++m_raised;
-    if (message.member() != QLatin1String("GetAll"))
+    if (message.member() != "GetAll"_L1)
         return false;
     if (message.arguments().value(0).toString() == QLatin1String(mprisPlayerInterface))
         ++m_reads;
@@ -84,28 +85,27 @@ bool FakePlayer::handleMessage(const QDBusMessage &message, const QDBusConnectio
         message.setDelayedReply(true);
         return true;
     case Manners::Fails:
-        return bus.send(message.createErrorReply(QDBusError::InternalError, QStringLiteral("no")));
+        return bus.send(message.createErrorReply(QDBusError::InternalError, u"no"_s));
     case Manners::Rambles:
-        return bus.send(message.createReply({42, QStringLiteral("PlaybackStatus"), QVariantList{true}}));
+        return bus.send(message.createReply({42, u"PlaybackStatus"_s, QVariantList{true}}));
     case Manners::Answers:
         break;
     }
     if (message.arguments().value(0).toString() == QLatin1String(mprisPlayerInterface))
         return bus.send(message.createReply(m_properties));
-    return bus.send(message.createReply(QVariantMap{
-        {QStringLiteral("Identity"), m_name + QStringLiteral("!")}, {QStringLiteral("CanRaise"), true}}));
+    return bus.send(
+        message.createReply(QVariantMap{{u"Identity"_s, m_name + u"!"_s}, {u"CanRaise"_s, true}}));
 }
 
 QVariantMap playing(const QString &title, const QString &artist, double seconds, const QString &status)
 {
-    QVariantMap metadata{
-        {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/track/1")))},
-        {QStringLiteral("xesam:title"), title}};
+    QVariantMap metadata{{u"mpris:trackid"_s, QVariant::fromValue(QDBusObjectPath(u"/track/1"_s))},
+                         {u"xesam:title"_s, title}};
     if (!artist.isEmpty())
-        metadata.insert(QStringLiteral("xesam:artist"), QStringList(artist));
+        metadata.insert(u"xesam:artist"_s, QStringList(artist));
     if (seconds > 0)
-        metadata.insert(QStringLiteral("mpris:length"), qlonglong(seconds * 1e6));
-    return {{QStringLiteral("PlaybackStatus"), status}, {QStringLiteral("Metadata"), metadata}};
+        metadata.insert(u"mpris:length"_s, qlonglong(seconds * 1e6));
+    return {{u"PlaybackStatus"_s, status}, {u"Metadata"_s, metadata}};
 }
 
 } // namespace trackwise

@@ -2,7 +2,8 @@
 #include "platform/linux/players/MprisPublisher.h"
 #include "platform/linux/players/PrivateSound.h"
 
-#include <QBuffer>
+#include "support/Covers.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QFileInfo>
@@ -11,47 +12,31 @@
 #include <QTest>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
 namespace {
 
-const QString appId = QStringLiteral("org.example.tester");
-const QString busName = QStringLiteral("org.mpris.MediaPlayer2.org.example.tester");
-
-class Picture : public ArtworkSource
-{
-public:
-    explicit Picture(const QColor &colour)
-    {
-        QImage image(8, 8, QImage::Format_RGB32);
-        image.fill(colour);
-        QBuffer buffer(&m_bytes);
-        image.save(&buffer, "PNG");
-    }
-    [[nodiscard]] QByteArray key() const override { return m_bytes; }
-    [[nodiscard]] std::optional<EncodedImage> read() const override { return EncodedImage{m_bytes}; }
-
-private:
-    QByteArray m_bytes;
-};
+const QString appId = u"org.example.tester"_s;
+const QString busName = u"org.mpris.MediaPlayer2.org.example.tester"_s;
 
 MediaItem fullSong()
 {
     MediaItem item;
-    item.title = QStringLiteral("Tonleiter");
-    item.artist = QStringLiteral("Die Prüfer");
-    item.albumTitle = QStringLiteral("Proben");
-    item.albumArtist = QStringLiteral("Verschiedene");
-    item.genre = QStringLiteral("Übung");
-    item.lyrics = QStringLiteral("do re mi\nfa so");
+    item.title = u"Tonleiter"_s;
+    item.artist = u"Die Prüfer"_s;
+    item.albumTitle = u"Proben"_s;
+    item.albumArtist = u"Verschiedene"_s;
+    item.genre = u"Übung"_s;
+    item.lyrics = u"do re mi\nfa so"_s;
     item.playbackDuration = 60;
     item.playCount = 7;
     item.rating = 4;
     item.albumTrackNumber = 3;
     item.releaseDate = Instant(std::chrono::milliseconds(86'400'000));
     item.persistentID = PersistentID{0xABC};
-    item.artwork = std::make_shared<Picture>(Qt::red);
+    item.artwork = std::make_shared<MemoryArtwork>(coverBytes({8, 8}, Qt::red, "PNG"));
     return item;
 }
 
@@ -63,11 +48,10 @@ class Observer : public QObject
 public:
     explicit Observer(QDBusConnection bus)
     {
-        bus.connect(QString(), QString::fromLatin1(mprisPath),
-                    QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
-                    this, SLOT(change(QString, QVariantMap, QStringList)));
+        bus.connect(QString(), QString::fromLatin1(mprisPath), u"org.freedesktop.DBus.Properties"_s,
+                    u"PropertiesChanged"_s, this, SLOT(change(QString, QVariantMap, QStringList)));
         bus.connect(QString(), QString::fromLatin1(mprisPath), QString::fromLatin1(mprisPlayerInterface),
-                    QStringLiteral("Seeked"), this, SLOT(seek(qlonglong)));
+                    u"Seeked"_s, this, SLOT(seek(qlonglong)));
     }
     QStringList changedProperties;
     QList<qlonglong> seeks;
@@ -95,26 +79,19 @@ private:
 
     [[nodiscard]] MprisPublisher::Settings settings()
     {
-        return {appId,
-                QStringLiteral("Tester"),
-                m_folder.filePath(QStringLiteral("art")),
-                [this] { ++m_raised; },
-                {}};
+        return {appId, u"Tester"_s, m_folder.filePath(u"art"_s), [this] { ++m_raised; }, {}};
     }
     /// Runs playerctl while our own loop answers it; what it printed.
     static QString playerctl(const QStringList &arguments)
     {
         QProcess process;
         QSignalSpy finished(&process, &QProcess::finished);
-        process.start(QStringLiteral("playerctl"), QStringList{QStringLiteral("-p"), appId} + arguments);
+        process.start(u"playerctl"_s, QStringList{u"-p"_s, appId} + arguments);
         if (!finished.wait(10000))
-            return QStringLiteral("playerctl hangs");
+            return u"playerctl hangs"_s;
         return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
     }
-    static QString metadata(const char *key)
-    {
-        return playerctl({QStringLiteral("metadata"), QString::fromLatin1(key)});
-    }
+    static QString metadata(const char *key) { return playerctl({u"metadata"_s, QString::fromLatin1(key)}); }
     void load(const MediaItem &song)
     {
         m_player->stop();
@@ -131,11 +108,11 @@ private Q_SLOTS:
     {
         QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run inside dbus-run-session");
         QVERIFY(m_sound.start());
-        QVERIFY(makeTone(m_folder.filePath(QStringLiteral("tone #1 100%20 ü?.m4a")), 60));
+        QVERIFY(makeTone(m_folder.filePath(u"tone #1 100%20 ü?.m4a"_s), 60));
     }
     void init()
     {
-        const QByteArray path = m_folder.filePath(QStringLiteral("tone #1 100%20 ü?.m4a")).toUtf8();
+        const QByteArray path = m_folder.filePath(u"tone #1 100%20 ü?.m4a"_s).toUtf8();
         m_player = std::make_unique<ApplicationMusicPlayer>([path](PersistentID) { return path; });
         m_publisher = std::make_unique<MprisPublisher>(*m_player, settings(), QDBusConnection::sessionBus());
     }
@@ -146,66 +123,62 @@ private Q_SLOTS:
         m_player.reset();
     }
 
-    void takesItsNameWithTheFirstSong()
-    {
-        QCoreApplication::processEvents();
-        QVERIFY(!isOnBus(busName));
-        load(fullSong());
-        QTRY_VERIFY(isOnBus(busName));
-    }
-
     void isDrivenByOthers()
     {
+        QCoreApplication::processEvents();
+        QVERIFY(!isOnBus(busName)); // before the first song
         load(fullSong());
         QTRY_VERIFY(isOnBus(busName));
-        QCOMPARE(playerctl({QStringLiteral("status")}), QStringLiteral("Stopped"));
-        playerctl({QStringLiteral("play")});
-        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
-        QCOMPARE(playerctl({QStringLiteral("status")}), QStringLiteral("Playing"));
-        playerctl({QStringLiteral("play-pause")});
-        QTRY_COMPARE(m_player->playbackState(), PlaybackState::Paused);
-        QCOMPARE(playerctl({QStringLiteral("status")}), QStringLiteral("Paused"));
+        QCOMPARE(playerctl({u"status"_s}), u"Stopped"_s);
+        playerctl({u"play"_s});
+        QTRY_COMPARE(playerctl({u"status"_s}), u"Playing"_s);
+        playerctl({u"play-pause"_s});
+        QTRY_COMPARE(playerctl({u"status"_s}), u"Paused"_s);
 
         const auto isAbout = [this](std::chrono::milliseconds position) {
             return m_player->position() > position - 1s && m_player->position() < position + 1s;
         };
-        playerctl({QStringLiteral("position"), QStringLiteral("30")});
+        playerctl({u"position"_s, u"30"_s});
         QTRY_VERIFY(isAbout(30s));
-        playerctl({QStringLiteral("position"), QStringLiteral("10+")});
+        playerctl({u"position"_s, u"10+"_s});
         QTRY_VERIFY(isAbout(40s));
-        playerctl({QStringLiteral("position"), QStringLiteral("100-")});
+        playerctl({u"position"_s, u"100-"_s});
         QTRY_VERIFY(isAbout(0s));
-        playerctl({QStringLiteral("position"), QStringLiteral("100")}); // beyond the end
-        playerctl({QStringLiteral("volume"), QStringLiteral("0.25")});
+        playerctl({u"position"_s, u"100"_s}); // beyond the end
+        playerctl({u"volume"_s, u"0.25"_s});
         QTRY_COMPARE(m_player->volume(), 0.25);
         QVERIFY(isAbout(0s));
 
-        playerctl({QStringLiteral("play")});
+        playerctl({u"play"_s});
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
-        playerctl({QStringLiteral("position"), QStringLiteral("100+")}); // as "next", and there is none
+        playerctl({u"position"_s, u"100+"_s}); // as "next", and there is none
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
-        playerctl({QStringLiteral("play")});
+        playerctl({u"play"_s});
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
-        playerctl({QStringLiteral("stop")});
-        QTRY_COMPARE(playerctl({QStringLiteral("status")}), QStringLiteral("Stopped"));
+        playerctl({u"stop"_s});
+        QTRY_COMPARE(playerctl({u"status"_s}), u"Stopped"_s);
     }
 
     void tellsWhatItKnowsOfTheSong()
     {
         load(fullSong());
         QTRY_VERIFY(isOnBus(busName));
-        QTRY_VERIFY(metadata("mpris:artUrl").startsWith(QStringLiteral("file:///")));
+        QTRY_VERIFY(metadata("mpris:artUrl").startsWith(u"file:///"_s));
         QCOMPARE(QImage(QUrl(metadata("mpris:artUrl")).toLocalFile()).pixelColor(0, 0), QColor(Qt::red));
-        QCOMPARE(metadata("xesam:title"), QStringLiteral("Tonleiter"));
-        QCOMPARE(metadata("xesam:artist"), QStringLiteral("Die Prüfer"));
-        QCOMPARE(metadata("xesam:album"), QStringLiteral("Proben"));
-        QCOMPARE(metadata("xesam:asText"), QStringLiteral("do re mi\nfa so"));
+        const std::pair<const char *, QString> told[]{
+            {"xesam:title", u"Tonleiter"_s},
+            {"xesam:artist", u"Die Prüfer"_s},
+            {"xesam:album", u"Proben"_s},
+            {"xesam:asText", u"do re mi\nfa so"_s},
+
+            {"xesam:useCount", u"7"_s},
+            {"xesam:trackNumber", u"3"_s},
+            {"xesam:composer", QString()},
+            {"xesam:contentCreated", u"1970-01-02T01:00:00+01:00"_s},
+            {"mpris:trackid", u"'/org/example/tester/Track/0000000000000ABC'"_s}};
+        for (const auto &[key, value] : told)
+            QCOMPARE(metadata(key), value);
         QCOMPARE(metadata("xesam:userRating").toDouble(), 0.8);
-        QCOMPARE(metadata("xesam:useCount"), QStringLiteral("7"));
-        QCOMPARE(metadata("xesam:trackNumber"), QStringLiteral("3"));
-        QCOMPARE(metadata("xesam:contentCreated"), QStringLiteral("1970-01-02T01:00:00+01:00"));
-        QCOMPARE(metadata("xesam:composer"), QString());
-        QCOMPARE(metadata("mpris:trackid"), QStringLiteral("'/org/example/tester/Track/0000000000000ABC'"));
         QVERIFY(QFileInfo::exists(QUrl(metadata("xesam:url")).toLocalFile()));
         QVERIFY(metadata("mpris:length").toLongLong() >= 60'000'000);
     }
@@ -215,7 +188,7 @@ private Q_SLOTS:
         Observer observer(QDBusConnection::sessionBus());
         load(fullSong());
         m_player->play();
-        QTRY_VERIFY(observer.changedProperties.contains(QStringLiteral("PlaybackStatus")));
+        QTRY_VERIFY(observer.changedProperties.contains(u"PlaybackStatus"_s));
         QTRY_VERIFY(!metadata("mpris:artUrl").isEmpty());
         QTRY_VERIFY(m_player->position() > 300ms);
         observer.changedProperties.clear();
@@ -226,7 +199,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_player->position() > 20s);
         QCOMPARE(observer.changedProperties, QStringList());
         m_player->pause();
-        QTRY_COMPARE(observer.changedProperties, QStringList({QStringLiteral("PlaybackStatus")}));
+        QTRY_COMPARE(observer.changedProperties, QStringList({u"PlaybackStatus"_s}));
     }
 
     void ignoresPositionsOfOtherTracksAndJumpsThatOverflow()
@@ -244,34 +217,30 @@ private Q_SLOTS:
             QSignalSpy(&watcher, &QDBusPendingCallWatcher::finished).wait(5000);
             return !pending.isError();
         };
-        const QVariant other = QVariant::fromValue(QDBusObjectPath(QStringLiteral("/another/track")));
+        const QVariant other = QVariant::fromValue(QDBusObjectPath(u"/another/track"_s));
         QVERIFY(call("SetPosition", {other, qlonglong(30'000'000)}));
         QVERIFY(call("Seek", {std::numeric_limits<qlonglong>::min()}));
         QVERIFY(m_player->position() < 20s);
         QCOMPARE(m_player->playbackState(), PlaybackState::Playing);
         QVERIFY(call("Seek", {std::numeric_limits<qlonglong>::max()}));
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
-        QDBusMessage raise =
-            QDBusMessage::createMethodCall(busName, QString::fromLatin1(mprisPath),
-                                           QString::fromLatin1(mprisRootInterface), QStringLiteral("Raise"));
-        QDBusConnection::sessionBus().send(raise);
+        QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+            busName, QString::fromLatin1(mprisPath), QString::fromLatin1(mprisRootInterface), u"Raise"_s));
         QTRY_COMPARE(m_raised, 1);
     }
 
     void standsBesideAnotherProcess()
     {
-        QDBusConnection other =
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("other"));
+        QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
         QVERIFY(other.registerService(busName));
         load(fullSong());
-        QTRY_VERIFY(
-            isOnBus(QStringLiteral("%1.instance%2").arg(busName).arg(QCoreApplication::applicationPid())));
+        QTRY_VERIFY(isOnBus(u"%1.instance%2"_s.arg(busName).arg(QCoreApplication::applicationPid())));
         QVERIFY(other.unregisterService(busName));
     }
 
     void isSilentWithoutABus()
     {
-        MprisPublisher publisher(*m_player, settings(), QDBusConnection(QStringLiteral("nowhere")));
+        MprisPublisher publisher(*m_player, settings(), QDBusConnection(u"nowhere"_s));
         load(fullSong());
         m_player->play();
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -18,7 +19,7 @@ private Q_SLOTS:
     {
         PrivateSound server; // not started
         const QTemporaryDir folder;
-        const QString tone = folder.filePath(QStringLiteral("tone.mp3"));
+        const QString tone = folder.filePath(u"tone.mp3"_s);
         QVERIFY(makeTone(tone, 30));
         ApplicationMusicPlayer player([tone](PersistentID) { return tone.toUtf8(); });
         MediaItem song;

@@ -7,32 +7,25 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
 namespace {
 
-QString text(const char *value)
-{
-    return QString::fromUtf8(value);
-}
-
 TrackMetadata said(const char *title, const char *artist, const char *album = "",
                    std::chrono::milliseconds length = 0ms)
 {
     TrackMetadata track;
-    track.title = text(title);
+    track.title = QString::fromUtf8(title);
     if (*artist)
-        track.artists = {text(artist)};
-    track.albumTitle = text(album);
+        track.artists = {QString::fromUtf8(artist)};
+    track.albumTitle = QString::fromUtf8(album);
     track.length = length;
     return track;
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(trackwise::TrackMetadata)
-Q_DECLARE_METATYPE(trackwise::MatchedBy)
 
 class tst_NowPlayingMatcher : public QObject
 {
@@ -51,114 +44,93 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QFile file(m_folder.filePath(text("song one.flac")));
+        QFile file(m_folder.filePath(u"song one.flac"_s));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        QVERIFY(QFile::link(text("song one.flac"), m_folder.filePath(text("link.flac"))));
+        QVERIFY(QFile::link(u"song one.flac"_s, m_folder.filePath(u"link.flac"_s)));
         QCOMPARE(::link(QFile::encodeName(file.fileName()).constData(),
-                        QFile::encodeName(m_folder.filePath(text("hard.flac"))).constData()),
+                        QFile::encodeName(m_folder.filePath(u"hard.flac"_s)).constData()),
                  0);
-        SongTags one = songTags(text("Song One"), text("Band"), text("First"), 200);
-        one.catalogID = text("1440833098");
-        one.recordingMBID = text("f27ec8db-af05-4f36-916e-3d57f91ecf5e");
-        m_songs << addSongFile(m_library, QDir(m_folder.path()).canonicalPath() + text("/song one.flac"),
-                               one);
-        add(text("Intro"), text("Band"), text("First"), 60);                          // 2
-        add(text("Intro"), text("Band"), text("Second"), 61);                         // 3
-        add(text("Intro"), text("Choir"), text("Third"), 62);                         // 4
-        add(text("Café del Mar"), text("Énergie"), text("Été"), 300);                 // 5
-        add(text("Duet"), text("Anna & Otto"), text("Pairs"), 100);                   // 6
-        add(text("Evergreen (Remastered 2011)"), text("Old Man"), text("Best"), 240); // 7
-        add(text("Hymn"), text("Old Man"), text("Best"), 180);                        // 8
-        add(text("Same"), text("Twin"), text("Album"), 180);                          // 9
-        add(text("Same"), text("Twin"), text("Album"), 182);                          // 10
-        add(text("Untitled"), QString(), QString(), 50);                              // 11
+        SongTags one = songTags(u"Song One"_s, u"Band"_s, u"First"_s, 200);
+        one.catalogID = u"1440833098"_s;
+        one.recordingMBID = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
+        m_songs << addSongFile(m_library, QDir(m_folder.path()).canonicalPath() + u"/song one.flac"_s, one);
+        add(u"Intro"_s, u"Band"_s, u"First"_s, 60);                          // 2
+        add(u"Intro"_s, u"Band"_s, u"Second"_s, 61);                         // 3
+        add(u"Intro"_s, u"Choir"_s, u"Third"_s, 62);                         // 4
+        add(u"Café del Mar"_s, u"Énergie"_s, u"Été"_s, 300);                 // 5
+        add(u"Duet"_s, u"Anna & Otto"_s, u"Pairs"_s, 100);                   // 6
+        add(u"Evergreen (Remastered 2011)"_s, u"Old Man"_s, u"Best"_s, 240); // 7
+        add(u"Hymn"_s, u"Old Man"_s, u"Best"_s, 180);                        // 8
+        add(u"Same"_s, u"Twin"_s, u"Album"_s, 180);                          // 9
+        add(u"Same"_s, u"Twin"_s, u"Album"_s, 182);                          // 10
+        add(u"Untitled"_s, QString(), QString(), 50);                        // 11
     }
 
-    void finds_data()
+    void finds()
     {
-        QTest::addColumn<TrackMetadata>("track");
-        QTest::addColumn<qsizetype>("song");
-        QTest::addColumn<MatchedBy>("by");
-        const auto row = [](const char *name, const TrackMetadata &track, qsizetype song,
-                            MatchedBy by = MatchedBy::File) { QTest::newRow(name) << track << song << by; };
+        using enum MatchedBy;
         const auto at = [this](const char *file) {
             TrackMetadata track = said("Intro", "Choir"); // what it says otherwise is not looked at
-            track.url = text("file://") + m_folder.filePath(text(file));
+            track.url = u"file://"_s + m_folder.filePath(QString::fromUtf8(file));
             return track;
         };
         const auto withUrl = [](const char *url) {
             TrackMetadata track = said("x", "y");
-            track.url = text(url);
+            track.url = QString::fromUtf8(url);
             return track;
         };
-
-        row("file", at("song%20one.flac"), 1);
-        row("symbolic link", at("link.flac"), 1);
-        row("hard link", at("hard.flac"), 1);
-        row("file that is elsewhere", at("copy.flac"), 4, MatchedBy::Texts);
-        row("album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1,
-            MatchedBy::Identifier);
-        row("song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1,
-            MatchedBy::Identifier);
-        row("album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0);
         TrackMetadata tagged = said("x", "y");
-        tagged.musicBrainzId = text("f27ec8db-af05-4f36-916e-3d57f91ecf5e");
-        row("MusicBrainz", tagged, 1, MatchedBy::Identifier);
-
-        row("album decides", said("INTRO", "band", "Second", 60s), 3, MatchedBy::AlbumTexts);
-        row("album without length", said("intro", "Band", "first"), 2, MatchedBy::AlbumTexts);
-        row("album, wrong length", said("Intro", "Band", "First", 70s), 0);
-        row("not unique", said("Intro", "Band", "", 60s), 0);
-        row("unknown album, not unique", said("Intro", "Band", "Live", 60s), 0);
-        row("unique by artist", said("Intro", "Choir", "", 64s), 4, MatchedBy::Texts);
-        row("three seconds", said("Song One", "Band", "", 203s), 1, MatchedBy::Texts);
-        row("more than three", said("Song One", "Band", "", 203001ms), 0);
-        row("closest copy", said("Same", "Twin", "Album", 183s), 10, MatchedBy::AlbumTexts);
-        row("diacritics", said("cafe\xcc\x81 DEL mar", "Energie", "ete", 300s), 5, MatchedBy::AlbumTexts);
-        row("one of two artists", said("Duet", "Otto", "", 100s), 6, MatchedBy::Texts);
-        row("more artists", said("Song One", "Band feat. Guest", "", 200s), 1, MatchedBy::Texts);
-        row("other artist", said("Song One", "Bandana", "", 200s), 0);
-        row("no artist said", said("Song One", "", "", 200s), 0);
-        row("no artist anywhere", said("Untitled", "", "", 50s), 11, MatchedBy::Texts);
-        row("stream", said("Band - Song One", ""), 1, MatchedBy::Texts);
-
-        row("theirs is remastered", said("Hymn - Remastered 2009", "Old Man", "Best", 181s), 8,
-            MatchedBy::SimilarTitle);
-        row("ours is remastered", said("Evergreen", "Old Man", "", 240s), 7, MatchedBy::SimilarTitle);
-        row("guest in the title", said("Hymn (feat. Choir) [Live]", "Old Man", "", 180s), 8,
-            MatchedBy::SimilarTitle);
-        row("another length", said("Hymn (Live)", "Old Man", "", 300s), 0);
-        row("another song", said("Evergreen Hills", "Old Man", "", 240s), 0);
-        row("nothing", {}, 0);
+        tagged.musicBrainzId = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
+        const std::tuple<const char *, TrackMetadata, qsizetype, MatchedBy> rows[]{
+            {"file", at("song%20one.flac"), 1, File},
+            {"symbolic link", at("link.flac"), 1, File},
+            {"hard link", at("hard.flac"), 1, File},
+            {"file that is elsewhere", at("copy.flac"), 4, Texts},
+            {"album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1,
+             Identifier},
+            {"song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1, Identifier},
+            {"album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0, File},
+            {"MusicBrainz", tagged, 1, Identifier},
+            {"album decides", said("INTRO", "band", "Second", 60s), 3, AlbumTexts},
+            {"album without length", said("intro", "Band", "first"), 2, AlbumTexts},
+            {"album, wrong length", said("Intro", "Band", "First", 70s), 0, File},
+            {"not unique", said("Intro", "Band", "", 60s), 0, File},
+            {"unknown album, not unique", said("Intro", "Band", "Live", 60s), 0, File},
+            {"unique by artist", said("Intro", "Choir", "", 64s), 4, Texts},
+            {"three seconds", said("Song One", "Band", "", 203s), 1, Texts},
+            {"more than three", said("Song One", "Band", "", 203001ms), 0, File},
+            {"closest copy", said("Same", "Twin", "Album", 183s), 10, AlbumTexts},
+            {"diacritics", said("cafe\xcc\x81 DEL mar", "Energie", "ete", 300s), 5, AlbumTexts},
+            {"one of two artists", said("Duet", "Otto", "", 100s), 6, Texts},
+            {"more artists", said("Song One", "Band feat. Guest", "", 200s), 1, Texts},
+            {"other artist", said("Song One", "Bandana", "", 200s), 0, File},
+            {"no artist said", said("Song One", "", "", 200s), 0, File},
+            {"no artist anywhere", said("Untitled", "", "", 50s), 11, Texts},
+            {"stream", said("Band - Song One", ""), 1, Texts},
+            {"theirs is remastered", said("Hymn - Remastered 2009", "Old Man", "Best", 181s), 8,
+             SimilarTitle},
+            {"ours is remastered", said("Evergreen", "Old Man", "", 240s), 7, SimilarTitle},
+            {"guest in the title", said("Hymn (feat. Choir) [Live]", "Old Man", "", 180s), 8, SimilarTitle},
+            {"another length", said("Hymn (Live)", "Old Man", "", 300s), 0, File},
+            {"another song", said("Evergreen Hills", "Old Man", "", 240s), 0, File},
+            {"nothing", {}, 0, File}};
+        for (const auto &[name, track, song, by] : rows) {
+            const auto match = NowPlayingMatcher(m_library.library().matching()).match(track);
+            QVERIFY2((match ? m_songs.indexOf(match->song) + 1 : 0) == song, name);
+            QVERIFY2(!match || match->by == by, name);
+        }
     }
-    void finds()
-    {
-        QFETCH(TrackMetadata, track);
-        QFETCH(qsizetype, song);
-        QFETCH(MatchedBy, by);
-        const auto match = NowPlayingMatcher(m_library.library().matching()).match(track);
-        QCOMPARE(match ? m_songs.indexOf(match->song) + 1 : 0, song);
-        if (match)
-            QVERIFY(match->by == by);
-    }
 
-    void stripsEditions_data()
-    {
-        QTest::addColumn<QString>("stripped");
-        for (const char *title :
-             {"song (remastered 2011)", "song - 2009 remaster", "song - live at the hall",
-              "song [deluxe edition]", "song feat. x & y", "song (feat. x) - single version",
-              "song - 2004 digital remaster", "song (mono) (live)", "song"})
-            QTest::newRow(title) << text("song");
-        for (const char *title : {"live", "alive (and well)", "song - part two", "(live) song",
-                                  "featured song", "song (club remix)"})
-            QTest::newRow(title) << text(title);
-    }
     void stripsEditions()
     {
-        QFETCH(QString, stripped);
-        QCOMPARE(withoutEdition(text(QTest::currentDataTag())), stripped);
+        for (const auto &title :
+             {u"song (remastered 2011)"_s, u"song - 2009 remaster"_s, u"song - live at the hall"_s,
+              u"song [deluxe edition]"_s, u"song feat. x & y"_s, u"song (feat. x) - single version"_s,
+              u"song - 2004 digital remaster"_s, u"song (mono) (live)"_s})
+            QCOMPARE(withoutEdition(title), u"song"_s);
+        for (const auto &title : {u"live"_s, u"alive (and well)"_s, u"song - part two"_s, u"(live) song"_s,
+                                  u"featured song"_s, u"song (club remix)"_s})
+            QCOMPARE(withoutEdition(title), title);
     }
 };
 

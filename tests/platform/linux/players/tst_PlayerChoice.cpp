@@ -4,28 +4,30 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
 using Players = std::vector<PlayerFacts>;
 
-Q_DECLARE_METATYPE(Players)
-Q_DECLARE_METATYPE(trackwise::PlayerPreferences)
-
 namespace {
-
-QString text(const char *value)
-{
-    return QString::fromUtf8(value);
-}
 
 constexpr auto playing = PlaybackState::Playing;
 constexpr auto paused = PlaybackState::Paused;
 constexpr auto stopped = PlaybackState::Stopped;
 
-PlayerFacts player(const char *name, PlaybackState status, std::uint64_t lastChange, const char *title = "T")
+PlayerFacts player(const QString &name, PlaybackState status, std::uint64_t lastChange,
+                   const QString &title = u"T"_s)
 {
-    return {text(name), status, *title != '\0', text(title), lastChange};
+    return {name, status, !title.isEmpty(), title, lastChange};
+}
+
+/// In whichever order they are listed.
+QString chosen(Players players, const PlayerPreferences &preferences = {})
+{
+    const auto choice = choosePlayer(players, preferences);
+    std::reverse(players.begin(), players.end());
+    return choosePlayer(players, preferences) == choice ? choice.value_or(QString()) : u"by order"_s;
 }
 
 } // namespace
@@ -35,64 +37,45 @@ class tst_PlayerChoice : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void chooses_data()
-    {
-        QTest::addColumn<Players>("players");
-        QTest::addColumn<PlayerPreferences>("preferences");
-        QTest::addColumn<QString>("chosen");
-        const auto row = [](const char *name, const Players &players, const char *chosen,
-                            const PlayerPreferences &preferences = {}) {
-            QTest::newRow(name) << players << preferences << text(chosen);
-        };
-        row("none", {}, "");
-        row("stopped", {player("a", stopped, 1)}, "");
-        row("without a track", {player("a", playing, 1, "")}, "");
-        row("playing before paused", {player("a", playing, 1), player("b", paused, 2)}, "a");
-        row("last change", {player("a", paused, 1), player("b", paused, 2)}, "b");
-        row("music before browsers", {player("a", playing, 1), player("firefox.instance1_2", playing, 2)},
-            "a");
-        row("playing browser", {player("a", paused, 2), player("chromium.instance99", playing, 1)},
-            "chromium.instance99");
-        row("browser shown twice",
-            {player("firefox.instance1", playing, 2), player("plasma-browser-integration", playing, 1)},
-            "plasma-browser-integration");
-        row("browser with another page",
-            {player("firefox.instance1", playing, 2, "U"), player("plasma-browser-integration", playing, 1)},
-            "firefox.instance1");
-        row("picked", {player("a", playing, 2), player("b", paused, 1)}, "b", {text("b"), {}});
-        row("picked has stopped", {player("a", playing, 2), player("b", stopped, 1)}, "", {text("b"), {}});
-        row("picked has quit", {player("a", playing, 2)}, "a", {text("b"), {}});
-        row("ignored", {player("a.instance5", playing, 2), player("b", paused, 1)}, "b", {{}, {text("a")}});
-        row("picked though ignored", {player("a", playing, 2)}, "a", {text("a"), {text("a")}});
-        row("phone", {player("kdeconnect.mpris_000001", playing, 2)}, "");
-        row("phone picked", {player("kdeconnect.mpris_000001", playing, 2)}, "kdeconnect.mpris_000001",
-            {text("kdeconnect.mpris_000001"), {}});
-    }
     void chooses()
     {
-        QFETCH(Players, players);
-        QFETCH(PlayerPreferences, preferences);
-        QFETCH(QString, chosen);
-        QCOMPARE(choosePlayer(players, preferences).value_or(QString()), chosen);
-        std::reverse(players.begin(), players.end());
-        QCOMPARE(choosePlayer(players, preferences).value_or(QString()), chosen);
+        const QString firefox = u"firefox.instance1_2"_s;
+        const QString plasma = u"plasma-browser-integration"_s;
+        const QString phone = u"kdeconnect.mpris_000001"_s;
+        QCOMPARE(chosen({}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, stopped, 1)}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1, u""_s)}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1), player(u"b"_s, paused, 2)}), u"a"_s);
+        QCOMPARE(chosen({player(u"a"_s, paused, 1), player(u"b"_s, paused, 2)}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1), player(firefox, playing, 2)}), u"a"_s);
+        QCOMPARE(chosen({player(u"a"_s, paused, 2), player(firefox, playing, 1)}), firefox);
+        QCOMPARE(chosen({player(firefox, playing, 2), player(plasma, playing, 1)}), plasma);
+        QCOMPARE(chosen({player(firefox, playing, 2, u"U"_s), player(plasma, playing, 1)}), firefox);
+        const Players both{player(u"a.instance5"_s, playing, 2), player(u"b"_s, paused, 1)};
+        QCOMPARE(chosen(both, {u"b"_s, {}}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2), player(u"b"_s, stopped, 1)}, {u"b"_s, {}}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2)}, {u"b"_s, {}}), u"a"_s); // the picked one has quit
+        QCOMPARE(chosen(both, {{}, {u"a"_s}}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2)}, {u"a"_s, {u"a"_s}}), u"a"_s);
+        QCOMPARE(chosen({player(phone, playing, 2)}), u""_s);
+        QCOMPARE(chosen({player(phone, playing, 2)}, {phone, {}}), phone);
     }
 
     void knowsItself()
     {
-        const QString id = text("org.example.app");
+        const QString id = u"org.example.app"_s;
         QVERIFY(!isOtherPlayer(id, id));
-        QVERIFY(!isOtherPlayer(text("org.example.app.instance77"), id));
-        QVERIFY(isOtherPlayer(text("org.example.apple"), id));
-        QVERIFY(!isOtherPlayer(text("playerctld"), id));
+        QVERIFY(!isOtherPlayer(u"org.example.app.instance77"_s, id));
+        QVERIFY(isOtherPlayer(u"org.example.apple"_s, id));
+        QVERIFY(!isOtherPlayer(u"playerctld"_s, id));
     }
 
     void hearsTracksToTheirEnd()
     {
-        const auto properties = [](const char *title, const char *status, double seconds = 200) {
-            return QVariantMap{{text("PlaybackStatus"), text(status)},
-                               {text("Metadata"), QVariantMap{{text("xesam:title"), text(title)},
-                                                              {text("mpris:length"), seconds * 1e6}}}};
+        const auto properties = [](const QString &title, const QString &status, double seconds = 200) {
+            return QVariantMap{
+                {u"PlaybackStatus"_s, status},
+                {u"Metadata"_s, QVariantMap{{u"xesam:title"_s, title}, {u"mpris:length"_s, seconds * 1e6}}}};
         };
         const auto titleOf = [](const FollowedPlayer::PlayedTrack &track) {
             return track ? track->title : QString();
@@ -100,35 +83,35 @@ private Q_SLOTS:
         FollowedPlayer::Time now(1h);
         FollowedPlayer followed;
 
-        QVERIFY(followed.take(properties("One", "Playing"), now));
+        QVERIFY(followed.take(properties(u"One"_s, u"Playing"_s), now));
         QVERIFY(!followed.settle(now));
-        QVERIFY(!followed.take(properties("One", "Playing"), now));
+        QVERIFY(!followed.take(properties(u"One"_s, u"Playing"_s), now));
         now += 100s;
-        followed.take({{text("PlaybackStatus"), text("Paused")}}, now);
+        followed.take({{u"PlaybackStatus"_s, u"Paused"_s}}, now);
         QVERIFY(!followed.settle(now));
         now += 1h;
-        followed.take({{text("PlaybackStatus"), text("Playing")}}, now);
+        followed.take({{u"PlaybackStatus"_s, u"Playing"_s}}, now);
         now += 99s;
-        followed.take(properties("Two", "Playing", 0), now); // the length follows
+        followed.take(properties(u"Two"_s, u"Playing"_s, 0), now); // the length follows
         now += 100ms;
-        followed.take(properties("Two", "Playing"), now);
-        QCOMPARE(titleOf(followed.settle(now)), text("One"));
+        followed.take(properties(u"Two"_s, u"Playing"_s), now);
+        QCOMPARE(titleOf(followed.settle(now)), u"One"_s);
 
         now += 5s; // passed over
-        followed.take(properties("Three", "Playing"), now);
+        followed.take(properties(u"Three"_s, u"Playing"_s), now);
         QCOMPARE(titleOf(followed.settle(now)), QString());
         now += 200s; // repeated: only the position tells
-        QCOMPARE(titleOf(followed.takePosition(0us, now)), text("Three"));
+        QCOMPARE(titleOf(followed.takePosition(0us, now)), u"Three"_s);
         now += 199s;
-        followed.take({{text("PlaybackStatus"), text("Stopped")}}, now);
-        QCOMPARE(titleOf(followed.settle(now)), text("Three"));
+        followed.take({{u"PlaybackStatus"_s, u"Stopped"_s}}, now);
+        QCOMPARE(titleOf(followed.settle(now)), u"Three"_s);
         QCOMPARE(titleOf(followed.quit(now)), QString());
 
-        followed.take(properties("Four", "Playing"), now); // goes on where it was left
+        followed.take(properties(u"Four"_s, u"Playing"_s), now); // goes on where it was left
         followed.takePosition(120s, now);
         followed.settle(now);
         now += 80s;
-        QCOMPARE(titleOf(followed.quit(now)), text("Four"));
+        QCOMPARE(titleOf(followed.quit(now)), u"Four"_s);
     }
 };
 
