@@ -2,15 +2,19 @@
 #include "platform/linux/library/LibraryFixture.h"
 #include "platform/linux/library/WavFolder.h"
 #include "platform/linux/library/scan/TrialReading.h"
+#include "platform/linux/library/store/FileSignature.h"
 #include "platform/linux/library/tags/TagReader.h"
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <csignal>
 #include <filesystem>
 #include <map>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
@@ -25,12 +29,12 @@ class tst_ScanMishaps : public QObject
 
 private:
     static Result<ScanSummary> scan(SongStore &store, const WavFolder &music, Reading read,
-                                    ScanScope scope = ScanScope::Changes)
+                                    ScanScope scope = ScanScope::Changes,
+                                    const std::shared_ptr<ScanMonitor> &monitor = {})
     {
         LibraryScanner scanner(store, {music.root()}, 1);
         scanner.setReading(std::move(read));
-        ScanMonitor monitor;
-        return scanner.run({}, monitor, {scope});
+        return scanner.run({}, *(monitor ? monitor : std::make_shared<ScanMonitor>()), {scope});
     }
     static std::map<QByteArray, PersistentID> songs(LibraryFixture &fixture)
     {
@@ -42,11 +46,14 @@ private:
         return songs;
     }
 
+    /// @p backAt 0: when the walk has ended.
     static void losesNothing(int awayAt, int backAt)
     {
         const WavFolder music;
-        for (int i = 0; i < 300; ++i) // more than wait to be read: the walk is under way
-            music.write(QByteArray::number(i / 10) + '/' + QByteArray::number(i) + ".wav", i, "Title");
+        // More than wait to be read: the walk is under way. In folders from which it hands a rest on at its
+        // end.
+        for (int i = 0; i < 300; ++i)
+            music.write(QByteArray::number(i / 17) + '/' + QByteArray::number(i) + ".wav", i, "Title");
         std::filesystem::create_hard_link(music.path("0/0.wav").toStdString(),
                                           music.path("0/0 link.wav").toStdString());
         LibraryFixture fixture({music.root()});
@@ -55,16 +62,20 @@ private:
 
         const QByteArray away = music.root() + " away";
         int count = 0;
+        const auto monitor = std::make_shared<ScanMonitor>();
         const Reading read = [&](const QByteArray &path, const FolderListing &folder) {
             if (++count == awayAt)
                 std::rename(music.root().constData(), away.constData());
             auto tags = readTags(path, folder);
-            if (count == backAt)
+            if (count == backAt || (backAt == 0 && monitor->progress(true).isTotalKnown))
                 std::rename(away.constData(), music.root().constData());
             return tags;
         };
-        QVERIFY(scan(fixture.store(), music, read, ScanScope::Everything));
+        const auto result = scan(fixture.store(), music, read, ScanScope::Everything, monitor);
+        QVERIFY(result);
         QVERIFY(count >= awayAt);
+        if (backAt != 9) // else as it happens
+            QCOMPARE(result->wasDisturbed, backAt == 0);
         QCOMPARE(fixture.library().status()->fileGone, 0);
         QCOMPARE(fixture.library().status()->problems, 0);
 
@@ -113,8 +124,71 @@ private Q_SLOTS:
     void losesNothingToADiskThatGoesAway()
     {
         // The numbers of the files that are being read when it goes, and when it is back.
-        for (const auto &[awayAt, backAt] : {std::pair(3, 9), std::pair(3, 1000), std::pair(295, 1000)})
+        for (const auto &[awayAt, backAt] :
+             {std::pair(3, 9), std::pair(3, 0), std::pair(3, 1000), std::pair(295, 1000)})
             losesNothing(awayAt, backAt);
+    }
+
+    void countsWhatAWalkPassesOverAsGone_data()
+    {
+        QTest::addColumn<std::function<void(const WavFolder &)>>("act");
+        QTest::addColumn<QByteArray>("gone");
+        using Act = std::function<void(const WavFolder &)>;
+        const auto row = [](const char *name, const Act &act, const QByteArray &gone) {
+            QTest::newRow(name) << act << gone;
+        };
+        row(
+            "folder", [](const WavFolder &m) { m.writeBytes("a/.nomedia", {}); }, "a/b/c.wav");
+        row(
+            "music folder", [](const WavFolder &m) { m.writeBytes(".nomedia", {}); }, "a/b/c.wav");
+        row(
+            "hidden", [](const WavFolder &) {}, ".secret/s.wav");
+        row(
+            "suffix", [](const WavFolder &) {}, "a/x.doc");
+        row(
+            "folder by the name of the song",
+            [](const WavFolder &m) {
+                m.remove("a/b/c.wav");
+                m.makeFolder("a/b/c.wav");
+            },
+            "a/b/c.wav");
+        row(
+            "link to the home folder",
+            [](const WavFolder &m) {
+                qputenv("HOME", m.path("../far/me"));
+                m.makeFolder("../far/me");
+            },
+            "way/f.wav");
+    }
+    void countsWhatAWalkPassesOverAsGone()
+    {
+        QFETCH(const std::function<void(const WavFolder &)>, act);
+        QFETCH(const QByteArray, gone);
+        const auto home = qScopeGuard([old = qgetenv("HOME")] { qputenv("HOME", old); });
+        const WavFolder music;
+        music.write("a/b/c.wav", 1, "C");
+        music.write(".secret/s.wav", 2, "S");
+        music.write("../far/f.wav", 3, "F");
+        music.write("a/x.doc", 4, "Known to an earlier version");
+        QCOMPARE(symlink("../far", music.path("way").constData()), 0);
+        LibraryFixture fixture({music.root(), music.path(".secret")});
+        fixture.scan();
+        ScannedSong old{{music.path("a"), "x.doc"}, *signatureAt(music.path("a/x.doc")), {}, 0};
+        QVERIFY(fixture.store().write(std::span(&old, 1), {}, {}));
+        const ScanProblem unreadable{
+            {music.path("a"), "b"}, {}, FailureKind::Unreadable, QStringLiteral("b")};
+        QVERIFY(fixture.store().write({}, std::span(&unreadable, 1), {}));
+        const PersistentID id = fixture.idAt(music.path(gone));
+        QCOMPARE(fixture.availability(id), Availability::Available);
+        ScanPart folder;
+        folder.addFolder(music.path("a"));
+        ScanMonitor monitor;
+        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor, {{}, folder}));
+        QCOMPARE(fixture.library().status()->problems, 1); // it has not been looked into
+        act(music);
+        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor));
+        QCOMPARE(fixture.availability(id), Availability::FileGone);
+        QCOMPARE(fixture.library().status()->problems, 0);
     }
 
     void keepsNoSongThatChangesWhileItIsRead()

@@ -112,6 +112,8 @@ void FileChanges::take(FoundFolder folder)
     m_monitor.noteFound(std::ssize(folder.music));
     m_monitor.noteFolder(folder.path);
     m_disks.noteSeen(folder.device, folder.path, folder.device);
+    if (!folder.isUncertain)
+        noteReadable(folder.path);
     if (folder.music.empty())
         return;
     const KnownFolder *known = m_known.folder(folder.path);
@@ -159,6 +161,17 @@ void FileChanges::takeUnreadable(const QByteArray &folder, int error)
          QStringLiteral("The folder cannot be read: %1.").arg(QString::fromLocal8Bit(strerror(error)))});
 }
 
+void FileChanges::noteReadable(const QByteArray &folder)
+{
+    const FileName name = FileName::ofPath(folder);
+    for (KnownFiles::Entry &entry : m_known.find(m_known.folder(name.folder), name.name)) {
+        if (entry.isProblem()) {
+            entry.isSeen = true;
+            m_readable.push_back(m_known.place(entry));
+        }
+    }
+}
+
 void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                             const std::shared_ptr<const FolderListing> &companions)
 {
@@ -182,6 +195,7 @@ void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, 
 FileChanges::Missing FileChanges::missing() const
 {
     Missing missing;
+    missing.problems = m_readable;
     std::vector<const KnownFiles::Entry *> unseen;
     std::vector<MusicDisks::File> files;
     const auto mark = [&](const KnownFiles::Entry &entry, Availability now) {
@@ -202,7 +216,8 @@ FileChanges::Missing FileChanges::missing() const
                 mark(entry, Availability::DiskAbsent);
         } else {
             unseen.push_back(&entry);
-            files.push_back({name.path(), entry.isProblem() ? 0 : entry.signature.identity.device});
+            files.push_back(
+                {name.path(), entry.isProblem() ? 0 : entry.signature.identity.device, entry.isProblem()});
         }
     }
     const std::vector<MusicDisks::Whereabouts> found = m_disks.lookFor(files);
@@ -211,6 +226,8 @@ FileChanges::Missing FileChanges::missing() const
             mark(*unseen[i], Availability::FileGone);
         else if (found[i] == MusicDisks::Whereabouts::Unknown && !unseen[i]->isProblem())
             mark(*unseen[i], Availability::DiskAbsent);
+        else if (found[i] == MusicDisks::Whereabouts::There && !unseen[i]->isProblem())
+            missing.hasReturned = true;
     }
     return missing;
 }

@@ -55,6 +55,7 @@ public:
     void take(FoundFolder folder);
     /// See FolderWalk::Visitor.
     void takeUnreadable(const QByteArray &folder, int error);
+    void takePassedOver(const QByteArray &path, FileIdentity folder) { m_disks.notePassedOver(path, folder); }
     /// Those that are there and could not be listed.
     [[nodiscard]] const std::vector<QByteArray> &unreadableMusicFolders() const { return m_unreadableRoots; }
 
@@ -66,7 +67,8 @@ public:
         std::vector<SongPlace>
             gone; ///< the folder was read and the file is not in it, or the folder lies in no root
         std::vector<SongPlace> diskAbsent; ///< nobody can tell
-        std::vector<SongPlace> problems;   ///< failures of files that are gone
+        std::vector<SongPlace> problems;   ///< failures of files that are gone, of folders that are read
+        bool hasReturned = false;          ///< some were not there when the walk came by, and are now
     };
     /// What the walk has not seen. Only after a complete walk; blocks on the disk, since it looks again
     /// before anything is called gone.
@@ -81,6 +83,7 @@ private:
     [[nodiscard]] bool hasStableInodes(std::uint64_t device, const QByteArray &folder);
     void takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
                    const std::shared_ptr<const FolderListing> &companions);
+    void noteReadable(const QByteArray &folder);
     void noteDisks(const FoundFolder &folder, const FoundFile &file, std::span<KnownFiles::Entry> known);
 
     const std::vector<QByteArray> &m_musicFolders;
@@ -91,6 +94,7 @@ private:
     std::vector<QByteArray> m_unreadable;
     std::vector<QByteArray> m_unreadableRoots;
     std::vector<SongPlace> m_returned;
+    std::vector<SongPlace> m_readable; ///< folders that could not be read in an earlier scan
     MusicDisks m_disks;
     std::map<std::uint64_t, bool> m_stableInodes;
 };

@@ -16,8 +16,8 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <map>
 #include <memory>
-#include <set>
 
 namespace trackwise {
 
@@ -79,6 +79,8 @@ public:
             m_links.pop_back();
             if (isWorthFollowing(link))
                 walkTree(link);
+            else if (const auto target = signatureAt(link))
+                passOver(link, target->identity);
         }
         return !m_stop.stop_requested();
     }
@@ -121,8 +123,13 @@ private:
             m_visitor.unreadable(path, errno);
             return;
         }
-        if (!m_visited.insert({status.st_dev, status.st_ino}).second || isOfTheSystem(descriptor))
+        const FileIdentity identity = signatureOf(status).identity;
+        const auto [visited, isFirst] = m_visited.try_emplace({status.st_dev, status.st_ino}, path);
+        if (!isFirst || isOfTheSystem(descriptor)) {
+            if (isFirst || visited->second != path)
+                passOver(path, identity);
             return;
+        }
 
         FoundFolder found;
         found.path = path;
@@ -134,8 +141,10 @@ private:
         errno = 0;
         while (const dirent *entry = readdir(handle.get())) {
             const QByteArrayView name(entry->d_name);
-            if (name == leaveOutMark)
+            if (name == leaveOutMark) {
+                passOver(path, identity);
                 return;
+            }
             if (name != "." && name != "..")
                 entries.emplace_back(name.toByteArray(), entry->d_type);
             errno = 0;
@@ -155,8 +164,7 @@ private:
     void take(int folder, const QByteArray &name, unsigned char type, FoundFolder &found,
               std::vector<QByteArray> &waiting)
     {
-        const bool isMusic =
-            hasMusicSuffix(name) && !name.startsWith("._"); // those hold what macOS adds to files
+        const bool isMusic = isMusicName(name);
         if (type == DT_DIR) {
             takeFolder(name, found, waiting);
             return;
@@ -189,6 +197,12 @@ private:
         } else if (S_ISREG(status.st_mode) && hasSuffix(name, companionSuffixes)) {
             found.companions.push_back(name);
         }
+    }
+
+    void passOver(const QByteArray &path, FileIdentity folder) const
+    {
+        if (m_visitor.passedOver)
+            m_visitor.passedOver(path, folder);
     }
 
     static void takeFolder(const QByteArray &name, FoundFolder &found, std::vector<QByteArray> &waiting)
@@ -235,7 +249,7 @@ private:
     const std::vector<QByteArray> &m_roots;
     const FolderWalk::Visitor &m_visitor;
     const std::stop_token &m_stop;
-    std::set<std::pair<dev_t, ino_t>> m_visited;
+    std::map<std::pair<dev_t, ino_t>, QByteArray> m_visited; ///< and under which path
     std::vector<QByteArray> m_links;
 };
 } // namespace
@@ -255,6 +269,11 @@ bool FolderWalk::walkPart(const ScanPart &part, const Visitor &visitor, const st
 bool isOfInterest(QByteArrayView fileName)
 {
     return hasMusicSuffix(fileName) || hasSuffix(fileName, companionSuffixes);
+}
+
+bool isMusicName(QByteArrayView fileName)
+{
+    return hasMusicSuffix(fileName) && !fileName.startsWith("._"); // those hold what macOS adds to files
 }
 
 // "...And Justice" is a name, ".cache" is hidden.

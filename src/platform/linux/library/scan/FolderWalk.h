@@ -48,6 +48,9 @@ public:
         std::function<void(const QByteArray &path, int error)> unreadable;
         /// A folder, in which nothing has been looked at yet: what happens in it until now will be found.
         std::function<void(const FoundFolder &)> willRead = {};
+        /// A folder, or a link to one, that is there and is left out for what it holds or is, and not for its
+        /// name, with all that is in it.
+        std::function<void(const QByteArray &path, FileIdentity folder)> passedOver = {};
     };
 
     /// False when @p stop ended the walk. Blocks on the disk: worker threads only.
@@ -63,6 +66,8 @@ public:
 [[nodiscard]] bool isOfInterest(QByteArrayView fileName);
 /// Whether a walk leaves out every folder of this name.
 [[nodiscard]] bool isPassedOver(QByteArrayView folderName);
+/// Whether a walk takes a file of this name for music.
+[[nodiscard]] bool isMusicName(QByteArrayView fileName);
 /// A folder with a file of this name is left out, and all that is in it.
 constexpr QByteArrayView leaveOutMark(".nomedia");
 

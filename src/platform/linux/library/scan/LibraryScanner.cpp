@@ -177,7 +177,9 @@ private:
                     m_watch->didRead(folder);
                 changes.take(std::move(folder));
             },
-            [&](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); }};
+            [&](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); },
+            {},
+            [&](const QByteArray &path, FileIdentity folder) { changes.takePassedOver(path, folder); }};
         if (m_watch) {
             visitor.willRead = [this](const FoundFolder &folder) { m_watch->willRead(folder); };
             m_watch->willScan(m_part, m_roots);
@@ -414,6 +416,7 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     if (written && writer.summary().isComplete) {
         const FileChanges::Missing missing = changes.missing();
         writer.summary().songsMissing = std::ssize(missing.gone) + std::ssize(missing.diskAbsent);
+        writer.summary().wasDisturbed = missing.hasReturned;
         written = writeMissing(m_store, missing);
         if (written)
             written = writer.writeImages();

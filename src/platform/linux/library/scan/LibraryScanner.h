@@ -34,6 +34,7 @@ struct ScanSummary
     qsizetype songsRead = 0;
     qsizetype filesFailed = 0;
     qsizetype songsMissing = 0;
+    bool wasDisturbed = false; ///< songs were away when it came by and are there now: for another scan
     std::vector<QByteArray> unreadableMusicFolders; ///< those that are there and cannot be listed
 };
 

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/linux/library/scan/MusicDisks.h"
 
+#include "platform/linux/library/scan/FolderWalk.h"
 #include "platform/linux/library/store/FileSignature.h"
+
+#include <QList>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace trackwise {
@@ -29,11 +33,16 @@ public:
             close(m_descriptor);
     }
 
-    /// 0, or why there is nothing to be seen under this name.
-    [[nodiscard]] int look(const char *name) const
+    enum class Sight { Nothing, Folder, File, Unclear };
+    [[nodiscard]] Sight look(const char *name) const
     {
         struct stat status = {};
-        return fstatat(m_descriptor, name, &status, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
+        if (fstatat(m_descriptor, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+            return errno == ENOENT || errno == ENOTDIR ? Sight::Nothing : Sight::Unclear;
+        struct stat target = {};
+        if (S_ISLNK(status.st_mode) && fstatat(m_descriptor, name, &target, 0) == 0)
+            status = target;
+        return S_ISDIR(status.st_mode) ? Sight::Folder : Sight::File;
     }
 
 private:
@@ -46,6 +55,16 @@ const char *relativeTo(const QByteArray &folder, const QByteArray &path)
     while (*rest == '/')
         ++rest;
     return rest;
+}
+
+/// Whether its name, or that of a folder above it, keeps a walk from coming there.
+bool isLeftOutByName(const QByteArray &pathInMusicFolder, bool isFolder)
+{
+    const QList<QByteArray> parts = pathInMusicFolder.split('/');
+    const qsizetype folders = parts.size() - (isFolder ? 0 : 1);
+    return std::any_of(parts.begin(), parts.begin() + folders,
+                       [](const QByteArray &name) { return isPassedOver(name); }) ||
+           (!isFolder && !isMusicName(parts.last()));
 }
 } // namespace
 
@@ -67,6 +86,11 @@ void MusicDisks::noteSeen(std::uint64_t knownAs, const QByteArray &path, std::ui
     m_disks.try_emplace(knownAs, Place{path, device, 0});
 }
 
+void MusicDisks::notePassedOver(const QByteArray &path, FileIdentity folder)
+{
+    m_passedOver.insert_or_assign(path, Place{path, folder.device, folder.inode});
+}
+
 bool MusicDisks::isStill(const Place &place)
 {
     const auto now = signatureAt(place.path);
@@ -84,19 +108,26 @@ const MusicDisks::Place *MusicDisks::musicFolderOf(const QByteArray &path) const
     return innermost;
 }
 
+const MusicDisks::Place *MusicDisks::passedOverAbove(const QByteArray &path, const Place &musicFolder) const
+{
+    for (QByteArray above = path; isWithin(above, musicFolder.path);
+         above.truncate(std::max<qsizetype>(above.lastIndexOf('/'), 0))) {
+        if (const auto place = m_passedOver.find(above); place != m_passedOver.end())
+            return &place->second;
+    }
+    return nullptr;
+}
+
 std::vector<MusicDisks::Whereabouts> MusicDisks::lookFor(const std::vector<File> &files) const
 {
+    using Sight = HeldFolder::Sight;
     std::map<const Place *, HeldFolder> held;
-    std::vector<Whereabouts> found;
+    std::vector<Sight> seen;
     for (const File &file : files) {
         const Place *folder = musicFolderOf(file.path);
-        int error = EIO;
-        if (folder)
-            error = held.try_emplace(folder, folder->path)
-                        .first->second.look(relativeTo(folder->path, file.path));
-        const bool isMissing = error == ENOENT || error == ENOTDIR;
-        found.push_back(error == 0 ? Whereabouts::There
-                                   : (isMissing ? Whereabouts::Gone : Whereabouts::Unknown));
+        seen.push_back(folder ? held.try_emplace(folder, folder->path)
+                                    .first->second.look(relativeTo(folder->path, file.path))
+                              : Sight::Unclear);
     }
 
     // Only now: had a disk gone away while its files were looked for, it is seen here.
@@ -105,14 +136,25 @@ std::vector<MusicDisks::Whereabouts> MusicDisks::lookFor(const std::vector<File>
         const auto known = isThere.find(place);
         return known != isThere.end() ? known->second : isThere.emplace(place, isStill(*place)).first->second;
     };
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        if (found[i] != Whereabouts::Gone)
-            continue;
-        const auto disk = m_disks.find(files[i].disk);
-        const bool isDiskThere = files[i].disk == 0 || (disk != m_disks.end() && isIntact(&disk->second));
-        if (!isDiskThere || !isIntact(musicFolderOf(files[i].path)))
-            found[i] = Whereabouts::Unknown;
-    }
+    const auto whereabouts = [&](const File &file, Sight sight) {
+        const Place *folder = musicFolderOf(file.path);
+        if (sight == Sight::Unclear || !isIntact(folder))
+            return Whereabouts::Unknown;
+        if (sight == Sight::Nothing) {
+            const auto disk = m_disks.find(file.disk);
+            const bool isDiskThere = file.disk == 0 || (disk != m_disks.end() && isIntact(&disk->second));
+            return isDiskThere ? Whereabouts::Gone : Whereabouts::Unknown;
+        }
+        const bool isFolder = sight == Sight::Folder;
+        const Place *passedOver = passedOverAbove(file.path, *folder);
+        const bool isLeftOut = (isFolder && !file.mayBeFolder) ||
+                               isLeftOutByName(relativeTo(folder->path, file.path), isFolder) ||
+                               (passedOver && isIntact(passedOver));
+        return isLeftOut ? Whereabouts::Gone : Whereabouts::There;
+    };
+    std::vector<Whereabouts> found;
+    for (std::size_t i = 0; i < files.size(); ++i)
+        found.push_back(whereabouts(files[i], seen[i]));
     return found;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/linux/library/store/SongRecord.h"
+
 #include <QByteArray>
 
 #include <cstdint>
@@ -23,15 +25,18 @@ public:
     /// @p path has the number @p device now. The first word counts.
     void noteSeen(std::uint64_t knownAs, const QByteArray &path, std::uint64_t device);
     [[nodiscard]] bool isSeen(std::uint64_t knownAs) const { return m_disks.contains(knownAs); }
+    /// See FolderWalk::Visitor.
+    void notePassedOver(const QByteArray &path, FileIdentity folder);
 
     struct File
     {
         QByteArray path;
         std::uint64_t disk = 0; ///< as the library knows it; 0: whichever
+        bool mayBeFolder = false;
     };
     enum class Whereabouts {
         There,   ///< where it should be; it was not when the walk came by
-        Gone,    ///< its folder and its disk are there, it is not
+        Gone,    ///< its folder and its disk are there, it is not, or is nothing that a walk takes
         Unknown, ///< its music folder or its disk is not there
     };
     /// Looks for files that the walk has not seen, in the given order. Blocks on the disk.
@@ -46,9 +51,11 @@ private:
     };
     [[nodiscard]] static bool isStill(const Place &place);
     [[nodiscard]] const Place *musicFolderOf(const QByteArray &path) const;
+    [[nodiscard]] const Place *passedOverAbove(const QByteArray &path, const Place &musicFolder) const;
 
     std::vector<Place> m_musicFolders; ///< those that were there
     std::map<std::uint64_t, Place> m_disks;
+    std::map<QByteArray, Place> m_passedOver; ///< by their paths
 };
 
 /// Whether @p path is @p folder or lies in it.
