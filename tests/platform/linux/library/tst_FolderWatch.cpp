@@ -36,8 +36,8 @@ QByteArrayList available(LibraryFixture &fixture, const WavFolder &music)
 class Follower : public QObject
 {
 public:
-    explicit Follower(const WavFolder &music, const WatchLimits &limits = {})
-        : fixture({music.root()})
+    explicit Follower(const WavFolder &music, const WatchLimits &limits = {}, const QByteArray &folder = {})
+        : fixture({folder.isEmpty() ? music.root() : folder})
         , watch(
               [this](const ScanPart &part) {
                   QMetaObject::invokeMethod(
@@ -125,6 +125,9 @@ private Q_SLOTS:
         row("folder removed", [](const WavFolder &m) { m.remove("sub"); }, {"a.wav"});
         row("folder hidden", [](const WavFolder &m) { m.move("sub", ".sub"); }, {"a.wav"});
         row(
+            "folder left out", [](const WavFolder &m) { m.writeBytes("sub/.nomedia", {}); }, {"a.wav"},
+            false);
+        row(
             "folder left out no more", [](const WavFolder &m) { m.remove("quiet/.nomedia"); },
             {"a.wav", "quiet/q.wav", "sub/b.wav"}, false);
         row(
@@ -191,7 +194,46 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i)
             music.copy("a.wav", "album " + QByteArray::number(i / 20) + '/' + QByteArray::number(i) + ".wav");
         QTRY_COMPARE(follower.fixture.library().status()->available, 301);
-        QVERIFY2(follower.parts.size() <= 2, QByteArray::number(follower.parts.size()));
+        QVERIFY2(follower.parts.size() < 20,
+                 QByteArray::number(follower.parts.size())); // one where none waits
+    }
+
+    void gathersChanges()
+    {
+        const ChangeGathering::Time start(1h);
+        const FileName a{"/m", "a"};
+        ScanPart folder;
+        folder.addFolder("/m");
+        ChangeGathering changes(1s);
+        QCOMPARE(changes.nextDue(), std::nullopt);
+        changes.add(folder, start);
+        QCOMPARE(changes.nextDue(), start + 120ms);
+        changes.add(folder, start + 100ms); // no pause yet
+        QVERIFY(changes.takeDue(start + 219ms).isEmpty());
+        QCOMPARE(changes.takeDue(start + 220ms), folder);
+        for (int i = 0; i < 80; ++i) // without a pause: twice as long as at first, since it goes on
+            changes.add(folder, start + 1s + i * 200ms);
+        QCOMPARE(changes.nextDue(), start + 17s);
+        QCOMPARE(changes.takeDue(start + 17s), folder);
+        changes.add(folder, start + 19s); // after a calm all is as at first
+        QCOMPARE(changes.nextDue(), start + 19s + 120ms);
+        QCOMPARE(changes.takeDue(start + 20s), folder);
+
+        auto now = start + 1min;
+        for (const auto patience : {1s, 2s, 4s, 8s, 16s, 30s, 30s}) { // it grows again each time it is taken
+            changes.addGrowing(a, now);
+            QVERIFY(changes.isGrowing(a));
+            QVERIFY(changes.takeDue(now + patience - 1ms).isEmpty());
+            QCOMPARE(changes.nextDue(), now + patience);
+            (void)changes.takeDue(now + patience);
+            QVERIFY(!changes.isGrowing(a));
+            now += patience + 1s;
+            QCOMPARE(changes.takeDue(now), folder);
+        }
+        changes.addChanged(a, now);
+        QVERIFY(!changes.hasGrowing());
+        changes.clear();
+        QCOMPARE(changes.nextDue(), std::nullopt);
     }
 
     void looksNowAndThenWhereTheSystemDoesNotTell()
@@ -221,13 +263,13 @@ private Q_SLOTS:
     void followsFoldersThatGoAndComeBack()
     {
         const WavFolder music;
-        music.write("a.wav", 1, "A");
-        Follower follower(music);
-        const PersistentID id = follower.fixture.idAt(music.path("a.wav"));
-        for (int i = 0; i < 2; ++i) {
-            music.move("../music", "../elsewhere/music");
+        music.write("up/down/a.wav", 1, "A");
+        Follower follower(music, {}, music.path("up/down"));
+        const PersistentID id = follower.fixture.idAt(music.path("up/down/a.wav"));
+        for (const char *folder : {"up/down", "up", "up/down", "../music"}) { // itself, or one above it
+            music.move(folder, "../elsewhere");
             QTRY_COMPARE(follower.fixture.availability(id), Availability::DiskAbsent);
-            music.move("../elsewhere/music", "../music");
+            music.move("../elsewhere", folder);
             QTRY_COMPARE(follower.fixture.availability(id), Availability::Available);
         }
     }

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace trackwise {
 
@@ -16,7 +15,8 @@ constexpr Duration shortestPause = 120ms;
 constexpr Duration longestPause = 600ms;
 constexpr Duration firstLongest = 8s;
 constexpr Duration lastLongest = 30s;
-constexpr Duration calm = 2s; ///< changes that come later have nothing to do with those before
+constexpr int mostPatience = 30; ///< times that for a stalled writer
+constexpr Duration calm = 2s;    ///< changes that come later have nothing to do with those before
 } // namespace
 
 void ChangeGathering::add(const ScanPart &part, Time now)
@@ -33,7 +33,13 @@ void ChangeGathering::add(const ScanPart &part, Time now)
 
 void ChangeGathering::addGrowing(const FileName &file, Time now)
 {
-    m_growing[file.path()] = {file, now};
+    Growing &growing = m_growing[file.path()];
+    if (growing.isTaken || growing.patience == Duration{})
+        growing.patience = growing.isTaken ? std::min(2 * growing.patience, mostPatience * m_stalledWriter)
+                                           : m_stalledWriter;
+    growing.file = file;
+    growing.last = now;
+    growing.isTaken = false;
 }
 
 void ChangeGathering::addChanged(const FileName &file, Time now)
@@ -42,6 +48,12 @@ void ChangeGathering::addChanged(const FileName &file, Time now)
     ScanPart part;
     part.addFolder(file.folder);
     add(part, now);
+}
+
+bool ChangeGathering::isGrowing(const FileName &file) const
+{
+    const auto growing = m_growing.find(file.path());
+    return growing != m_growing.end() && !growing->second.isTaken;
 }
 
 void ChangeGathering::clear()
@@ -60,20 +72,27 @@ std::optional<ChangeGathering::Time> ChangeGathering::nextDue() const
     std::optional<Time> next;
     if (!m_changed.isEmpty())
         next = due();
-    for (const auto &[path, growing] : m_growing)
-        next = std::min(next.value_or(Time::max()), growing.last + m_stalledWriter);
+    for (const auto &[path, growing] : m_growing) {
+        if (!growing.isTaken)
+            next = std::min(next.value_or(Time::max()), growing.last + growing.patience);
+    }
     return next;
 }
 
 ScanPart ChangeGathering::takeDue(Time now)
 {
-    std::vector<FileName> stalled;
-    for (const auto &[path, growing] : m_growing) {
-        if (growing.last + m_stalledWriter <= now)
-            stalled.push_back(growing.file);
+    std::erase_if(m_growing, [&](const auto &entry) { // to be forgotten, since it grows no more
+        return entry.second.isTaken && entry.second.last + 2 * mostPatience * m_stalledWriter < now;
+    });
+    ScanPart stalled;
+    for (auto &[path, growing] : m_growing) {
+        if (!growing.isTaken && growing.last + growing.patience <= now) {
+            growing.isTaken = true;
+            stalled.addFolder(growing.file.folder);
+        }
     }
-    for (const FileName &file : stalled)
-        addChanged(file, now);
+    if (!stalled.isEmpty())
+        add(stalled, now);
     if (m_changed.isEmpty() || now < due())
         return {};
     m_lastHandedOn = now;

@@ -27,12 +27,13 @@ public:
 
     /// Something has changed that @p part holds.
     void add(const ScanPart &part, Time now);
-    /// The file is longer than before, or new; what is written of it may be a part.
+    /// The file is longer than before, or new; what is written of it may be a part. One that is taken and
+    /// then grows again is waited for longer each time.
     void addGrowing(const FileName &file, Time now);
     /// The file is complete, has changed otherwise, or is gone.
     void addChanged(const FileName &file, Time now);
     [[nodiscard]] bool hasGrowing() const { return !m_growing.empty(); }
-    [[nodiscard]] bool isGrowing(const FileName &file) const { return m_growing.contains(file.path()); }
+    [[nodiscard]] bool isGrowing(const FileName &file) const;
 
     void clear();
 
@@ -48,6 +49,8 @@ private:
     {
         FileName file;
         Time last;
+        Duration patience{};
+        bool isTaken = false; ///< as it was; known on, in case that it grows again
     };
     Duration m_stalledWriter;
     std::map<QByteArray, Growing> m_growing;

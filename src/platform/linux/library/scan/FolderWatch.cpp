@@ -136,10 +136,12 @@ void FolderWatch::didScan(const ScanPart &part)
             roots = m_musicFolders;
         }
         for (const QByteArray &root : roots) {
-            if (isReadable(root))
-                continue;
-            m_folders.awaitRoot(root);
-            if (isReadable(root)) // it has come between the two looks
+            const bool wasReadable = isReadable(root);
+            m_folders.watchAbove(root);
+            m_folders.watchAbove(resolved(root));
+            if (!wasReadable)
+                m_folders.awaitRoot(root);
+            if (isReadable(root) != wasReadable) // it has come or gone between the two looks
                 addEverything();
         }
     }
@@ -316,6 +318,7 @@ void FolderWatch::pollFolder(const QByteArray &path, std::int64_t modified)
     }
     if (now->modified == modified)
         return;
+    ScanPart part = folderScope(path);
     const FolderWalk::Visitor visitor{
         [this](FoundFolder found) { // NOLINT(performance-unnecessary-value-param)
             if (found.hasLinks)
@@ -325,9 +328,10 @@ void FolderWatch::pollFolder(const QByteArray &path, std::int64_t modified)
                     addNew(found.path + '/' + name);
             }
         },
-        [](const QByteArray &, int) {}, [this](const FoundFolder &folder) { m_folders.add(folder); }};
+        [](const QByteArray &, int) {}, [this](const FoundFolder &folder) { m_folders.add(folder); },
+        [&part](const QByteArray &folder, FileIdentity) { part.addTree(folder); }};
     (void)FolderWalk::walkPart(folderScope(path), visitor, m_stop.get_token());
-    add(folderScope(path));
+    add(part);
 }
 
 void FolderWatch::add(const ScanPart &part)
@@ -345,6 +349,7 @@ void FolderWatch::addNew(const QByteArray &folder)
         [this](const FoundFolder &found) { m_hasLinks = m_hasLinks || found.hasLinks; },
         [](const QByteArray &, int) {}, [this](const FoundFolder &found) { m_folders.add(found); }};
     (void)FolderWalk::walkPart(part, visitor, m_stop.get_token());
+    part.addFolder(folderAbove(folder)); // which knows of a problem with it
     add(part);
 }
 

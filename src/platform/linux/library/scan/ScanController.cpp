@@ -10,7 +10,8 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto lookInterval = 100ms;
 constexpr std::chrono::milliseconds quietTime =
-    1s; ///< a scan that takes longer is worth mentioning, whoever wanted it
+    1s;                        ///< a scan that takes longer is worth mentioning, whoever wanted it
+constexpr int mostRepeats = 3; ///< of a disturbed scan; what goes on changing is left to the watch
 } // namespace
 
 ScanController::ScanController(std::shared_ptr<SongStore> store, std::vector<QByteArray> musicFolders,
@@ -102,12 +103,13 @@ void ScanController::run()
     m_stop = {};
     m_changesTold = 0;
     m_monitor = std::make_shared<ScanMonitor>();
+    m_scanned = std::exchange(m_waiting, {});
     m_sinceStart.start();
     m_timer.start();
     runInBackground(
         m_pool, this,
         [store = m_store, folders = m_musicFolders, monitor = m_monitor, stop = m_stop.get_token(),
-         request = ScanRequest{std::exchange(m_nextScope, ScanScope::Changes), std::exchange(m_waiting, {}),
+         request = ScanRequest{std::exchange(m_nextScope, ScanScope::Changes), m_scanned,
                                m_isFollowing ? m_watch.get() : nullptr}] {
             return LibraryScanner(*store, folders).run(stop, *monitor, request);
         },
@@ -125,6 +127,13 @@ void ScanController::look()
     Q_EMIT progressDidChange();
 }
 
+bool ScanController::isWorthRepeating(const Result<ScanSummary> &result)
+{
+    const bool isWorthIt = m_isFollowing && result && result->wasDisturbed && m_repeats < mostRepeats;
+    m_repeats = isWorthIt ? m_repeats + 1 : 0;
+    return isWorthIt;
+}
+
 void ScanController::end(const Result<ScanSummary> &result)
 {
     m_isRunning = false;
@@ -138,6 +147,8 @@ void ScanController::end(const Result<ScanSummary> &result)
     if (m_watch && !m_isFollowing)
         m_watch->clear(); // of what the scan came past since
     look();
+    if (isWorthRepeating(result))
+        m_waiting.add(m_scanned);
     if (!m_waiting.isEmpty())
         run();
     else if (std::exchange(m_isAskedFor, false))

@@ -54,6 +54,7 @@ Q_SIGNALS:
 private:
     void scanQuietly(const ScanPart &part);
     void run();
+    [[nodiscard]] bool isWorthRepeating(const Result<ScanSummary> &result);
     void look();
     void end(const Result<ScanSummary> &result);
 
@@ -68,6 +69,8 @@ private:
     bool m_isAskedFor = false; ///< the one that runs, or one before it without a pause
     bool m_isFollowing = false;
     ScanPart m_waiting; ///< for the next scan
+    ScanPart m_scanned; ///< by the one that runs or ran last
+    int m_repeats = 0;  ///< of it, since it was disturbed
     QElapsedTimer m_sinceStart;
     unsigned m_changesTold = 0;
     QTimer m_timer;

@@ -163,6 +163,19 @@ void WatchedFolders::endAll()
         folder = folder->second.round != m_round ? forget(folder) : std::next(folder);
 }
 
+void WatchedFolders::watchAbove(const QByteArray &root)
+{
+    const std::scoped_lock lock(m_mutex);
+    QByteArray above = root;
+    for (qsizetype slash = 0; (slash = above.lastIndexOf('/')) > 0;) {
+        above.truncate(slash);
+        const int number = inotify_add_watch(m_descriptor, above.constData(),
+                                             IN_MOVE_SELF | IN_DELETE_SELF | IN_ONLYDIR | IN_MASK_ADD);
+        if (number >= 0 && !m_pathOfWatch.contains(number)) // else it is one of the library's
+            m_awaited[number];
+    }
+}
+
 void WatchedFolders::awaitRoot(const QByteArray &root)
 {
     const std::scoped_lock lock(m_mutex);

@@ -50,6 +50,9 @@ public:
     /// Between these two every folder of the library is added; the others are let go.
     void beginAll();
     void endAll();
+    /// Tells when a folder above that one is moved or removed, and that one with it; until the next
+    /// beginAll().
+    void watchAbove(const QByteArray &root);
     /// Tells when that folder appears, which is not there or not readable now; until the next beginAll().
     void awaitRoot(const QByteArray &root);
 
