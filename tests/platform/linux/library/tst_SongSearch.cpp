@@ -51,7 +51,7 @@ private Q_SLOTS:
         fixture.add(u"Fireworks"_s, u"Someone"_s);
         fixture.add(u"Fire"_s, u"Someone"_s);
         QCOMPARE(titles(fixture, u"fire"_s).join(u'|'),
-                 u"Also|Fire|By Them|Fireworks|Ring of Fire|Not Them|Elsewhere"_s);
+                 u"By Them|Fire|Also|Fireworks|Ring of Fire|Not Them|Elsewhere"_s);
     }
 
     void findsTheArtistBehindThousands()

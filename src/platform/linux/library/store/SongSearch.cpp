@@ -145,6 +145,7 @@ struct Texts
 
 enum class Rank {
     IsArtist,
+    IsNearlyArtist, ///< but for an article, or a sign for a letter; or one of several artists
     IsTitle,
     BeginsTitle,
     InTitle,
@@ -158,10 +159,12 @@ enum class Rank {
 Rank rankOf(const Texts &song, const Spelling &typed)
 {
     const auto isArtist = [&typed](std::string_view artist) {
-        return searchTextIn(artist) == typed.text || hasWord(artist, typed.whole);
+        return areOneName(searchTextIn(artist), typed.text);
     };
     if (isArtist(song.artist) || isArtist(song.albumArtist))
         return Rank::IsArtist;
+    if (hasWord(song.artist, typed.whole) || hasWord(song.albumArtist, typed.whole))
+        return Rank::IsNearlyArtist;
     if (areOneName(searchTextIn(song.title), typed.text))
         return Rank::IsTitle;
     if (song.title.starts_with(typed.text))
@@ -228,9 +231,9 @@ std::int64_t collect(Statement &statement, const Typed &typed, std::vector<Found
 /// hides the other behind a long list.
 void letTakeTurns(std::vector<Found> &found)
 {
-    const auto isRanked = [](Rank rank) { return [rank](const Found &f) { return f.rank == rank; }; };
-    const auto titles = std::find_if_not(found.begin(), found.end(), isRanked(Rank::IsArtist));
-    const auto others = std::find_if_not(titles, found.end(), isRanked(Rank::IsTitle));
+    const auto isAfter = [](Rank rank) { return [rank](const Found &f) { return f.rank > rank; }; };
+    const auto titles = std::find_if(found.begin(), found.end(), isAfter(Rank::IsNearlyArtist));
+    const auto others = std::find_if(titles, found.end(), isAfter(Rank::IsTitle));
     std::vector<Found> mixed;
     for (auto artist = found.begin(), title = titles; artist != titles || title != others;) {
         if (artist != titles)
