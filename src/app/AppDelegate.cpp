@@ -129,7 +129,8 @@ void AppDelegate::activateAction(const QString &name)
 
 void AppDelegate::sceneWasUsed(const WindowScene *scene)
 {
-    std::ranges::stable_partition(m_scenes, [scene](const auto &open) { return open.get() != scene; });
+    std::stable_partition(m_scenes.begin(), m_scenes.end(),
+                          [scene](const auto &open) { return open.get() != scene; });
 }
 
 void AppDelegate::setTimeZone(const QTimeZone &zone)
