@@ -12,6 +12,8 @@
 
 #include <filesystem>
 
+using namespace Qt::StringLiterals;
+
 class tst_CommandLine : public QObject, private Program
 {
     Q_OBJECT
@@ -25,7 +27,7 @@ private:
     }
     [[nodiscard]] QByteArray makeSong(const QByteArray &path, const TagLib::String &title) const
     {
-        QFile::copy(m_demo + QStringLiteral("/Ines Marlow/Low Water/01 Paper Kites.flac"),
+        QFile::copy(m_demo + u"/Ines Marlow/Low Water/01 Paper Kites.flac"_s,
                     QString::fromUtf8(inScratch("copy.flac")));
         TagLib::FileRef file(inScratch("copy.flac").constData());
         file.tag()->setTitle(title);
@@ -39,36 +41,30 @@ private Q_SLOTS:
     {
         const Outcome scan = run(onDemo({"library", "scan"}));
         QCOMPARE(scan.errors, QByteArray()); // quiet in a pipe
-        QCOMPARE(scan.output, QByteArray("12 songs, 0 files with problems\n"));
+        QCOMPARE(scan.output, "12 songs, 0 files with problems\n"_ba);
         QCOMPARE(scan.code, 0);
         QCOMPARE(run(onDemo({"library", "scan", "--all"})).output, scan.output);
     }
 
-    void saysHowItWent_data()
-    {
-        QTest::addColumn<QByteArrayList>("arguments");
-        QTest::addColumn<int>("code");
-        QTest::newRow("help") << QByteArrayList{"info", "--help"} << 0;
-        QTest::newRow("help of all") << QByteArrayList{"library", "--help"} << 0;
-        QTest::newRow("status") << onDemo({"library", "status"}) << 0;
-        QTest::newRow("no song named") << QByteArrayList{"info"} << 2;
-        QTest::newRow("no command") << QByteArrayList{"library"} << 2;
-        QTest::newRow("unknown command") << QByteArrayList{"library", "play"} << 2;
-        QTest::newRow("unknown option") << onDemo({"library", "export", "--json"}) << 2;
-        QTest::newRow("words that fit nothing") << onDemo({"info", "qqqq"}) << 3;
-        QTest::newRow("search that finds nothing") << onDemo({"library", "search", "qqqq"}) << 3;
-        QTest::newRow("identifier of nothing") << onDemo({"info", "0000000000000001"}) << 3;
-        QTest::newRow("not music") << onDemo({"info", TRACKWISE_PROGRAM}) << 1;
-        QTest::newRow("library that is a folder")
-            << QByteArrayList{"library", "status", "--library", "/"} << 1;
-    }
     void saysHowItWent()
     {
-        QFETCH(QByteArrayList, arguments);
-        QFETCH(int, code);
-        const Outcome outcome = run(arguments);
-        QVERIFY2(outcome.code == code, outcome.errors.constData());
-        QCOMPARE(outcome.errors.isEmpty(), code == 0 || arguments.contains("search"));
+        const std::pair<QByteArrayList, int> rows[]{{{"info", "--help"}, 0},
+                                                    {{"library", "--help"}, 0},
+                                                    {onDemo({"library", "status"}), 0},
+                                                    {{"info"}, 2},
+                                                    {{"library"}, 2},
+                                                    {{"library", "play"}, 2},
+                                                    {onDemo({"library", "export", "--json"}), 2},
+                                                    {onDemo({"info", "qqqq"}), 3},
+                                                    {onDemo({"library", "search", "qqqq"}), 3},
+                                                    {onDemo({"info", "0000000000000001"}), 3},
+                                                    {onDemo({"info", TRACKWISE_PROGRAM}), 1},
+                                                    {{"library", "status", "--library", "/"}, 1}};
+        for (const auto &[arguments, code] : rows) {
+            const Outcome outcome = run(arguments);
+            QVERIFY2(outcome.code == code, arguments.join(' ') + outcome.errors);
+            QCOMPARE(outcome.errors.isEmpty(), code == 0 || arguments.contains("search"));
+        }
     }
 
     void showsTheSameRowsForAWordAnIdentifierAndAFile()
@@ -83,7 +79,7 @@ private Q_SLOTS:
         QCOMPARE(run(onDemo({"info", found.left(16), "--more"})).output, words.output);
 
         const QByteArray file =
-            QFile::encodeName(m_demo + QStringLiteral("/Various Artists/Small Hours/03 Harbour Lights.mp3"));
+            QFile::encodeName(m_demo + u"/Various Artists/Small Hours/03 Harbour Lights.mp3"_s);
         QCOMPARE(run(onDemo({"info", file, "--more"})).output, words.output);
         // In no library: the same but for the date on which it came into one.
         QByteArrayList expected = words.output.split('\n');
@@ -102,24 +98,21 @@ private Q_SLOTS:
         for (const QByteArray &line : lines) {
             const QJsonObject song = QJsonDocument::fromJson(line).object();
             QCOMPARE(song.size(), 28);
-            QVERIFY(QFile::exists(song.value(QStringLiteral("path")).toString()));
-            songs.insert(song.value(QStringLiteral("title")).toString(), song);
+            QVERIFY(QFile::exists(song.value(u"path"_s).toString()));
+            songs.insert(song.value(u"title"_s).toString(), song);
         }
         QCOMPARE(songs.size(), 12);
-        const QJsonObject canon = songs.value(QStringLiteral("Canon for Four Lifts"));
-        QCOMPARE(canon.value(QStringLiteral("releaseDate")).toString(),
-                 QStringLiteral("1998-04-17T00:00:00.000Z"));
-        QCOMPARE(canon.value(QStringLiteral("rating")).toInt(), 4);
-        QCOMPARE(canon.value(QStringLiteral("discCount")).toInt(), 3);
-        QCOMPARE(canon.value(QStringLiteral("lyrics")), QJsonValue());
-        QCOMPARE(canon.value(QStringLiteral("available")).toBool(), true);
-        QCOMPARE(canon.value(QStringLiteral("persistentID")).toString().size(), 16);
-        QVERIFY(!canon.value(QStringLiteral("artwork")).toString().isEmpty());
-        QVERIFY(songs.value(QString()).value(QStringLiteral("artwork")).isNull());
-        QVERIFY(songs.value(QStringLiteral("Медленный трамвай"))
-                    .value(QStringLiteral("lyrics"))
-                    .toString()
-                    .startsWith(QStringLiteral("(кларнет)\n")));
+        const QJsonObject canon = songs.value(u"Canon for Four Lifts"_s);
+        QCOMPARE(canon.value(u"releaseDate"_s).toString(), u"1998-04-17T00:00:00.000Z"_s);
+        QCOMPARE(canon.value(u"rating"_s).toInt(), 4);
+        QCOMPARE(canon.value(u"discCount"_s).toInt(), 3);
+        QCOMPARE(canon.value(u"lyrics"_s), QJsonValue());
+        QCOMPARE(canon.value(u"available"_s).toBool(), true);
+        QCOMPARE(canon.value(u"persistentID"_s).toString().size(), 16);
+        QVERIFY(!canon.value(u"artwork"_s).toString().isEmpty());
+        QVERIFY(songs.value(QString()).value(u"artwork"_s).isNull());
+        QVERIFY(
+            songs.value(u"Медленный трамвай"_s).value(u"lyrics"_s).toString().startsWith(u"(кларнет)\n"_s));
     }
 
     void readsNamesOfAnyBytesAndNeutralisesTags()
@@ -132,14 +125,14 @@ private Q_SLOTS:
         garbage.close();
 
         QCOMPARE(run(QByteArrayList{"library", "scan"} + library).output,
-                 QByteArray("1 songs, 1 files with problems\n"));
+                 "1 songs, 1 files with problems\n"_ba);
         QVERIFY(run(QByteArrayList{"library", "problems"} + library)
                     .output.startsWith(garbage.fileName().toUtf8()));
 
         const QJsonObject song =
             QJsonDocument::fromJson(run(QByteArrayList{"library", "export"} + library).output).object();
-        QCOMPARE(QByteArray::fromHex(song.value(QStringLiteral("path_hex")).toString().toLatin1()), path);
-        QCOMPARE(song.value(QStringLiteral("title")).toString(), QStringLiteral("\x1b[31mred\x07"));
+        QCOMPARE(QByteArray::fromHex(song.value(u"path_hex"_s).toString().toLatin1()), path);
+        QCOMPARE(song.value(u"title"_s).toString(), QStringLiteral("\x1b[31mred\x07"));
 
         const QByteArray shown = run(QByteArrayList{"info", path} + library).output;
         QVERIFY2(shown.startsWith("Title         ␛[31mred␇\n"), shown.constData());
@@ -149,8 +142,8 @@ private Q_SLOTS:
         QCOMPARE(run(QByteArrayList{"library", "scan"} + library).code, 3);
         const QJsonObject kept =
             QJsonDocument::fromJson(run(QByteArrayList{"library", "export"} + library).output).object();
-        QCOMPARE(kept.value(QStringLiteral("available")), QJsonValue(false));
-        QCOMPARE(kept.value(QStringLiteral("persistentID")), song.value(QStringLiteral("persistentID")));
+        QCOMPARE(kept.value(u"available"_s), QJsonValue(false));
+        QCOMPARE(kept.value(u"persistentID"_s), song.value(u"persistentID"_s));
     }
 
     void printsLyricsOnDemand()

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace trackwise::cli;
 
@@ -12,49 +13,31 @@ class tst_Console : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void letsNoTagSteerTheTerminal_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("plain") << QStringLiteral("Føhn ★ 雨 😀") << QStringLiteral("Føhn ★ 雨 😀");
-        QTest::newRow("colour") << QStringLiteral("\x1b[31mred\x1b[0m") << QStringLiteral("␛[31mred␛[0m");
-        QTest::newRow("title of the window") << QStringLiteral("\x1b]0;x\x07") << QStringLiteral("␛]0;x␇");
-        QTest::newRow("eight-bit escape")
-            << QString(QChar(0x9b)) + QStringLiteral("2J") << QStringLiteral("�2J");
-        QTest::newRow("line end and tab") << QStringLiteral("a\nb\tc") << QStringLiteral("a\nb c");
-        QTest::newRow("backspace, delete") << QStringLiteral("a\b\x7f") << QStringLiteral("a␈␡");
-        QTest::newRow("reversed name") << QStringLiteral("\u202egpj.exe") << QStringLiteral("�gpj.exe");
-        QTest::newRow("half a character") << QString(QChar(0xd83d)) << QStringLiteral("�");
-    }
     void letsNoTagSteerTheTerminal()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, shown);
-        QCOMPARE(printable(text), shown);
+        QCOMPARE(printable(u"Føhn ★ 雨 😀"_s), u"Føhn ★ 雨 😀"_s);
+        QCOMPARE(printable(QStringLiteral("\x1b[31mred\x1b[0m")), u"␛[31mred␛[0m"_s);
+        QCOMPARE(printable(QStringLiteral("\x1b]0;x\x07")), u"␛]0;x␇"_s);
+        QCOMPARE(printable(QString(QChar(0x9b)) + u"2J"_s), u"�2J"_s);
+        QCOMPARE(printable(u"a\nb\tc"_s), u"a\nb c"_s);
+        QCOMPARE(printable(QStringLiteral("a\b\x7f")), u"a␈␡"_s);
+        QCOMPARE(printable(u"\u202egpj.exe"_s), u"�gpj.exe"_s);
+        QCOMPARE(printable(QString(QChar(0xd83d))), u"�"_s);
     }
 
-    void countsColumnsAsTerminalsDo_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("columns");
-        QTest::newRow("Latin") << QStringLiteral("Rock") << 4;
-        QTest::newRow("kanji and kana") << QStringLiteral("雨のA") << 5;
-        QTest::newRow("half-width kana") << QStringLiteral("ｱｲ") << 2;
-        QTest::newRow("combining mark") << QStringLiteral("e\u0301a") << 2;
-        QTest::newRow("beyond 16 bits") << QStringLiteral("😀") << 2;
-        QTest::newRow("stars") << QStringLiteral("★★☆") << 3;
-    }
     void countsColumnsAsTerminalsDo()
     {
-        QFETCH(QString, text);
-        QFETCH(int, columns);
-        QCOMPARE(columnsOf(text), columns);
+        QCOMPARE(columnsOf(u"Rock"_s), 4);
+        QCOMPARE(columnsOf(u"雨のA"_s), 5);
+        QCOMPARE(columnsOf(u"ｱｲ"_s), 2);
+        QCOMPARE(columnsOf(u"e\u0301a"_s), 2);
+        QCOMPARE(columnsOf(u"😀"_s), 2);
+        QCOMPARE(columnsOf(u"★★☆"_s), 3);
     }
 
     void beginsValuesBelowEachOther()
     {
-        QCOMPARE(table({{QStringLiteral("雨"), QStringLiteral("1")},
-                        {QStringLiteral("Comments"), QStringLiteral("one\r\ntwo\rthree")}}),
+        QCOMPARE(table({{u"雨"_s, u"1"_s}, {u"Comments"_s, u"one\r\ntwo\rthree"_s}}),
                  QStringLiteral("雨        1\n"
                                 "Comments  one\n"
                                 "          two\n"
@@ -69,7 +52,7 @@ private Q_SLOTS:
         QVERIFY(call->wantsJson);
         QVERIFY(!call->wantsMore);
         QCOMPARE(call->operands, std::vector<QByteArray>{"--more"});
-        QCOMPARE(call->musicFolders.at(0), QByteArray("/b"));
+        QCOMPARE(call->musicFolders.at(0), "/b"_ba);
         QCOMPARE(call->musicFolders.at(1), absolutePath("c"));
         QVERIFY(call->musicFolders.at(1).startsWith('/'));
         for (const auto &wrong : std::vector<std::vector<QByteArray>>{

@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 // What the commands say of a library that is damaged, missing, or where nothing can be written.
 class tst_LibraryFiles : public QObject, private Program
 {
@@ -74,35 +76,30 @@ private Q_SLOTS:
         QVERIFY(told > 2);
     }
 
-    void failsOverDamage_data()
-    {
-        QTest::addColumn<QByteArrayList>("arguments");
-        QTest::newRow("status") << QByteArrayList{"library", "status"};
-        QTest::newRow("search") << QByteArrayList{"library", "search", "lights"};
-        QTest::newRow("problems") << QByteArrayList{"library", "problems"};
-        QTest::newRow("export") << QByteArrayList{"library", "export"};
-        QTest::newRow("info") << QByteArrayList{"info", "lights"};
-        QTest::newRow("scan") << QByteArrayList{"library", "scan", "--folder", DEMO_LIBRARY_FOLDER};
-    }
     void failsOverDamage()
     {
-        QFETCH(QByteArrayList, arguments);
         QByteArray most = m_whole; // all but the names of the tables
         for (qsizetype page = 0; page < most.size(); page += pageSize)
             if (!most.mid(page, pageSize).contains("CREATE "))
                 most.replace(page, pageSize, QByteArray(pageSize, '\xa5'));
-        for (const QByteArray &damaged : {most, QByteArray("not a database").repeated(1000)}) {
-            const QByteArray path = write("damaged.db", damaged);
-            const Outcome outcome = run(onLibrary(arguments, "damaged.db"));
-            QVERIFY2(outcome.errors.startsWith("trackwise: " + path + ": "), outcome.errors.constData());
-            QCOMPARE(outcome.errors.count('\n'), 1);
-            QCOMPARE(outcome.code, 1);
-            QVERIFY(arguments.contains("scan") || contents(path) == damaged);
-        }
-        QCOMPARE(run(onLibrary(arguments), {}, "/dev/full").code, arguments.contains("problems") ? 0 : 1);
-        if (!arguments.contains("scan")) { // nor is a library made that is not there
-            QCOMPARE(run(onLibrary(arguments, "mistyped/library.db")).code, 3);
-            QVERIFY(!QFile::exists(QFile::decodeName(inScratch("mistyped"))));
+        for (const QByteArrayList &arguments :
+             {QByteArrayList{"library", "status"}, QByteArrayList{"library", "search", "lights"},
+              QByteArrayList{"library", "problems"}, QByteArrayList{"library", "export"},
+              QByteArrayList{"info", "lights"},
+              QByteArrayList{"library", "scan", "--folder", DEMO_LIBRARY_FOLDER}}) {
+            for (const QByteArray &damaged : {most, "not a database"_ba.repeated(1000)}) {
+                const QByteArray path = write("damaged.db", damaged);
+                const Outcome outcome = run(onLibrary(arguments, "damaged.db"));
+                QVERIFY2(outcome.errors.startsWith("trackwise: " + path + ": "), outcome.errors.constData());
+                QCOMPARE(outcome.errors.count('\n'), 1);
+                QCOMPARE(outcome.code, 1);
+                QVERIFY(arguments.contains("scan") || contents(path) == damaged);
+            }
+            QCOMPARE(run(onLibrary(arguments), {}, "/dev/full").code, arguments.contains("problems") ? 0 : 1);
+            if (!arguments.contains("scan")) { // nor is a library made that is not there
+                QCOMPARE(run(onLibrary(arguments, "mistyped/library.db")).code, 3);
+                QVERIFY(!QFile::exists(QFile::decodeName(inScratch("mistyped"))));
+            }
         }
     }
 
@@ -116,45 +113,37 @@ private Q_SLOTS:
         QVERIFY(hasMadeNothing());
     }
 
-    void readsWhereNothingCanBeWritten_data()
-    {
-        QTest::addColumn<bool>("isFolderWritable");
-        QTest::addColumn<bool>("isFileWritable");
-        QTest::addColumn<QByteArrayList>("parts"); ///< of a library whose writer was stopped
-        QTest::newRow("all") << true << true << QByteArrayList{""};
-        QTest::newRow("file") << true << false << QByteArrayList{""};
-        QTest::newRow("folder") << false << true << QByteArrayList{""};
-        QTest::newRow("nothing") << false << false << QByteArrayList{""};
-        QTest::newRow("nothing, with a log") << false << false << QByteArrayList{"", "-wal"};
-        QTest::newRow("nothing, with a log in use") << false << false << QByteArrayList{"", "-wal", "-shm"};
-    }
     void readsWhereNothingCanBeWritten()
     {
-        QFETCH(bool, isFolderWritable);
-        QFETCH(bool, isFileWritable);
-        QFETCH(QByteArrayList, parts);
         namespace fs = std::filesystem;
-        const fs::path folder = inScratch("away #1%20?").toStdString();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-        // With its log, the library knows more than its file.
-        const QByteArray source = parts.size() > 1 ? stoppedWriter() : inScratch("library.db");
-        const QByteArray playCount = parts.size() > 1 ? "\"playCount\":77," : "\"playCount\":";
-        for (const QByteArray &part : parts) {
-            const fs::path copy = folder / ("library.db" + part).toStdString();
-            fs::copy_file((source + part).toStdString(), copy);
-            if (!isFileWritable)
-                fs::permissions(copy, fs::perms::owner_read | fs::perms::others_read);
+        // Whether the folder and its files can be written, and the parts of a library whose writer was
+        // stopped.
+        const std::tuple<bool, bool, QByteArrayList> rows[]{
+            {true, true, {""}},   {true, false, {""}},          {false, true, {""}},
+            {false, false, {""}}, {false, false, {"", "-wal"}}, {false, false, {"", "-wal", "-shm"}}};
+        for (const auto &[isFolderWritable, isFileWritable, parts] : rows) {
+            const fs::path folder = inScratch("away #1%20?").toStdString();
+            fs::remove_all(folder);
+            fs::create_directories(folder);
+            // With its log, the library knows more than its file.
+            const QByteArray source = parts.size() > 1 ? stoppedWriter() : inScratch("library.db");
+            const QByteArray playCount = parts.size() > 1 ? "\"playCount\":77," : "\"playCount\":";
+            for (const QByteArray &part : parts) {
+                const fs::path copy = folder / ("library.db" + part).toStdString();
+                fs::copy_file((source + part).toStdString(), copy);
+                if (!isFileWritable)
+                    fs::permissions(copy, fs::perms::owner_read | fs::perms::others_read);
+            }
+            if (!isFolderWritable)
+                fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+            const Outcome outcome = run(onLibrary({"library", "export"}, "away #1%20?/library.db"), asUser());
+            QCOMPARE(outcome.errors, QByteArray());
+            QCOMPARE(outcome.code, 0);
+            QCOMPARE(outcome.output.count(playCount), 12);
+            const auto entries = QDir(QString::fromStdString(folder.string())).entryList(QDir::Files);
+            QCOMPARE(entries.size(), parts.size());
+            fs::permissions(folder, fs::perms::owner_all);
         }
-        if (!isFolderWritable)
-            fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
-        const Outcome outcome = run(onLibrary({"library", "export"}, "away #1%20?/library.db"), asUser());
-        QCOMPARE(outcome.errors, QByteArray());
-        QCOMPARE(outcome.code, 0);
-        QCOMPARE(outcome.output.count(playCount), 12);
-        const auto entries = QDir(QString::fromStdString(folder.string())).entryList(QDir::Files);
-        QCOMPARE(entries.size(), parts.size());
-        fs::permissions(folder, fs::perms::owner_all);
     }
 };
 

@@ -3,62 +3,46 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 // What a start says where it cannot go on, and that it leaves nothing behind then.
 class tst_Starting : public QObject, private Program
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void saysInOneLineWhatIsWrong_data()
-    {
-        QTest::addColumn<QByteArray>("environment");
-        QTest::addColumn<QByteArrayList>("arguments");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("says");
-        const QByteArray noDisplay = "env -u QT_QPA_PLATFORM -u DISPLAY -u WAYLAND_DISPLAY";
-        const QByteArray noWindow = "no window can be opened: ";
-        QTest::newRow("no display") << noDisplay << QByteArrayList{} << 1 << noWindow;
-        QTest::newRow("wrong display")
-            << noDisplay + " DISPLAY=:4711" << QByteArrayList{"--demo"} << 1 << noWindow;
-        QTest::newRow("no compositor")
-            << noDisplay + " QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=nowhere XDG_RUNTIME_DIR=/tmp"
-            << QByteArrayList{"https://example.org/1"} << 1 << noWindow;
-        QTest::newRow("missing plug-in") << QByteArray("env QT_QPA_PLATFORM=nowhere") << QByteArrayList{} << 1
-                                         << noWindow + "Could not find the Qt platform plugin";
-        QTest::newRow("plug-in named by an option")
-            << noDisplay << QByteArrayList{"-platform", "nowhere"} << 1 << noWindow + "Could not find";
-        for (const char *wrong : {"frobnicate", "./missing.mp3", ""})
-            QTest::addRow("operand '%s'", wrong)
-                << noDisplay << QByteArrayList{wrong} << 2
-                << QByteArray("neither a command, an address nor a file that is there: ") + wrong + '\n';
-        QTest::newRow("option without its value")
-            << noDisplay << QByteArrayList{"--show"} << 2 << QByteArray("Missing value after '--show'.\n");
-        QTest::newRow("option with an empty value")
-            << noDisplay << QByteArrayList{"--library="} << 2 << QByteArray("--library needs a value\n");
-        QTest::newRow("unknown option")
-            << noDisplay << QByteArrayList{"--frobnicate"} << 2 << QByteArray("Unknown option");
-        QTest::newRow("no size") << noDisplay << QByteArrayList{"--size", "3"} << 2
-                                 << QByteArray("not a size: 3\n");
-        QTest::newRow("no folder") << noDisplay << QByteArrayList{"--folder", "/nowhere"} << 2
-                                   << QByteArray("no such folder: /nowhere\n");
-        QTest::newRow("no home") << QByteArray("env -u HOME") << QByteArrayList{} << 1
-                                 << QByteArray("HOME is not set");
-        QTest::newRow("no home for a command")
-            << QByteArray("env -u HOME -u XDG_DATA_HOME") << QByteArrayList{"library", "status"} << 1
-            << QByteArray("your library cannot be found, since HOME");
-    }
     void saysInOneLineWhatIsWrong()
     {
-        QFETCH(QByteArray, environment);
-        QFETCH(QByteArrayList, arguments);
-        QFETCH(int, code);
-        QFETCH(QByteArray, says);
-        const Outcome outcome = run(arguments, environment);
-        QVERIFY2(outcome.errors.startsWith("trackwise: " + says), outcome.errors.constData());
-        QCOMPARE(outcome.errors.count('\n'), 1);
-        QCOMPARE(outcome.code, code);
-        QCOMPARE(outcome.output, QByteArray());
-        QVERIFY(hasMadeNothing());
+        const QByteArray noDisplay = "env -u QT_QPA_PLATFORM -u DISPLAY -u WAYLAND_DISPLAY";
+        const QByteArray noRuntime = " QT_QPA_PLATFORM=wayland WAYLAND_DISPLAY=nowhere XDG_RUNTIME_DIR=/tmp";
+        const QByteArray noWindow = "no window can be opened: ";
+        const QByteArray noOperand = "neither a command, an address nor a file that is there: ";
+        const std::tuple<QByteArray, QByteArrayList, int, QByteArray> rows[]{
+            {noDisplay, {}, 1, noWindow},
+            {noDisplay + " DISPLAY=:4711", {"--demo"}, 1, noWindow},
+            {noDisplay + noRuntime, {"https://example.org/1"}, 1, noWindow},
+            {"env QT_QPA_PLATFORM=nowhere", {}, 1, noWindow + "Could not find the Qt platform plugin"},
+            {noDisplay, {"-platform", "nowhere"}, 1, noWindow + "Could not find"},
+            {noDisplay, {"frobnicate"}, 2, noOperand + "frobnicate\n"},
+            {noDisplay, {"./missing.mp3"}, 2, noOperand + "./missing.mp3\n"},
+            {noDisplay, {""}, 2, noOperand + "\n"},
+            {noDisplay, {"--show"}, 2, "Missing value after '--show'.\n"},
+            {noDisplay, {"--library="}, 2, "--library needs a value\n"},
+            {noDisplay, {"--frobnicate"}, 2, "Unknown option"},
+            {noDisplay, {"--size", "3"}, 2, "not a size: 3\n"},
+            {noDisplay, {"--folder", "/nowhere"}, 2, "no such folder: /nowhere\n"},
+            {"env -u HOME", {}, 1, "HOME is not set"},
+            {"env -u HOME -u XDG_DATA_HOME",
+             {"library", "status"},
+             1,
+             "your library cannot be found, since HOME"},
+        };
+        for (const auto &[environment, arguments, code, says] : rows) {
+            const Outcome outcome = run(arguments, environment);
+            QVERIFY2(outcome.errors.startsWith("trackwise: " + says), outcome.errors);
+            QCOMPARE(outcome.errors.count('\n'), 1);
+            QVERIFY2(outcome.code == code && outcome.output.isEmpty() && hasMadeNothing(), says);
+        }
     }
 
     void answersWithoutADisplay()
