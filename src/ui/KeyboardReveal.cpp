@@ -13,8 +13,9 @@ namespace {
 bool wasReachedByKey(const QQuickItem &item)
 {
     const QVariant reason = item.property("focusReason");
-    return reason.isValid() && (reason.toInt() == Qt::TabFocusReason || reason.toInt() == Qt::BacktabFocusReason ||
-                                reason.toInt() == Qt::ShortcutFocusReason);
+    return reason.isValid() &&
+           (reason.toInt() == Qt::TabFocusReason || reason.toInt() == Qt::BacktabFocusReason ||
+            reason.toInt() == Qt::ShortcutFocusReason);
 }
 
 } // namespace

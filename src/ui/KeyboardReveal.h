@@ -15,8 +15,8 @@ struct PageStretch
     qreal end = 0;
 };
 
-/// Where to scroll so that @p item is seen with @p air around it: as little as shows all of it. What is longer
-/// than the view is shown from its start, and stays as it is while any of it is seen. Absent: nowhere.
+/// Where to scroll so that @p item is seen with @p air around it: as little as shows all of it. What is
+/// longer than the view is shown from its start, and stays as it is while any of it is seen. Absent: nowhere.
 [[nodiscard]] std::optional<qreal> revealingOffset(const PageStretch &item, const PageStretch &view,
                                                    qreal air);
 

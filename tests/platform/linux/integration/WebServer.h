@@ -39,5 +39,6 @@ private:
     QList<QByteArray> m_requests;
 };
 
-/// A certificate for the address of this device that nobody has signed, made for this run with its private key.
+/// A certificate for the address of this device that nobody has signed, made for this run with its private
+/// key.
 [[nodiscard]] QSslConfiguration selfSigned(const QString &folder);
