@@ -193,6 +193,8 @@ UPDATE albums SET title = trim(title, blank), artist = trim(artist, blank) FROM 
     WHERE title <> trim(title, blank) OR artist <> trim(artist, blank);
 DROP TABLE blanks;
 INSERT INTO settings SELECT 'texts_to_renew', coalesce(max(id), 0) FROM songs;
+DROP INDEX files_by_audio_hash;
+CREATE INDEX files_by_audio_hash ON files (audio_hash, name);
 )sql"}};
 
 static_assert(

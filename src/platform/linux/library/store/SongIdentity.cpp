@@ -7,7 +7,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <tuple>
+#include <utility>
 
 namespace trackwise {
 
@@ -20,8 +20,11 @@ std::string candidatesWhere(const char *condition)
            condition + " LIMIT ?";
 }
 
-// Bounds what thousands of copies of one recording cost.
-constexpr int mostCandidates = 1000;
+// Bound what thousands of copies of one recording cost. Of those with other names, so many say nothing about
+// which of them was moved; to look at a file costs more than to compare its path.
+constexpr int mostNamesakes = 1000;
+constexpr int mostCandidates = 16;
+constexpr int mostLooks = 32;
 
 /// Whether @p gone is not there while @p present is: when both are away, so may be their disk, for now.
 bool isMissingBeside(const QByteArray &gone, const QByteArray &present)
@@ -46,6 +49,7 @@ SongIdentity::SongIdentity(const sqlite::Connection &connection)
     : m_read([](const QByteArray &path) { return readTags(path); })
     , m_withIdentity(connection.prepare(candidatesWhere("inode = ? AND device = ?")))
     , m_withHash(connection.prepare(candidatesWhere("audio_hash = ?")))
+    , m_withHashAndName(connection.prepare(candidatesWhere("audio_hash = ? AND name = ?")))
     // Of songs that were here one after the other, the present one goes first, then the latest.
     , m_atPath(connection.prepare(
           candidatesWhere("folder = ? AND name = ? ORDER BY files.availability, files.song DESC")))
@@ -70,9 +74,9 @@ bool SongIdentity::hasLeft(const Candidate &candidate) const
     return *now != candidate.signature && !holdsSound(candidate.path, candidate.audioHash);
 }
 
-std::vector<SongIdentity::Candidate> SongIdentity::candidates(sqlite::Statement &statement)
+std::vector<SongIdentity::Candidate> SongIdentity::candidates(sqlite::Statement &statement, int most)
 {
-    statement.bind(std::int64_t{mostCandidates});
+    statement.bind(std::int64_t{most});
     std::vector<Candidate> found;
     while (statement.step()) {
         Candidate &candidate = found.emplace_back();
@@ -94,19 +98,26 @@ std::vector<SongIdentity::Candidate> SongIdentity::withIdentity(FileIdentity ide
 {
     m_withIdentity.bind(static_cast<std::int64_t>(identity.inode))
         .bind(static_cast<std::int64_t>(identity.device));
-    return candidates(m_withIdentity);
+    return candidates(m_withIdentity, mostCandidates);
 }
 
 std::vector<SongIdentity::Candidate> SongIdentity::withHash(std::uint64_t audioHash)
 {
     m_withHash.bind(static_cast<std::int64_t>(audioHash));
-    return candidates(m_withHash);
+    return candidates(m_withHash, mostCandidates);
+}
+
+std::vector<SongIdentity::Candidate> SongIdentity::withHashAndName(std::uint64_t audioHash,
+                                                                   const QByteArray &name)
+{
+    m_withHashAndName.bind(static_cast<std::int64_t>(audioHash)).bindBytes(name);
+    return candidates(m_withHashAndName, mostNamesakes);
 }
 
 std::vector<SongIdentity::Candidate> SongIdentity::atPath(std::int64_t folderID, const QByteArray &name)
 {
     m_atPath.bind(folderID).bindBytes(name);
-    return candidates(m_atPath);
+    return candidates(m_atPath, mostCandidates);
 }
 
 bool SongIdentity::hasSameNames(SongRowID song, const SongTags &tags)
@@ -132,26 +143,51 @@ int SongIdentity::sharedTags(SongRowID song, const SongTags &tags)
     return shared;
 }
 
+std::vector<SongIdentity::Candidate> SongIdentity::closestThatLeft(std::vector<Candidate> twins,
+                                                                   const QByteArray &path) const
+{
+    std::vector<std::pair<std::ptrdiff_t, Candidate>> ranked;
+    ranked.reserve(twins.size());
+    for (Candidate &twin : twins) {
+        const auto tail = commonTail(twin.path, path);
+        ranked.emplace_back(tail, std::move(twin));
+    }
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const auto &a, const auto &b) { return a.first > b.first; });
+    ranked.resize(std::min<std::size_t>(ranked.size(), mostLooks));
+
+    std::vector<Candidate> left;
+    std::ptrdiff_t closest = 0;
+    for (auto &[tail, twin] : ranked) {
+        if (!left.empty() && tail < closest)
+            break;
+        const bool mayBeAway = twin.availability == Availability::Available && !signatureAt(twin.path) &&
+                               !isMissingBeside(twin.path, path);
+        if (mayBeAway || !hasLeft(twin))
+            continue;
+        closest = tail;
+        left.push_back(std::move(twin));
+    }
+    return left;
+}
+
 // A library that moves to another disk takes its copies of one recording along: each is the one that had its
 // name, in the folder of that name, and so on upwards; among equals, the one with its tags.
 std::optional<SongRowID> SongIdentity::vanishedTwin(const ScannedSong &scanned)
 {
     const QByteArray path = scanned.file.path();
-    std::vector<Candidate> twins = withHash(scanned.tags.audioHash);
-    std::erase_if(twins, [this](const Candidate &twin) { return !hasLeft(twin); });
-    std::erase_if(twins, [&path](const Candidate &twin) {
-        return twin.availability == Availability::Available && !signatureAt(twin.path) &&
-               !isMissingBeside(twin.path, path);
-    });
+    const std::uint64_t hash = scanned.tags.audioHash;
+    std::vector<Candidate> twins = closestThatLeft(withHashAndName(hash, scanned.file.name), path);
+    if (twins.empty())
+        twins = closestThatLeft(withHash(hash), path);
     if (twins.empty())
         return std::nullopt;
-    using Likeness = std::tuple<std::ptrdiff_t, int, bool>;
+    using Likeness = std::pair<int, bool>;
     std::vector<std::pair<Likeness, SongRowID>> ranked;
     ranked.reserve(twins.size());
     for (const Candidate &twin : twins)
-        ranked.push_back({{commonTail(twin.path, path), sharedTags(twin.song, scanned.tags),
-                           twin.availability == Availability::Available},
-                          twin.song});
+        ranked.push_back(
+            {{sharedTags(twin.song, scanned.tags), twin.availability == Availability::Available}, twin.song});
     std::sort(ranked.begin(), ranked.end(), std::greater());
     const bool isClear = ranked.size() == 1 || ranked[0].first > ranked[1].first;
     return isClear ? std::optional(ranked.front().second) : std::nullopt;

@@ -40,13 +40,18 @@ private:
         Availability availability = Availability::Available;
     };
 
-    [[nodiscard]] static std::vector<Candidate> candidates(sqlite::Statement &statement);
+    [[nodiscard]] static std::vector<Candidate> candidates(sqlite::Statement &statement, int most);
     [[nodiscard]] std::vector<Candidate> withIdentity(FileIdentity identity);
     [[nodiscard]] std::vector<Candidate> withHash(std::uint64_t audioHash);
+    [[nodiscard]] std::vector<Candidate> withHashAndName(std::uint64_t audioHash, const QByteArray &name);
     [[nodiscard]] std::vector<Candidate> atPath(std::int64_t folderID, const QByteArray &name);
     [[nodiscard]] bool hasSameNames(SongRowID song, const SongTags &tags);
     /// How many of the tags that tell the songs of an album apart are alike.
     [[nodiscard]] int sharedTags(SongRowID song, const SongTags &tags);
+    /// Of songs with one sound those whose file has left its place, and whose path ends as @p path for
+    /// longest.
+    [[nodiscard]] std::vector<Candidate> closestThatLeft(std::vector<Candidate> twins,
+                                                         const QByteArray &path) const;
     /// The song with this sound whose file has left its place, if it is clear which.
     [[nodiscard]] std::optional<SongRowID> vanishedTwin(const ScannedSong &scanned);
 
@@ -56,6 +61,7 @@ private:
     TagReading m_read;
     sqlite::Statement m_withIdentity;
     sqlite::Statement m_withHash;
+    sqlite::Statement m_withHashAndName;
     sqlite::Statement m_atPath;
     sqlite::Statement m_tags;
 };
