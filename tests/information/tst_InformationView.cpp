@@ -285,7 +285,7 @@ private Q_SLOTS:
     {
         MediaItem song = shortSong();
         song.persistentID = PersistentID{1};
-        ListWindow list(song, {360, 300});
+        ListWindow list(song, {360, 300}, {.reducesMotion = true}); // which scrolls at once
         list.information.toggleShowMoreInformation();
         const QString lyrics = QStringLiteral("Lyrics, Show Lyrics");
         list.press(Qt::Key_End);

@@ -248,7 +248,7 @@ private Q_SLOTS:
             init();
             load({longSong});
             m_player->play();
-            QTRY_VERIFY(m_player->position() > 100ms);
+            QTRY_VERIFY_WITH_TIMEOUT(m_player->position() > 100ms, 20000);
             m_player->seek(20s);
             QTRY_VERIFY(m_player->position() > 20s);
             if (!wasPlaying)
