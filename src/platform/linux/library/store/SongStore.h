@@ -101,7 +101,7 @@ public:
     /// Whether names are still sorted by another locale than was asked for.
     [[nodiscard]] bool isSortedOtherwise() const { return m_isSortedOtherwise; }
     /// Sorts all names by the locale that was asked for, or none of them if @p stop comes before the end:
-    /// then the next start does it. Takes a second or two for 100,000 songs, in which readers see what was.
+    /// then the next start does it. Readers see the order that was until it is done.
     [[nodiscard]] Result<Done> renewSortKeys(const std::stop_token &stop);
 
     enum class FilesOfFolder { Visit, PassOver };
