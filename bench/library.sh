@@ -7,8 +7,8 @@
 set -eu
 
 build=$1
-here=$(dirname "$0")/library
-figures=$build/bench/library/library_figures
+here=$(dirname "$0")/device/library
+figures=$build/bench/device/library/library_figures
 work=${TRACKWISE_BENCH_DIR:-/var/tmp/trackwise-bench}
 mkdir -p "$work"
 

@@ -16,7 +16,7 @@ work=${TRACKWISE_BENCH_DIR:-/var/tmp/trackwise-bench}
 database=$work/rows-100000.sqlite
 mkdir -p "$work"
 if [ ! -f "$database" ]; then
-    "$build/bench/library/library_figures" rows "$work/making.sqlite" 100000 >/dev/null
+    "$build/bench/device/library/library_figures" rows "$work/making.sqlite" 100000 >/dev/null
     mv "$work/making.sqlite" "$database"
     rm -f "$work/making.sqlite-"*
 fi

@@ -8,7 +8,7 @@
 set -eu
 
 build=$1
-here=$(dirname "$0")/library
+here=$(dirname "$0")/device/library
 work=${TRACKWISE_BENCH_DIR:-/var/tmp/trackwise-bench}
 mkdir -p "$work"
 if [ ! -d "$work/music-10000" ]; then
@@ -18,4 +18,4 @@ fi
 private=$(mktemp -d "$work/watching.XXXXXX")
 trap 'rm -rf "$private"' EXIT
 cp -r "$work/music-10000" "$private/music"
-"$build/bench/library/watching_figures" "$private/library.sqlite" "$private/music" "$work/music-10000"
+"$build/bench/device/library/watching_figures" "$private/library.sqlite" "$private/music" "$work/music-10000"

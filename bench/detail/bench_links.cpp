@@ -7,8 +7,8 @@
 //
 // Figures are printed one a line: name, value, unit.
 #include "app/WindowControllers.h"
-#include "library/MadeUpSongs.h"
-#include "platform/linux/library/LinuxLibrary.h"
+#include "device/library/LinuxLibrary.h"
+#include "device/library/MadeUpSongs.h"
 #include "support/Figures.h"
 
 #include <QDir>

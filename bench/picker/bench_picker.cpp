@@ -3,11 +3,11 @@
 // bench_picker                  the picker over a library of 10 songs and over one of 100,000
 // bench_picker show DATABASE    the picker over this library: how long until its rows stand, what flicking
 //                               and jumping through all of it cost the main thread, and the memory in use
-#include "library/MadeUpSongs.h"
+#include "device/library/MadeUpSongs.h"
 #include "support/Figures.h"
 
+#include "device/library/LinuxLibrary.h"
 #include "picker/MediaPicker.h"
-#include "platform/linux/library/LinuxLibrary.h"
 #include "ui/Engine.h"
 
 #include <QElapsedTimer>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "cli/CommandLine.h"
+#include "device/library/LinuxLibrary.h"
 #include "platform/Result.h"
-#include "platform/linux/library/LinuxLibrary.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

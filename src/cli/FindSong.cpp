@@ -3,8 +3,8 @@
 
 #include "cli/Call.h"
 
-#include "platform/linux/library/tags/FolderListing.h"
-#include "platform/linux/library/tags/TagReader.h"
+#include "device/library/tags/FolderListing.h"
+#include "device/library/tags/TagReader.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "device/library/LinuxLibrary.h"
 #include "platform/Result.h"
-#include "platform/linux/library/LinuxLibrary.h"
 
 namespace trackwise::cli {
 

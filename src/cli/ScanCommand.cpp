@@ -2,7 +2,7 @@
 #include "cli/Commands.h"
 
 #include "cli/Console.h"
-#include "platform/linux/library/scan/ScanController.h"
+#include "device/library/scan/ScanController.h"
 
 #include <QEventLoop>
 #include <QFileInfo>

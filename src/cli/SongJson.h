@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/linux/library/store/SongRecord.h"
+#include "device/library/store/SongRecord.h"
 
 #include <QJsonObject>
 

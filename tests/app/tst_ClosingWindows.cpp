@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AppDelegate.h"
-#include "platform/linux/device/Device.h"
-#include "platform/linux/integration/WebServer.h"
-#include "platform/linux/library/WavFolder.h"
-#include "platform/linux/players/FakePlayer.h"
+#include "device/Device.h"
+#include "device/integration/WebServer.h"
+#include "device/library/WavFolder.h"
+#include "device/players/FakePlayer.h"
 #include "preferences/Preferences.h"
 #include "support/Covers.h"
 

@@ -8,7 +8,7 @@ namespace trackwise {
 
 namespace {
 
-const QString linuxRooms = QStringLiteral("platform/linux");
+const QString deviceFloor = QStringLiteral("device");
 const QString compositionFolder = QStringLiteral("app/composition/");
 
 bool isCompositionRoot(const QString &path)
@@ -24,13 +24,13 @@ void collect(const Plan &plan, const QString &room, QSet<QString> &known)
     const auto entry = plan.find(room);
     if (entry == plan.end())
         return;
-    for (const QString &named : entry->second)
+    for (const QString &named : entry->second.knows)
         collect(plan, named, known);
 }
 
-bool isLinuxRoom(const QString &room)
+bool isOfDevice(const QString &room)
 {
-    return room == linuxRooms || room.startsWith(linuxRooms + u'/');
+    return room == deviceFloor || room.startsWith(deviceFloor + u'/');
 }
 
 bool mayKnow(const Plan &plan, const QString &path, const QString &other)
@@ -39,8 +39,8 @@ bool mayKnow(const Plan &plan, const QString &path, const QString &other)
     // Its build file links what the composition root makes and starts.
     if (isCompositionRoot(path) || path == QStringLiteral("app/CMakeLists.txt"))
         return plan.contains(other);
-    if (isLinuxRoom(other) && !isLinuxRoom(room))
-        return room == QStringLiteral("cli");
+    if (isOfDevice(other) && !isOfDevice(room))
+        return plan.at(room).knows.contains(other);
     QSet<QString> known;
     collect(plan, room, known);
     return known.contains(other);
@@ -50,14 +50,15 @@ bool mayKnow(const Plan &plan, const QString &path, const QString &other)
 // without slashes. A part of a room of the device adds its own name.
 QString roomNamed(const Plan &plan, const QString &name)
 {
-    for (const auto &[room, named] : plan) {
+    QString found;
+    for (const auto &[room, entry] : plan) { // a room comes before the rooms within it
         QString flat = room;
         flat.replace(u'/', u'_');
-        const bool isPart = isLinuxRoom(room) && name.startsWith(flat + u'_');
+        const bool isPart = isOfDevice(room) && name.startsWith(flat + u'_');
         if (isPart || flat.compare(name, Qt::CaseInsensitive) == 0)
-            return room;
+            found = room;
     }
-    return {};
+    return found;
 }
 
 struct Mention
@@ -91,40 +92,23 @@ std::vector<Mention> mentions(const Plan &plan, const QString &path, const QStri
 
 } // namespace
 
-const Plan &plan()
+Plan planIn(const QString &page)
 {
-    static const Plan rooms = [] {
-        const auto names = [](const char *list) {
-            return QString::fromLatin1(list).split(u' ', Qt::SkipEmptyParts);
-        };
-        return Plan{
-            {QStringLiteral("song"), {}},
-            {QStringLiteral("preferences"), {}},
-            {QStringLiteral("fingerprint"), {}},
-            {QStringLiteral("ui"), {}},
-            {QStringLiteral("platform"), names("song")},
-            {QStringLiteral("artwork"), names("song platform ui")},
-            {QStringLiteral("information"), names("song preferences artwork ui")},
-            {QStringLiteral("screens"), names("information ui")},
-            {QStringLiteral("lookup"), names("song platform")},
-            {QStringLiteral("recognition"), names("lookup platform ui")},
-            {QStringLiteral("picker"), names("song platform ui artwork")},
-            {QStringLiteral("settings"), names("platform ui preferences")},
-            {QStringLiteral("detail"), names("information screens lookup recognition picker settings")},
-            {QStringLiteral("app"), names("detail fingerprint cli")},
-            {QStringLiteral("cli"), names("information lookup")},
-            {QStringLiteral("platform/linux/library"), names("platform")},
-            {QStringLiteral("platform/linux/players"), names("platform")},
-            {QStringLiteral("platform/linux/audio"), names("platform")},
-            {QStringLiteral("platform/linux/integration"), names("platform")},
-            // Puts the others together into one device for the composition root.
-            {QStringLiteral("platform/linux/device"),
-             names("platform/linux/library platform/linux/players platform/linux/audio "
-                   "platform/linux/integration")},
-            {QStringLiteral("platform/linux/recognizer"), names("platform fingerprint")},
-        };
-    }();
-    return rooms;
+    static const QRegularExpression line(
+        QStringLiteral(R"(^\| `([a-z/]+)/`( \(planned\))? \|[^|]*\|([^|]*)\|$)"),
+        QRegularExpression::MultilineOption);
+    static const QRegularExpression name(QStringLiteral("`([a-z/]+)`"));
+    Plan plan;
+    auto lines = line.globalMatch(page);
+    while (lines.hasNext()) {
+        const QRegularExpressionMatch cells = lines.next();
+        Room &room = plan[cells.captured(1)];
+        room.isPlanned = cells.hasCaptured(2);
+        auto names = name.globalMatch(cells.captured(3));
+        while (names.hasNext())
+            room.knows << names.next().captured(1);
+    }
+    return plan;
 }
 
 QString roomOf(const Plan &plan, const QString &path)

@@ -8,11 +8,17 @@
 
 namespace trackwise {
 
-/// The rooms of the house and what each may know: a folder below src/ and the folders that it names itself.
-/// What those name may be known too. The same table, with words, stands in docs/architecture.md.
-using Plan = std::map<QString, QStringList>;
+struct Room
+{
+    QStringList knows; ///< the rooms that it names itself; what those name may be known too
+    bool isPlanned = false;
+};
+/// The rooms of the house, each by its folder below src/.
+using Plan = std::map<QString, Room>;
 
-[[nodiscard]] const Plan &plan();
+/// The plan in the table of rooms of a page in Markdown: folder, what lives there, what it may know. A room
+/// that is not built yet has "(planned)" behind its folder.
+[[nodiscard]] Plan planIn(const QString &page);
 
 /// The innermost room that @p path (relative to src/) lies in; empty when it lies in none.
 [[nodiscard]] QString roomOf(const Plan &plan, const QString &path);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/integration/DesktopAppearance.h"
+#include "device/integration/StoredDeviceSettings.h"
+#include "device/library/LibraryAccess.h"
+#include "device/library/StoredMusicFolders.h"
 #include "lookup/ListedLibrary.h"
-#include "platform/linux/integration/DesktopAppearance.h"
-#include "platform/linux/integration/StoredDeviceSettings.h"
-#include "platform/linux/library/LibraryAccess.h"
-#include "platform/linux/library/StoredMusicFolders.h"
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
 #include "support/ScriptedScan.h"

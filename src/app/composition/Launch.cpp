@@ -3,7 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/composition/LibraryChoice.h"
-#include "platform/linux/device/Device.h"
+#include "device/Device.h"
 #include "settings/LibraryAccessRequest.h"
 
 #include <QCoreApplication>

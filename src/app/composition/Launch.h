@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/StartOptions.h"
+#include "device/library/LibraryAccess.h"
 #include "platform/Result.h"
-#include "platform/linux/library/LibraryAccess.h"
 #include "ui/Alert.h"
 
 #include <QObject>

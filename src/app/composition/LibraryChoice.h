@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/StartOptions.h"
-#include "platform/linux/library/LinuxLibrary.h"
+#include "device/library/LinuxLibrary.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/Device.h"
+
+#include <QFile>
+#include <QStandardPaths>
+
+namespace trackwise {
+
+namespace {
+
+MprisPublisher::Settings publisherSettings(const Device::Options &options)
+{
+    return {options.appId, QStringLiteral("Trackwise"),
+            QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/mpris"),
+            options.raise, options.quit};
+}
+
+std::optional<QByteArray> pathOf(const LinuxLibrary &library, PersistentID id)
+{
+    const auto song = library.song(id);
+    return song ? std::optional(song->file.path()) : std::nullopt;
+}
+
+Instant now()
+{
+    return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+}
+
+} // namespace
+
+struct Device::Files
+{
+    std::unique_ptr<QSettings> settings;
+    std::unique_ptr<QSettings> access;
+    std::unique_ptr<LinuxLibrary> library;
+};
+
+Result<std::unique_ptr<Device>> Device::open(const Options &options)
+{
+    Files files;
+    files.settings = std::make_unique<QSettings>(options.settingsFile, QSettings::IniFormat);
+    if (options.library)
+        files.access = std::make_unique<QSettings>(
+            QFile::decodeName(options.library->databasePath + ".access.ini"), QSettings::IniFormat);
+    Result<std::unique_ptr<LinuxLibrary>> library =
+        options.library ? LinuxLibrary::open(*options.library, *files.access, Sorting::OfUser)
+                        : LinuxLibrary::open(LibraryConfiguration::ofUser(*files.settings), *files.settings,
+                                             Sorting::OfUser);
+    if (!library)
+        return library.failure();
+    files.library = *std::move(library);
+    if (options.library)
+        files.library->access().setStatus(LibraryAuthorizationStatus::Authorized);
+    return std::unique_ptr<Device>(new Device(options, std::move(files)));
+}
+
+Device::Device(const Options &options, Files files)
+    : m_settingsFile(std::move(files.settings))
+    , m_accessFile(std::move(files.access))
+    , m_settings(*m_settingsFile)
+    , m_musicFolders(*m_settingsFile)
+    , m_appearance(m_settings)
+    , m_library(std::move(files.library))
+    , m_player([songs = m_library.get()](PersistentID id) { return pathOf(*songs, id); })
+    , m_publisher(m_player, publisherSettings(options), QDBusConnection::sessionBus())
+    , m_systemPlayer(m_library->matching(), QDBusConnection::sessionBus(), options.appId)
+    , m_addresses([this] { return m_systemPlayer.raisePlayer(); })
+    , m_http(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/http"))
+{
+    connectCounts();
+    followIgnoredPlayers();
+    m_library->followMusicFolders();
+    if (!options.library)
+        followChoiceOfFolders();
+}
+
+Device::~Device() = default;
+
+void Device::connectCounts()
+{
+    MediaLibrary *songs = &m_library->mediaLibrary();
+    const auto countPlay = [songs](PersistentID id) { songs->recordPlay(id, now()); };
+    QObject::connect(&m_player, &ApplicationMusicPlayer::songWasPlayed, songs, countPlay);
+    QObject::connect(&m_systemPlayer, &MprisSystemMusicPlayer::songWasPlayed, songs, countPlay);
+    QObject::connect(&m_player, &ApplicationMusicPlayer::songWasSkipped, songs,
+                     [songs](PersistentID id) { songs->recordSkip(id); });
+    QObject::connect(songs, &MediaLibrary::libraryDidChange, &m_systemPlayer,
+                     &MprisSystemMusicPlayer::refresh);
+}
+
+void Device::followIgnoredPlayers()
+{
+    const auto ignore = [this] {
+        PlayerPreferences preferences;
+        preferences.ignored = m_settings.ignoredPlayers();
+        m_systemPlayer.setPreferences(preferences);
+    };
+    ignore();
+    QObject::connect(&m_settings, &DeviceSettings::ignoredPlayersDidChange, &m_systemPlayer, ignore);
+}
+
+void Device::followChoiceOfFolders()
+{
+    QObject::connect(&m_musicFolders, &MusicFolders::foldersDidChange, &m_library->mediaLibrary(), [this] {
+        m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_settingsFile).musicFolders);
+    });
+}
+
+} // namespace trackwise

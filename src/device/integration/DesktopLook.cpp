@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/integration/DesktopLook.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace trackwise {
+
+namespace {
+
+constexpr QLatin1StringView appearance("org.freedesktop.appearance");
+constexpr QLatin1StringView gnomeInterface("org.gnome.desktop.interface");
+constexpr QLatin1StringView gnomeAccessibility("org.gnome.desktop.a11y.interface");
+constexpr QLatin1StringView kdeGlobals("org.kde.kdeglobals.KDE");
+
+QVariant valueOf(const DesktopSettings &settings, QLatin1StringView space, const char *key)
+{
+    return settings.value({QString(space), QString::fromLatin1(key)});
+}
+
+std::optional<uint> number(const QVariant &value)
+{
+    return value.typeId() == QMetaType::UInt ? std::optional(value.toUInt()) : std::nullopt;
+}
+
+std::optional<bool> truth(const QVariant &value)
+{
+    return value.typeId() == QMetaType::Bool ? std::optional(value.toBool()) : std::nullopt;
+}
+
+// The portal says 0 for "no preference", 1 for dark, 2 for light. GNOME's light style is reported as 0.
+std::optional<bool> isDark(const DesktopSettings &settings)
+{
+    if (const auto scheme = number(valueOf(settings, appearance, "color-scheme")))
+        return *scheme == 1;
+    const QString scheme = valueOf(settings, gnomeInterface, "color-scheme").toString();
+    if (scheme.isEmpty())
+        return std::nullopt;
+    return scheme == QLatin1StringView("prefer-dark");
+}
+
+bool prefersHighContrast(const DesktopSettings &settings)
+{
+    return number(valueOf(settings, appearance, "contrast")) == 1u ||
+           truth(valueOf(settings, gnomeAccessibility, "high-contrast")) == true;
+}
+
+bool prefersReducedMotion(const DesktopSettings &settings)
+{
+    if (number(valueOf(settings, appearance, "reduced-motion")) == 1u ||
+        truth(valueOf(settings, gnomeInterface, "enable-animations")) == false)
+        return true;
+    bool isNumber = false;
+    const double factor = valueOf(settings, kdeGlobals, "AnimationDurationFactor").toDouble(&isNumber);
+    return isNumber && factor <= 0;
+}
+
+} // namespace
+
+TextSize textSizeForScale(double scale)
+{
+    constexpr std::array scales{0.82, 0.88, 0.94, 1.0, 1.12, 1.24, 1.35, 1.64, 1.94, 2.35, 2.76, 3.12};
+    if (!std::isfinite(scale) || scale <= 0)
+        return TextSize::Large;
+    // Sizes are perceived by their ratio, so the nearest one is the nearest in logarithm.
+    const auto nearest = std::ranges::min_element(
+        scales, {}, [scale](double s) { return std::abs(std::log(s) - std::log(scale)); });
+    return static_cast<TextSize>(nearest - scales.begin());
+}
+
+DesktopLook desktopLook(const DesktopSettings &settings)
+{
+    DesktopLook look;
+    look.isDark = isDark(settings);
+    look.prefersHighContrast = prefersHighContrast(settings);
+    look.prefersReducedMotion = prefersReducedMotion(settings);
+    const QVariant scale = valueOf(settings, gnomeInterface, "text-scaling-factor");
+    if (scale.typeId() == QMetaType::Double)
+        look.textSize = textSizeForScale(scale.toDouble());
+    const QVariant accent = valueOf(settings, appearance, "accent-color");
+    if (accent.typeId() == QMetaType::QColor)
+        look.accent = accent.value<QColor>();
+    return look;
+}
+
+} // namespace trackwise

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryQuestions.h"
+
+#include "device/library/store/Migrations.h"
+#include "device/library/store/SongSearch.h"
+#include "device/library/store/SongStore.h"
+
+#include <QFile>
+
+namespace trackwise {
+
+namespace {
+Result<LibrarySong> found(Result<std::optional<LibrarySong>> song)
+{
+    if (!song)
+        return song.failure();
+    if (!*song)
+        return Failure{FailureKind::NotFound, QStringLiteral("no such song")};
+    return **std::move(song);
+}
+
+Result<Done> schemaAt(const QByteArray &path)
+try {
+    return checkSchema(sqlite::Connection(path, sqlite::Access::ReadOnly));
+} catch (const sqlite::Error &error) {
+    return sqlite::asFailure(error);
+}
+} // namespace
+
+Result<std::unique_ptr<LibraryQuestions>> LibraryQuestions::open(const QByteArray &path)
+{
+    if (!QFile::exists(QFile::decodeName(path)))
+        return sqlite::inDatabase(path, {FailureKind::NotFound, QStringLiteral("there is no library")});
+    const Result<Done> schema = schemaAt(path);
+    if (!schema && schema.failure().kind == FailureKind::Busy) {
+        if (const auto updated = SongStore::open(path); !updated)
+            return updated.failure();
+    } else if (!schema) {
+        return sqlite::inDatabase(path, schema.failure());
+    }
+    return std::unique_ptr<LibraryQuestions>(new LibraryQuestions(path));
+}
+
+Result<LibraryStatus> LibraryQuestions::status() const
+{
+    return m_readers.read([](Reader &reader) {
+        LibraryStatus status;
+        auto &songs = reader.statement("SELECT availability, count(*) FROM files GROUP BY availability");
+        while (songs.step()) {
+            const auto count = static_cast<qsizetype>(songs.integer(1));
+            switch (static_cast<Availability>(songs.integer(0))) {
+            case Availability::Available:
+                status.available = count;
+                break;
+            case Availability::DiskAbsent:
+                status.diskAbsent = count;
+                break;
+            case Availability::FileGone:
+                status.fileGone = count;
+                break;
+            }
+        }
+        auto &problems = reader.statement("SELECT count(*) FROM problems");
+        status.problems = problems.step() ? static_cast<qsizetype>(problems.integer(0)) : 0;
+        return status;
+    });
+}
+
+Result<std::vector<ScanProblem>> LibraryQuestions::problems() const
+{
+    return m_readers.read([](Reader &reader) {
+        auto &row =
+            reader.statement("SELECT folders.path, name, inode, size, modified, kind, reason FROM problems"
+                             " JOIN folders ON folders.id = problems.folder ORDER BY folders.path, name");
+        std::vector<ScanProblem> problems;
+        while (row.step()) {
+            problems.push_back(
+                {{row.bytes(0), row.bytes(1)},
+                 {{0, static_cast<std::uint64_t>(row.integer(2))}, row.integer(3), row.integer(4)},
+                 static_cast<FailureKind>(row.integer(5)),
+                 row.text(6)});
+        }
+        return problems;
+    });
+}
+
+Result<LibrarySong> LibraryQuestions::songForPath(const QByteArray &path) const
+{
+    return found(
+        m_readers.read([&](Reader &reader) { return SongLookup(reader).songAt(FileName::ofPath(path)); }));
+}
+
+Result<LibrarySong> LibraryQuestions::song(PersistentID id) const
+{
+    return found(m_readers.read([id](Reader &reader) { return SongLookup(reader).song(id); }));
+}
+
+Result<std::vector<PersistentID>> LibraryQuestions::search(const QString &typed, int limit) const
+{
+    return m_readers.read([&](Reader &reader) { return searchSongs(reader, typed, limit); });
+}
+
+Result<Done> LibraryQuestions::forEachSong(const std::function<bool(const LibrarySong &)> &visit) const
+{
+    return m_readers.read([&](Reader &reader) {
+        SongLookup(reader).visitSongs(visit);
+        return Done{};
+    });
+}
+
+} // namespace trackwise

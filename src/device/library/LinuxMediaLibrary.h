@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "device/library/LibraryAccess.h"
+#include "device/library/store/ReaderPool.h"
+#include "device/library/store/SongStore.h"
+#include "platform/MediaLibrary.h"
+
+#include <QThreadPool>
+
+#include <memory>
+
+namespace trackwise {
+
+/// The song library over the database of scanned music folders.
+class LinuxMediaLibrary final : public MediaLibrary
+{
+    Q_OBJECT
+
+public:
+    /// @p readers and @p access must outlive this object.
+    LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ReaderPool &readers, LibraryAccess &access,
+                      QObject *parent = nullptr);
+    /// Waits for the counts that are still to be written.
+    ~LinuxMediaLibrary() override;
+
+    [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override;
+    void requestAuthorization(AuthorizationHandler handler) override;
+
+    [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override;
+    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override;
+    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
+                                                            const QString &artist) const override;
+    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override;
+
+    void recordPlay(PersistentID id, Instant when) override;
+    void recordSkip(PersistentID id) override;
+
+private:
+    template <typename Change>
+    void changeInBackground(PersistentID id, Change change);
+
+    std::shared_ptr<SongStore> m_store;
+    const ReaderPool &m_readers;
+    LibraryAccess &m_access;
+    QThreadPool m_writing; ///< one thread: the changes happen in their order
+};
+
+} // namespace trackwise

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/store/ReaderPool.h"
+
+namespace trackwise {
+
+Q_LOGGING_CATEGORY(libraryLog, "trackwise.library", QtFatalMsg)
+
+namespace {
+constexpr std::size_t mostIdleReaders = 3;
+
+// Not mapped: every reader would count the whole database towards the memory of the program.
+constexpr const char *readerPragmas = R"sql(
+PRAGMA cell_size_check = ON;
+PRAGMA mmap_size = 0;
+PRAGMA cache_size = -4096;
+PRAGMA temp_store = MEMORY;
+)sql";
+} // namespace
+
+Reader::Reader(const QByteArray &path)
+    : m_connection(path, sqlite::Access::ReadOnly)
+{
+    m_connection.execute(readerPragmas);
+}
+
+sqlite::Statement &Reader::statement(const char *sql)
+{
+    auto found = m_statements.find(sql);
+    if (found == m_statements.end())
+        found = m_statements.emplace(sql, m_connection.prepare(sql)).first;
+    return found->second.reset();
+}
+
+void Reader::rest()
+{
+    for (auto &[sql, statement] : m_statements)
+        statement.reset();
+}
+
+std::unique_ptr<Reader> ReaderPool::take() const
+{
+    {
+        const std::scoped_lock lock(m_mutex);
+        if (!m_idle.empty()) {
+            std::unique_ptr<Reader> reader = std::move(m_idle.back());
+            m_idle.pop_back();
+            return reader;
+        }
+    }
+    return std::make_unique<Reader>(m_path);
+}
+
+void ReaderPool::giveBack(std::unique_ptr<Reader> reader) const
+{
+    reader->rest();
+    const std::scoped_lock lock(m_mutex);
+    if (m_idle.size() < mostIdleReaders)
+        m_idle.push_back(std::move(reader));
+}
+
+Failure ReaderPool::failed(const sqlite::Error &error) const
+{
+    Failure failure = sqlite::inDatabase(m_path, sqlite::asFailure(error));
+    qCWarning(libraryLog) << "reading the library:" << failure.detail;
+    if (m_didFail)
+        m_didFail(failure);
+    return failure;
+}
+
+} // namespace trackwise

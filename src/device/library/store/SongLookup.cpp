@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/store/SongLookup.h"
+
+#include "device/library/store/SearchWords.h"
+#include "device/library/store/TextFolding.h"
+#include "device/library/tags/FileArtwork.h"
+
+#include <cmath>
+
+namespace trackwise {
+
+namespace {
+using sqlite::Statement;
+
+// Statements are literals (see Reader::statement), hence the one macro. The columns are those of readSong().
+#define SELECT_SONG_FROM(SONGS)                                                                              \
+    "SELECT songs.persistent_id, songs.title, songs.artist, songs.album_title, songs.album_artist,"          \
+    " songs.composer, songs.genre, songs.user_grouping, long_texts.comments, long_texts.lyrics,"             \
+    " songs.release_date, songs.last_played, songs.date_added, songs.duration,"                              \
+    " coalesce(songs.play_count, songs.tag_play_count, 0), coalesce(songs.skip_count, 0),"                   \
+    " songs.rating_percent, songs.beats_per_minute, songs.track_number, songs.track_count,"                  \
+    " songs.disc_number, songs.disc_count, songs.is_compilation, songs.is_explicit, songs.catalog_id,"       \
+    " songs.artwork_key, folders.path, files.name, folders.image, folders.image_key, songs.availability"     \
+    " FROM " SONGS " CROSS JOIN files ON files.song = songs.id"                                              \
+    " CROSS JOIN folders ON folders.id = files.folder"                                                       \
+    " LEFT JOIN long_texts ON long_texts.song = songs.id "
+
+std::optional<Instant> instant(const Statement &row, int column)
+{
+    const auto milliseconds = row.optionalInteger(column);
+    return milliseconds ? std::optional(Instant(std::chrono::milliseconds(*milliseconds))) : std::nullopt;
+}
+
+std::optional<Instant> releaseDate(const Statement &row, int column)
+{
+    if (row.isNull(column))
+        return std::nullopt;
+    const auto date = PartialDate::fromText(row.text(column));
+    return date ? std::optional(date->start()) : std::nullopt;
+}
+
+unsigned count(const Statement &row, int column)
+{
+    return static_cast<unsigned>(row.integer(column));
+}
+
+ArtworkPtr artwork(const Statement &row, int embeddedKey, const FileName &file, int imageName, int imageKey)
+{
+    using Place = ArtworkSummary::Place;
+    if (!row.isNull(embeddedKey))
+        return FileArtwork::fromSummary({Place::Embedded, file.path(), row.bytes(embeddedKey)});
+    if (!row.isNull(imageKey))
+        return FileArtwork::fromSummary(
+            {Place::FolderImage, FileName{file.folder, row.bytes(imageName)}.path(), row.bytes(imageKey)});
+    return nullptr;
+}
+
+unsigned stars(const Statement &row, int column)
+{
+    SongTags tags;
+    if (const auto percent = row.optionalInteger(column))
+        tags.ratingPercent = static_cast<int>(*percent);
+    return tags.stars();
+}
+
+LibrarySong readSong(const Statement &row)
+{
+    LibrarySong song;
+    MediaItem &item = song.item;
+    item.persistentID = {static_cast<std::uint64_t>(row.integer(0))};
+    item.title = row.optionalText(1);
+    item.artist = row.optionalText(2);
+    item.albumTitle = row.optionalText(3);
+    item.albumArtist = row.optionalText(4);
+    item.composer = row.optionalText(5);
+    item.genre = row.optionalText(6);
+    item.userGrouping = row.optionalText(7);
+    item.comments = row.optionalText(8);
+    item.lyrics = row.optionalText(9);
+    item.releaseDate = releaseDate(row, 10);
+    item.lastPlayedDate = instant(row, 11);
+    item.dateAddedForReal = instant(row, 12);
+    item.playbackDuration = row.real(13);
+    item.playCount = count(row, 14);
+    item.skipCount = count(row, 15);
+    item.rating = stars(row, 16);
+    item.beatsPerMinute = count(row, 17);
+    item.albumTrackNumber = count(row, 18);
+    item.albumTrackCount = count(row, 19);
+    item.discNumber = count(row, 20);
+    item.discCount = count(row, 21);
+    item.isCompilation = row.integer(22) != 0;
+    item.isExplicitItem = row.integer(23) != 0;
+    item.playbackStoreID = row.text(24);
+    song.file = {row.bytes(26), row.bytes(27)};
+    item.artwork = artwork(row, 25, song.file, 28, 29);
+    song.availability = static_cast<Availability>(row.integer(30));
+    return song;
+}
+
+void bindFile(Statement &statement, const FileName &file)
+{
+    statement.bindBytes(file.folder).bindBytes(file.name);
+}
+
+// A song whose file is gone is kept for the day on which it comes back, and answers no look-up until then.
+#define IN_LIBRARY " AND songs.availability < 2 ORDER BY songs.availability, songs.id "
+
+constexpr const char *byTitleAndArtist = SELECT_SONG_FROM(
+    "songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ? AND artist_key = ?" IN_LIBRARY;
+constexpr const char *byTitleAndAlbum = SELECT_SONG_FROM(
+    "songs INDEXED BY songs_by_title_and_album") "WHERE title_key = ? AND album_key = ?" IN_LIBRARY;
+constexpr const char *byTitle =
+    SELECT_SONG_FROM("songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ?" IN_LIBRARY;
+constexpr const char *withAvailability =
+    SELECT_SONG_FROM("songs") "WHERE songs.availability = ? ORDER BY songs.id"; // all of them, so not sorted
+constexpr const char *allSongs = SELECT_SONG_FROM("songs") "ORDER BY songs.id";
+
+bool hasAllOf(const MediaItem &item, const SongQuery &query)
+{
+    return (!query.title || item.title == query.title) && (!query.artist || item.artist == query.artist) &&
+           (!query.albumTitle || item.albumTitle == query.albumTitle);
+}
+
+constexpr const char *candidatesFrom =
+    "SELECT songs.persistent_id, coalesce(songs.title, ''), coalesce(songs.artist, ''),"
+    " coalesce(songs.album_artist, ''), coalesce(songs.album_title, ''), songs.duration"
+    " FROM (SELECT song FROM search_texts WHERE title >= ? AND title < ? ORDER BY title LIMIT ?) found"
+    " CROSS JOIN songs ON songs.id = found.song ORDER BY songs.availability, songs.id";
+
+SongCandidate readCandidate(const Statement &row)
+{
+    return {{static_cast<std::uint64_t>(row.integer(0))},
+            folded(row.text(1)),
+            folded(row.text(2)),
+            folded(row.text(3)),
+            folded(row.text(4)),
+            std::chrono::milliseconds(std::llround(row.real(5) * 1000))};
+}
+
+// Several titles have the same words but for punctuation; this many are compared letter by letter.
+constexpr std::int64_t mostCompared = 500;
+} // namespace
+
+std::optional<LibrarySong> SongLookup::firstSong(Statement &statement) const
+{
+    return statement.step() ? std::optional(readSong(statement)) : std::nullopt;
+}
+
+std::optional<LibrarySong> SongLookup::song(PersistentID id) const
+{
+    Statement &statement = m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.persistent_id = ?");
+    statement.bind(static_cast<std::int64_t>(id.value));
+    return firstSong(statement);
+}
+
+std::optional<LibrarySong> SongLookup::songAt(const FileName &file) const
+{
+    const auto id = idOfPath(file);
+    return id ? song(*id) : std::nullopt;
+}
+
+std::vector<MediaItem> SongLookup::songs(const SongQuery &query, int limit) const
+{
+    std::vector<MediaItem> found;
+    const auto takeFrom = [&](Statement &statement) {
+        while (std::ssize(found) < limit && statement.step()) {
+            MediaItem item = readSong(statement).item;
+            if (hasAllOf(item, query))
+                found.push_back(std::move(item));
+        }
+    };
+    if (!query.title) {
+        for (const Availability availability : {Availability::Available, Availability::DiskAbsent})
+            takeFrom(m_reader.statement(withAvailability).bind(static_cast<std::int64_t>(availability)));
+    } else if (query.artist) {
+        takeFrom(m_reader.statement(byTitleAndArtist)
+                     .bind(caselessKey(*query.title))
+                     .bind(caselessKey(*query.artist)));
+    } else if (query.albumTitle) {
+        takeFrom(m_reader.statement(byTitleAndAlbum)
+                     .bind(caselessKey(*query.title))
+                     .bind(caselessKey(*query.albumTitle)));
+    } else {
+        takeFrom(m_reader.statement(byTitle).bind(caselessKey(*query.title)));
+    }
+    return found;
+}
+
+std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, const QString &artist) const
+{
+    Statement &statement = m_reader.statement(byTitleAndArtist);
+    statement.bind(caselessKey(title)).bind(caselessKey(artist));
+    const QString wantedTitle = withoutCase(title);
+    const QString wantedArtist = withoutCase(artist);
+    while (statement.step()) {
+        MediaItem item = readSong(statement).item;
+        if (withoutCase(item.title.value_or(QString())) == wantedTitle &&
+            withoutCase(item.artist.value_or(QString())) == wantedArtist)
+            return item;
+    }
+    return std::nullopt;
+}
+
+std::optional<MediaItem> SongLookup::songWithCatalogID(const QString &identifier) const
+{
+    Statement &statement =
+        m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.catalog_id = ?" IN_LIBRARY "LIMIT 1");
+    auto found = firstSong(statement.bind(identifier));
+    return found ? std::optional(std::move(found->item)) : std::nullopt;
+}
+
+std::optional<PersistentID> SongLookup::firstID(Statement &statement)
+{
+    return statement.step() ? std::optional(PersistentID{static_cast<std::uint64_t>(statement.integer(0))})
+                            : std::nullopt;
+}
+
+std::optional<PersistentID> SongLookup::idOfPath(const FileName &file) const
+{
+    Statement &statement = m_reader.statement(
+        "SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
+        " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?" IN_LIBRARY
+        "LIMIT 1");
+    bindFile(statement, file);
+    return firstID(statement);
+}
+
+std::optional<PersistentID> SongLookup::idOfFile(FileIdentity file) const
+{
+    Statement &statement =
+        m_reader.statement("SELECT persistent_id FROM files JOIN songs ON songs.id = files.song"
+                           " WHERE inode = ? AND device = ?" IN_LIBRARY "LIMIT 1");
+    statement.bind(static_cast<std::int64_t>(file.inode)).bind(static_cast<std::int64_t>(file.device));
+    return firstID(statement);
+}
+
+std::optional<PersistentID> SongLookup::idOfCatalogID(const QString &identifier) const
+{
+    return firstID(
+        m_reader.statement("SELECT persistent_id FROM songs WHERE catalog_id = ?" IN_LIBRARY "LIMIT 1")
+            .bind(identifier));
+}
+
+std::optional<PersistentID> SongLookup::idOfRecording(const QString &lowerCaseMBID) const
+{
+    return firstID(
+        m_reader.statement("SELECT persistent_id FROM songs WHERE recording_mbid = ?" IN_LIBRARY "LIMIT 1")
+            .bind(lowerCaseMBID));
+}
+
+std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, int limit) const
+{
+    const std::string words = searchText(foldedTitle);
+    Statement &statement = m_reader.statement(candidatesFrom);
+    // The words alone, or with others behind a line feed: what has more words has a blank there.
+    statement.bindText(words).bindText(words + '\x0b').bind(mostCompared);
+    std::vector<SongCandidate> found;
+    while (std::ssize(found) < limit && statement.step()) {
+        SongCandidate candidate = readCandidate(statement);
+        if (candidate.foldedTitle == foldedTitle)
+            found.push_back(std::move(candidate));
+    }
+    return found;
+}
+
+std::vector<SongCandidate> SongLookup::songsWithTitlePrefix(const QString &foldedPrefix, int limit) const
+{
+    const std::string words = searchText(foldedPrefix);
+    Statement &statement = m_reader.statement(candidatesFrom);
+    statement.bindText(words).bindText(words + '\xff').bind(mostCompared);
+    std::vector<SongCandidate> found;
+    while (std::ssize(found) < limit && statement.step()) {
+        SongCandidate candidate = readCandidate(statement);
+        if (candidate.foldedTitle.startsWith(foldedPrefix))
+            found.push_back(std::move(candidate));
+    }
+    return found;
+}
+
+void SongLookup::visitSongs(const std::function<bool(const LibrarySong &)> &visit) const
+{
+    Statement &statement = m_reader.statement(allSongs);
+    while (statement.step()) {
+        if (!visit(readSong(statement)))
+            return;
+    }
+}
+
+} // namespace trackwise

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "device/library/store/ReaderPool.h"
+#include "device/library/store/SongRecord.h"
+#include "platform/MediaLibrary.h"
+#include "platform/SongMatching.h"
+
+#include <functional>
+
+namespace trackwise {
+
+/// Exact questions to the library, each answered from an index: songs whose file is there first, then those
+/// of absent disks, each in the order in which they were added. Songs whose file is gone answer to their
+/// identifier only. Short-lived: made for one use of a reader.
+class SongLookup
+{
+public:
+    explicit SongLookup(Reader &reader)
+        : m_reader(reader)
+    {}
+
+    [[nodiscard]] std::optional<LibrarySong> song(PersistentID id) const;
+    [[nodiscard]] std::optional<LibrarySong> songAt(const FileName &file) const;
+    [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const;
+    [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
+                                                            const QString &artist) const;
+    [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const;
+
+    [[nodiscard]] std::optional<PersistentID> idOfPath(const FileName &file) const;
+    [[nodiscard]] std::optional<PersistentID> idOfFile(FileIdentity file) const;
+    [[nodiscard]] std::optional<PersistentID> idOfCatalogID(const QString &identifier) const;
+    [[nodiscard]] std::optional<PersistentID> idOfRecording(const QString &lowerCaseMBID) const;
+    [[nodiscard]] std::vector<SongCandidate> songsTitled(const QString &foldedTitle, int limit) const;
+    [[nodiscard]] std::vector<SongCandidate> songsWithTitlePrefix(const QString &foldedPrefix,
+                                                                  int limit) const;
+
+    /// All songs, those that are gone too; until @p visit answers false.
+    void visitSongs(const std::function<bool(const LibrarySong &)> &visit) const;
+
+private:
+    [[nodiscard]] std::optional<LibrarySong> firstSong(sqlite::Statement &statement) const;
+    [[nodiscard]] static std::optional<PersistentID> firstID(sqlite::Statement &statement);
+
+    Reader &m_reader;
+};
+
+} // namespace trackwise

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/integration/DesktopAddressOpener.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusObjectPath>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+
+namespace {
+
+/// Takes web addresses and refuses files, as the desktop portal does.
+class Portal : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.OpenURI")
+
+public:
+    Portal()
+    {
+        m_bus.registerObject(u"/org/freedesktop/portal/desktop"_s, this, QDBusConnection::ExportAllSlots);
+        m_bus.registerService(u"org.freedesktop.portal.Desktop"_s);
+    }
+
+    QStringList opened;
+
+public Q_SLOTS:
+    QDBusObjectPath OpenURI(const QString &, const QString &address, const QVariantMap &)
+    {
+        if (address.startsWith(QLatin1StringView("file:")))
+            sendErrorReply(u"org.freedesktop.portal.Error.InvalidArgument"_s, address);
+        else
+            opened << address;
+        return QDBusObjectPath(u"/org/freedesktop/portal/desktop/request/1"_s);
+    }
+
+private:
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"portal"_s);
+};
+
+} // namespace
+
+/// The desktop's programs are small scripts that write down how they were called.
+class tst_DesktopAddressOpener : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    void writeFile(const QString &name, const QByteArray &text, bool isProgram = false)
+    {
+        QFile file(m_folder.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        if (isProgram)
+            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    void writeProgram(const QString &name, const QByteArray &body)
+    {
+        writeFile(name, "#!/bin/sh\n" + body + "\n", true);
+    }
+    [[nodiscard]] QByteArray log() const
+    {
+        QFile file(m_folder.filePath(u"log"_s));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("PATH", m_folder.path().toUtf8() + ":/usr/bin:/bin");
+        qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
+        qputenv("LOG", m_folder.filePath(u"log"_s).toUtf8());
+        QVERIFY(QDir(m_folder.path()).mkpath(u"applications/org"_s));
+        writeFile(u"applications/org/player.desktop"_s, "[Desktop Entry]\n");
+        for (const char *name : {"xdg-open", "gio", "gtk-launch"})
+            writeProgram(QString::fromLatin1(name), "[ /proc/self/fd/2 -ef /dev/null ] && echo "_ba + name +
+                                                        " \"$@\" >> \"$LOG\""); // ours is not its terminal
+    }
+    // Not sooner: the thread of the bus would look at the portal while that goes.
+    void cleanup() { QDBusConnection::disconnectFromBus(u"portal"_s); }
+    void init() { QFile::remove(m_folder.filePath(u"log"_s)); }
+
+    void asksThePortalAndElseTheDesktop()
+    {
+        DesktopAddressOpener opener({});
+        const Portal portal;
+        opener.open(QUrl(u"https://example.org/a?b=c d"_s));
+        QTRY_COMPARE(portal.opened, QStringList(u"https://example.org/a?b=c%20d"_s));
+        QCOMPARE(log(), QByteArray());
+        opener.open(QUrl(u"file:///tmp/x"_s));
+        QTRY_COMPARE(log(), "xdg-open file:///tmp/x\n"_ba);
+        opener.open(QUrl(u"relative"_s));
+    }
+
+    void doesWithoutABus()
+    {
+        DesktopAddressOpener opener({}, QDBusConnection(u"no such bus"_s));
+        opener.open(QUrl(u"mailto:a@example.org?subject=x&body=y%0Az"_s));
+        QTRY_COMPARE(log(), "xdg-open mailto:a@example.org?subject=x&body=y%0Az\n"_ba);
+    }
+
+    void raisesThePlayerThatPlaysOrStartsTheDefaultApplication()
+    {
+        bool isPlaying = true;
+        DesktopAddressOpener opener([&isPlaying] { return std::exchange(isPlaying, false); });
+        opener.open(QUrl(u"music://"_s));
+        QVERIFY(!isPlaying);
+        writeProgram(u"xdg-mime"_s, "[ \"$3\" = x-scheme-handler/music ] && echo org-player.desktop");
+        opener.open(QUrl(u"music://"_s));
+        QByteArray expected = "gio launch " + m_folder.path().toUtf8() + "/applications/org/player.desktop\n";
+        QTRY_COMPARE(log(), expected); // and nothing when the player was raised
+        // A handler of music files that is not installed properly.
+        writeProgram(u"xdg-mime"_s, "[ \"$3\" = audio/mpeg ] && echo other.desktop");
+        opener.open(QUrl(u"music://"_s));
+        QTRY_COMPARE(log(), expected + "gtk-launch other.desktop\n");
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_DesktopAddressOpener)
+#include "tst_DesktopAddressOpener.moc"

@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/integration/DesktopAppearance.h"
+#include "device/integration/StoredDeviceSettings.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+
+using Spaces = QMap<QString, QVariantMap>;
+
+struct Rgb
+{
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+};
+Q_DECLARE_METATYPE(Rgb)
+
+static QDBusArgument &operator<<(QDBusArgument &argument, const Rgb &c)
+{
+    argument.beginStructure();
+    argument << c.red << c.green << c.blue;
+    argument.endStructure();
+    return argument;
+}
+
+static const QDBusArgument &operator>>(const QDBusArgument &argument, Rgb &)
+{
+    return argument; // it is only sent
+}
+
+namespace {
+
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString gnome = u"org.gnome.desktop.interface"_s;
+const QString gnomeAccessibility = u"org.gnome.desktop.a11y.interface"_s;
+const QString kde = u"org.kde.kdeglobals.KDE"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString portalName = u"org.freedesktop.portal.Desktop"_s;
+
+/// A portal that answers with what it is given, on a connection of its own.
+class Portal : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    explicit Portal(Spaces settings)
+        : m_settings(std::move(settings))
+    {
+        m_bus.registerObject(portalPath, this, QDBusConnection::ExportAllSlots);
+        m_bus.registerService(portalName);
+    }
+    ~Portal() override { m_bus.unregisterService(portalName); }
+
+    void change(const QString &space, const QString &key, const QVariant &value)
+    {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(portalPath, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
+        m_bus.send(signal << space << key << QVariant::fromValue(QDBusVariant(value)));
+    }
+
+public Q_SLOTS:
+    Spaces ReadAll(const QStringList &spaces)
+    {
+        Spaces answer;
+        for (const QString &space : spaces)
+            if (m_settings.contains(space))
+                answer.insert(space, m_settings.value(space));
+        return answer;
+    }
+
+private:
+    QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"portal"_s);
+    Spaces m_settings;
+};
+
+QVariant inVariant(const QVariant &value)
+{
+    return QVariant::fromValue(QDBusVariant(value));
+}
+
+} // namespace
+
+class tst_DesktopAppearance : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<QSettings> m_file;
+    std::unique_ptr<StoredDeviceSettings> m_settings;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qDBusRegisterMetaType<Spaces>();
+        qDBusRegisterMetaType<Rgb>();
+    }
+    // Not sooner: the thread of the bus would look at the portal while that goes.
+    void cleanup() { QDBusConnection::disconnectFromBus(u"portal"_s); }
+    void init()
+    {
+        m_file = std::make_unique<QSettings>(m_folder.filePath(u"device.ini"_s), QSettings::IniFormat);
+        m_file->clear();
+        m_settings = std::make_unique<StoredDeviceSettings>(*m_file);
+        qunsetenv("XDG_CURRENT_DESKTOP");
+    }
+
+    void readsWhatTheDesktopSays()
+    {
+        const std::tuple<QString, QString, QVariant, DesktopLook> rows[]{
+            {appearance, u"color-scheme"_s, 1u, {.isDark = true}},
+            {appearance, u"color-scheme"_s, 2u, {.isDark = false}},
+            {appearance, u"color-scheme"_s, 0u, {.isDark = false}},
+            {gnome, u"color-scheme"_s, u"prefer-dark"_s, {.isDark = true}},
+            {appearance, u"color-scheme"_s, u"1"_s, {}},
+            {appearance, u"contrast"_s, 1u, {.prefersHighContrast = true}},
+            {gnomeAccessibility, u"high-contrast"_s, true, {.prefersHighContrast = true}},
+            {appearance, u"reduced-motion"_s, 1u, {.prefersReducedMotion = true}},
+            {gnome, u"enable-animations"_s, false, {.prefersReducedMotion = true}},
+            {kde, u"AnimationDurationFactor"_s, u"0"_s, {.prefersReducedMotion = true}},
+            {kde, u"AnimationDurationFactor"_s, u"0.7"_s, {}},
+            {kde, u"AnimationDurationFactor"_s, QString(), {}},
+            {gnome, u"text-scaling-factor"_s, 1.25, {.textSize = TextSize::ExtraExtraLarge}},
+            {gnome, u"text-scaling-factor"_s, u"2"_s, {}},
+            {appearance, u"accent-color"_s, QColor(Qt::blue), {.accent = QColor(Qt::blue)}},
+            {appearance, u"accent-color"_s, QVariant(), {}},
+        };
+        QVERIFY(desktopLook({}) == DesktopLook());
+        for (const auto &[space, key, value, look] : rows)
+            QVERIFY2(desktopLook({{{space, key}, value}}) == look, qPrintable(key));
+    }
+
+    void choosesTheNearestTextSize()
+    {
+        QCOMPARE(textSizeForScale(1.0), TextSize::Large);
+        QCOMPARE(textSizeForScale(0.5), TextSize::ExtraSmall);
+        QCOMPARE(textSizeForScale(1.05), TextSize::Large);
+        QCOMPARE(textSizeForScale(1.1), TextSize::ExtraLarge);
+        QCOMPARE(textSizeForScale(1.5), TextSize::Accessibility1);
+        QCOMPARE(textSizeForScale(2.0), TextSize::Accessibility2);
+        QCOMPARE(textSizeForScale(9.0), TextSize::Accessibility5);
+        for (const double scale : {0.0, -1.0, qQNaN()})
+            QCOMPARE(textSizeForScale(scale), TextSize::Large);
+    }
+
+    void followsThePortal()
+    {
+        Portal portal({{appearance,
+                        {{u"color-scheme"_s, 1u}, {u"accent-color"_s, QVariant::fromValue(Rgb{0, 0.5, 1})}}},
+                       {gnome, {{u"text-scaling-factor"_s, inVariant(1.25)}}}});
+        const DesktopAppearance look(*m_settings);
+        QVERIFY(!look.isDark()); // nobody has waited for the answer
+        QTRY_VERIFY(look.isDark());
+        QCOMPARE(look.textSize(), TextSize::ExtraExtraLarge);
+        QCOMPARE(look.accent(), std::optional(QColor::fromRgbF(0, 0.5F, 1)));
+
+        QSignalSpy changes(&look, &Appearance::appearanceDidChange);
+        portal.change(appearance, u"color-scheme"_s, 2u);
+        QTRY_VERIFY(!look.isDark());
+        portal.change(appearance, u"accent-color"_s, QVariant::fromValue(Rgb{-1, -1, -1}));
+        QTRY_COMPARE(look.accent(), std::nullopt);
+        portal.change(gnome, u"font-name"_s, u"Sans 11"_s);
+        portal.change(gnome, u"enable-animations"_s, inVariant(false));
+        QTRY_VERIFY(look.prefersReducedMotion());
+        QCOMPARE(changes.size(), 3); // the font changes nothing here
+    }
+
+    void asksThePaletteWhereThereIsNoPortal()
+    {
+        const QPalette before = QGuiApplication::palette();
+        QGuiApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray, Qt::white,
+                                             Qt::white, Qt::black, Qt::black));
+        const DesktopAppearance look(*m_settings, QDBusConnection(u"no such bus"_s));
+        QGuiApplication::setPalette(before);
+        QVERIFY(look.isDark());
+        QCOMPARE(look.textSize(), TextSize::Large);
+        QVERIFY(!look.accent());
+    }
+
+    void readsKdesAnimationSpeed()
+    {
+        QFile globals(m_folder.filePath(u"kdeglobals"_s));
+        QVERIFY(globals.open(QIODevice::WriteOnly));
+        globals.write("[General]\nColorScheme=BreezeLight\n\n[KDE]\nAnimationDurationFactor=0\n");
+        globals.close();
+        qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
+        qputenv("XDG_CURRENT_DESKTOP", "KDE");
+        const DesktopAppearance look(*m_settings, QDBusConnection(u"no such bus"_s));
+        QTRY_VERIFY(look.prefersReducedMotion());
+    }
+
+    void theUsersOwnChoiceComesFirst()
+    {
+        Portal portal({{appearance, {{u"color-scheme"_s, 1u}}}, {gnome, {{u"enable-animations"_s, false}}}});
+        const DesktopAppearance look(*m_settings);
+        QTRY_VERIFY(look.isDark() && look.prefersReducedMotion());
+
+        m_settings->setAppearance({.theme = ThemeChoice::Light,
+                                   .textSize = TextSize::Accessibility3,
+                                   .motion = MotionChoice::Full});
+        QVERIFY(!look.isDark());
+        QVERIFY(!look.prefersReducedMotion());
+        QCOMPARE(look.textSize(), TextSize::Accessibility3);
+        m_settings->setAppearance({});
+        QVERIFY(look.isDark());
+        QVERIFY(look.prefersReducedMotion());
+        QCOMPARE(look.textSize(), TextSize::Large);
+    }
+
+    void keepsChoicesInTheFile()
+    {
+        const AppearanceChoices choices{
+            .theme = ThemeChoice::Dark, .textSize = TextSize::ExtraSmall, .motion = MotionChoice::Reduced};
+        m_settings->setAppearance(choices);
+        m_settings->setMicrophoneAccess(AccessChoice::Denied);
+        m_settings->setIgnoredPlayers({u"vlc"_s, u"mpv"_s, u"vlc"_s});
+        m_file->sync();
+        QSettings again(m_file->fileName(), QSettings::IniFormat);
+        const StoredDeviceSettings reread(again);
+        QCOMPARE(reread.appearance(), choices);
+        QCOMPARE(reread.microphoneAccess(), AccessChoice::Denied);
+        QCOMPARE(reread.ignoredPlayers(), QStringList({u"mpv"_s, u"vlc"_s}));
+
+        again.setValue(u"Appearance/Theme"_s, u"purple"_s);
+        again.setValue(u"Appearance/TextSize"_s, 99);
+        QCOMPARE(reread.appearance(), (AppearanceChoices{.motion = MotionChoice::Reduced}));
+    }
+};
+
+QTEST_MAIN(tst_DesktopAppearance)
+#include "tst_DesktopAppearance.moc"

@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/integration/NetworkHttpClient.h"
+#include "device/integration/WebServer.h"
+
+#include <QSslCertificate>
+#include <QSslKey>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+class tst_NetworkHttpClient : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    QSslConfiguration m_serverTls;
+    QSslConfiguration m_trusting;
+
+    using Answer = std::optional<Result<QByteArray>>;
+
+    [[nodiscard]] Answer fetch(NetworkHttpClient &client, const QUrl &address,
+                               std::chrono::milliseconds timeout = 5s)
+    {
+        Answer answer;
+        client.get(address, timeout, this,
+                   [&answer](Result<QByteArray> reply) { answer = std::move(reply); });
+        if (answer)
+            qFatal("the answer came before the call had returned");
+        if (!QTest::qWaitFor([&answer] { return answer.has_value(); }, 10'000))
+            qFatal("no answer at all");
+        return answer;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_serverTls = selfSigned(m_folder.path());
+        QVERIFY(!m_serverTls.privateKey().isNull());
+        m_trusting = QSslConfiguration::defaultConfiguration();
+        m_trusting.setCaCertificates(m_serverTls.localCertificateChain());
+    }
+
+    void givesTheBodyWhateverTheStatusAndSendsNoCookies()
+    {
+        const std::pair<QByteArray, QByteArray> answers[]{
+            {"200 OK", "{\"results\":[]}"},
+            {"200 OK", ""},
+            {"200 OK\r\nContent-Type: image/png", QByteArray("\0\1\2", 3)},
+            {"200 OK", QByteArray(1 << 20, 'x')}, // as large as allowed
+            {"400 Bad Request", "{}"},
+            {"404 Not Found", "<html>"},
+            {"503 Service Unavailable", "later"}};
+        const WebServer server(
+            [&](QTcpSocket &socket, const QByteArray &path) {
+                const auto &[status, body] = answers[path.mid(1).toInt()];
+                WebServer::reply(socket, status + "\r\nSet-Cookie: a=b", body);
+            },
+            m_serverTls);
+        NetworkHttpClient client({}, m_trusting);
+        for (qsizetype i = 0; i < std::ssize(answers); ++i) {
+            const Answer answer = fetch(client, server.address(u"/%1"_s.arg(i)));
+            QVERIFY2(*answer, *answer ? "" : qPrintable(answer->failure().detail));
+            QCOMPARE(**answer, answers[i].second);
+            const QByteArray request = server.requests().last();
+            QVERIFY2(!request.toLower().contains("cookie") && request.contains("User-Agent: Trackwise"),
+                     request);
+        }
+    }
+
+    void keepsWhatMayBeKept()
+    {
+        const WebServer server(
+            [](QTcpSocket &socket, const QByteArray &path) {
+                WebServer::reply(socket, "200 OK\r\nCache-Control: " + path.mid(1), "kept");
+            },
+            m_serverTls);
+        const QTemporaryDir cache;
+        for (const auto &[control, expected] :
+             {std::pair("max-age=60", 1), std::pair("no-store", 2), std::pair("no-cache", 2)}) {
+            const auto before = server.requests().size();
+            for (int i = 0; i < 2; ++i) {
+                NetworkHttpClient client(cache.path(), m_trusting);
+                QCOMPARE(**fetch(client, server.address(u'/' + QLatin1StringView(control))), "kept"_ba);
+            }
+            QCOMPARE(server.requests().size() - before, expected);
+        }
+    }
+
+    void waitsForALateAnswerButNotForeverNorTakesAHalf()
+    {
+        const WebServer server(
+            [](QTcpSocket &socket, const QByteArray &path) {
+                if (path == "/late")
+                    QTimer::singleShot(200ms, &socket,
+                                       [&socket] { WebServer::reply(socket, "200 OK", "late"); });
+                else if (path != "/never")
+                    socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nhalf");
+                if (path == "/cut")
+                    socket.disconnectFromHost();
+            },
+            m_serverTls);
+        NetworkHttpClient client({}, m_trusting);
+        QCOMPARE(**fetch(client, server.address(u"/late"_s)), "late"_ba);
+        for (const auto &path : {u"/never"_s, u"/half"_s}) {
+            const Answer answer = fetch(client, server.address(path), 150ms);
+            QVERIFY(!*answer);
+            QCOMPARE(answer->failure().kind, FailureKind::Unavailable);
+        }
+        QVERIFY(!*fetch(client, server.address(u"/cut"_s)));
+        QVERIFY(!*fetch(client, QUrl(u"https://127.0.0.1:1/"_s)));
+    }
+
+    void breaksOffWhatIsTooLarge()
+    {
+        qint64 sent = 0;
+        constexpr qint64 whole = 100'000'000;
+        const WebServer server(
+            [&sent](QTcpSocket &socket, const QByteArray &) {
+                // Said to be endless, so that only counting helps.
+                socket.write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n");
+                auto *pump = new QTimer(&socket);
+                connect(pump, &QTimer::timeout, &socket, [&socket, &sent] {
+                    if (sent < whole && socket.bytesToWrite() < 1'000'000)
+                        sent += socket.write(QByteArray(100'000, 'x'));
+                });
+                pump->start(0);
+            },
+            m_serverTls);
+        NetworkHttpClient client({}, m_trusting);
+        const Answer answer = fetch(client, server.address(u"/"_s));
+        QVERIFY(!*answer);
+        QCOMPARE(answer->failure().kind, FailureKind::Unsupported);
+        QVERIFY2(sent < whole / 2, qPrintable(QString::number(sent)));
+    }
+
+    void followsRedirectsToHttpsOnly()
+    {
+        const WebServer plain(
+            [](QTcpSocket &socket, const QByteArray &) { WebServer::reply(socket, "200 OK", "plain"); });
+        QFile secret(m_folder.filePath(u"secret"_s));
+        QVERIFY(secret.open(QIODevice::WriteOnly));
+        secret.write("secret");
+        secret.close();
+        QByteArray target;
+        const auto answer = [&target](QTcpSocket &socket, const QByteArray &path) {
+            if (path == "/end")
+                WebServer::reply(socket, "200 OK", "end");
+            else
+                WebServer::reply(
+                    socket, "301 Moved Permanently\r\nCache-Control: max-age=60\r\nLocation: " + target, "");
+        };
+        const WebServer server(answer, m_serverTls);
+        const WebServer downwards(answer);
+        const QTemporaryDir cache;
+        NetworkHttpClient client(cache.path(), m_trusting);
+        int number = 0;
+        // The second time the redirect comes out of the cache.
+        const auto fetchTwice = [&](const WebServer &from) {
+            const QUrl address = from.address(u"/%1"_s.arg(++number));
+            const Answer first = fetch(client, address);
+            const Answer second = fetch(client, address);
+            return std::pair(*first, *second);
+        };
+
+        for (const QByteArray &good : {"/end"_ba, server.address(u"/end"_s).toEncoded()}) {
+            target = good;
+            const auto [first, second] = fetchTwice(server);
+            QVERIFY(first && second);
+            QCOMPARE(*first + *second, "endend"_ba);
+        }
+        for (const QByteArray &bad :
+             {plain.address(u"/"_s).toEncoded(), QUrl::fromLocalFile(secret.fileName()).toEncoded(),
+              "ftp://127.0.0.1/x"_ba, "data:text/plain,x"_ba, "qrc:/x"_ba, "/again"_ba}) {
+            target = bad;
+            const auto [first, second] = fetchTwice(server);
+            QVERIFY2(!first && !second, bad);
+        }
+        target = plain.address(u"/"_s).toEncoded();
+        const auto [first, second] = fetchTwice(downwards);
+        QVERIFY(!first && !second); // not even from HTTP
+        QVERIFY(plain.requests().isEmpty());
+    }
+
+    void refusesWhomItCannotTrust()
+    {
+        const WebServer server(
+            [](QTcpSocket &socket, const QByteArray &) { WebServer::reply(socket, "200 OK", "x"); },
+            m_serverTls);
+        NetworkHttpClient client;
+        QVERIFY(!*fetch(client, server.address(u"/"_s)));
+        QVERIFY(server.requests().isEmpty());
+        QVERIFY(!*fetch(client, QUrl(u"http://example.org/"_s)));
+        QVERIFY(!*fetch(client, QUrl::fromLocalFile(u"/etc/hostname"_s)));
+        QVERIFY(!*fetch(client, QUrl()));
+    }
+
+    void givesUpWhenNobodyWaits()
+    {
+        bool isClosed = false;
+        const WebServer server(
+            [&isClosed](QTcpSocket &socket, const QByteArray &) {
+                connect(&socket, &QTcpSocket::disconnected, &socket, [&isClosed] { isClosed = true; });
+            },
+            m_serverTls);
+        NetworkHttpClient client({}, m_trusting);
+        {
+            QObject receiver;
+            client.get(server.address(u"/"_s), 60s, &receiver,
+                       [](const Result<QByteArray> &) { qFatal("called for nobody"); });
+            QTRY_COMPARE(server.requests().size(), 1);
+        }
+        QTRY_VERIFY(isClosed);
+    }
+
+    void outlivesItsClient()
+    {
+        const WebServer server([](QTcpSocket &, const QByteArray &) {}, m_serverTls);
+        QObject receiver;
+        Answer answer;
+        {
+            NetworkHttpClient client({}, m_trusting);
+            client.get(server.address(u"/"_s), 600ms, &receiver,
+                       [&answer](Result<QByteArray> reply) { answer = std::move(reply); });
+            QTRY_COMPARE(server.requests().size(), 1);
+        }
+        QTRY_VERIFY(answer.has_value());
+        QVERIFY(!*answer);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_NetworkHttpClient)
+#include "tst_NetworkHttpClient.moc"

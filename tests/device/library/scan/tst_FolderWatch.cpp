@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+#include "device/library/WavFolder.h"
+#include "device/library/scan/FolderWatch.h"
+
+#include <QFile>
+#include <QScopeGuard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <filesystem>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Names of the songs that can be played now, as paths within the folder.
+QByteArrayList available(LibraryFixture &fixture, const WavFolder &music)
+{
+    QByteArrayList names;
+    (void)fixture.library().forEachSong([&](const LibrarySong &song) {
+        if (song.availability == Availability::Available)
+            names << song.file.path().mid(music.root().size() + 1);
+        return true;
+    });
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+/// A library that follows its folder, scanning what it is told to, one scan after the other.
+class Follower : public QObject
+{
+public:
+    explicit Follower(const WavFolder &music, const WatchLimits &limits = {}, const QByteArray &folder = {})
+        : fixture({folder.isEmpty() ? music.root() : folder})
+        , watch(
+              [this](const ScanPart &part) {
+                  QMetaObject::invokeMethod(
+                      this, [this, part] { scan(part); }, Qt::QueuedConnection);
+              },
+              limits)
+    {
+        scan(ScanPart::everything());
+        parts.clear();
+    }
+
+    void scan(const ScanPart &part)
+    {
+        ScanMonitor monitor;
+        const auto result = LibraryScanner(fixture.store(), fixture.library().configuration().musicFolders)
+                                .run({}, monitor, {ScanScope::Changes, part, &watch});
+        QVERIFY(result && result->isComplete);
+        parts.push_back(part);
+    }
+
+    LibraryFixture fixture;
+    std::vector<ScanPart> parts; ///< that were scanned since the first scan
+    FolderWatch watch;
+};
+
+/// Gives this process mounts of its own, where the system lets anybody have that.
+bool takeOwnMounts()
+{
+    if (unshare(CLONE_NEWNS) != 0) {
+        const QByteArray me = QByteArray::number(getuid());
+        QFile users(QStringLiteral("/proc/self/uid_map"));
+        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0 || !users.open(QIODevice::WriteOnly) ||
+            users.write(me + ' ' + me + " 1") < 0)
+            return false;
+    }
+    return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+bool hasOwnMounts = false;
+
+} // namespace
+
+class tst_FolderWatch : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void noticesWhatHappens_data()
+    {
+        using Action = std::function<void(const WavFolder &)>;
+        QTest::addColumn<Action>("act");
+        QTest::addColumn<QByteArrayList>("songs");
+        QTest::addColumn<bool>("isPartial");
+        const auto row = [](const char *name, const Action &act, const QByteArrayList &songs,
+                            bool isPartial = true) {
+            QTest::addRow("%s", name) << act << songs << isPartial;
+        };
+        row("file added", [](const WavFolder &m) { m.write("sub/c.wav", 3, "C"); },
+            {"a.wav", "sub/b.wav", "sub/c.wav"});
+        row("file removed", [](const WavFolder &m) { m.remove("a.wav"); }, {"sub/b.wav"});
+        row("file renamed", [](const WavFolder &m) { m.move("a.wav", "z.wav"); }, {"sub/b.wav", "z.wav"});
+        row("file of another suffix renamed",
+            [](const WavFolder &m) {
+                m.write("c.part", 3, "C");
+                m.move("c.part", "c.wav");
+            },
+            {"a.wav", "c.wav", "sub/b.wav"});
+        row("second name of a file",
+            [](const WavFolder &m) { QCOMPARE(link(m.path("a.wav"), m.path("l.wav")), 0); },
+            {"a.wav", "l.wav", "sub/b.wav"});
+        row("folders made and filled",
+            [](const WavFolder &m) {
+                m.write("1/2/3/c.wav", 3, "C");
+                m.write("1/d.wav", 4, "D");
+            },
+            {"1/2/3/c.wav", "1/d.wav", "a.wav", "sub/b.wav"});
+        row("folder renamed", [](const WavFolder &m) { m.move("sub", "other"); }, {"a.wav", "other/b.wav"});
+        row("song in a renamed folder renamed",
+            [](const WavFolder &m) {
+                m.move("sub", "other");
+                m.move("other/b.wav", "other/c.wav");
+            },
+            {"a.wav", "other/c.wav"});
+        row("folder moved out", [](const WavFolder &m) { m.move("sub", "../sub"); }, {"a.wav"});
+        row("folder removed", [](const WavFolder &m) { m.remove("sub"); }, {"a.wav"});
+        row("folder hidden", [](const WavFolder &m) { m.move("sub", ".sub"); }, {"a.wav"});
+        row(
+            "folder left out", [](const WavFolder &m) { m.writeBytes("sub/.nomedia", {}); }, {"a.wav"},
+            false);
+        row(
+            "folder left out no more", [](const WavFolder &m) { m.remove("quiet/.nomedia"); },
+            {"a.wav", "quiet/q.wav", "sub/b.wav"}, false);
+        row(
+            "link to a folder",
+            [](const WavFolder &m) {
+                m.write("../outside/c.wav", 3, "C");
+                QCOMPARE(symlink(m.path("../outside"), m.path("way")), 0);
+            },
+            {"a.wav", "sub/b.wav", "way/c.wav"}, false);
+        row(
+            "all moved away", [](const WavFolder &m) { m.move("../music", "../elsewhere"); }, {}, false);
+    }
+    void noticesWhatHappens()
+    {
+        QFETCH(const std::function<void(const WavFolder &)>, act);
+        QFETCH(const QByteArrayList, songs);
+        QFETCH(const bool, isPartial);
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        music.write("sub/b.wav", 2, "B");
+        music.write("quiet/q.wav", 7, "Q");
+        music.writeBytes("quiet/.nomedia", {});
+        Follower follower(music);
+        act(music);
+        QTRY_COMPARE(available(follower.fixture, music), songs);
+        QCOMPARE(follower.parts.front().isEverything(), !isPartial);
+        music.write("0/later.wav", 9, "What came new is watched as well");
+        QTRY_COMPARE(available(follower.fixture, music), QByteArrayList{"0/later.wav"} + songs);
+    }
+
+    void waitsForFilesThatAreBeingWritten()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        Follower follower(music, {.stalledWriter = 1h});
+        const PersistentID known = follower.fixture.idAt(music.path("a.wav"));
+        music.write("../b.wav", 2, "B");
+        QFile source(QFile::decodeName(music.path("../b.wav")));
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        const QByteArray whole = source.readAll();
+        std::vector<std::unique_ptr<QFile>> copies; // a new file, and one over a known song
+        for (const QByteArray &name : {music.path("b.wav"), music.path("a.wav")}) {
+            copies.push_back(std::make_unique<QFile>(QFile::decodeName(name)));
+            QVERIFY(copies.back()->open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+            copies.back()->write(whole.first(whole.size() / 2));
+        }
+        music.write("c.wav", 3, "C");
+        QTRY_COMPARE(available(follower.fixture, music), (QByteArrayList{"a.wav", "c.wav"}));
+        QCOMPARE(follower.fixture.availability(known), Availability::Available);
+        QCOMPARE(follower.fixture.library().status()->problems, 0);
+        for (const auto &copy : copies) {
+            copy->write(whole.sliced(whole.size() / 2));
+            copy->close();
+        }
+        QTRY_COMPARE(available(follower.fixture, music), (QByteArrayList{"a.wav", "b.wav", "c.wav"}));
+        QTRY_COMPARE(follower.fixture.library().songForPath(music.path("a.wav"))->item.title, u"B");
+    }
+
+    void makesOneScanOfManyChanges()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        Follower follower(music);
+        for (int i = 0; i < 300; ++i)
+            music.copy("a.wav", "album " + QByteArray::number(i / 20) + '/' + QByteArray::number(i) + ".wav");
+        QTRY_COMPARE(follower.fixture.library().status()->available, 301);
+        QVERIFY2(follower.parts.size() < 20,
+                 QByteArray::number(follower.parts.size())); // one where none waits
+    }
+
+    void gathersChanges()
+    {
+        const ChangeGathering::Time start(1h);
+        const FileName a{"/m", "a"};
+        ScanPart folder;
+        folder.addFolder("/m");
+        ChangeGathering changes(1s);
+        QCOMPARE(changes.nextDue(), std::nullopt);
+        changes.add(folder, start);
+        QCOMPARE(changes.nextDue(), start + 120ms);
+        changes.add(folder, start + 100ms); // no pause yet
+        QVERIFY(changes.takeDue(start + 219ms).isEmpty());
+        QCOMPARE(changes.takeDue(start + 220ms), folder);
+        for (int i = 0; i < 80; ++i) // without a pause: twice as long as at first, since it goes on
+            changes.add(folder, start + 1s + i * 200ms);
+        QCOMPARE(changes.nextDue(), start + 17s);
+        QCOMPARE(changes.takeDue(start + 17s), folder);
+        changes.add(folder, start + 19s); // after a calm all is as at first
+        QCOMPARE(changes.nextDue(), start + 19s + 120ms);
+        QCOMPARE(changes.takeDue(start + 20s), folder);
+
+        auto now = start + 1min;
+        for (const auto patience : {1s, 2s, 4s, 8s, 16s, 30s, 30s}) { // it grows again each time it is taken
+            changes.addGrowing(a, now);
+            QVERIFY(changes.isGrowing(a));
+            QVERIFY(changes.takeDue(now + patience - 1ms).isEmpty());
+            QCOMPARE(changes.nextDue(), now + patience);
+            (void)changes.takeDue(now + patience);
+            QVERIFY(!changes.isGrowing(a));
+            now += patience + 1s;
+            QCOMPARE(changes.takeDue(now), folder);
+        }
+        changes.addChanged(a, now);
+        QVERIFY(!changes.hasGrowing());
+        changes.clear();
+        QCOMPARE(changes.nextDue(), std::nullopt);
+    }
+
+    void looksNowAndThenWhereTheSystemDoesNotTell()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        music.write("old/b.wav", 2, "B");
+        Follower follower(music, {.mostWatches = 1, .pollInterval = 10ms});
+        QVERIFY(!follower.watch.seesEverything());
+        music.write("../c.wav", 3, "C");
+        music.write("../new/d.wav", 4, "D");
+        for (const char *name : {"../c.wav", "../new/d.wav"}) // what is older counts as complete
+            std::filesystem::last_write_time(music.path(name).toStdString(),
+                                             std::filesystem::file_time_type::clock::now() - 1h);
+        music.move("../c.wav", "old/c.wav");
+        music.move("../new", "old/new");
+        QTRY_COMPARE(available(follower.fixture, music),
+                     (QByteArrayList{"a.wav", "old/b.wav", "old/c.wav", "old/new/d.wav"}));
+        QVERIFY(!follower.parts.front().isEverything());
+        music.remove("old/new");
+        QTRY_COMPARE(available(follower.fixture, music), (QByteArrayList{"a.wav", "old/b.wav", "old/c.wav"}));
+        music.remove("old");
+        QTRY_COMPARE(available(follower.fixture, music), QByteArrayList{"a.wav"});
+        QVERIFY(follower.watch.seesEverything());
+    }
+
+    void followsFoldersThatGoAndComeBack()
+    {
+        const WavFolder music;
+        music.write("up/down/a.wav", 1, "A");
+        Follower follower(music, {}, music.path("up/down"));
+        const PersistentID id = follower.fixture.idAt(music.path("up/down/a.wav"));
+        for (const char *folder : {"up/down", "up", "up/down", "../music"}) { // itself, or one above it
+            music.move(folder, "../elsewhere");
+            QTRY_COMPARE(follower.fixture.availability(id), Availability::DiskAbsent);
+            music.move("../elsewhere", folder);
+            QTRY_COMPARE(follower.fixture.availability(id), Availability::Available);
+        }
+    }
+
+    void followsDisksThatComeAndGo()
+    {
+        if (!hasOwnMounts)
+            QSKIP("the system does not let us mount anything");
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        music.makeFolder("the disk");
+        const QByteArray disk = music.path("the disk");
+        Follower follower(music);
+        music.write("../b.wav", 2, "B");
+        QCOMPARE(mount("none", disk.constData(), "tmpfs", 0, nullptr), 0);
+        const auto unmount = qScopeGuard([&] { umount2(disk.constData(), MNT_DETACH); });
+        music.copy("../b.wav", "the disk/b.wav");
+        QTRY_COMPARE(available(follower.fixture, music), (QByteArrayList{"a.wav", "the disk/b.wav"}));
+        const PersistentID id = follower.fixture.idAt(music.path("the disk/b.wav"));
+        QCOMPARE(umount2(disk.constData(), MNT_DETACH), 0);
+        QTRY_COMPARE(follower.fixture.availability(id), Availability::DiskAbsent);
+        QCOMPARE(available(follower.fixture, music), (QByteArrayList{"a.wav"}));
+    }
+
+    void watchesOnlyWhatItMay()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        LibraryFixture fixture({music.root()});
+        ScanController &scan = fixture.library().scan();
+        QSignalSpy progress(&scan, &LibraryScan::progressDidChange);
+        QSignalSpy finished(&scan, &ScanController::finished);
+        fixture.library().followMusicFolders();
+        scan.lookForChanges();
+        QVERIFY(progress.isEmpty()); // nothing has been decided
+
+        fixture.library().access().setStatus(LibraryAuthorizationStatus::Authorized);
+        scan.start();
+        QVERIFY(finished.wait());
+        music.write("b.wav", 2, "B");
+        QTRY_COMPARE(available(fixture, music), (QByteArrayList{"a.wav", "b.wav"}));
+        QTRY_VERIFY(!scan.progress().isRunning);
+        QCOMPARE(finished.size(), 1); // nobody asked for the other scan
+        QVERIFY(scan.progress().isQuiet);
+
+        WavFolder other;
+        other.write("c.wav", 3, "C");
+        fixture.library().setMusicFolders({other.root()});
+        QVERIFY(finished.wait());
+        other.write("d.wav", 4, "D");
+        QTRY_COMPARE(available(fixture, other), (QByteArrayList{"c.wav", "d.wav"}));
+
+        fixture.library().access().setStatus(LibraryAuthorizationStatus::Denied);
+        QTRY_VERIFY(!scan.progress().isRunning);
+        progress.clear();
+        other.write("e.wav", 5, "E");
+        // Seen by one who watches the same folder, and not by us.
+        Follower follower(other);
+        other.write("f.wav", 6, "F");
+        QTRY_COMPARE(available(follower.fixture, other),
+                     (QByteArrayList{"c.wav", "d.wav", "e.wav", "f.wav"}));
+        QVERIFY(progress.isEmpty());
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    hasOwnMounts = takeOwnMounts(); // while there is one thread
+    QCoreApplication application(argc, argv);
+    tst_FolderWatch test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_FolderWatch.moc"

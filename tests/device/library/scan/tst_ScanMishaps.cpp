@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+#include "device/library/WavFolder.h"
+#include "device/library/scan/TrialReading.h"
+#include "device/library/store/FileSignature.h"
+#include "device/library/tags/TagReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+#include <QTest>
+
+#include <csignal>
+#include <filesystem>
+#include <map>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+using Reading = LibraryScanner::TagReading;
+
+// What happens to files, folders, the database and the program while a scan runs.
+class tst_ScanMishaps : public QObject
+{
+    Q_OBJECT
+
+private:
+    static Result<ScanSummary> scan(SongStore &store, const WavFolder &music, Reading read,
+                                    ScanScope scope = ScanScope::Changes,
+                                    const std::shared_ptr<ScanMonitor> &monitor = {})
+    {
+        LibraryScanner scanner(store, {music.root()}, 1);
+        scanner.setReading(std::move(read));
+        return scanner.run({}, *(monitor ? monitor : std::make_shared<ScanMonitor>()), {scope});
+    }
+    static std::map<QByteArray, PersistentID> songs(LibraryFixture &fixture)
+    {
+        std::map<QByteArray, PersistentID> songs;
+        (void)fixture.library().forEachSong([&songs](const LibrarySong &song) {
+            songs[song.file.path()] = song.item.persistentID;
+            return true;
+        });
+        return songs;
+    }
+
+    /// @p backAt 0: when the walk has ended.
+    static void losesNothing(int awayAt, int backAt)
+    {
+        const WavFolder music;
+        // More than wait to be read: the walk is under way. In folders from which it hands a rest on at its
+        // end.
+        for (int i = 0; i < 300; ++i)
+            music.write(QByteArray::number(i / 17) + '/' + QByteArray::number(i) + ".wav", i, "Title");
+        std::filesystem::create_hard_link(music.path("0/0.wav").toStdString(),
+                                          music.path("0/0 link.wav").toStdString());
+        LibraryFixture fixture({music.root()});
+        QCOMPARE(fixture.scan().songsRead, 301);
+        const auto before = songs(fixture);
+
+        const QByteArray away = music.root() + " away";
+        int count = 0;
+        const auto monitor = std::make_shared<ScanMonitor>();
+        const Reading read = [&](const QByteArray &path, const FolderListing &folder) {
+            if (++count == awayAt)
+                std::rename(music.root().constData(), away.constData());
+            auto tags = readTags(path, folder);
+            if (count == backAt || (backAt == 0 && monitor->progress(true).isTotalKnown))
+                std::rename(away.constData(), music.root().constData());
+            return tags;
+        };
+        const auto result = scan(fixture.store(), music, read, ScanScope::Everything, monitor);
+        QVERIFY(result);
+        QVERIFY(count >= awayAt);
+        if (backAt != 9) // else as it happens
+            QCOMPARE(result->wasDisturbed, backAt == 0);
+        QCOMPARE(fixture.library().status()->fileGone, 0);
+        QCOMPARE(fixture.library().status()->problems, 0);
+
+        std::rename(away.constData(), music.root().constData());
+        fixture.scan();
+        QCOMPARE(fixture.library().status()->available, 301);
+        QCOMPARE(songs(fixture), before);
+    }
+    /// @p signal ends the program when it reads a file, which it is to blame for or not.
+    static void endsOnce(int signal, bool isToBlame)
+    {
+        const WavFolder music;
+        music.write("bad.wav", 1, "Bad");
+        music.write("good.wav", 2, "Good");
+        const QTemporaryDir folder;
+        const QByteArray database = QFile::encodeName(folder.filePath(u"library.sqlite"_s));
+        bool isDeadly = true;
+        const Reading read = [&](const QByteArray &path, const FolderListing &listing) {
+            if (isDeadly && path.endsWith("/bad.wav"))
+                std::raise(signal);
+            return readTags(path, listing);
+        };
+        const auto scanAgain = [&](ScanScope scope) {
+            return *scan(**SongStore::open(database), music, read, scope);
+        };
+        const auto dies = [&] { (void)scanAgain(ScanScope::Changes); };
+        QCOMPARE(tryInChild(dies, 60s), TrialResult::Died); // the child has no open database of ours
+
+        isDeadly = isToBlame;
+        const int failed = isToBlame ? 1 : 0;
+        const ScanSummary second = scanAgain(ScanScope::Changes);
+        QCOMPARE(second.filesFailed, failed);
+        QCOMPARE(second.songsRead, 2 - failed);
+        QCOMPARE(scanAgain(ScanScope::Changes).filesFailed, 0); // not tried again
+        QCOMPARE(scanAgain(ScanScope::Everything).filesFailed, failed);
+        QCOMPARE(*(*SongStore::open(database))->suspects(),
+                 isToBlame ? (std::vector<FileName>{{music.root(), "bad.wav"}}) : std::vector<FileName>());
+        music.write("bad.wav", 3, "Mended");
+        isDeadly = false;
+        QCOMPARE(scanAgain(ScanScope::Changes).songsRead, 1);
+        QVERIFY((*SongStore::open(database))->suspects()->empty());
+        QCOMPARE(QDir(folder.path()).entryList({u"*reading*"_s}, QDir::Files), QStringList());
+    }
+
+private Q_SLOTS:
+    void losesNothingToADiskThatGoesAway()
+    {
+        // The numbers of the files that are being read when it goes, and when it is back.
+        for (const auto &[awayAt, backAt] :
+             {std::pair(3, 9), std::pair(3, 0), std::pair(3, 1000), std::pair(295, 1000)})
+            losesNothing(awayAt, backAt);
+    }
+
+    void countsWhatAWalkPassesOverAsGone_data()
+    {
+        QTest::addColumn<std::function<void(const WavFolder &)>>("act");
+        QTest::addColumn<QByteArray>("gone");
+        using Act = std::function<void(const WavFolder &)>;
+        const auto row = [](const char *name, const Act &act, const QByteArray &gone) {
+            QTest::newRow(name) << act << gone;
+        };
+        row(
+            "folder", [](const WavFolder &m) { m.writeBytes("a/.nomedia", {}); }, "a/b/c.wav");
+        row(
+            "music folder", [](const WavFolder &m) { m.writeBytes(".nomedia", {}); }, "a/b/c.wav");
+        row(
+            "hidden", [](const WavFolder &) {}, ".secret/s.wav");
+        row(
+            "suffix", [](const WavFolder &) {}, "a/x.doc");
+        row(
+            "folder by the name of the song",
+            [](const WavFolder &m) {
+                m.remove("a/b/c.wav");
+                m.makeFolder("a/b/c.wav");
+            },
+            "a/b/c.wav");
+        row(
+            "link to the home folder",
+            [](const WavFolder &m) {
+                qputenv("HOME", m.path("../far/me"));
+                m.makeFolder("../far/me");
+            },
+            "way/f.wav");
+    }
+    void countsWhatAWalkPassesOverAsGone()
+    {
+        QFETCH(const std::function<void(const WavFolder &)>, act);
+        QFETCH(const QByteArray, gone);
+        const auto home = qScopeGuard([old = qgetenv("HOME")] { qputenv("HOME", old); });
+        const WavFolder music;
+        music.write("a/b/c.wav", 1, "C");
+        music.write(".secret/s.wav", 2, "S");
+        music.write("../far/f.wav", 3, "F");
+        music.write("a/x.doc", 4, "Known to an earlier version");
+        QCOMPARE(symlink("../far", music.path("way").constData()), 0);
+        LibraryFixture fixture({music.root(), music.path(".secret")});
+        fixture.scan();
+        ScannedSong old{{music.path("a"), "x.doc"}, *signatureAt(music.path("a/x.doc")), {}, 0};
+        QVERIFY(fixture.store().write(std::span(&old, 1), {}, {}));
+        const ScanProblem unreadable{
+            {music.path("a"), "b"}, {}, FailureKind::Unreadable, QStringLiteral("b")};
+        QVERIFY(fixture.store().write({}, std::span(&unreadable, 1), {}));
+        const PersistentID id = fixture.idAt(music.path(gone));
+        QCOMPARE(fixture.availability(id), Availability::Available);
+        ScanPart folder;
+        folder.addFolder(music.path("a"));
+        ScanMonitor monitor;
+        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor, {{}, folder}));
+        QCOMPARE(fixture.library().status()->problems, 1); // it has not been looked into
+        act(music);
+        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor));
+        QCOMPARE(fixture.availability(id), Availability::FileGone);
+        QCOMPARE(fixture.library().status()->problems, 0);
+    }
+
+    void keepsNoSongThatChangesWhileItIsRead()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "Half");
+        LibraryFixture fixture({music.root()});
+        const Reading read = [&](const QByteArray &path, const FolderListing &folder) {
+            auto tags = readTags(path, folder);
+            music.write("a.wav", 1, "The whole of it");
+            return tags;
+        };
+        QCOMPARE(scan(fixture.store(), music, read)->songsRead, 0);
+        QCOMPARE(fixture.scan().songsRead, 1);
+    }
+
+    void tellsWhichMusicFolderCannotBeRead()
+    {
+        const WavFolder music;
+        music.write("good/a.wav", 1, "A");
+        music.writeBytes("file", "not a folder");
+        LibraryFixture fixture({music.path("good"), music.path("file"), music.path("nowhere")});
+        for (int i = 0; i < 2; ++i) { // it is told each time
+            const ScanSummary summary = fixture.scan();
+            QCOMPARE(summary.unreadableMusicFolders, std::vector{music.path("file")});
+            const auto problems = *fixture.library().problems();
+            QCOMPARE(problems.size(), 1U);
+            QCOMPARE(problems.front().file.path(), music.path("file"));
+            QCOMPARE(problems.front().reason, u"The folder cannot be read: Not a directory."_s);
+        }
+        music.remove("file");
+        music.makeFolder("file");
+        QVERIFY(fixture.scan().unreadableMusicFolders.empty());
+        QCOMPARE(fixture.library().status()->problems, 0);
+    }
+
+    void failsWhenItsDatabaseIsDeleted()
+    {
+        const WavFolder music;
+        music.write("a.wav", 1, "A");
+        LibraryFixture fixture({music.root()});
+        const auto result =
+            scan(fixture.store(), music, [&](const QByteArray &path, const FolderListing &folder) {
+                QFile::remove(QFile::decodeName(fixture.databasePath()));
+                return readTags(path, folder);
+            });
+        QVERIFY(!result);
+        QCOMPARE(result.failure().kind, FailureKind::Unreadable);
+        QVERIFY(result.failure().detail.contains(QFile::decodeName(fixture.databasePath())));
+    }
+
+    void isEndedByAFileOnce()
+    {
+        for (const int signal : {SIGSEGV, SIGKILL}) // a crash, or all memory taken
+            endsOnce(signal, true);
+        endsOnce(SIGKILL, false); // while it read a good file
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_ScanMishaps)
+#include "tst_ScanMishaps.moc"

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+#include "device/library/WavFolder.h"
+
+#include <QTest>
+
+#include <filesystem>
+#include <set>
+
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+class tst_SongIdentity : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void followsTheSound()
+    {
+        // What is done to the files "a/one.wav" and "a/two.wav", and where the songs are then; empty:
+        // nowhere.
+        const std::tuple<const char *, const char *, const char *, void (*)(const WavFolder &)> rows[]{
+            {"nothing", "a/one.wav", "a/two.wav", [](const WavFolder &) {}},
+            {"retagged in place", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 1, "Another Title", "Zoe"); }},
+            {"retagged through a new file", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.write("a/new.tmp", 1, "Another Title", "Zoe");
+                 m.move("a/new.tmp", "a/one.wav");
+             }},
+            {"renamed", "a/zzz.wav", "a/two.wav",
+             [](const WavFolder &m) { m.move("a/one.wav", "a/zzz.wav"); }},
+            {"renamed and retagged", "a/zzz.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/zzz.wav");
+                 m.write("a/zzz.wav", 1, "Another Title");
+             }},
+            {"moved to another folder", "b/c/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.move("a/one.wav", "b/c/one.wav"); }},
+            {"folder renamed", "0/one.wav", "0/two.wav", [](const WavFolder &m) { m.move("a", "0"); }},
+            {"copied elsewhere and deleted", "b/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.copy("a/one.wav", "b/one.wav");
+                 m.remove("a/one.wav");
+             }},
+            {"names swapped", "a/two.wav", "a/one.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/x");
+                 m.move("a/two.wav", "a/one.wav");
+                 m.move("a/x", "a/two.wav");
+             }},
+            {"contents swapped", "a/two.wav", "a/one.wav",
+             [](const WavFolder &m) {
+                 m.write("a/one.wav", 2, "Two");
+                 m.write("a/two.wav", 1, "One");
+             }},
+            {"moved over the other", "a/two.wav", "",
+             [](const WavFolder &m) { m.move("a/one.wav", "a/two.wav"); }},
+            {"better copy under the same name", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 77, "ONE", "ann"); }},
+            {"another song under the same name", "", "a/two.wav",
+             [](const WavFolder &m) { m.write("a/one.wav", 77, "Something Else"); }},
+            {"copied", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) { m.copy("a/one.wav", "a/0 copy.wav"); }},
+            {"linked hard", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 std::filesystem::create_hard_link(m.path("a/one.wav").toStdString(),
+                                                   m.path("a/0 link.wav").toStdString());
+             }},
+            {"kept as a backup beside a new file", "a/one.wav", "a/two.wav",
+             [](const WavFolder &m) {
+                 m.move("a/one.wav", "a/0 backup.wav");
+                 m.write("a/one.wav", 1, "Another Title");
+             }},
+            {"deleted", "", "a/two.wav", [](const WavFolder &m) { m.remove("a/one.wav"); }}};
+        for (const auto &[name, oneIsAt, twoIsAt, step] : rows) {
+            const WavFolder music;
+            music.write("a/one.wav", 1, "One");
+            music.write("a/two.wav", 2, "Two");
+            LibraryFixture fixture({music.root()});
+            QCOMPARE(fixture.scan().songsRead, 2);
+            const PersistentID one = fixture.idAt(music.path("a/one.wav"));
+            const PersistentID two = fixture.idAt(music.path("a/two.wav"));
+            QVERIFY(one.isInLibrary() && two.isInLibrary() && one != two);
+            QVERIFY(fixture.store().recordPlay(one, Instant(5s)));
+
+            step(music);
+            QVERIFY(fixture.scan().isComplete);
+
+            const auto check = [&](PersistentID song, const QByteArray &place) {
+                const LibrarySong found = *fixture.library().song(song);
+                if (place.isEmpty())
+                    return found.availability == Availability::FileGone;
+                return found.availability == Availability::Available &&
+                       found.file.path() == music.path(place);
+            };
+            QVERIFY2(check(one, oneIsAt), name);
+            QVERIFY2(check(two, twoIsAt), name);
+            QCOMPARE(fixture.library().song(one)->item.playCount, 1U);
+            QCOMPARE(fixture.library().song(one)->item.lastPlayedDate, Instant(5s));
+
+            std::set<PersistentID> all;
+            (void)fixture.library().forEachSong(
+                [&](const LibrarySong &song) { return all.insert(song.item.persistentID).second; });
+            const LibraryStatus status = *fixture.library().status();
+            QCOMPARE(static_cast<qsizetype>(all.size()), status.available + status.fileGone);
+            QCOMPARE(fixture.scan().songsRead, 0); // all of it has been understood
+        }
+    }
+
+    void comesBackAsItself()
+    {
+        const WavFolder music;
+        music.write("one.wav", 1, "One");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        const PersistentID one = fixture.idAt(music.path("one.wav"));
+        music.remove("one.wav");
+        QCOMPARE(fixture.scan().songsMissing, 1);
+        QCOMPARE(fixture.library().browser().songCount(), 0);
+        music.write("later/elsewhere.wav", 1, "Renamed");
+        fixture.scan();
+        QCOMPARE(fixture.idAt(music.path("later/elsewhere.wav")), one);
+        QCOMPARE(fixture.library().browser().songCount(), 1);
+    }
+
+    void keepsSongsOfAnAbsentFolder()
+    {
+        const WavFolder music;
+        music.write("disk/one.wav", 1, "One");
+        music.write("other/two.wav", 2, "Two");
+        LibraryFixture fixture({music.path("disk"), music.path("other")});
+        fixture.scan();
+        const PersistentID one = fixture.idAt(music.path("disk/one.wav"));
+        music.move("disk", "unplugged");
+        fixture.scan();
+        QCOMPARE(fixture.availability(one), Availability::DiskAbsent);
+        QCOMPARE(fixture.library().browser().songCount(), 2); // shown, but not as available
+        QVERIFY(!fixture.library().browser().songRows(std::span(&one, 1)).front().isAvailable);
+        music.move("unplugged", "disk");
+        QCOMPARE(fixture.scan().songsRead, 0);
+        QCOMPARE(fixture.availability(one), Availability::Available);
+    }
+
+    void keepsTwinsApartOnTheWayToAnotherFolder()
+    {
+        const WavFolder music;
+        const QByteArrayList names{"a/one.wav", "b/one.wav", "a/x/two.wav", "b/x/two.wav", "c/three.wav"};
+        for (const QByteArray &name : names)
+            music.write("old/" + name, 1, "Same", "Ann");
+        music.write("old/d/three.wav", 1, "Other", "Ann"); // the same sound under another title
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        std::vector<PersistentID> before;
+        for (const QByteArray &name : names)
+            before.push_back(fixture.idAt(music.path("old/" + name)));
+        const PersistentID other = fixture.idAt(music.path("old/d/three.wav"));
+
+        for (const QByteArray &name : names.first(4))
+            music.copy("old/" + name, "new/" + name);
+        music.copy("old/d/three.wav", "new/e/three.wav"); // no folder tells them apart any more
+        music.copy("old/c/three.wav", "new/f/three.wav");
+        music.remove("old");
+        fixture.scan();
+        for (qsizetype i = 0; i < 4; ++i)
+            QCOMPARE(fixture.idAt(music.path("new/" + names[i])), before[static_cast<std::size_t>(i)]);
+        QCOMPARE(fixture.idAt(music.path("new/e/three.wav")), other);
+        QCOMPARE(fixture.idAt(music.path("new/f/three.wav")), before[4]);
+        QCOMPARE(fixture.library().status()->fileGone, 0);
+    }
+
+    void doesNotGuessBetweenVanishedTwins()
+    {
+        const WavFolder music;
+        music.write("a/one.wav", 1, "One");
+        music.copy("a/one.wav", "b/one.wav");
+        LibraryFixture fixture({music.root()});
+        fixture.scan();
+        const PersistentID a = fixture.idAt(music.path("a/one.wav"));
+        const PersistentID b = fixture.idAt(music.path("b/one.wav"));
+        music.copy("a/one.wav", "c/one.wav"); // before the others go: it must not get one of their inodes
+        music.remove("a");
+        music.remove("b");
+        fixture.scan();
+        const PersistentID c = fixture.idAt(music.path("c/one.wav"));
+        QVERIFY(c != a && c != b);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SongIdentity)
+#include "tst_SongIdentity.moc"

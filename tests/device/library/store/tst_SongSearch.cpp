@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+
+class tst_SongSearch : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QStringList titles(LibraryFixture &fixture, const QString &typed)
+    {
+        QStringList found;
+        const std::vector<PersistentID> songs = *fixture.library().search(typed, 50);
+        for (const PersistentID id : songs)
+            found << fixture.library().song(id)->item.title.value_or(u"--"_s);
+        return found;
+    }
+
+private Q_SLOTS:
+    void findsWordsInAnyFieldAndOrder()
+    {
+        LibraryFixture fixture;
+        SongTags tags;
+        tags.title = u"Smörgåsbord Don't Olé"_s;
+        tags.artists = {u"Björk"_s};
+        tags.albumTitle = u"Łódź (Live)"_s;
+        tags.albumArtist = u"私の東京タワー"_s;
+        tags.composer = u"Мой"_s;
+        fixture.add(tags);
+        fixture.add(u"Other"_s, u"Nobody"_s);
+        const QStringList found{*tags.title};
+        for (const auto &typed : {u"smorgas"_s, u"OLE smör"_s, u"bjork SMORGASBORD"_s, u"live"_s, u"lodz"_s,
+                                  u"мой"_s, u"東京"_s, u"京"_s, u"dont"_s})
+            QCOMPARE(titles(fixture, typed), found);
+        for (const auto &typed : {u"мои"_s, u"orgas"_s, u"京東"_s, u"smorgas zzz"_s})
+            QCOMPARE(titles(fixture, typed), QStringList());
+    }
+
+    void putsTheBestFirst()
+    {
+        LibraryFixture fixture;
+        fixture.add(u"Elsewhere"_s, u"Someone"_s, u"Fire"_s);
+        fixture.add(u"By Them"_s, u"Fire"_s);
+        fixture.add(u"Also"_s, u"The Fire"_s);
+        fixture.add(u"Not Them"_s, u"Fire Men"_s);
+        fixture.add(u"Ring of Fire"_s, u"Someone"_s);
+        fixture.add(u"Fireworks"_s, u"Someone"_s);
+        fixture.add(u"Fire"_s, u"Someone"_s);
+        QCOMPARE(titles(fixture, u"fire"_s).join(u'|'),
+                 u"By Them|Fire|Also|Fireworks|Ring of Fire|Not Them|Elsewhere"_s);
+    }
+
+    void findsTheArtistBehindThousands()
+    {
+        LibraryFixture fixture;
+        std::vector<ScannedSong> songs;
+        for (int i = 1; i <= 1500; ++i) {
+            ScannedSong song{{"/music", QByteArray::number(i)}, {{1, std::uint64_t(i)}, 1, 1}, {}};
+            song.tags.title = u"Snow"_s;
+            song.tags.artists = {u"Fire Nr. %1"_s.arg(i)};
+            song.tags.audioHash = std::uint64_t(i);
+            songs.push_back(song);
+        }
+        songs.back().tags.title = u"Theirs"_s;
+        songs.back().tags.artists = {u"Someone"_s, u"F!re"_s};
+        QVERIFY(fixture.store().write(songs, {}, {}));
+        fixture.index();
+        QCOMPARE(titles(fixture, u"fire"_s).front(), u"Theirs"_s);
+    }
+
+    void findsNamesAsPeopleTypeThem_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("found");
+        const auto row = [](const char *typed, const char *found) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << QString::fromUtf8(found);
+        };
+        row("orchidee", "L'Orchidée");
+        row("l'orch", "L'Orchidée");
+        row("lorchidee", "L'Orchidée");
+        row("etoiles", "Mer d’Étoiles");
+        row("Étoiles", "Mer d’Étoiles");
+        row("bog", "B.O.G.");
+        row("b.o.g", "B.O.G.");
+        row("ki.lo", "KILO");
+        row("xy/zz", "XY-ZZ");
+        row("xyzz", "XY-ZZ");
+        row("brick", "Br!ck");
+        row("BR!CK", "Br!ck");
+        row("moniker", "$ophie Mon!ker");
+        row("sophie", "$ophie Mon!ker");
+        row("moss and fern", "Moss & Fern|Moss 'n' Fern");
+        row("moss & fern", "Moss & Fern|Moss 'n' Fern");
+        row("moss n", "Moss & Fern|Moss 'n' Fern");
+        row("moss'n'fern", "Moss & Fern|Moss 'n' Fern");
+        row("احمد", "أحمد");
+        row("أحمد", "أحمد");
+        row("ほし", "ホシ");
+        row("ﾎｼ", "ホシ");
+        row("there", ""); // the beginning of "The Red Kites", had it no blank
+        row("theredkites", "The Red Kites");
+        row("red kites", "The Red Kites");
+        row("re", "The Red Kites");
+        row("rchidee", "");
+        row("\xef\xb7\x90", "");
+    }
+    void findsNamesAsPeopleTypeThem()
+    {
+        static LibraryFixture fixture;
+        if (fixture.library().status()->available == 0) {
+            for (const char *name :
+                 {"L'Orchidée", "Mer d’Étoiles", "B.O.G.", "KILO", "XY-ZZ", "Br!ck", "$ophie Mon!ker",
+                  "Moss & Fern", "Moss 'n' Fern", "أحمد", "ホシ", "The Red Kites"})
+                fixture.add({}, QString::fromUtf8(name));
+        }
+        QFETCH(QString, typed);
+        QFETCH(QString, found);
+        QStringList artists;
+        const std::vector<PersistentID> songs = *fixture.library().search(typed, 50);
+        for (const PersistentID id : songs)
+            artists << *fixture.library().song(id)->item.artist;
+        artists.sort();
+        QCOMPARE(artists.join(u'|'), found);
+    }
+
+    void renewsWhatAnEarlierVersionWrote()
+    {
+        LibraryFixture fixture;
+        fixture.add(u"O.N.E."_s, u"Some"_s);
+        fixture.add(u"T.W.O."_s, u"Some"_s);
+        fixture.add(SongTags());
+        sqlite::Connection connection(fixture.databasePath(), sqlite::Access::ReadWrite);
+        connection.execute(
+            "UPDATE search_texts SET title = 'old', artist = 'some'; UPDATE artists SET name = ' Some ';"
+            "INSERT INTO search_index (search_index) VALUES ('rebuild');"
+            "ALTER TABLE songs DROP COLUMN sort_text; ALTER TABLE albums DROP COLUMN sort_text;"
+            "ALTER TABLE artists DROP COLUMN sort_text;"
+            "DELETE FROM settings WHERE name = 'texts_to_renew'; PRAGMA user_version = 2;");
+        const auto store = *SongStore::open(fixture.databasePath());
+        QCOMPARE(fixture.library().browser().artistRows(fixture.library().browser().artists().groups)[0].name,
+                 u"Some"_s);
+        QVERIFY(*store->renewNext(1));
+        QCOMPARE(titles(fixture, u"old"_s), (QStringList{u"O.N.E."_s, u"T.W.O."_s}));
+        QCOMPARE(titles(fixture, u"3"_s), QStringList(u"--"_s));
+        QVERIFY(!*store->renewNext(3));
+        QCOMPARE(titles(fixture, u"old"_s), QStringList());
+        QCOMPARE(titles(fixture, u"two"_s), QStringList(u"T.W.O."_s));
+        QVERIFY(!*store->renewNext(3));
+    }
+
+    void toleratesAnything()
+    {
+        LibraryFixture fixture;
+        fixture.add(u"Song"_s, u"Artist"_s);
+        for (const QString &typed :
+             {u"\"' OR \"\""_s, u"NEAR(a b) AND NOT title : x* ^ - + {a}"_s, u"'; DROP TABLE songs;--"_s,
+              u"👩‍🎤🏳️‍🌈"_s, QString(10'000, u'a'), u"q "_s.repeated(5000),
+              QString(QChar(0xd800)) + QChar(0) + u"x"_s, u"   "_s, u"%_*?"_s})
+            QCOMPARE(titles(fixture, typed), QStringList());
+        QCOMPARE(titles(fixture, u"song"_s), QStringList(u"Song"_s));
+    }
+
+    void findsTitlesOfSymbolsAlone()
+    {
+        LibraryFixture fixture;
+        fixture.add(u"???"_s, u"Artist"_s);
+        fixture.add(u"💔"_s, u"Artist"_s);
+        QCOMPARE(titles(fixture, u"??"_s), QStringList(u"???"_s));
+        QCOMPARE(titles(fixture, u"💔"_s), QStringList(u"💔"_s));
+    }
+
+    void followsChangesOfASong()
+    {
+        LibraryFixture fixture;
+        SongTags tags;
+        tags.title = u"Before"_s;
+        tags.audioHash = 77;
+        ScannedSong song{{"/music", "a.mp3"}, {{1, 9}, 1, 1}, tags};
+        QVERIFY(fixture.store().write(std::span(&song, 1), {}, {}));
+        QCOMPARE(titles(fixture, u"bef"_s),
+                 QStringList(u"Before"_s)); // not indexed yet
+        fixture.index();
+        song.tags.title = u"After"_s;
+        QVERIFY(fixture.store().write(std::span(&song, 1), {}, {}));
+        QCOMPARE(titles(fixture, u"bef"_s), QStringList());
+        QCOMPARE(titles(fixture, u"aft"_s), QStringList(u"After"_s));
+
+        const SongPlace elsewhere{SongRowID{1}, 1, "b.mp3"};
+        QVERIFY(fixture.store().setAvailability(std::span(&elsewhere, 1), Availability::FileGone));
+        QCOMPARE(titles(fixture, u"aft"_s), QStringList(u"After"_s));
+        const SongPlace place{SongRowID{1}, 1, "a.mp3"};
+        QVERIFY(fixture.store().setAvailability(std::span(&place, 1), Availability::FileGone));
+        QCOMPARE(titles(fixture, u"aft"_s), QStringList());
+        QVERIFY(fixture.store().write(std::span(&song, 1), {}, {}));
+        QCOMPARE(titles(fixture, u"aft"_s), QStringList(u"After"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SongSearch)
+#include "tst_SongSearch.moc"

@@ -1,0 +1,334 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <set>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+class tst_SongStore : public QObject
+{
+    Q_OBJECT
+
+private:
+    static SongTags everything()
+    {
+        SongTags tags;
+        tags.title = u"Title <b>"_s;
+        tags.artists = {u"One"_s, u"Two"_s};
+        tags.albumTitle = u"Album"_s;
+        tags.albumArtist = u"Album Artist"_s;
+        tags.composer = u"Composer"_s;
+        tags.genres = {u"Rock"_s};
+        tags.grouping = u"Grouping"_s;
+        tags.comments = u"Line\nLine"_s;
+        tags.lyrics = u"La la"_s;
+        tags.releaseDate = PartialDate::fromText(u"2021-03"_s);
+        tags.durationSeconds = 61.5;
+        tags.ratingPercent = 70;
+        tags.playCount = 7;
+        tags.beatsPerMinute = 128;
+        tags.trackNumber = 3;
+        tags.trackCount = 12;
+        tags.discNumber = 1;
+        tags.discCount = 2;
+        tags.isCompilation = true;
+        tags.advisory = Advisory::Explicit;
+        tags.catalogID = u"1234567890"_s;
+        tags.recordingMBID = u"ABCDEF00-0000-4000-a000-000000000000"_s;
+        tags.artwork = {ArtworkSummary::Place::Embedded, "ignored", "0123456789abcdef"};
+        return tags;
+    }
+
+private Q_SLOTS:
+    void keepsEveryValueAndLeavesAbsentOnesAbsent()
+    {
+        LibraryFixture fixture;
+        const PersistentID id = fixture.add(everything());
+        const MediaItem item = fixture.library().mediaLibrary().song(id).value();
+        QCOMPARE(item.title, u"Title <b>"_s);
+        QCOMPARE(item.artist, u"One, Two"_s);
+        QCOMPARE(item.albumTitle, u"Album"_s);
+        QCOMPARE(item.albumArtist, u"Album Artist"_s);
+        QCOMPARE(item.composer, u"Composer"_s);
+        QCOMPARE(item.genre, u"Rock"_s);
+        QCOMPARE(item.userGrouping, u"Grouping"_s);
+        QCOMPARE(item.comments, u"Line\nLine"_s);
+        QCOMPARE(item.lyrics, u"La la"_s);
+        QCOMPARE(item.releaseDate, Instant(std::chrono::sys_days(std::chrono::March / 1 / 2021))); // TZ=UTC
+        QCOMPARE(item.dateAddedForReal, Instant(1s));
+        QVERIFY(!item.lastPlayedDate);
+        QCOMPARE(item.playbackDuration, 61.5);
+        QCOMPARE(item.playCount, 7U);
+        QCOMPARE(item.skipCount, 0U);
+        QCOMPARE(item.rating, 4U);
+        QCOMPARE(item.beatsPerMinute, 128U);
+        QCOMPARE(item.albumTrackNumber, 3U);
+        QCOMPARE(item.albumTrackCount, 12U);
+        QCOMPARE(item.discNumber, 1U);
+        QCOMPARE(item.discCount, 2U);
+        QVERIFY(item.isCompilation && item.isExplicitItem);
+        QCOMPARE(item.playbackStoreID, u"1234567890"_s);
+        QVERIFY(item.artwork);
+        QCOMPARE(item.artwork->key(), "0123456789abcdef"_ba);
+
+        const MediaItem bare = fixture.library().song(fixture.add(SongTags()))->item;
+        QVERIFY(!bare.title && !bare.artist && !bare.albumTitle && !bare.comments && !bare.releaseDate);
+        QVERIFY(bare.playbackStoreID.isEmpty() && !bare.artwork);
+        QCOMPARE(bare.rating, 0U);
+        const PersistentID bareId = bare.persistentID;
+        QCOMPARE(fixture.library().browser().songRows(std::span(&bareId, 1)).front().title, u"2"_s);
+    }
+
+    void countsOnFromTheTags()
+    {
+        LibraryFixture fixture;
+        MediaLibrary &library = fixture.library().mediaLibrary();
+        const PersistentID id = fixture.add(everything());
+        QSignalSpy changes(&library, &MediaLibrary::songDidChange);
+        library.recordPlay(id, Instant(100s));
+        library.recordSkip(id);
+        library.recordPlay(id, Instant(50s)); // a report that comes late
+        QTRY_COMPARE(changes.size(), 3);
+        QCOMPARE(library.song(id)->playCount, 9U);
+        QCOMPARE(library.song(id)->skipCount, 1U);
+        QCOMPARE(library.song(id)->lastPlayedDate, Instant(100s));
+        library.recordPlay(PersistentID{12345}, Instant(1s)); // unknown: ignored
+    }
+
+    void findsExactlyInOrderOfAddition()
+    {
+        LibraryFixture fixture;
+        const PersistentID first = fixture.add(u"Fire"_s, u"Ann"_s, u"One"_s);
+        const PersistentID second = fixture.add(u"Fire"_s, u"Ann"_s, u"Two"_s);
+        const PersistentID shouted = fixture.add(u"FIRE"_s, u"ANN"_s, u"Three"_s);
+        fixture.add(u"Fire"_s, u"Bob"_s, u"Two"_s);
+        const MediaLibrary &library = fixture.library().mediaLibrary();
+        const auto ids = [&](const SongQuery &query) {
+            std::vector<PersistentID> found;
+            for (const MediaItem &item : library.songs(query, 10))
+                found.push_back(item.persistentID);
+            return found;
+        };
+        QCOMPARE(ids({u"Fire"_s, u"Ann"_s, {}}), (std::vector{first, second}));
+        QCOMPARE(ids({u"Fire"_s, u"Ann"_s, u"Two"_s}), std::vector{second});
+        QCOMPARE(ids({u"Fire"_s, {}, u"Two"_s}).size(), 2U);
+        QCOMPARE(ids({u"fire"_s, u"Ann"_s, {}}), std::vector<PersistentID>());
+        QCOMPARE(ids({{}, u"Bob"_s, {}}).size(), 1U);
+        QCOMPARE(library.songIgnoringCase(u"fIRE"_s, u"aNN"_s)->persistentID, first);
+        QCOMPARE(library.songIgnoringCase(u"FIRE"_s, u"ANN"_s)->persistentID, first);
+        QVERIFY(!library.songIgnoringCase(u"Fíre"_s, u"Ann"_s));
+        QVERIFY(shouted.isInLibrary());
+    }
+
+    void matchesWhatOtherPlayersSay()
+    {
+        LibraryFixture fixture;
+        const PersistentID id = fixture.add(everything());
+        const SongMatching &matching = fixture.library().matching();
+        QCOMPARE(matching.idOfPath("/music/1.flac"), id);
+        QCOMPARE(matching.idOfFile({1, 1}), id);
+        QCOMPARE(matching.idOfCatalogID(u"1234567890"_s), id);
+        QCOMPARE(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-A000-000000000000"_s), id);
+        QCOMPARE(matching.songsTitled(u"title <b>"_s, 5).size(), 1U);
+        QCOMPARE(matching.songsTitled(u"title b"_s, 5).size(), 0U);
+        const auto prefixed = matching.songsWithTitlePrefix(u"tit"_s, 5);
+        QCOMPARE(prefixed.size(), 1U);
+        QCOMPARE(prefixed.front().foldedArtist, u"one, two"_s);
+        QCOMPARE(prefixed.front().length, 61500ms);
+        QVERIFY(!matching.idOfPath("/music/other.flac"));
+    }
+
+    void answersWithSongsThatAreThere()
+    {
+        LibraryFixture fixture;
+        const std::array ids{fixture.add(everything()), fixture.add(everything()), fixture.add(everything())};
+        const auto set = [&](std::int64_t song, Availability availability) {
+            sqlite::Connection database(fixture.databasePath(), sqlite::Access::ReadWrite);
+            database.prepare("UPDATE files SET availability = ? WHERE song = ?")
+                .bind(static_cast<std::int64_t>(availability))
+                .bind(song)
+                .run();
+        };
+        const MediaLibrary &library = fixture.library().mediaLibrary();
+        const SongMatching &matching = fixture.library().matching();
+        const auto first = [](const std::vector<MediaItem> &items) {
+            return items.empty() ? std::nullopt : std::optional(items.front());
+        };
+        const auto answers = [&] {
+            std::set<PersistentID> given;
+            for (const std::optional<MediaItem> &item :
+                 {first(library.songs({u"Title <b>"_s, u"One, Two"_s, {}}, 9)),
+                  first(library.songs({u"Title <b>"_s, {}, u"Album"_s}, 9)),
+                  first(library.songs({u"Title <b>"_s, {}, {}}, 9)),
+                  first(library.songs({{}, {}, u"Album"_s}, 9)),
+                  library.songIgnoringCase(u"TITLE <B>"_s, u"ONE, TWO"_s),
+                  library.songWithCatalogID(u"1234567890"_s)})
+                given.insert(item ? item->persistentID : PersistentID{});
+            given.insert(matching.idOfCatalogID(u"1234567890"_s).value_or(PersistentID{}));
+            given.insert(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-a000-000000000000"_s)
+                             .value_or(PersistentID{}));
+            return given;
+        };
+        using Answers = std::set<PersistentID>;
+        QCOMPARE(answers(), Answers{ids[0]});
+        set(1, Availability::DiskAbsent);
+        set(2, Availability::FileGone);
+        QCOMPARE(answers(), Answers{ids[2]}); // it is there
+        QCOMPARE(library.songs({u"Title <b>"_s, {}, {}}, 9).size(), 2U);
+        set(3, Availability::FileGone);
+        QCOMPARE(answers(), Answers{ids[0]}); // its disk is absent
+        QCOMPARE(matching.idOfPath("/music/1.flac"), ids[0]);
+        QCOMPARE(matching.idOfFile({1, 1}), ids[0]);
+        set(1, Availability::FileGone);
+        QCOMPARE(answers(), Answers{PersistentID{}});
+        QVERIFY(!matching.idOfPath("/music/1.flac") && !matching.idOfFile({1, 1}));
+        QVERIFY(library.song(ids[0]));
+    }
+
+    void listsInOrderWithLetters()
+    {
+        LibraryFixture fixture;
+        for (const auto &title : {u"Zoo"_s, u"élan"_s, u"Apple"_s, u"42"_s, u"apple pie"_s})
+            fixture.add(title, u"Ann"_s, u"Album of Ann"_s);
+        fixture.add(u"Echo"_s, u"Bob"_s);
+        const LibraryBrowser &browser = fixture.library().browser();
+        const SongIndex index = browser.songs({});
+        QStringList titles;
+        for (const SongRow &row : browser.songRows(index.songs))
+            titles << row.title;
+        QCOMPARE(titles.join(u'|'), u"42|Apple|apple pie|Echo|élan|Zoo"_s);
+        QCOMPARE(index.sections,
+                 (std::vector<SectionStart>{{u"#"_s, 0}, {u"A"_s, 1}, {u"E"_s, 3}, {u"Z"_s, 5}}));
+        QCOMPARE(browser.songCount(), 6);
+
+        const GroupIndex artists = browser.artists();
+        const auto rows = browser.artistRows(artists.groups);
+        QCOMPARE(rows.size(), 2U);
+        QCOMPARE(rows.front().name, u"Ann"_s);
+        QCOMPARE(rows.front().songCount, 5);
+        QCOMPARE(browser.songs({SongScope::Kind::OfArtist, artists.groups[1], {}}).songs.size(), 1U);
+        const auto albums = browser.albumRows(browser.albums().groups);
+        QCOMPARE(albums.size(), 1U);
+        QCOMPARE(albums.front().artist, u"Ann"_s);
+        QCOMPARE(browser.songs({SongScope::Kind::RecentlyAdded, {}, {}}).songs.front(), index.songs[3]);
+    }
+
+    void sortsAnewOnlyForAWindow()
+    {
+        LibraryFixture fixture;
+        const auto opened = [&](const std::optional<QByteArray> &locale) {
+            return *SongStore::open(fixture.databasePath(), locale);
+        };
+        const auto order = [&] {
+            QStringList titles;
+            for (const SongRow &row :
+                 fixture.library().browser().songRows(fixture.library().browser().songs({}).songs))
+                titles << row.title;
+            return titles.join(u'|');
+        };
+        QVERIFY(!opened("en")->isSortedOtherwise()); // nothing to sort yet
+        SongTags tags;
+        for (const char *title : {"Zoo", "Äpple", "Young"}) {
+            tags.title = QString::fromUtf8(title);
+            tags.titleSort = title[0] == 'Y' ? std::optional(QStringLiteral("ZZ")) : std::nullopt;
+            fixture.add(tags);
+        }
+        fixture.add(SongTags()); // its file is "4.flac"
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QVERIFY(!opened({})->isSortedOtherwise());
+        QVERIFY(!opened("en_GB")->isSortedOtherwise());
+
+        const auto swedish = opened("sv_SE");
+        QVERIFY(swedish->isSortedOtherwise());
+        std::stop_source stop;
+        stop.request_stop();
+        QVERIFY(swedish->renewSortKeys(stop.get_token()));
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QVERIFY(opened("sv_SE")->isSortedOtherwise());
+        QVERIFY(swedish->renewSortKeys({}));
+        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple"));
+        QVERIFY(!opened("sv_SE")->isSortedOtherwise());
+
+        // What the command line adds is sorted as the rest is.
+        const ScannedSong song{{"/music", "Öl.flac"}, {{1, 99}, 1, 1}, {}};
+        QVERIFY(opened({})->write(std::span(&song, 1), {}, {}));
+        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple|Öl"));
+
+        QSettings settings(fixture.path(QStringLiteral("device.ini")), QSettings::IniFormat);
+        const auto window = *LinuxLibrary::open(fixture.library().configuration(), settings, Sorting::OfUser);
+        QSignalSpy sorted(&window->mediaLibrary(), &MediaLibrary::libraryDidChange);
+        QTRY_COMPARE(sorted.size(), 1);
+        QCOMPARE(order(), QStringLiteral("4|Äpple|Öl|Zoo|Young"));
+    }
+
+    void sortsArtistsAndAlbumsAsTheirTagsSay()
+    {
+        LibraryFixture fixture;
+        for (const auto &[name, sortName] : {std::pair("Zero", ""), {"Zero", "Aero"}, {"Middle", ""}}) {
+            SongTags tags;
+            tags.artists = {QString::fromUtf8(name)};
+            tags.albumTitle = QString::fromUtf8(name);
+            if (*sortName)
+                tags.artistSort = tags.albumSort = QString::fromUtf8(sortName);
+            fixture.add(tags);
+        }
+        const LibraryBrowser &browser = fixture.library().browser();
+        QCOMPARE(browser.artistRows(browser.artists().groups).front().name, QStringLiteral("Zero"));
+        QCOMPARE(browser.albumRows(browser.albums().groups).front().name, QStringLiteral("Zero"));
+        QCOMPARE(browser.albums().sections.front().label, QStringLiteral("A"));
+    }
+
+    void refusesForeignAndNewerDatabases()
+    {
+        LibraryFixture fixture;
+        const QByteArray path = QFile::encodeName(fixture.path(u"other"_s));
+        const auto execute = [&](const char *sql) {
+            sqlite::Connection(path, sqlite::Access::ReadWrite).execute(sql);
+        };
+        QFile file(QFile::decodeName(path));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("this is not a database\n"_ba.repeated(100));
+        file.close();
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+        execute("CREATE TABLE bookmarks (url TEXT)");
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+        QVERIFY(SongStore::open(path));
+        execute("PRAGMA user_version = 9999");
+        QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Unsupported);
+    }
+
+    void rememberWhatTheUserAnswered()
+    {
+        LibraryFixture fixture;
+        LibraryAccess &access = fixture.library().access();
+        using Status = LibraryAuthorizationStatus;
+        std::vector<Status> answers;
+        const auto note = [&answers](Status status) { answers.push_back(status); };
+        access.request(note); // nobody to ask
+        std::function<void(bool)> reply;
+        int questions = 0;
+        access.setQuestion([&](std::function<void(bool)> answer) {
+            ++questions;
+            reply = std::move(answer);
+        });
+        access.request(note);
+        access.request(note);
+        QCOMPARE(questions, 1);
+        reply(true);
+        access.request(note);
+        QCOMPARE(answers, (std::vector{Status::NotDetermined, Status::Authorized, Status::Authorized,
+                                       Status::Authorized}));
+        QSettings settings(fixture.path(u"device.ini"_s), QSettings::IniFormat);
+        QCOMPARE(LibraryAccess(settings, {}).status(), Status::Authorized);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_SongStore)
+#include "tst_SongStore.moc"

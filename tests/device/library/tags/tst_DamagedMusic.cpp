@@ -1,0 +1,458 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Whatever lies in a music folder under a music file's name ends in a reason or in a playable song.
+#include "device/library/tags/TagReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtEndian>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+
+namespace {
+
+QByteArray fixture(const char *name)
+{
+    QFile file(QStringLiteral(TRACKWISE_TEST_DATA "/") + QString::fromLatin1(name));
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray big32(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+QByteArray synchsafe(quint32 value)
+{
+    return big32((value & 0x7f) | (value >> 7 & 0x7f) << 8 | (value >> 14 & 0x7f) << 16 |
+                 (value >> 21 & 0x7f) << 24);
+}
+
+QByteArray id3(const QByteArray &frames, quint32 size, char version = 4)
+{
+    return "ID3"_ba + version + QByteArray(2, '\0') + synchsafe(size) + frames;
+}
+
+QByteArray bareMp3()
+{
+    const auto whole = fixture("lrc-inside.mp3");
+    return whole.mid(whole.indexOf("\xff\xf3", 20)); // MPEG 2 layer III begins behind the tag
+}
+
+const QByteArray ftyp("\0\0\0\x18"
+                      "ftypM4A \0\0\0\0M4A mp42",
+                      24);
+
+QByteArray flacBlock(int type, const QByteArray &content)
+{
+    return big32(static_cast<quint32>(type << 24 | content.size())) + content;
+}
+
+/// The file's blocks from its comment on come last, its sound behind them.
+QByteArray flacWith(const QByteArray &blocks)
+{
+    return fixture("xiph.flac").insert(42, blocks);
+}
+
+QByteArray flacPicture(int kind, const QByteArray &image)
+{
+    return flacBlock(6, big32(static_cast<quint32>(kind)) + big32(9) + "image/png" + QByteArray(20, '\0') +
+                            big32(static_cast<quint32>(image.size())) + image);
+}
+
+QByteArray little32(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToLittleEndian(value, bytes.data());
+    return bytes;
+}
+
+/// Pages that hold one packet.
+QByteArray oggPages(quint32 serial, const QByteArray &packet, char flags = 0)
+{
+    constexpr qsizetype mostInAPage = qsizetype{255} * 255;
+    QByteArray pages;
+    for (qsizetype at = 0; at <= packet.size(); at += mostInAPage) {
+        const auto payload = packet.mid(at, mostInAPage);
+        auto table = QByteArray(payload.size() / 255, '\xff');
+        if (payload.size() < mostInAPage)
+            table += static_cast<char>(payload.size() % 255);
+        pages += "OggS" + QByteArray(1, '\0') + flags + QByteArray(8, '\0') + little32(serial) +
+                 QByteArray(8, '\0') + static_cast<char>(table.size()) + table + payload;
+    }
+    return pages;
+}
+
+/// The sound of xiph.opus behind other tags, and beside another stream.
+QByteArray opusWith(const QByteArray &comments, const QByteArray &streamBefore = {})
+{
+    const auto whole = fixture("xiph.opus");
+    const auto serial = qFromLittleEndian<quint32>(whole.constData() + 14);
+    auto sound = whole.indexOf("OggS", 1);
+    while (whole.mid(sound + 6, 8) == QByteArray(8, '\0')) // position
+        sound = whole.indexOf("OggS", sound + 1);
+    return streamBefore + oggPages(serial, whole.mid(28, 19), 2) +
+           oggPages(serial, "OpusTags" + little32(0) + comments) + whole.mid(sound);
+}
+
+QByteArray xiphComment(const QByteArray &text)
+{
+    return little32(static_cast<quint32>(text.size())) + text;
+}
+
+QByteArray nestedBoxes(int depth)
+{
+    QByteArray boxes;
+    for (int i = 0; i < depth; ++i)
+        boxes += big32(static_cast<quint32>(8 * (depth - i))) + "moov";
+    return boxes;
+}
+
+QByteArray frame23(const char *id, const QByteArray &content)
+{
+    return id + big32(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
+}
+
+QByteArray frame24(const char *id, const QByteArray &content)
+{
+    return id + synchsafe(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
+}
+
+QByteArray frame22(const char *id, const QByteArray &content)
+{
+    return id + big32(static_cast<quint32>(content.size())).mid(1) + content;
+}
+
+/// A tag of these frames, and sound.
+QByteArray tagged(const QByteArray &frames, char version = 3, char flags = 0)
+{
+    return id3(frames, static_cast<quint32>(frames.size()), version).replace(5, 1, QByteArray(1, flags)) +
+           bareMp3();
+}
+
+QByteArray utf16(const char *text)
+{
+    const auto units = QString::fromUtf8(text);
+    return {reinterpret_cast<const char *>(units.utf16()), units.size() * 2};
+}
+
+QByteArray manyFrames()
+{
+    QByteArray frames;
+    for (int i = 0; i < 20'000; ++i)
+        frames += "TXXX" + synchsafe(8) + QByteArray("\0\0\3k", 4) + QByteArray::number(1000 + i % 1000) +
+                  QByteArray("\0v", 2).left(2);
+    return id3(frames, static_cast<quint32>(frames.size()));
+}
+
+} // namespace
+
+class tst_DamagedMusic : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+
+    [[nodiscard]] QByteArray path(const char *name = "song.mp3") const
+    {
+        return QFile::encodeName(m_folder.path()) + '/' + name;
+    }
+    [[nodiscard]] Result<SongTags> read(const QByteArray &bytes) const
+    {
+        QFile file(QFile::decodeName(path()));
+        file.remove(); // writing over it would make the file system flush it each time
+        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write the test file");
+        file.close();
+        return readTags(path());
+    }
+
+private Q_SLOTS:
+    void refusesWhatIsNotMusic()
+    {
+        QByteArray noise(90'000, Qt::Uninitialized);
+        QRandomGenerator random(7);
+        for (auto &byte : noise)
+            byte = static_cast<char>(random.bounded(256));
+        const auto flacStart = fixture("xiph.flac").left(42);
+        using enum FailureKind;
+        const std::tuple<const char *, FailureKind, QByteArray> rows[]{
+            {"empty", Malformed, {}},
+            {"one byte", Unsupported, "O"},
+            {"noise", Unsupported, noise},
+            {"zeros", Unsupported, QByteArray(70'000, '\0')},
+            {"text", Unsupported, "this is not audio\n"_ba.repeated(50)},
+            {"web page", Unsupported, "<!DOCTYPE html><title>404</title>"},
+            {"picture", Unsupported, QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10) + noise.left(3000)},
+            {"AppleDouble", Unsupported,
+             QByteArray("\0\5\x16\7\0\2\0\0Mac OS X", 16) + QByteArray(200, '\0')},
+            {"ID3 alone", Unsupported, id3(QByteArray(100, '\0'), 100)},
+            {"ID3 cut off", Malformed, id3("TIT2" + synchsafe(9), 200'000)},
+            {"ID3 of all the file", Malformed, id3({}, 0x0fffffff) + bareMp3()},
+            {"FLAC cut off", Malformed, fixture("xiph.flac").left(60)},
+            {"FLAC without sound", Malformed, flacStart + QByteArray("\x84\0\0\4\0\0\0\0", 8)},
+            {"FLAC picture too large", Malformed,
+             flacStart + QByteArray("\x86\xff\xff\xff", 4) + QByteArray(48, '\xf0')},
+            {"Ogg cut off", Malformed, fixture("xiph.ogg").left(90)},
+            {"Opus cut off", Malformed, fixture("xiph.opus").left(40)},
+            {"MP4 cut off", Malformed, fixture("alac.m4a").left(700)},
+            {"MP4 box of 4 GiB", Malformed, ftyp + "\xff\xff\xff\xffmoov" + QByteArray(64, '\0')},
+            {"MP4 box of 2^64", Malformed,
+             ftyp + big32(1) + "moov" + QByteArray(8, '\xff') + QByteArray(64, '\0')},
+            {"MP4 nested deep", Malformed, ftyp + nestedBoxes(20'000)},
+            {"WAV cut off", Malformed, fixture("info.wav").left(30)},
+            {"WAV with a chunk of 4 GiB", Malformed,
+             fixture("info.wav").left(36) + "id3 \xff\xff\xff\xffID3"},
+            {"Matroska cut off", Malformed, fixture("matroska.mka").left(64)},
+            {"ASF cut off", Malformed, fixture("asf.wma").left(200)}};
+        for (const auto &[name, kind, bytes] : rows) {
+            const auto tags = read(bytes);
+            QVERIFY2(!tags && tags.failure().kind == kind && !tags.failure().detail.isEmpty(), name);
+        }
+    }
+
+    void readsWhatIsOnlySomewhatWrong()
+    {
+        auto wav = fixture("info.wav");
+        const std::pair<const char *, QByteArray> rows[]{
+            {"ID3 frame of 2 GiB",
+             id3("TIT2\x7f\xff\xff\xff" + QByteArray("\0\0\0A", 4) + QByteArray(28, '\0'), 40, 3) +
+                 bareMp3()},
+            {"ID3 picture too large",
+             id3("APIC\x7f\x7f\x7f\x7f" + QByteArray("\0\0\0image/jpeg\0\3\0", 16) + QByteArray(6, '\0'),
+                 30) +
+                 bareMp3()},
+            {"ID3 of 20,000 frames", manyFrames() + bareMp3()},
+            {"junk before the sound", QByteArray(5000, 'x') + bareMp3()},
+            {"WAV that says 4 GiB", wav.replace(4, 4, QByteArray(4, '\xff'))},
+            {"FLAC cut in the sound", fixture("xiph.flac").chopped(100)},
+            {"MP3 cut in the sound", fixture("id3v24.mp3").chopped(100)}};
+        for (const auto &[name, bytes] : rows) {
+            const auto tags = read(bytes);
+            QVERIFY2(tags && tags->durationSeconds > 0.2, name);
+        }
+    }
+
+    /// Blocks that no parser likes, or more pictures than any may read, cost neither tags nor cover.
+    void readsFlacWhateverItsBlocks()
+    {
+        const auto large = flacPicture(4, QByteArray(15'000'000, 'x'));
+        const auto whole = readTags(TRACKWISE_TEST_DATA "/xiph.flac");
+        const std::pair<const char *, QByteArray> rows[]{
+            {"empty application block", flacWith(flacBlock(2, {}))},
+            {"empty picture", flacWith(flacBlock(6, {}))},
+            {"empty comment", flacWith(flacBlock(4, {}))},
+            {"broken front cover", flacWith(flacBlock(6, big32(3) + big32(99)))},
+            {"75 MB of pictures", flacWith(large.repeated(5))}};
+        for (const auto &[name, bytes] : rows) {
+            auto tags = read(bytes);
+            QVERIFY2(tags, name);
+            tags->artwork.path = whole->artwork.path;
+            QVERIFY2(*tags == *whole, name);
+        }
+    }
+
+    void readsOggWithALargeCover()
+    {
+        const auto image = "\x89PNG\r\n\x1a\n" + QByteArray(50'000'000, 'x');
+        const auto block =
+            big32(3) + QByteArray(28, '\0').replace(24, 4, big32(static_cast<quint32>(image.size()))) + image;
+        const auto tags =
+            read(opusWith(little32(2) + xiphComment("METADATA_BLOCK_PICTURE=" + block.toBase64()) +
+                          xiphComment("title=Song")));
+        QVERIFY(tags);
+        QCOMPARE(tags->title, u"Song"_s);
+        QCOMPARE(readEmbeddedArtwork(path())->bytes, image);
+    }
+
+    void readsTheSoundBesideAVideo()
+    {
+        const auto alone = read(opusWith(little32(1) + xiphComment("title=Song")));
+        const auto beside =
+            read(opusWith(little32(1) + xiphComment("title=Song"), oggPages(77, "\x80theora", 2)));
+        QVERIFY(beside);
+        QCOMPARE(*beside, *alone);
+        QCOMPARE(beside->title, u"Song"_s);
+        QCOMPARE(beside->durationSeconds, readTags(TRACKWISE_TEST_DATA "/xiph.opus")->durationSeconds);
+    }
+
+    /// What programs got wrong in ID3v2 tags costs nothing of what stands behind it.
+    void readsOddId3()
+    {
+        // title, genres, comment, date
+        const auto said = [this](const QByteArray &bytes) {
+            const auto tags = read(bytes);
+            if (!tags)
+                return tags.failure().detail;
+            return QStringList{tags->title.value_or(QString()), tags->displayGenre().value_or(QString()),
+                               tags->comments.value_or(QString()),
+                               tags->releaseDate ? tags->releaseDate->text : QString()}
+                .join(u'|');
+        };
+        const QByteArray nothing(1, '\0');
+        const auto title3 = frame23("TIT2", nothing + "Song");
+        const auto title4 = frame24("TIT2", nothing + "Song");
+        const auto genre = [&](const char *text) { return tagged(frame23("TCON", nothing + text) + title3); };
+        const auto comment = [&](const QByteArray &text) { return frame23("COMM", nothing + "eng" + text); };
+        const QByteArray anIcon("\0image/png\0\3\0", 13);
+        // extended header, 2.3
+        QCOMPARE(said(tagged(big32(6) + QByteArray(6, '\0') + title3, 3, 0x40)), u"Song|||"_s);
+        // extended header, 2.4
+        QCOMPARE(said(tagged(synchsafe(6) + QByteArray("\1\0", 2) + title4, 4, 0x40)), u"Song|||"_s);
+        // extended header that counts itself, 2.3
+        QCOMPARE(said(tagged(big32(10) + QByteArray(6, '\0') + title3, 3, 0x40)), u"Song|||"_s);
+        // extended header in name only
+        QCOMPARE(said(tagged(title3, 3, 0x40)), u"Song|||"_s);
+        // frame of no length, 2.3
+        QCOMPARE(said(tagged(frame23("TALB", {}) + title3)), u"Song|||"_s);
+        // frame of no length, 2.4
+        QCOMPARE(said(tagged(frame24("TALB", {}) + title4, 4)), u"Song|||"_s);
+        // lower case
+        QCOMPARE(said(tagged(frame23("tcon", nothing + "Jazz") + title3)), u"Song|Jazz||"_s);
+        // three letters in 2.3
+        QCOMPARE(said(tagged(frame23("TT2 ", nothing + "Song"))), u"Song|||"_s);
+        // plain size in 2.4
+        QCOMPARE(said(tagged("TALB" + big32(201) + QByteArray(203, '\0') + title4, 4)), u"Song|||"_s);
+        // UTF-16 without byte order
+        QCOMPARE(said(tagged(frame23("TIT2", "\1" + utf16("Größe")))), u"Größe|||"_s);
+        // the other way round
+        QCOMPARE(said(tagged(frame23("TIT2", QByteArray("\1\0S\0o", 5)))), u"So|||"_s);
+        // described in UTF-16
+        QCOMPARE(said(tagged(frame23("COMM", "\1eng" + utf16("x") + QByteArray(2, '\0') + utf16("Hi")))),
+                 u"||Hi|"_s);
+        // no sync bytes, 2.3
+        QCOMPARE(said(tagged(frame23("TIT2", QByteArray("\1\xff\xfe"
+                                                        "A\0",
+                                                        5))
+                                 .replace("\xff", QByteArray("\xff\0", 2)),
+                             3, char(0x80))),
+                 u"A|||"_s);
+        // no sync bytes, 2.4
+        QCOMPARE(said(tagged(frame24("TIT2", QByteArray("\1\xff\0\xfe"
+                                                        "A\0",
+                                                        6)),
+                             4, char(0x80))),
+                 u"A|||"_s);
+        // grouped, with a length, 2.4
+        QCOMPARE(said(tagged("TIT2" + synchsafe(10) + QByteArray("\0\x41g\0\0\0\5\0Song", 12), 4)),
+                 u"Song|||"_s);
+        // coded genre
+        QCOMPARE(said(genre("(17)")), u"Song|Rock||"_s);
+        // coded and refined
+        QCOMPARE(said(genre("(4)(RX)Eurodisco")), u"Song|Disco, Remix, Eurodisco||"_s);
+        // refined by itself
+        QCOMPARE(said(genre("(17)Rock")), u"Song|Rock||"_s);
+        // remix
+        QCOMPARE(said(genre("(RX)")), u"Song|Remix||"_s);
+        // cover
+        QCOMPARE(said(genre("(CR)")), u"Song|Cover||"_s);
+        // no genre
+        QCOMPARE(said(genre("(255)")), u"Song|||"_s);
+        // bracket in a genre
+        QCOMPARE(said(genre("((Foo) Bar")), u"Song|(Foo) Bar||"_s);
+        // bracket that means nothing
+        QCOMPARE(said(genre("(Foo) Bar")), u"Song|(Foo) Bar||"_s);
+        // bracket that does not close
+        QCOMPARE(said(genre("(RX")), u"Song|(RX||"_s);
+        // date of 2.2
+        QCOMPARE(said(tagged(frame22("TYE", nothing + "2021") + frame22("TDA", nothing + "0503"), 2)),
+                 u"|||2021-03-05"_s);
+        // described comment alone
+        QCOMPARE(said(tagged(comment(QByteArray("by\0Hi", 5)))), u"||Hi|"_s);
+        // comment that a program wrote for itself
+        QCOMPARE(said(tagged(comment(QByteArray("iTunNORM\0 0A", 12)))), u"|||"_s);
+        // better comment last
+        QCOMPARE(said(tagged(comment(QByteArray("by\0Hi", 5)) + comment(QByteArray("\0Better", 7)))),
+                 u"||Better|"_s);
+        // 35 MB of picture
+        QCOMPARE(said(tagged(frame23("APIC", anIcon + QByteArray(35'000'000, 'x')) + title3)), u"Song|||"_s);
+        // two tags
+        QCOMPARE(said(id3(title3, 15, 3) + tagged(frame23("TCON", nothing + "Jazz"))), u"Song|Jazz||"_s);
+    }
+
+    /// The cover is the front one wherever it stands, as large as it may be and however it is written.
+    void findsTheCoverInOddId3()
+    {
+        const QByteArray front = QByteArray("\0image/png\0\3\0", 13) + "\x89PNG\r\n\x1a\nfront";
+        const QByteArray back = QByteArray("\0image/png\0\4\0", 13) + "\x89PNG\r\n\x1a\nback";
+        const std::pair<const char *, QByteArray> rows[]{
+            {"first", tagged(frame23("APIC", front) + frame23("APIC", back))},
+            {"second", tagged(frame23("APIC", back) + frame23("APIC", front))},
+            {"first of two", tagged(frame23("APIC", front) + frame23("APIC", front + "later"))},
+            {"of ID3v2.2", tagged(frame22("PIC", QByteArray("\0PNG\3\0", 6) + "\x89PNG\r\n\x1a\nfront"), 2)},
+            {"described in UTF-16", tagged(frame23("APIC", QByteArray("\1image/png\0\3\xff\xfe"
+                                                                      "d\0\0\0",
+                                                                      18) +
+                                                               front.mid(13)))},
+            {"no description in UTF-16, ended by half a zero",
+             tagged(frame23("APIC", QByteArray("\1image/png\0\3\0", 13) + front.mid(13)))}};
+        for (const auto &[name, bytes] : rows) {
+            const auto tags = read(bytes);
+            const auto cover = readEmbeddedArtwork(path());
+            QVERIFY2(tags && cover && cover->bytes == "\x89PNG\r\n\x1a\nfront"_ba, name);
+        }
+    }
+
+    void refusesWhatIsNoFile()
+    {
+        QCOMPARE(readTags(path("absent.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(symlink("nowhere", path("dangling.mp3").constData()), 0);
+        QCOMPARE(readTags(path("dangling.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(symlink("loop.mp3", path("loop.mp3").constData()), 0);
+        QCOMPARE(readTags(path("loop.mp3")).failure().kind, FailureKind::NotFound);
+        QCOMPARE(mkfifo(path("pipe.mp3").constData(), 0600), 0); // would block whoever opens it plainly
+        QCOMPARE(readTags(path("pipe.mp3")).failure().kind, FailureKind::Unsupported);
+        QCOMPARE(mkdir(path("folder.mp3").constData(), 0700), 0);
+        QCOMPARE(readTags(path("folder.mp3")).failure().kind, FailureKind::Unsupported);
+        QCOMPARE(readTags("/dev/zero").failure().kind, FailureKind::Unsupported);
+    }
+
+    void refusesAHugeEmptyFileAtOnce()
+    {
+        QFile file(QFile::decodeName(path()));
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(QByteArray("RIFF\xf8\xff\xff\x3fWAVE", 12));
+        QVERIFY(file.resize(1 << 30));
+        file.close();
+        QCOMPARE(readTags(path()).failure().kind, FailureKind::Malformed);
+        QVERIFY(file.remove());
+    }
+
+    /// Each file cut at many places, and with bytes changed in its headers: never a crash, never tags without
+    /// a duration.
+    void survivesDamage()
+    {
+        const auto names = QDir(QStringLiteral(TRACKWISE_TEST_DATA)).entryList(QDir::Files);
+        for (const auto &name : names) {
+            const auto whole = fixture(qPrintable(name));
+            QRandomGenerator random(static_cast<quint32>(qHash(name, 1)));
+            for (int round = 0; round < 60; ++round) {
+                auto bytes = whole;
+                if (round % 3 == 0)
+                    bytes.truncate(random.bounded(static_cast<int>(bytes.size())));
+                for (int change = round % 8; change > 0 && !bytes.isEmpty(); --change)
+                    bytes[random.bounded(static_cast<int>(bytes.size()))] =
+                        static_cast<char>(random.bounded(256));
+                if (round % 5 == 0 && bytes.size() > 64) // sizes that overflow
+                    bytes.replace(random.bounded(static_cast<int>(bytes.size()) - 8), 4,
+                                  QByteArray(4, '\xff'));
+                const auto tags = read(bytes);
+                QVERIFY2(!tags || tags->durationSeconds > 0, qPrintable(name));
+                (void)readEmbeddedArtwork(path());
+            }
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_DamagedMusic)
+#include "tst_DamagedMusic.moc"

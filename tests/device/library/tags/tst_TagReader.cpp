@@ -1,0 +1,331 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The files under tests/data/tags hold the same song in every container and tag dialect; make_fixtures.py
+// there says what is in them.
+#include "device/library/tags/FileArtwork.h"
+#include "device/library/tags/MusicFormats.h"
+#include "device/library/tags/TagReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+#include <taglib/fileref.h>
+#include <taglib/tag.h>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+
+namespace {
+
+QByteArray fixture(const QByteArray &name)
+{
+    return QByteArray(TRACKWISE_TEST_DATA "/") + name;
+}
+
+SongTags readFixture(const QByteArray &name)
+{
+    const auto tags = readTags(fixture(name));
+    if (!tags)
+        qWarning("%s: %s", name.constData(), qPrintable(tags.failure().detail));
+    return tags ? *tags : SongTags();
+}
+
+/// Everything that a dialect can say.
+SongTags everything()
+{
+    return {
+        .title = u"Tïtle ✓ 夜"_s,
+        .artists = {u"First"_s, u"Second"_s},
+        .albumTitle = u"Album"_s,
+        .albumArtist = u"Album Artist"_s,
+        .composer = u"Composer"_s,
+        .genres = {u"Jazz"_s, u"Rock"_s},
+        .grouping = u"Grouping"_s,
+        .comments = u"Comment"_s,
+        .lyrics = u"First line\nSecond line"_s,
+        .titleSort = u"Title sort"_s,
+        .artistSort = u"Artist sort"_s,
+        .albumSort = u"Album sort"_s,
+        .albumArtistSort = u"Album artist sort"_s,
+        .composerSort = u"Composer sort"_s,
+        .releaseDate = PartialDate::fromText(u"2021-03-05"_s),
+        .originalDate = PartialDate::fromText(u"1999"_s),
+        .ratingPercent = 70,
+        .playCount = 7,
+        .beatsPerMinute = 128,
+        .trackNumber = 3,
+        .trackCount = 12,
+        .discNumber = 1,
+        .discCount = 2,
+        .isCompilation = true,
+        .advisory = Advisory::Explicit,
+        .catalogID = u"1440857781"_s,
+        .isrc = u"USABC1234567"_s,
+        .recordingMBID = u"11111111-2222-4333-8444-555555555555"_s,
+        .releaseMBID = u"66666666-7777-4888-9999-aaaaaaaaaaaa"_s,
+        .musicalKey = u"Am"_s,
+        .label = u"Label"_s,
+        .catalogNumber = u"CAT-1"_s,
+        .barcode = u"0123456789012"_s,
+        .copyright = u"Copyright"_s,
+    };
+}
+
+SongTags withMp4Numbers(const QString &catalogID)
+{
+    auto tags = everything();
+    tags.mediaKind = MediaKind::Song;
+    tags.catalogID = catalogID;
+    tags.albumCatalogID = u"9440857781"_s;
+    tags.artistCatalogID = u"136975"_s;
+    return tags;
+}
+
+SongTags withOneArtistAndGenre(const QString &artist)
+{
+    auto tags = everything();
+    tags.artists = {artist};
+    tags.genres = {u"Jazz"_s};
+    return tags;
+}
+
+SongTags matroska()
+{
+    auto tags = withOneArtistAndGenre(u"First"_s);
+    tags.grouping = tags.titleSort = tags.artistSort = tags.albumSort = std::nullopt;
+    tags.albumArtistSort = tags.composerSort = tags.catalogID = tags.recordingMBID = std::nullopt;
+    tags.releaseMBID = tags.musicalKey = tags.label = tags.catalogNumber = tags.barcode = std::nullopt;
+    tags.copyright = std::nullopt;
+    tags.originalDate = std::nullopt;
+    tags.playCount = std::nullopt;
+    tags.advisory = std::nullopt;
+    tags.isCompilation = false;
+    return tags;
+}
+
+QByteArray described(const SongTags &tags)
+{
+    QByteArray text;
+    for (const auto &value : {tags.title,           tags.displayArtist(), tags.albumTitle,
+                              tags.albumArtist,     tags.composer,        tags.displayGenre(),
+                              tags.grouping,        tags.comments,        tags.lyrics,
+                              tags.titleSort,       tags.artistSort,      tags.albumSort,
+                              tags.albumArtistSort, tags.composerSort,    tags.catalogID,
+                              tags.albumCatalogID,  tags.artistCatalogID, tags.isrc,
+                              tags.recordingMBID,   tags.releaseMBID,     tags.musicalKey,
+                              tags.label,           tags.catalogNumber,   tags.barcode,
+                              tags.copyright})
+        text += value.value_or(u"-"_s).toUtf8() + '|';
+    for (const auto &date : {tags.releaseDate, tags.originalDate})
+        text += (date ? date->text.toUtf8() : "-"_ba) + '|';
+    for (const auto &number : {tags.playCount, tags.beatsPerMinute, tags.trackNumber, tags.trackCount,
+                               tags.discNumber, tags.discCount})
+        text += (number ? QByteArray::number(*number) : "-"_ba) + '|';
+    text += QByteArray::number(tags.ratingPercent.value_or(-1)) + '|' +
+            QByteArray::number(tags.isCompilation) + '|';
+    text += QByteArray::number(tags.advisory ? int(*tags.advisory) : -1) + '|';
+    return text + QByteArray::number(tags.mediaKind ? int(*tags.mediaKind) : -1);
+}
+
+} // namespace
+
+class tst_TagReader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsEveryFieldOfEveryDialect()
+    {
+        const auto check = [](const QByteArray &file, const SongTags &expected) {
+            const auto tags = readFixture(file);
+            QCOMPARE(file + described(tags), file + described(expected));
+            const bool isShort = file.endsWith("dsf") || file.endsWith("dff"); // one block of 18 ms
+            QVERIFY2(qAbs(tags.durationSeconds - (isShort ? 0.018 : 0.43)) < (isShort ? 0.001 : 0.05), file);
+        };
+        for (const auto *name : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "id3.dsf", "id3.dff",
+                                 "id3.aac", "xiph.flac", "xiph.ogg", "xiph.opus", "xiph.spx", "xiph.oga",
+                                 "apev2.ape", "apev2.mpc", "apev2.wv", "apev2.mp3", "apev2.ac3"})
+            check(name, everything());
+        auto id3v23 = withOneArtistAndGenre(u"First/Second"_s);
+        id3v23.titleSort = id3v23.artistSort = id3v23.albumSort = std::nullopt; // frames of ID3v2.4
+        check("id3v23.mp3", id3v23);
+        check("atoms.m4a", withMp4Numbers(u"1440857781"_s));
+        check("alac.m4a", withMp4Numbers(u"2492863669"_s));
+        check("matroska.mka", matroska());
+        auto asf = everything(); // keeps the second genre in a list of its own, which is read first
+        asf.genres = {u"Rock"_s, u"Jazz"_s};
+        check("asf.wma", asf);
+        for (const auto *name : {"info.caf", "info-rf64.wav"})
+            check(name, {.title = u"Tïtle ✓ 夜"_s});
+        for (const auto *name : {"plain.w64", "plain.eac3", "plain.latm"})
+            check(name, {});
+    }
+
+    void findsTheFrontCover()
+    {
+        for (const QByteArray file :
+             {"id3v24.mp3", "id3v23.mp3", "id3.wav",      "id3.aiff", "id3.tta",   "id3.dsf",
+              "id3.dff",    "id3.aac",    "xiph.flac",    "xiph.ogg", "xiph.opus", "xiph.spx",
+              "xiph.oga",   "apev2.ape",  "apev2.mpc",    "apev2.wv", "apev2.mp3", "apev2.ac3",
+              "atoms.m4a",  "alac.m4a",   "matroska.mka", "asf.wma"}) {
+            const auto summary = readFixture(file).artwork;
+            QCOMPARE(summary.place, ArtworkSummary::Place::Embedded);
+            QCOMPARE(summary.key, readFixture("id3v24.mp3").artwork.key); // the same picture in all of them
+            const auto artwork = FileArtwork::fromSummary(summary);
+            QCOMPARE(artwork->key(), summary.key);
+            const auto image = artwork->read();
+            QVERIFY2(image.has_value(), file);
+            // The row of pixels begins with its red value: 200 is the front cover, 20 the back.
+            QVERIFY(image->bytes.startsWith("\x89PNG"));
+            const auto pixels = image->bytes.mid(image->bytes.indexOf("IDAT") + 4);
+            QCOMPARE(static_cast<unsigned char>(qUncompress(QByteArray("\0\0\0\x34", 4) + pixels)[1]), 200);
+        }
+    }
+
+    void fallsThroughTheTagsOfAnMp3FieldByField()
+    {
+        const auto tags = readFixture("three-tags.mp3");
+        QCOMPARE(tags.title, u"Title of ID3v2"_s);
+        QCOMPARE(tags.albumTitle, u"Album of APE"_s);
+        QCOMPARE(tags.displayArtist(), u"Artist of ID3v1"_s);
+        QCOMPARE(tags.comments, u"Comment of ID3v1"_s);
+        QCOMPARE(tags.releaseDate->text, u"1987"_s);
+        QCOMPARE(tags.trackNumber, 9U);
+        QCOMPARE(tags.displayGenre(), u"Rock"_s);
+    }
+
+    void knowsOtherProgramsSpellings()
+    {
+        const auto tags = readFixture("spellings.flac");
+        QCOMPARE(tags.albumArtist, u"Album Artist"_s);
+        QCOMPARE(tags.releaseDate->text, u"2021"_s);
+        QCOMPARE(tags.originalDate->text, u"1999"_s);
+        QCOMPARE(tags.grouping, u"Grouping"_s);
+        QCOMPARE(tags.comments, u"Comment"_s);
+        QCOMPARE(tags.lyrics, u"First line\nSecond line"_s);
+        QCOMPARE(tags.label, u"Label"_s);
+        QCOMPARE(tags.beatsPerMinute, 128U);
+        QCOMPARE(tags.trackNumber, 3U);
+        QCOMPARE(tags.trackCount, 12U);
+        QCOMPARE(tags.discNumber, 1U);
+        QCOMPARE(tags.discCount, 2U);
+        QCOMPARE(tags.ratingPercent, 70);
+        QCOMPARE(tags.playCount, 7U);
+    }
+
+    void readsRiffInfoOfUnknownEncoding()
+    {
+        const auto tags = readFixture("info.wav");
+        QCOMPARE(tags.title, u"Tïtle €"_s);
+        QCOMPARE(tags.displayArtist(), u"Artist"_s);
+        QCOMPARE(tags.displayGenre(), u"Jazz"_s);
+        QCOMPARE(tags.releaseDate->text, u"2021-03-05"_s);
+        QCOMPARE(tags.trackNumber, 3U);
+    }
+
+    void stripsTheTimesFromLyrics()
+    {
+        QCOMPARE(readFixture("synced-lyrics.mp3").lyrics, u"First line\nSecond line"_s);
+        QCOMPARE(readFixture("lrc-inside.mp3").lyrics, u"First line\nSecond line"_s);
+    }
+
+    void tellsEveryoneTheSameFormats()
+    {
+        QByteArray table("| Format | File names end in |\n| --- | --- |\n");
+        QByteArray types("\nMimeType=");
+        const auto wordsOf = [](std::string_view text) {
+            auto words = QByteArray(text.data(), static_cast<qsizetype>(text.size())).split(' ');
+            words.removeAll(QByteArray());
+            return words;
+        };
+        for (const auto &format : musicFormats()) {
+            const auto suffixes = wordsOf(format.suffixes);
+            for (const auto &suffix : suffixes)
+                QVERIFY(hasMusicSuffix("A.B." + suffix.toUpper()));
+            if (!suffixes.isEmpty())
+                table += "| " + wordsOf(format.name).join(' ') + " | ." + suffixes.join(" .") + " |\n";
+            for (const auto &type : wordsOf(format.mimeTypes))
+                types += type + ';';
+        }
+        QVERIFY(!hasMusicSuffix("mp3") && !hasMusicSuffix("song.mp3.part") && !hasMusicSuffix("song."));
+        const auto contentOf = [](const char *path) {
+            QFile file(QStringLiteral(TRACKWISE_SOURCES "/") + QString::fromLatin1(path));
+            return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+        };
+        QVERIFY2(contentOf("README.md").contains(table + '\n'), table);
+        QVERIFY2(contentOf("resources/desktop/org.trackwise.trackwise.desktop").contains(types + '\n'),
+                 types);
+    }
+
+    void doesNotBelieveTheName()
+    {
+        QTemporaryDir folder;
+        const auto path = QFile::encodeName(folder.filePath(u"really ogg.mp3"_s));
+        QVERIFY(QFile::copy(QFile::decodeName(fixture("xiph.ogg")), QFile::decodeName(path)));
+        const auto tags = readTags(path);
+        QVERIFY(tags);
+        QCOMPARE(described(*tags), described(everything()));
+    }
+
+    void readsAFileWhoseNameIsNoText()
+    {
+        QTemporaryDir folder;
+        const auto path = QFile::encodeName(folder.path()) + "/Caf\xe9 \n.flac";
+        QVERIFY(QFile::copy(QFile::decodeName(fixture("xiph.flac")), folder.filePath(u"x"_s)));
+        QCOMPARE(rename((QFile::encodeName(folder.path()) + "/x").constData(), path.constData()), 0);
+        QVERIFY(readTags(path));
+        QCOMPARE(unlink(path.constData()), 0); // which QTemporaryDir cannot
+    }
+
+    void hashesTheSoundWhateverTheTags()
+    {
+        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("id3v23.mp3").audioHash);
+        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("apev2.mp3").audioHash);
+        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("three-tags.mp3").audioHash);
+        QCOMPARE(readFixture("xiph.flac").audioHash, readFixture("spellings.flac").audioHash);
+        QCOMPARE(readFixture("id3.wav").audioHash, readFixture("info.wav").audioHash);
+    }
+
+    void hashesTheSoundAfterRetagging()
+    {
+        for (const QByteArray file : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "xiph.flac", "xiph.ogg",
+                                      "xiph.opus", "xiph.spx", "xiph.oga", "apev2.ape", "apev2.mpc",
+                                      "apev2.wv", "atoms.m4a", "alac.m4a", "asf.wma"}) {
+            QTemporaryDir folder;
+            const auto path = QFile::encodeName(folder.path()) + '/' + file;
+            QVERIFY(QFile::copy(QFile::decodeName(fixture(file)), QFile::decodeName(path)));
+            QFile::setPermissions(QFile::decodeName(path), QFile::ReadOwner | QFile::WriteOwner);
+            {
+                TagLib::FileRef retagged(path.constData());
+                retagged.tag()->setTitle("Another title");
+                retagged.tag()->setComment(std::string(20000, 'x')); // moves the sound, or its pages
+                QVERIFY(retagged.save());
+            }
+            const auto tags = readTags(path);
+            QVERIFY2(tags, file);
+            QCOMPARE(tags->title, u"Another title"_s);
+            QCOMPARE(tags->comments->size(), 20000);
+            QCOMPARE(tags->audioHash, readFixture(file).audioHash);
+            QCOMPARE(tags->durationSeconds, readFixture(file).durationSeconds);
+        }
+    }
+
+    void hashesDifferForDifferentSound()
+    {
+        QSet<std::uint64_t> hashes;
+        const auto names = {"id3v24.mp3", "xiph.ogg", "xiph.opus", "atoms.m4a",
+                            "asf.wma",    "id3.aac",  "apev2.wv"};
+        for (const auto *name : names)
+            hashes.insert(readFixture(name).audioHash);
+        QCOMPARE(hashes.size(), qsizetype(names.size()));
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_TagReader)
+#include "tst_TagReader.moc"

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/players/FollowedPlayer.h"
+#include "device/players/PlayerChoice.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+using Players = std::vector<PlayerFacts>;
+
+namespace {
+
+constexpr auto playing = PlaybackState::Playing;
+constexpr auto paused = PlaybackState::Paused;
+constexpr auto stopped = PlaybackState::Stopped;
+
+PlayerFacts player(const QString &name, PlaybackState status, std::uint64_t lastChange,
+                   const QString &title = u"T"_s)
+{
+    return {name, status, !title.isEmpty(), title, lastChange};
+}
+
+/// In whichever order they are listed.
+QString chosen(Players players, const PlayerPreferences &preferences = {})
+{
+    const auto choice = choosePlayer(players, preferences);
+    std::reverse(players.begin(), players.end());
+    return choosePlayer(players, preferences) == choice ? choice.value_or(QString()) : u"by order"_s;
+}
+
+} // namespace
+
+class tst_PlayerChoice : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void chooses()
+    {
+        const QString firefox = u"firefox.instance1_2"_s;
+        const QString plasma = u"plasma-browser-integration"_s;
+        const QString phone = u"kdeconnect.mpris_000001"_s;
+        QCOMPARE(chosen({}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, stopped, 1)}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1, u""_s)}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1), player(u"b"_s, paused, 2)}), u"a"_s);
+        QCOMPARE(chosen({player(u"a"_s, paused, 1), player(u"b"_s, paused, 2)}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 1), player(firefox, playing, 2)}), u"a"_s);
+        QCOMPARE(chosen({player(u"a"_s, paused, 2), player(firefox, playing, 1)}), firefox);
+        QCOMPARE(chosen({player(firefox, playing, 2), player(plasma, playing, 1)}), plasma);
+        QCOMPARE(chosen({player(firefox, playing, 2, u"U"_s), player(plasma, playing, 1)}), firefox);
+        const Players both{player(u"a.instance5"_s, playing, 2), player(u"b"_s, paused, 1)};
+        QCOMPARE(chosen(both, {u"b"_s, {}}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2), player(u"b"_s, stopped, 1)}, {u"b"_s, {}}), u""_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2)}, {u"b"_s, {}}), u"a"_s); // the picked one has quit
+        QCOMPARE(chosen(both, {{}, {u"a"_s}}), u"b"_s);
+        QCOMPARE(chosen({player(u"a"_s, playing, 2)}, {u"a"_s, {u"a"_s}}), u"a"_s);
+        QCOMPARE(chosen({player(phone, playing, 2)}), u""_s);
+        QCOMPARE(chosen({player(phone, playing, 2)}, {phone, {}}), phone);
+    }
+
+    void knowsItself()
+    {
+        const QString id = u"org.example.app"_s;
+        QVERIFY(!isOtherPlayer(id, id));
+        QVERIFY(!isOtherPlayer(u"org.example.app.instance77"_s, id));
+        QVERIFY(isOtherPlayer(u"org.example.apple"_s, id));
+        QVERIFY(!isOtherPlayer(u"playerctld"_s, id));
+    }
+
+    void hearsTracksToTheirEnd()
+    {
+        const auto properties = [](const QString &title, const QString &status, double seconds = 200) {
+            return QVariantMap{
+                {u"PlaybackStatus"_s, status},
+                {u"Metadata"_s, QVariantMap{{u"xesam:title"_s, title}, {u"mpris:length"_s, seconds * 1e6}}}};
+        };
+        const auto titleOf = [](const FollowedPlayer::PlayedTrack &track) {
+            return track ? track->title : QString();
+        };
+        FollowedPlayer::Time now(1h);
+        FollowedPlayer followed;
+
+        QVERIFY(followed.take(properties(u"One"_s, u"Playing"_s), now));
+        QVERIFY(!followed.settle(now));
+        QVERIFY(!followed.take(properties(u"One"_s, u"Playing"_s), now));
+        now += 100s;
+        followed.take({{u"PlaybackStatus"_s, u"Paused"_s}}, now);
+        QVERIFY(!followed.settle(now));
+        now += 1h;
+        followed.take({{u"PlaybackStatus"_s, u"Playing"_s}}, now);
+        now += 99s;
+        followed.take(properties(u"Two"_s, u"Playing"_s, 0), now); // the length follows
+        now += 100ms;
+        followed.take(properties(u"Two"_s, u"Playing"_s), now);
+        QCOMPARE(titleOf(followed.settle(now)), u"One"_s);
+
+        now += 5s; // passed over
+        followed.take(properties(u"Three"_s, u"Playing"_s), now);
+        QCOMPARE(titleOf(followed.settle(now)), QString());
+        now += 200s; // repeated: only the position tells
+        QCOMPARE(titleOf(followed.takePosition(0us, now)), u"Three"_s);
+        now += 199s;
+        followed.take({{u"PlaybackStatus"_s, u"Stopped"_s}}, now);
+        QCOMPARE(titleOf(followed.settle(now)), u"Three"_s);
+        QCOMPARE(titleOf(followed.quit(now)), QString());
+
+        followed.take(properties(u"Four"_s, u"Playing"_s), now); // goes on where it was left
+        followed.takePosition(120s, now);
+        followed.settle(now);
+        now += 80s;
+        QCOMPARE(titleOf(followed.quit(now)), u"Four"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_PlayerChoice)
+#include "tst_PlayerChoice.moc"
