@@ -104,16 +104,8 @@ QJsonObject fieldsOf(const SongTags &tags)
         fields["compilation"_L1] = true;
     if (tags.advisory)
         fields["explicit"_L1] = advisoryText(*tags.advisory);
-    put(fields, "key"_L1, tags.musicalKey);
-    put(fields, "isrc"_L1, tags.isrc);
-    put(fields, "label"_L1, tags.label);
-    put(fields, "catalognumber"_L1, tags.catalogNumber);
-    put(fields, "barcode"_L1, tags.barcode);
-    put(fields, "copyright"_L1, tags.copyright);
     put(fields, "mb_recording"_L1, tags.recordingMBID);
-    put(fields, "mb_release"_L1, tags.releaseMBID);
     put(fields, "catalogue_id"_L1, tags.catalogID);
-    put(fields, "album_catalogue_id"_L1, tags.albumCatalogID);
     put(fields, "artwork"_L1, QString::fromLatin1(tags.artwork.key));
     put(fields, "audio_hash"_L1, QString::number(tags.audioHash, 16));
     fields["duration"_L1] = tags.durationSeconds;

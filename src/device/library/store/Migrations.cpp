@@ -22,6 +22,7 @@ struct Migration
 // songs.artwork_key is of the picture in the file itself; that of a picture beside the file is
 // folders.image_key,
 //   which is set only where the folder holds one album.
+// songs.isrc is not filled any more.
 // files: where each song's file is or was last; several songs that are gone may have had the same path.
 // search_texts: folded texts of the songs that lists show; search_index is the full-text index over them and
 //   reaches up to the song whose row number the setting 'indexed_up_to' holds.

@@ -2,7 +2,7 @@
 #include "device/library/store/SongStore.h"
 
 #include "device/library/store/Migrations.h"
-#include "device/library/tags/TagReader.h"
+#include "device/library/tags/FieldNames.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 #include "device/library/store/SongWriter.h"
 
 #include "device/library/store/TextFolding.h"
-#include "device/library/tags/TagReader.h"
+#include "device/library/tags/FieldNames.h"
 
 namespace trackwise {
 
@@ -13,9 +13,9 @@ using sqlite::Statement;
 constexpr const char *tagColumns =
     "title, artist, album_title, album_artist, composer, genre, user_grouping, release_date, duration,"
     " beats_per_minute, track_number, track_count, disc_number, disc_count, is_compilation, is_explicit,"
-    " rating_percent, catalog_id, isrc, recording_mbid, artwork_key, tag_play_count, artist_id, album_id,"
+    " rating_percent, catalog_id, recording_mbid, artwork_key, tag_play_count, artist_id, album_id,"
     " sort_text, sort_key, section, title_key, artist_key, album_key";
-constexpr int tagColumnCount = 30;
+constexpr int tagColumnCount = 29;
 
 std::string placeholders(int count)
 {
@@ -240,7 +240,7 @@ void SongWriter::bindTags(Statement &statement, const ScannedSong &scanned)
         statement.bind(std::int64_t{*tags.ratingPercent});
     else
         statement.bind(nullptr);
-    statement.bind(tags.catalogID).bind(tags.isrc).bind(lowered(tags.recordingMBID));
+    statement.bind(tags.catalogID).bind(lowered(tags.recordingMBID));
     if (tags.artwork.place == ArtworkSummary::Place::Embedded)
         statement.bindText({tags.artwork.key.constData(), static_cast<std::size_t>(tags.artwork.key.size())});
     else

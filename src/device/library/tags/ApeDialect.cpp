@@ -10,11 +10,11 @@ TagFields apeFields(const TagLib::APE::Tag &tag)
     for (const auto &[key, item] : tag.itemListMap()) {
         if (item.type() != TagLib::APE::Item::Text)
             continue;
-        const auto meaning = TagFields::meaning(keyOf(key));
+        const auto meaning = freeFormName(keyOf(key));
         if (!meaning)
             continue;
         for (const auto &value : item.values())
-            fields.add(meaning->field, textOf(value), meaning->rank);
+            fields.add(*meaning, textOf(value));
     }
     return fields;
 }

@@ -5,50 +5,12 @@
 #include <taglib/asfpicture.h>
 
 #include <algorithm>
-#include <array>
 
 namespace trackwise {
 
 namespace {
 
 using TagLib::ASF::Attribute;
-
-struct Name
-{
-    std::string_view key;
-    Field field;
-    int rank = 0;
-};
-
-/// Names in upper case.
-constexpr std::array names = {
-    Name{"AUTHOR", Field::Artist},
-    Name{"WM/ALBUMARTIST", Field::AlbumArtist},
-    Name{"WM/ALBUMARTISTSORTORDER", Field::AlbumArtistSort},
-    Name{"WM/ALBUMSORTORDER", Field::AlbumSort},
-    Name{"WM/ALBUMTITLE", Field::Album},
-    Name{"WM/ARTISTSORTORDER", Field::ArtistSort},
-    Name{"WM/BARCODE", Field::Barcode},
-    Name{"WM/BEATSPERMINUTE", Field::BeatsPerMinute},
-    Name{"WM/CATALOGNO", Field::CatalogNumber},
-    Name{"WM/COMPOSER", Field::Composer},
-    Name{"WM/COMPOSERSORTORDER", Field::ComposerSort},
-    Name{"WM/CONTENTGROUPDESCRIPTION", Field::Grouping},
-    Name{"WM/GENRE", Field::Genre},
-    Name{"WM/INITIALKEY", Field::MusicalKey},
-    Name{"WM/ISCOMPILATION", Field::Compilation},
-    Name{"WM/ISRC", Field::Isrc},
-    Name{"WM/LYRICS", Field::Lyrics},
-    Name{"WM/ORIGINALRELEASETIME", Field::OriginalDate},
-    Name{"WM/ORIGINALRELEASEYEAR", Field::OriginalDate, 1},
-    Name{"WM/PARENTALRATING", Field::Advisory, 20},
-    Name{"WM/PARTOFSET", Field::Disc},
-    Name{"WM/PUBLISHER", Field::Label},
-    Name{"WM/TITLESORTORDER", Field::TitleSort},
-    Name{"WM/TRACKNUMBER", Field::Track},
-    Name{"WM/YEAR", Field::ReleaseDate},
-};
-static_assert(std::ranges::is_sorted(names, {}, &Name::key));
 
 QString textOfAttribute(const Attribute &attribute)
 {
@@ -82,11 +44,10 @@ void addAttribute(TagFields &fields, std::string_view key, const Attribute &attr
 {
     if (key == "WM/SHAREDUSERRATING") {
         addSharedRating(fields, attribute);
-    } else if (const auto name = std::ranges::lower_bound(names, key, {}, &Name::key);
-               name != names.end() && name->key == key) {
-        fields.add(name->field, textOfAttribute(attribute), name->rank);
-    } else if (const auto meaning = TagFields::meaning(key)) {
-        fields.add(meaning->field, textOfAttribute(attribute), meaning->rank + 10);
+    } else if (const auto own = asfName(key)) {
+        fields.add(*own, textOfAttribute(attribute));
+    } else if (const auto name = freeFormName(key)) {
+        fields.add(name->field, textOfAttribute(attribute), name->rank + 10);
     }
 }
 
@@ -98,7 +59,6 @@ TagFields asfFields(const TagLib::ASF::Tag &tag)
     fields.add(Field::Title, textOf(tag.title()));
     fields.add(Field::Artist, textOf(tag.artist()));
     fields.add(Field::Comments, textOf(tag.comment()));
-    fields.add(Field::Copyright, textOf(tag.copyright()));
     for (const auto &[key, attributes] : tag.attributeListMap()) {
         const auto name = keyOf(key);
         for (const auto &attribute : attributes)

@@ -153,7 +153,7 @@ void addMetadata(TagFields &fields, const AVDictionary *metadata, int rank)
     while ((entry = av_dict_get(metadata, "", entry, AV_DICT_IGNORE_SUFFIX))) {
         std::string key(entry->key);
         std::ranges::transform(key, key.begin(), [](unsigned char c) { return std::toupper(c); });
-        if (const auto meaning = TagFields::meaning(key))
+        if (const auto meaning = freeFormName(key))
             fields.add(meaning->field, QString::fromUtf8(entry->value), meaning->rank + rank);
     }
 }

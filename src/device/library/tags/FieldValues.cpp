@@ -20,12 +20,6 @@ std::optional<QString> firstOf(const TagFields &fields, Field field)
     return values.isEmpty() ? std::nullopt : std::optional(values.front());
 }
 
-std::optional<QString> allOf(const TagFields &fields, Field field)
-{
-    const auto &values = fields.values(field);
-    return values.isEmpty() ? std::nullopt : std::optional(values.join(QStringLiteral(", ")));
-}
-
 std::optional<double> number(const std::optional<QString> &text)
 {
     if (!text)
@@ -95,28 +89,6 @@ std::optional<Advisory> advisory(const std::optional<QString> &text)
     return value == u"2" || value == u"clean" ? Advisory::Clean : Advisory::None;
 }
 
-/// The codes of MP4's `stik` atom.
-std::optional<MediaKind> mediaKind(const std::optional<QString> &code)
-{
-    if (!code)
-        return std::nullopt;
-    switch (code->toInt()) {
-    case 0: // films, in old files
-    case 6:
-    case 9:
-    case 10:
-        return MediaKind::Video;
-    case 1:
-        return MediaKind::Song;
-    case 2:
-        return MediaKind::Audiobook;
-    case 21:
-        return MediaKind::Podcast;
-    default:
-        return MediaKind::Other;
-    }
-}
-
 /// "★★★", "★★★☆☆", "★★★½": what a program shows, written as it is.
 std::optional<int> drawnRating(const QString &text)
 {
@@ -169,23 +141,11 @@ SongTags songTags(const TagFields &fields)
 {
     const auto [track, trackCount] = numbers(fields, Field::Track, Field::TrackCount);
     const auto [disc, discCount] = numbers(fields, Field::Disc, Field::DiscCount);
-    return {
-        .title = firstOf(fields, Field::Title),
+    SongTags tags{
         .artists = fields.values(Field::Artist),
-        .albumTitle = firstOf(fields, Field::Album),
-        .albumArtist = allOf(fields, Field::AlbumArtist),
-        .composer = allOf(fields, Field::Composer),
         .genres = fields.values(Field::Genre),
-        .grouping = allOf(fields, Field::Grouping),
-        .comments = firstOf(fields, Field::Comments),
         .lyrics = lyrics(fields),
-        .titleSort = firstOf(fields, Field::TitleSort),
-        .artistSort = firstOf(fields, Field::ArtistSort),
-        .albumSort = firstOf(fields, Field::AlbumSort),
-        .albumArtistSort = firstOf(fields, Field::AlbumArtistSort),
-        .composerSort = firstOf(fields, Field::ComposerSort),
         .releaseDate = date(fields, Field::ReleaseDate),
-        .originalDate = date(fields, Field::OriginalDate),
         .ratingPercent = rating(fields),
         .playCount = count(firstOf(fields, Field::PlayCount)),
         .beatsPerMinute = aboveZero(count(firstOf(fields, Field::BeatsPerMinute))),
@@ -195,19 +155,13 @@ SongTags songTags(const TagFields &fields)
         .discCount = discCount,
         .isCompilation = isTrue(firstOf(fields, Field::Compilation)),
         .advisory = advisory(firstOf(fields, Field::Advisory)),
-        .mediaKind = mediaKind(firstOf(fields, Field::MediaKind)),
-        .catalogID = firstOf(fields, Field::CatalogID),
-        .albumCatalogID = firstOf(fields, Field::AlbumCatalogID),
-        .artistCatalogID = firstOf(fields, Field::ArtistCatalogID),
-        .isrc = firstOf(fields, Field::Isrc),
-        .recordingMBID = firstOf(fields, Field::RecordingMBID),
-        .releaseMBID = firstOf(fields, Field::ReleaseMBID),
-        .musicalKey = firstOf(fields, Field::MusicalKey),
-        .label = firstOf(fields, Field::Label),
-        .catalogNumber = firstOf(fields, Field::CatalogNumber),
-        .barcode = firstOf(fields, Field::Barcode),
-        .copyright = firstOf(fields, Field::Copyright),
     };
+    for (const auto &[field, take, member] : plainTexts()) {
+        if (fields.has(field))
+            tags.*member = take == PlainText::Take::All ? fields.values(field).join(QStringLiteral(", "))
+                                                        : fields.values(field).front();
+    }
+    return tags;
 }
 
 } // namespace trackwise

@@ -21,30 +21,6 @@ namespace {
 
 using namespace TagLib;
 
-struct TextFrame
-{
-    std::string_view id;
-    Field field;
-    int rank = 0;
-};
-
-/// Text frames of ID3v2.4; TagLib has renamed those of older versions.
-constexpr std::array textFrames = {
-    TextFrame{"GRP1", Field::Grouping},        TextFrame{"TALB", Field::Album},
-    TextFrame{"TBPM", Field::BeatsPerMinute},  TextFrame{"TCMP", Field::Compilation},
-    TextFrame{"TCOM", Field::Composer},        TextFrame{"TCOP", Field::Copyright},
-    TextFrame{"TDOR", Field::OriginalDate},    TextFrame{"TDRC", Field::ReleaseDate, 1},
-    TextFrame{"TDRL", Field::ReleaseDate},     TextFrame{id3GenreFrame, Field::Genre},
-    TextFrame{"TIT1", Field::Grouping, 1},     TextFrame{"TIT2", Field::Title},
-    TextFrame{"TKEY", Field::MusicalKey},      TextFrame{"TPE1", Field::Artist},
-    TextFrame{"TPE2", Field::AlbumArtist},     TextFrame{"TPOS", Field::Disc},
-    TextFrame{"TPUB", Field::Label},           TextFrame{"TRCK", Field::Track},
-    TextFrame{"TSO2", Field::AlbumArtistSort}, TextFrame{"TSOA", Field::AlbumSort},
-    TextFrame{"TSOC", Field::ComposerSort},    TextFrame{"TSOP", Field::ArtistSort},
-    TextFrame{"TSOT", Field::TitleSort},       TextFrame{"TSRC", Field::Isrc},
-};
-static_assert(std::ranges::is_sorted(textFrames, {}, &TextFrame::id));
-
 constexpr int freeFormRank = 10; ///< a TXXX frame counts only where the field's own frame is missing
 
 /// What "17" and the like stand for; empty when it is no such code.
@@ -113,21 +89,21 @@ int popularimeterRank(const ID3v2::PopularimeterFrame &frame)
 
 void addText(TagFields &fields, std::string_view id, const StringList &values)
 {
-    const auto found = std::ranges::lower_bound(textFrames, id, {}, &TextFrame::id);
-    if (found == textFrames.end() || found->id != id)
+    const auto found = id3FrameName(id);
+    if (!found)
         return;
     for (const auto &value : values) {
         const auto text = textOf(value);
         if (found->field == Field::Genre)
             addGenres(fields, text);
         else
-            fields.add(found->field, text, found->rank);
+            fields.add(*found, text);
     }
 }
 
 void addFreeForm(TagFields &fields, const ID3v2::UserTextIdentificationFrame &frame)
 {
-    const auto meaning = TagFields::meaning(keyOf(frame.description()));
+    const auto meaning = freeFormName(keyOf(frame.description()));
     if (!meaning)
         return;
     const auto values = frame.fieldList();

@@ -62,8 +62,6 @@ void addMp4Numbers(TagFields &fields, MusicFile &file)
     };
     static constexpr std::array numbers = {
         Number{"cnID", Field::CatalogID},
-        Number{"plID", Field::AlbumCatalogID},
-        Number{"atID", Field::ArtistCatalogID},
         Number{"rate", Field::RatingPercent},
     };
     std::optional<Mp4Box> list;

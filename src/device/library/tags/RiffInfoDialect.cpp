@@ -2,27 +2,14 @@
 #include "device/library/tags/Dialects.h"
 #include "device/library/tags/TagText.h"
 
-#include <array>
-
 namespace trackwise {
 
 TagFields riffInfoFields(const TagLib::RIFF::Info::Tag &tag)
 {
-    struct Chunk
-    {
-        const char *id;
-        Field field;
-        int rank = 0;
-    };
-    static constexpr std::array chunks = {
-        Chunk{"INAM", Field::Title},    Chunk{"IART", Field::Artist},   Chunk{"IPRD", Field::Album},
-        Chunk{"ICMT", Field::Comments}, Chunk{"IGNR", Field::Genre},    Chunk{"ICRD", Field::ReleaseDate},
-        Chunk{"IPRT", Field::Track},    Chunk{"ITRK", Field::Track, 1}, Chunk{"ICOP", Field::Copyright},
-        Chunk{"IMUS", Field::Composer},
-    };
     TagFields fields;
-    for (const auto &chunk : chunks)
-        fields.add(chunk.field, textOf(tag.fieldText(chunk.id)), chunk.rank);
+    for (const FieldName &chunk : riffInfoNames())
+        fields.add(chunk,
+                   textOf(tag.fieldText({chunk.name.data(), static_cast<unsigned>(chunk.name.size())})));
     return fields;
 }
 

@@ -14,8 +14,6 @@ namespace trackwise {
 
 enum class Advisory : std::uint8_t { None, Explicit, Clean };
 
-enum class MediaKind : std::uint8_t { Song, Audiobook, Video, Podcast, Other };
-
 /// Which picture belongs to a song, without its bytes.
 struct ArtworkSummary
 {
@@ -45,10 +43,8 @@ struct SongTags
     std::optional<QString> artistSort;
     std::optional<QString> albumSort;
     std::optional<QString> albumArtistSort;
-    std::optional<QString> composerSort;
 
     std::optional<PartialDate> releaseDate;
-    std::optional<PartialDate> originalDate;
     double durationSeconds = 0;        ///< above zero for every file that readTags accepts
     std::optional<int> ratingPercent;  ///< 0 to 100; absent differs from 0
     std::optional<unsigned> playCount; ///< as another player wrote it
@@ -59,19 +55,9 @@ struct SongTags
     std::optional<unsigned> discCount;
     bool isCompilation = false;       ///< the flag alone; "Various Artists" does not set it
     std::optional<Advisory> advisory; ///< None: the file says that it is neither
-    std::optional<MediaKind> mediaKind;
 
     std::optional<QString> catalogID; ///< of the streaming catalog's song; compared as text
-    std::optional<QString> albumCatalogID;
-    std::optional<QString> artistCatalogID;
-    std::optional<QString> isrc;
     std::optional<QString> recordingMBID;
-    std::optional<QString> releaseMBID;
-    std::optional<QString> musicalKey;
-    std::optional<QString> label;
-    std::optional<QString> catalogNumber;
-    std::optional<QString> barcode;
-    std::optional<QString> copyright;
 
     ArtworkSummary artwork;      ///< embedded or none: whether a folder image counts is the folder's matter
     std::uint64_t audioHash = 0; ///< of the sound alone: the same after any retagging (see AudioHash.h)

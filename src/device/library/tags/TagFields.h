@@ -1,62 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/tags/SongTags.h"
+#include "device/library/tags/FieldNames.h"
 
 #include <QStringList>
 
 #include <array>
-#include <cstdint>
-#include <optional>
-#include <string_view>
+#include <utility>
 
 namespace trackwise {
-
-/// What a tag of any dialect can say, before it is understood. Ratings come in kinds, since formats count
-/// them differently.
-enum class Field : std::uint8_t {
-    Title,
-    Artist,
-    Album,
-    AlbumArtist,
-    Composer,
-    Genre,
-    Grouping,
-    Comments,
-    Lyrics,
-    SyncedLyrics,
-    TitleSort,
-    ArtistSort,
-    AlbumSort,
-    AlbumArtistSort,
-    ComposerSort,
-    ReleaseDate,
-    OriginalDate,
-    Track,
-    TrackCount,
-    Disc,
-    DiscCount,
-    BeatsPerMinute,
-    Compilation,
-    Advisory,
-    MediaKind,
-    RatingFraction, ///< 0 to 1
-    RatingPercent,  ///< 0 to 100
-    RatingLoose,    ///< fraction, stars, half stars or percent, by its looks
-    PlayCount,
-    CatalogID,
-    AlbumCatalogID,
-    ArtistCatalogID,
-    Isrc,
-    RecordingMBID,
-    ReleaseMBID,
-    MusicalKey,
-    Label,
-    CatalogNumber,
-    Barcode,
-    Copyright,
-    Last = Copyright,
-};
 
 /// The texts of one tag, by field. Where a dialect has several spellings of a field, each has a rank and the
 /// lowest rank wins; values of equal rank form a list, each once.
@@ -64,13 +16,7 @@ class TagFields
 {
 public:
     void add(Field field, QString value, int rank = 0);
-    struct Meaning
-    {
-        Field field;
-        int rank;
-    };
-    /// What a free-form key means, given in upper case ("ALBUM ARTIST", "FMPS_RATING"); nothing if unknown.
-    [[nodiscard]] static std::optional<Meaning> meaning(std::string_view key);
+    void add(const FieldName &name, QString value) { add(name.field, std::move(value), name.rank); }
     /// Takes the fields that this one lacks: the next best tag of the same file.
     void fillGapsFrom(const TagFields &other);
 

@@ -12,10 +12,6 @@
 
 namespace trackwise {
 
-/// To be raised with every change after which some file gives other tags, or can be read that could not be:
-/// what an earlier version has read is then read again, once.
-inline constexpr int readerVersion = 2;
-
 /// Reads all that a music file says about its song. The file's content decides what it is, never its name.
 /// @p path is the name as bytes, since names need not be UTF-8; @p folder, the listing of the file's folder,
 /// gives the sidecar lyrics. Blocks on the disk: worker threads only, any number at a time.

@@ -8,11 +8,11 @@ TagFields xiphFields(const TagLib::Ogg::XiphComment &comment)
 {
     TagFields fields;
     for (const auto &[key, values] : comment.fieldListMap()) {
-        const auto meaning = TagFields::meaning(keyOf(key));
+        const auto meaning = freeFormName(keyOf(key));
         if (!meaning)
             continue;
         for (const auto &value : values)
-            fields.add(meaning->field, textOf(value), meaning->rank);
+            fields.add(*meaning, textOf(value));
     }
     return fields;
 }
