@@ -14,7 +14,6 @@ LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<S
     , m_access(deviceSettings, m_configuration.musicFolders)
     , m_mediaLibrary(m_store, readers(), m_access)
     , m_lists(readers())
-    , m_matching(readers())
     , m_scan(m_store, m_configuration.musicFolders)
 {
     QObject::connect(&m_scan, &ScanController::libraryDidChange, &m_mediaLibrary,

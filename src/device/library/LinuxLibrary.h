@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/IndexedSongMatching.h"
 #include "device/library/LibraryAccess.h"
 #include "device/library/LibraryConfiguration.h"
 #include "device/library/LibraryQuestions.h"
@@ -41,7 +40,7 @@ public:
     [[nodiscard]] LibraryAccess &access() { return m_access; }
     [[nodiscard]] MediaLibrary &mediaLibrary() { return m_mediaLibrary; }
     [[nodiscard]] const LibraryBrowser &browser() const { return m_lists; }
-    [[nodiscard]] const SongMatching &matching() const { return m_matching; }
+    [[nodiscard]] const SongMatching &matching() const { return m_mediaLibrary; }
     /// Its changes are announced by the media library too.
     [[nodiscard]] ScanController &scan() { return m_scan; }
     [[nodiscard]] const std::shared_ptr<SongStore> &store() const { return m_store; }
@@ -59,7 +58,6 @@ private:
     LibraryAccess m_access;
     LinuxMediaLibrary m_mediaLibrary;
     SongLists m_lists;
-    IndexedSongMatching m_matching;
     ScanController m_scan;
     std::stop_source m_stop;
     QThreadPool m_sorting;

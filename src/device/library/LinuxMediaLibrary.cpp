@@ -2,6 +2,7 @@
 #include "device/library/LinuxMediaLibrary.h"
 
 #include "device/library/store/SongLookup.h"
+#include "device/library/store/TextFolding.h"
 #include "platform/Background.h"
 
 namespace trackwise {
@@ -32,32 +33,70 @@ void LinuxMediaLibrary::requestAuthorization(AuthorizationHandler handler)
     m_access.request(std::move(handler));
 }
 
+/// What cannot be read has been reported, and is answered like what is not there.
+template <typename Question, typename... Values>
+auto LinuxMediaLibrary::ask(Question question, const Values &...values) const
+{
+    return m_readers.read([&](Reader &reader) { return (SongLookup(reader).*question)(values...); })
+        .valueOr({});
+}
+
 std::optional<MediaItem> LinuxMediaLibrary::song(PersistentID id) const
 {
-    return m_readers
-        .read([id](Reader &reader) {
-            auto found = SongLookup(reader).song(id);
-            return found ? std::optional(std::move(found->item)) : std::nullopt;
-        })
-        .valueOr({});
+    auto found = ask(&SongLookup::song, id);
+    return found ? std::optional(std::move(found->item)) : std::nullopt;
 }
 
 std::vector<MediaItem> LinuxMediaLibrary::songs(const SongQuery &query, int limit) const
 {
-    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songs(query, limit); }).valueOr({});
+    return ask(&SongLookup::songs, query, limit);
 }
 
 std::optional<MediaItem> LinuxMediaLibrary::songIgnoringCase(const QString &title,
                                                              const QString &artist) const
 {
-    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songIgnoringCase(title, artist); })
-        .valueOr({});
+    return ask(&SongLookup::songIgnoringCase, title, artist);
 }
 
 std::optional<MediaItem> LinuxMediaLibrary::songWithCatalogID(const QString &identifier) const
 {
-    return m_readers.read([&](Reader &reader) { return SongLookup(reader).songWithCatalogID(identifier); })
-        .valueOr({});
+    return ask(&SongLookup::songWithCatalogID, identifier);
+}
+
+QString LinuxMediaLibrary::folded(const QString &text) const
+{
+    return trackwise::folded(text);
+}
+
+std::optional<PersistentID> LinuxMediaLibrary::idOfPath(const QByteArray &canonicalPath) const
+{
+    return ask(&SongLookup::idOfPath, FileName::ofPath(canonicalPath));
+}
+
+std::optional<PersistentID> LinuxMediaLibrary::idOfFile(FileIdentity file) const
+{
+    return ask(&SongLookup::idOfFile, file);
+}
+
+std::optional<PersistentID> LinuxMediaLibrary::idOfCatalogID(const QString &identifier) const
+{
+    return ask(&SongLookup::idOfCatalogID, identifier);
+}
+
+std::optional<PersistentID> LinuxMediaLibrary::idOfMusicBrainzID(const QString &identifier) const
+{
+    return ask(&SongLookup::idOfRecording, identifier.toLower());
+}
+
+std::vector<SongCandidate> LinuxMediaLibrary::songsTitled(const QString &foldedTitle, int limit) const
+{
+    return ask(&SongLookup::songsTitled, foldedTitle, limit);
+}
+
+std::vector<SongCandidate> LinuxMediaLibrary::songsWithTitlePrefix(const QString &foldedPrefix,
+                                                                   int limit) const
+{
+    return ask(&SongLookup::songsWithTitlePrefix, foldedPrefix, limit);
 }
 
 template <typename Change>

@@ -5,6 +5,7 @@
 #include "device/library/store/ReaderPool.h"
 #include "device/library/store/SongStore.h"
 #include "platform/MediaLibrary.h"
+#include "platform/SongMatching.h"
 
 #include <QThreadPool>
 
@@ -12,8 +13,9 @@
 
 namespace trackwise {
 
-/// The song library over the database of scanned music folders.
-class LinuxMediaLibrary final : public MediaLibrary
+/// The song library over the database of scanned music folders, and the look-ups by which a track that
+/// another program plays is found in it.
+class LinuxMediaLibrary final : public MediaLibrary, public SongMatching
 {
     Q_OBJECT
 
@@ -33,10 +35,22 @@ public:
                                                             const QString &artist) const override;
     [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override;
 
+    [[nodiscard]] QString folded(const QString &text) const override;
+    [[nodiscard]] std::optional<PersistentID> idOfPath(const QByteArray &canonicalPath) const override;
+    [[nodiscard]] std::optional<PersistentID> idOfFile(FileIdentity file) const override;
+    [[nodiscard]] std::optional<PersistentID> idOfCatalogID(const QString &identifier) const override;
+    [[nodiscard]] std::optional<PersistentID> idOfMusicBrainzID(const QString &identifier) const override;
+    [[nodiscard]] std::vector<SongCandidate> songsTitled(const QString &foldedTitle,
+                                                         int limit) const override;
+    [[nodiscard]] std::vector<SongCandidate> songsWithTitlePrefix(const QString &foldedPrefix,
+                                                                  int limit) const override;
+
     void recordPlay(PersistentID id, Instant when) override;
     void recordSkip(PersistentID id) override;
 
 private:
+    template <typename Question, typename... Values>
+    [[nodiscard]] auto ask(Question question, const Values &...values) const;
     template <typename Change>
     void changeInBackground(PersistentID id, Change change);
 

@@ -22,8 +22,8 @@ class Reader
 public:
     explicit Reader(const QByteArray &path);
 
-    /// The statement, ready for its values. @p sql must be a literal: it is told by its address. The
-    /// statement is in use until it is asked for again.
+    /// The statement, ready for its values. @p sql must stay where it is, as a literal does: it is told by
+    /// its address. The statement is in use until it is asked for again.
     [[nodiscard]] sqlite::Statement &statement(const char *sql);
     /// Ends all statements, and with them the view of the database that they held.
     void rest();

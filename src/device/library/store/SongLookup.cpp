@@ -2,6 +2,7 @@
 #include "device/library/store/SongLookup.h"
 
 #include "device/library/store/SearchWords.h"
+#include "device/library/store/SongColumns.h"
 #include "device/library/store/TextFolding.h"
 #include "device/library/tags/FileArtwork.h"
 
@@ -12,36 +13,34 @@ namespace trackwise {
 namespace {
 using sqlite::Statement;
 
-// Statements are literals (see Reader::statement), hence the one macro. The columns are those of readSong().
-#define SELECT_SONG_FROM(SONGS)                                                                              \
-    "SELECT songs.persistent_id, songs.title, songs.artist, songs.album_title, songs.album_artist,"          \
-    " songs.composer, songs.genre, songs.user_grouping, long_texts.comments, long_texts.lyrics,"             \
-    " songs.release_date, songs.last_played, songs.date_added, songs.duration,"                              \
-    " coalesce(songs.play_count, songs.tag_play_count, 0), coalesce(songs.skip_count, 0),"                   \
-    " songs.rating_percent, songs.beats_per_minute, songs.track_number, songs.track_count,"                  \
-    " songs.disc_number, songs.disc_count, songs.is_compilation, songs.is_explicit, songs.catalog_id,"       \
-    " songs.artwork_key, folders.path, files.name, folders.image, folders.image_key, songs.availability"     \
-    " FROM " SONGS " CROSS JOIN files ON files.song = songs.id"                                              \
-    " CROSS JOIN folders ON folders.id = files.folder"                                                       \
-    " LEFT JOIN long_texts ON long_texts.song = songs.id "
+// What is read of a song, before songColumns(): what the library itself keeps and makes, and where the file
+// is.
+constexpr const char *ownColumns =
+    "songs.persistent_id, songs.last_played, songs.date_added,"
+    " coalesce(songs.play_count, songs.tag_play_count, 0), coalesce(songs.skip_count, 0),"
+    " long_texts.comments, long_texts.lyrics, songs.artwork_key, folders.path, files.name, folders.image,"
+    " folders.image_key, songs.availability";
+constexpr int ownColumnCount = 13;
+
+/// The question for songs as readSong() takes them: @p songs is the table and how to look into it.
+std::string selectSong(const std::string &songs, const std::string &rest)
+{
+    std::string sql = std::string("SELECT ") + ownColumns;
+    for (const SongColumn &column : songColumns()) {
+        if (column.read)
+            sql.append(", songs.").append(column.name);
+    }
+    return sql + " FROM " + songs +
+           " CROSS JOIN files ON files.song = songs.id"
+           " CROSS JOIN folders ON folders.id = files.folder"
+           " LEFT JOIN long_texts ON long_texts.song = songs.id " +
+           rest;
+}
 
 std::optional<Instant> instant(const Statement &row, int column)
 {
     const auto milliseconds = row.optionalInteger(column);
     return milliseconds ? std::optional(Instant(std::chrono::milliseconds(*milliseconds))) : std::nullopt;
-}
-
-std::optional<Instant> releaseDate(const Statement &row, int column)
-{
-    if (row.isNull(column))
-        return std::nullopt;
-    const auto date = PartialDate::fromText(row.text(column));
-    return date ? std::optional(date->start()) : std::nullopt;
-}
-
-unsigned count(const Statement &row, int column)
-{
-    return static_cast<unsigned>(row.integer(column));
 }
 
 ArtworkPtr artwork(const Statement &row, int embeddedKey, const FileName &file, int imageName, int imageKey)
@@ -55,46 +54,25 @@ ArtworkPtr artwork(const Statement &row, int embeddedKey, const FileName &file, 
     return nullptr;
 }
 
-unsigned stars(const Statement &row, int column)
-{
-    SongTags tags;
-    if (const auto percent = row.optionalInteger(column))
-        tags.ratingPercent = static_cast<int>(*percent);
-    return tags.stars();
-}
-
 LibrarySong readSong(const Statement &row)
 {
     LibrarySong song;
     MediaItem &item = song.item;
     item.persistentID = {static_cast<std::uint64_t>(row.integer(0))};
-    item.title = row.optionalText(1);
-    item.artist = row.optionalText(2);
-    item.albumTitle = row.optionalText(3);
-    item.albumArtist = row.optionalText(4);
-    item.composer = row.optionalText(5);
-    item.genre = row.optionalText(6);
-    item.userGrouping = row.optionalText(7);
-    item.comments = row.optionalText(8);
-    item.lyrics = row.optionalText(9);
-    item.releaseDate = releaseDate(row, 10);
-    item.lastPlayedDate = instant(row, 11);
-    item.dateAddedForReal = instant(row, 12);
-    item.playbackDuration = row.real(13);
-    item.playCount = count(row, 14);
-    item.skipCount = count(row, 15);
-    item.rating = stars(row, 16);
-    item.beatsPerMinute = count(row, 17);
-    item.albumTrackNumber = count(row, 18);
-    item.albumTrackCount = count(row, 19);
-    item.discNumber = count(row, 20);
-    item.discCount = count(row, 21);
-    item.isCompilation = row.integer(22) != 0;
-    item.isExplicitItem = row.integer(23) != 0;
-    item.playbackStoreID = row.text(24);
-    song.file = {row.bytes(26), row.bytes(27)};
-    item.artwork = artwork(row, 25, song.file, 28, 29);
-    song.availability = static_cast<Availability>(row.integer(30));
+    item.lastPlayedDate = instant(row, 1);
+    item.dateAddedForReal = instant(row, 2);
+    item.playCount = static_cast<unsigned>(row.integer(3));
+    item.skipCount = static_cast<unsigned>(row.integer(4));
+    item.comments = row.optionalText(5);
+    item.lyrics = row.optionalText(6);
+    song.file = {row.bytes(8), row.bytes(9)};
+    item.artwork = artwork(row, 7, song.file, 10, 11);
+    song.availability = static_cast<Availability>(row.integer(12));
+    int column = ownColumnCount;
+    for (const SongColumn &kept : songColumns()) {
+        if (kept.read)
+            kept.read(item, row, column++);
+    }
     return song;
 }
 
@@ -106,15 +84,17 @@ void bindFile(Statement &statement, const FileName &file)
 // A song whose file is gone is kept for the day on which it comes back, and answers no look-up until then.
 #define IN_LIBRARY " AND songs.availability < 2 ORDER BY songs.availability, songs.id "
 
-constexpr const char *byTitleAndArtist = SELECT_SONG_FROM(
-    "songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ? AND artist_key = ?" IN_LIBRARY;
-constexpr const char *byTitleAndAlbum = SELECT_SONG_FROM(
-    "songs INDEXED BY songs_by_title_and_album") "WHERE title_key = ? AND album_key = ?" IN_LIBRARY;
-constexpr const char *byTitle =
-    SELECT_SONG_FROM("songs INDEXED BY songs_by_title_and_artist") "WHERE title_key = ?" IN_LIBRARY;
-constexpr const char *withAvailability =
-    SELECT_SONG_FROM("songs") "WHERE songs.availability = ? ORDER BY songs.id"; // all of them, so not sorted
-constexpr const char *allSongs = SELECT_SONG_FROM("songs") "ORDER BY songs.id";
+const std::string byTitleAndArtist = selectSong("songs INDEXED BY songs_by_title_and_artist",
+                                                "WHERE title_key = ? AND artist_key = ?" IN_LIBRARY);
+const std::string byTitleAndAlbum = selectSong("songs INDEXED BY songs_by_title_and_album",
+                                               "WHERE title_key = ? AND album_key = ?" IN_LIBRARY);
+const std::string byTitle =
+    selectSong("songs INDEXED BY songs_by_title_and_artist", "WHERE title_key = ?" IN_LIBRARY);
+const std::string byCatalogID = selectSong("songs", "WHERE songs.catalog_id = ?" IN_LIBRARY "LIMIT 1");
+const std::string byIdentifier = selectSong("songs", "WHERE songs.persistent_id = ?");
+const std::string withAvailability =
+    selectSong("songs", "WHERE songs.availability = ? ORDER BY songs.id"); // all of them, so not sorted
+const std::string allSongs = selectSong("songs", "ORDER BY songs.id");
 
 bool hasAllOf(const MediaItem &item, const SongQuery &query)
 {
@@ -149,7 +129,7 @@ std::optional<LibrarySong> SongLookup::firstSong(Statement &statement) const
 
 std::optional<LibrarySong> SongLookup::song(PersistentID id) const
 {
-    Statement &statement = m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.persistent_id = ?");
+    Statement &statement = m_reader.statement(byIdentifier.c_str());
     statement.bind(static_cast<std::int64_t>(id.value));
     return firstSong(statement);
 }
@@ -172,24 +152,25 @@ std::vector<MediaItem> SongLookup::songs(const SongQuery &query, int limit) cons
     };
     if (!query.title) {
         for (const Availability availability : {Availability::Available, Availability::DiskAbsent})
-            takeFrom(m_reader.statement(withAvailability).bind(static_cast<std::int64_t>(availability)));
+            takeFrom(
+                m_reader.statement(withAvailability.c_str()).bind(static_cast<std::int64_t>(availability)));
     } else if (query.artist) {
-        takeFrom(m_reader.statement(byTitleAndArtist)
+        takeFrom(m_reader.statement(byTitleAndArtist.c_str())
                      .bind(caselessKey(*query.title))
                      .bind(caselessKey(*query.artist)));
     } else if (query.albumTitle) {
-        takeFrom(m_reader.statement(byTitleAndAlbum)
+        takeFrom(m_reader.statement(byTitleAndAlbum.c_str())
                      .bind(caselessKey(*query.title))
                      .bind(caselessKey(*query.albumTitle)));
     } else {
-        takeFrom(m_reader.statement(byTitle).bind(caselessKey(*query.title)));
+        takeFrom(m_reader.statement(byTitle.c_str()).bind(caselessKey(*query.title)));
     }
     return found;
 }
 
 std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, const QString &artist) const
 {
-    Statement &statement = m_reader.statement(byTitleAndArtist);
+    Statement &statement = m_reader.statement(byTitleAndArtist.c_str());
     statement.bind(caselessKey(title)).bind(caselessKey(artist));
     const QString wantedTitle = withoutCase(title);
     const QString wantedArtist = withoutCase(artist);
@@ -204,9 +185,7 @@ std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, cons
 
 std::optional<MediaItem> SongLookup::songWithCatalogID(const QString &identifier) const
 {
-    Statement &statement =
-        m_reader.statement(SELECT_SONG_FROM("songs") "WHERE songs.catalog_id = ?" IN_LIBRARY "LIMIT 1");
-    auto found = firstSong(statement.bind(identifier));
+    auto found = firstSong(m_reader.statement(byCatalogID.c_str()).bind(identifier));
     return found ? std::optional(std::move(found->item)) : std::nullopt;
 }
 
@@ -280,7 +259,7 @@ std::vector<SongCandidate> SongLookup::songsWithTitlePrefix(const QString &folde
 
 void SongLookup::visitSongs(const std::function<bool(const LibrarySong &)> &visit) const
 {
-    Statement &statement = m_reader.statement(allSongs);
+    Statement &statement = m_reader.statement(allSongs.c_str());
     while (statement.step()) {
         if (!visit(readSong(statement)))
             return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/store/SongWriter.h"
 
+#include "device/library/store/SongColumns.h"
 #include "device/library/store/TextFolding.h"
 #include "device/library/tags/FieldNames.h"
 
@@ -9,32 +10,36 @@ namespace trackwise {
 namespace {
 using sqlite::Statement;
 
-// What a song's tags fill, in the order of SongWriter::bindTags().
-constexpr const char *tagColumns =
-    "title, artist, album_title, album_artist, composer, genre, user_grouping, release_date, duration,"
-    " beats_per_minute, track_number, track_count, disc_number, disc_count, is_compilation, is_explicit,"
-    " rating_percent, catalog_id, recording_mbid, artwork_key, tag_play_count, artist_id, album_id,"
-    " sort_text, sort_key, section, title_key, artist_key, album_key";
-constexpr int tagColumnCount = 29;
+// What the library makes of a song's tags, behind songColumns(), in the order of SongWriter::bindTags().
+constexpr const char *madeColumns =
+    "artwork_key, artist_id, album_id, sort_text, sort_key, section, title_key, artist_key, album_key";
+constexpr std::size_t madeColumnCount = 9;
 
-std::string placeholders(int count)
+std::string tagColumns()
+{
+    std::string names;
+    for (const SongColumn &column : songColumns())
+        names.append(column.name).append(", ");
+    return names + madeColumns;
+}
+
+std::string placeholders(std::size_t further)
 {
     std::string marks = "?";
-    for (int i = 1; i < count; ++i)
+    for (std::size_t i = 1; i < songColumns().size() + madeColumnCount + further; ++i)
         marks += ", ?";
     return marks;
 }
 
 std::string insertSong()
 {
-    return std::string("INSERT INTO songs (") + tagColumns + ", persistent_id, date_added) VALUES (" +
-           placeholders(tagColumnCount + 2) + ")";
+    return "INSERT INTO songs (" + tagColumns() + ", persistent_id, date_added) VALUES (" + placeholders(2) +
+           ")";
 }
 
 std::string updateSong()
 {
-    return std::string("UPDATE songs SET (") + tagColumns + ") = (" + placeholders(tagColumnCount) +
-           ") WHERE id = ?";
+    return "UPDATE songs SET (" + tagColumns() + ") = (" + placeholders(0) + ") WHERE id = ?";
 }
 
 std::uint64_t seed()
@@ -60,16 +65,6 @@ SearchTexts searchTextsOf(const ScannedSong &scanned)
 std::optional<std::int64_t> keyOf(const std::optional<QString> &text)
 {
     return text ? std::optional(caselessKey(*text)) : std::nullopt;
-}
-
-std::int64_t number(const std::optional<unsigned> &value)
-{
-    return value.value_or(0);
-}
-
-std::optional<QString> lowered(const std::optional<QString> &text)
-{
-    return text ? std::optional(text->toLower()) : std::nullopt;
 }
 } // namespace
 
@@ -218,40 +213,16 @@ std::optional<std::int64_t> SongWriter::albumID(const SongTags &tags)
 void SongWriter::bindTags(Statement &statement, const ScannedSong &scanned)
 {
     const SongTags &tags = scanned.tags;
-    const auto artist = tags.displayArtist();
-    const QString sorted = tags.titleSort.value_or(shownTitle(scanned));
-    statement.bind(tags.title)
-        .bind(artist)
-        .bind(tags.albumTitle)
-        .bind(tags.albumArtist)
-        .bind(tags.composer)
-        .bind(tags.displayGenre())
-        .bind(tags.grouping)
-        .bind(tags.releaseDate ? std::optional(tags.releaseDate->text) : std::nullopt)
-        .bind(tags.durationSeconds)
-        .bind(number(tags.beatsPerMinute))
-        .bind(number(tags.trackNumber))
-        .bind(number(tags.trackCount))
-        .bind(number(tags.discNumber))
-        .bind(number(tags.discCount))
-        .bind(std::int64_t{tags.isCompilation})
-        .bind(std::int64_t{tags.advisory == Advisory::Explicit});
-    if (tags.ratingPercent)
-        statement.bind(std::int64_t{*tags.ratingPercent});
-    else
-        statement.bind(nullptr);
-    statement.bind(tags.catalogID).bind(lowered(tags.recordingMBID));
+    for (const SongColumn &column : songColumns())
+        column.bind(statement, tags);
     if (tags.artwork.place == ArtworkSummary::Place::Embedded)
         statement.bindText({tags.artwork.key.constData(), static_cast<std::size_t>(tags.artwork.key.size())});
     else
         statement.bind(nullptr);
-    if (tags.playCount)
-        statement.bind(std::int64_t{*tags.playCount});
-    else
-        statement.bind(nullptr);
     statement.bind(artistID(tags)).bind(albumID(tags));
+    const QString sorted = tags.titleSort.value_or(shownTitle(scanned));
     statement.bind(tags.titleSort).bindBytes(m_order.sortKey(sorted)).bind(m_order.section(sorted));
-    statement.bind(keyOf(tags.title)).bind(keyOf(artist)).bind(keyOf(tags.albumTitle));
+    statement.bind(keyOf(tags.title)).bind(keyOf(tags.displayArtist())).bind(keyOf(tags.albumTitle));
 }
 
 void SongWriter::writeFile(SongRowID song, const ScannedSong &scanned, std::int64_t folder)
