@@ -3,63 +3,39 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_CatalogReply : public QObject
 {
     Q_OBJECT
 
+    const QByteArray m_song = R"({"kind":"song","trackName":"T","artistName":"A","collectionName":"C"})";
+
 private Q_SLOTS:
-    void findsTheFirstSong_data()
-    {
-        QTest::addColumn<QByteArray>("reply");
-        const QByteArray song = R"({"kind":"song","trackName":"T","artistName":"A","collectionName":"C"})";
-        QTest::newRow("alone") << QByteArray(R"({"resultCount":1,"results":[)" + song + "]}");
-        QTest::newRow("after an album")
-            << QByteArray(R"({"results":[{"wrapperType":"collection"},)" + song + "]}");
-        QTest::newRow("after another kind")
-            << QByteArray(R"({"results":[{"kind":"music-video","trackName":"V"},{"kind":7},)" + song + "]}");
-        QTest::newRow("before others")
-            << QByteArray(R"({"results":[)" + song + R"(,{"kind":"song","trackName":"U"}]})");
-    }
     void findsTheFirstSong()
     {
-        QFETCH(QByteArray, reply);
-        QCOMPARE(catalogSongInReply(reply),
-                 std::optional(CatalogSong{QStringLiteral("T"), QStringLiteral("A"), QStringLiteral("C")}));
+        for (const QByteArray &results : {m_song, R"({"wrapperType":"collection"},)" + m_song,
+                                          R"({"kind":"music-video","trackName":"V"},{"kind":7},)" + m_song,
+                                          m_song + R"(,{"kind":"song","trackName":"U"})"})
+            QVERIFY2(catalogSongInReply(R"({"resultCount":1,"results":[)" + results + "]}") ==
+                         std::optional(CatalogSong{u"T"_s, u"A"_s, u"C"_s}),
+                     results);
     }
 
-    void refusesAnythingElse_data()
-    {
-        QTest::addColumn<QByteArray>("reply");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("a page") << QByteArray("<html>Not found</html>");
-        QTest::newRow("half") << QByteArray(R"({"results":[{"kind":"song")");
-        QTest::newRow("a text") << QByteArray(R"("song")");
-        QTest::newRow("a list") << QByteArray(
-            R"([{"kind":"song","trackName":"T","artistName":"A","collectionName":"C"}])");
-        QTest::newRow("an empty object") << QByteArray("{}");
-        QTest::newRow("no results") << QByteArray(R"({"resultCount":1})");
-        QTest::newRow("results of a wrong type") << QByteArray(R"({"results":{"kind":"song"}})");
-        QTest::newRow("empty results") << QByteArray(R"({"results":[]})");
-        QTest::newRow("one result is no object") << QByteArray(
-            R"({"results":[{"kind":"song","trackName":"T","artistName":"A","collectionName":"C"},1]})");
-        QTest::newRow("no song") << QByteArray(R"({"results":[{"kind":"Song"},{"kind":"album"},{}]})");
-        QTest::newRow("no title") << QByteArray(
-            R"({"results":[{"kind":"song","artistName":"A","collectionName":"C"}]})");
-        QTest::newRow("artist is null") << QByteArray(
-            R"({"results":[{"kind":"song","trackName":"T","artistName":null,"collectionName":"C"}]})");
-        QTest::newRow("album is a number, though a later song is whole") << QByteArray(
-            R"({"results":[{"kind":"song","trackName":"T","artistName":"A","collectionName":1},)"
-            R"({"kind":"song","trackName":"T","artistName":"A","collectionName":"C"}]})");
-        QTest::newRow("very deep") << QByteArray(QByteArray(2'000, '[') + QByteArray(2'000, ']'));
-        QTest::newRow("no UTF-8") << QByteArray(
-            "{\"results\":[{\"kind\":\"song\",\"trackName\":\"\xff\xfe\"}]}");
-    }
     void refusesAnythingElse()
     {
-        QFETCH(QByteArray, reply);
-        QVERIFY(!catalogSongInReply(reply));
+        const auto results = [](const QByteArray &songs) { return R"({"results":[)" + songs + "]}"; };
+        for (const QByteArray &reply :
+             {""_ba, "<html>Not found</html>"_ba, results(m_song).chopped(1), R"("song")"_ba,
+              '[' + m_song + ']', "{}"_ba, R"({"resultCount":1})"_ba, R"({"results":)" + m_song + '}',
+              results({}), results(m_song + ",1"), results(R"({"kind":"Song"},{"kind":"album"},{})"),
+              results(R"({"kind":"song","artistName":"A","collectionName":"C"})"),
+              results(R"({"kind":"song","trackName":"T","artistName":null,"collectionName":"C"})"),
+              results(R"({"kind":"song","trackName":"T","artistName":"A","collectionName":1},)" + m_song),
+              "["_ba.repeated(2'000) + "]"_ba.repeated(2'000),
+              results("{\"kind\":\"song\",\"trackName\":\"\xff\xfe\"}")})
+            QVERIFY2(!catalogSongInReply(reply), reply);
     }
 };
 

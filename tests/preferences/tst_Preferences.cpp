@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimeZone>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_Preferences : public QObject
@@ -15,7 +16,7 @@ class tst_Preferences : public QObject
 
 private:
     QTemporaryDir m_folder;
-    [[nodiscard]] QString file() const { return m_folder.filePath(QStringLiteral("defaults.ini")); }
+    [[nodiscard]] QString file() const { return m_folder.filePath(u"defaults.ini"_s); }
 
 private Q_SLOTS:
     void cleanup() { QFile::remove(file()); }
@@ -24,15 +25,14 @@ private Q_SLOTS:
     {
         const QDateTime launched(QDate(2026, 11, 20), QTime(21, 14, 5), QTimeZone("Asia/Tokyo"));
         const QDateTime asked(QDate(2026, 7, 1), QTime(12, 0)); // local, as stored before
-        QSettings(file(), QSettings::IniFormat).setValue(QStringLiteral("LastReviewRequestDate"), asked);
+        QSettings(file(), QSettings::IniFormat).setValue(u"LastReviewRequestDate"_s, asked);
         Preferences(file()).setFirstLaunchDate(launched);
         const Preferences preferences(file());
         QCOMPARE(preferences.lastReviewRequestDate(), std::optional(asked));
-        const QDateTime kept = preferences.firstLaunchDate().value_or(QDateTime());
-        QCOMPARE(kept, launched);
-        QCOMPARE(kept.timeSpec(), Qt::UTC);
-        const QSettings stored(file(), QSettings::IniFormat);
-        QCOMPARE(stored.value(QStringLiteral("FirstLaunchDate")).toDateTime().timeSpec(), Qt::UTC);
+        const QDateTime stored =
+            QSettings(file(), QSettings::IniFormat).value(u"FirstLaunchDate"_s).toDateTime();
+        for (const QDateTime &kept : {preferences.firstLaunchDate().value_or(QDateTime()), stored})
+            QCOMPARE(std::pair(kept, kept.timeSpec()), std::pair(launched, Qt::UTC));
     }
 
     // As two processes do.
@@ -59,24 +59,19 @@ private Q_SLOTS:
         QVERIFY(preferences.lastReviewRequestDate());
     }
 
-    void takesOnlyADateForADate_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::newRow("text of a date") << QVariant(QStringLiteral("2026-11-20T21:14:05Z"));
-        QTest::newRow("number") << QVariant(1700000000);
-        QTest::newRow("invalid date") << QVariant(QDateTime());
-    }
     void takesOnlyADateForADate()
     {
-        QFETCH(QVariant, stored);
-        {
-            QSettings defaults(file(), QSettings::IniFormat);
-            defaults.setValue(QStringLiteral("FirstLaunchDate"), stored);
-            defaults.setValue(QStringLiteral("LastReviewRequestDate"), stored);
+        for (const QVariant &stored :
+             {QVariant(u"2026-11-20T21:14:05Z"_s), QVariant(1700000000), QVariant(QDateTime())}) {
+            {
+                QSettings defaults(file(), QSettings::IniFormat);
+                defaults.setValue(u"FirstLaunchDate"_s, stored);
+                defaults.setValue(u"LastReviewRequestDate"_s, stored);
+            }
+            const Preferences preferences(file());
+            QCOMPARE(preferences.firstLaunchDate(), std::nullopt);
+            QCOMPARE(preferences.lastReviewRequestDate(), std::nullopt);
         }
-        const Preferences preferences(file());
-        QCOMPARE(preferences.firstLaunchDate(), std::nullopt);
-        QCOMPARE(preferences.lastReviewRequestDate(), std::nullopt);
     }
 
     void togglesInOrderAndOnlyForItsOwnList()
@@ -88,15 +83,13 @@ private Q_SLOTS:
 
         QStringList order;
         connect(&one, &UserDefaultsStore::willChange, this, [&] {
-            order << QStringLiteral("will %1 %2")
-                         .arg(one.showMoreInformation())
-                         .arg(preferences.showMoreInformation());
+            order << u"will %1 %2"_s.arg(one.showMoreInformation()).arg(preferences.showMoreInformation());
         });
         connect(&one, &UserDefaultsStore::didChange, this,
-                [&] { order << QStringLiteral("did %1").arg(one.showMoreInformation()); });
+                [&] { order << u"did %1"_s.arg(one.showMoreInformation()); });
         one.toggleShowMoreInformation();
 
-        QCOMPARE(order, QStringList({QStringLiteral("will 0 1"), QStringLiteral("did 1")}));
+        QCOMPARE(order, QStringList({u"will 0 1"_s, u"did 1"_s}));
         QVERIFY(!other.showMoreInformation());
         QVERIFY(UserDefaultsStore(preferences).showMoreInformation());
     }
