@@ -10,6 +10,7 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -22,13 +23,8 @@ QByteArray replyWith(const char *title)
 
 QString link(const char *identifier)
 {
-    return QStringLiteral("https://catalog.example.com/album/1?i=") + QString::fromLatin1(identifier);
+    return u"https://catalog.example.com/album/1?i="_s + QLatin1String(identifier);
 }
-
-const QString notFound = QStringLiteral("Song Not Found: This doesn't seem to be ");
-const QString accessIs = QStringLiteral("No Music Access: Trackwise does not ");
-const QString failedLookUp =
-    QStringLiteral("Failed to Look Up Song: You can try to find it via Select Song.");
 
 } // namespace
 
@@ -38,140 +34,110 @@ class tst_LinkDrop : public QObject
 
     ListedLibrary m_library;
     WebDouble m_web;
-    CatalogLookup m_catalog{m_web,
-                            {QStringLiteral("https://lookup.example"), QStringLiteral("catalog.example")}};
+    CatalogLookup m_catalog{m_web, {u"https://lookup.example"_s, u"catalog.example"_s}};
     QThreadPool m_pool;
     std::unique_ptr<LinkDrop> m_drop;
     QStringList m_events;
 
-private Q_SLOTS:
-    void init()
+    /// What happened, once nothing is on its way through the threads any more.
+    QStringList takeEvents()
     {
-        m_library.status = LibraryAuthorizationStatus::Authorized;
-        m_library.list.clear();
+        for (QThreadPool *pool : {QThreadPool::globalInstance(), &m_pool}) {
+            pool->waitForDone();
+            QCoreApplication::processEvents();
+        }
+        return std::exchange(m_events, {});
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
         m_library.add(1, "First", "Band", "Album", "100");
         m_library.add(2, "Second", "The Band", "Album");
         m_library.add(0, "Elsewhere", "Band", "Album", "300");
+    }
+    void init()
+    {
+        m_library.status = LibraryAuthorizationStatus::Authorized;
         m_web.requests.clear();
-        m_events.clear();
         LinkDrop::Actions actions{
             .presentAlert =
                 [this](const AlertMessage &alert) {
-                    m_events << alert.title + QStringLiteral(": ") + alert.message +
-                                    (alert.includesOpenMusic ? QStringLiteral(" [Open Music]") : QString()) +
-                                    (alert.includesOpenSettings ? QStringLiteral(" [Open Settings]")
-                                                                : QString());
+                    m_events << alert.title + u": "_s + alert.message +
+                                    (alert.includesOpenMusic ? u" [Open Music]"_s : QString()) +
+                                    (alert.includesOpenSettings ? u" [Open Settings]"_s : QString());
                 },
-            .showLibrarySong =
-                [this](const MediaItem &song) { m_events << QStringLiteral("show ") + *song.title; },
-            .displayCatalogSong =
-                [this](const MediaItem &song) { m_events << QStringLiteral("display ") + *song.title; }};
+            .showLibrarySong = [this](const MediaItem &song) { m_events << u"show "_s + *song.title; },
+            .displayCatalogSong = [this](const MediaItem &song) { m_events << u"display "_s + *song.title; }};
         m_drop = std::make_unique<LinkDrop>(m_library, m_catalog, m_pool, std::move(actions));
     }
 
-    void endsWithoutTheCatalog_data()
-    {
-        using Status = LibraryAuthorizationStatus;
-        QTest::addColumn<QStringList>("addresses");
-        QTest::addColumn<LibraryAuthorizationStatus>("status");
-        QTest::addColumn<QString>("event");
-        QTest::newRow("nothing") << QStringList() << Status::Authorized
-                                 << notFound + QStringLiteral("an Apple Music song.");
-        QTest::newRow("elsewhere, before any question")
-            << QStringList{QStringLiteral("https://x.org?i=1")} << Status::Denied
-            << notFound + QStringLiteral("an Apple Music song.");
-        QTest::newRow("album") << QStringList{QStringLiteral("https://catalog.example.com/album/1")}
-                               << Status::Authorized << notFound + QStringLiteral("a valid song.");
-        QTest::newRow("denied")
-            << QStringList{link("100")} << Status::Denied
-            << accessIs +
-                   QStringLiteral(
-                       "currently have access to your music library. Please turn on Media & Apple Music "
-                       "access in the Settings app. [Open Settings]");
-        QTest::newRow("restricted")
-            << QStringList{link("100")} << Status::Restricted
-            << accessIs + QStringLiteral(
-                              "have access to your music library due to restrictions enabled on your device. "
-                              "[Open Settings]");
-        QTest::newRow("in the library")
-            << QStringList{link("100")} << Status::Authorized << QStringLiteral("show First");
-        QTest::newRow("known, but not added")
-            << QStringList{link("300")} << Status::Authorized
-            << QStringLiteral(
-                   "Song Not Added to Library: This song needs to be added to your Music Library to "
-                   "access its information. You can do this in the Music app. [Open Music]");
-    }
     void endsWithoutTheCatalog()
     {
-        QFETCH(QStringList, addresses);
-        QFETCH(QString, event);
-        QFETCH(LibraryAuthorizationStatus, status);
-        m_library.status = status;
-        m_drop->handleDroppedURLs(addresses);
-        QTRY_COMPARE(m_events, QStringList(event));
-        QVERIFY(m_web.requests.empty());
+        using enum LibraryAuthorizationStatus;
+        const std::tuple<QString, LibraryAuthorizationStatus, QString> rows[]{
+            {u""_s, Authorized, u"Song Not Found: This doesn't seem to be an Apple Music song."_s},
+            // Before any question.
+            {u"https://x.org?i=1"_s, Denied,
+             u"Song Not Found: This doesn't seem to be an Apple Music song."_s},
+            {u"https://catalog.example.com/album/1"_s, Authorized,
+             u"Song Not Found: This doesn't seem to be a valid song."_s},
+            {link("100"), NotDetermined, u""_s},
+            {link("100"), Denied,
+             u"No Music Access: Trackwise does not currently have access to your music library. Please turn "
+             "on Media & Apple Music access in the Settings app. [Open Settings]"_s},
+            {link("100"), Restricted,
+             u"No Music Access: Trackwise does not have access to your music library due to restrictions "
+             "enabled on your device. [Open Settings]"_s},
+            {link("100"), Authorized, u"show First"_s},
+            {link("300"), Authorized,
+             u"Song Not Added to Library: This song needs to be added to your Music Library to access its "
+             "information. You can do this in the Music app. [Open Music]"_s},
+        };
+        for (const auto &[dropped, status, event] : rows) {
+            m_library.status = status;
+            m_drop->handleDroppedURLs({dropped});
+            QCOMPARE(std::pair(dropped, takeEvents().join(u'\n')), std::pair(dropped, event));
+            QVERIFY(m_web.requests.empty());
+        }
     }
 
-    void saysNothingWhenNothingIsDecided()
-    {
-        m_library.status = LibraryAuthorizationStatus::NotDetermined;
-        m_drop->handleDroppedURLs({link("100")});
-        QVERIFY(QThreadPool::globalInstance()->waitForDone());
-        QCoreApplication::processEvents();
-        QVERIFY(m_pool.waitForDone());
-        QCoreApplication::processEvents();
-        QCOMPARE(m_events, QStringList());
-    }
-
-    void asksTheCatalog_data()
-    {
-        QTest::addColumn<bool>("arrives");
-        QTest::addColumn<QByteArray>("reply");
-        QTest::addColumn<QString>("event");
-        QTest::newRow("in the library by its names")
-            << true << replyWith("First") << QStringLiteral("display First");
-        QTest::newRow("another spelling of the artist")
-            << true << replyWith("Second") << QStringLiteral("display Second");
-        QTest::newRow("not in the library")
-            << true << replyWith("Third")
-            << QStringLiteral(
-                   "Couldn't Find Song: Songs do need to be added to your library to get their info. If "
-                   "this song isn't in your library, add it then try again.");
-        QTest::newRow("junk") << true << QByteArray("<html>") << failedLookUp;
-        QTest::newRow("no reply")
-            << false << QByteArray()
-            << QStringLiteral(
-                   "Failed to Load Song: Please check your internet connection and try again. Or you can "
-                   "find it via Select Song without an internet connection.");
-    }
     void asksTheCatalog()
     {
-        QFETCH(bool, arrives);
-        QFETCH(QByteArray, reply);
-        QFETCH(QString, event);
-        m_drop->handleDroppedURLs({link("200")});
-        QTRY_COMPARE(m_web.requests.size(), 1u);
-        QCOMPARE(m_web.requests.front().address,
-                 QUrl(QStringLiteral("https://lookup.example/lookup?id=200&entity=musicTrack")));
-        QCOMPARE(m_web.requests.front().timeout, std::chrono::milliseconds(60'000));
-        if (arrives)
+        const std::pair<Result<QByteArray>, QString> rows[]{
+            {replyWith("First"), u"display First"_s},
+            {replyWith("Second"), u"display Second"_s}, // the artist is spelt otherwise
+            {replyWith("Third"),
+             u"Couldn't Find Song: Songs do need to be added to your library to get their info. If this song "
+             "isn't in your library, add it then try again."_s},
+            {QByteArray("<html>"), u"Failed to Look Up Song: You can try to find it via Select Song."_s},
+            {Failure{FailureKind::NotFound, {}},
+             u"Failed to Load Song: Please check your internet connection and try again. Or you can find it "
+             "via Select Song without an internet connection."_s},
+        };
+        for (const auto &[reply, event] : rows) {
+            m_web.requests.clear();
+            m_drop->handleDroppedURLs({link("200")});
+            QCOMPARE(takeEvents(), QStringList());
+            QCOMPARE(m_web.requests.size(), 1u);
+            QCOMPARE(m_web.requests.front().address,
+                     QUrl(u"https://lookup.example/lookup?id=200&entity=musicTrack"_s));
+            QCOMPARE(m_web.requests.front().timeout, std::chrono::milliseconds(60'000));
             m_web.answer(0, reply);
-        else
-            m_web.answer(0, Failure{FailureKind::Unavailable, {}});
-        QTRY_COMPARE(m_events, QStringList(event));
+            QCOMPARE(takeEvents(), QStringList(event));
+        }
     }
 
     void twoDropsAreTwoChains()
     {
-        m_drop->handleDroppedURLs({link("201")});
-        QTRY_COMPARE(m_web.requests.size(), 1u);
-        m_drop->handleDroppedURLs({link("202")});
-        QTRY_COMPARE(m_web.requests.size(), 2u);
+        for (const char *identifier : {"201", "202"}) {
+            m_drop->handleDroppedURLs({link(identifier)});
+            QCOMPARE(takeEvents(), QStringList());
+        }
         m_web.answer(1, replyWith("Second"));
-        QTRY_COMPARE(m_events.size(), 1);
+        QCOMPARE(takeEvents(), QStringList(u"display Second"_s));
         m_web.answer(0, replyWith("First"));
-        QTRY_COMPARE(m_events,
-                     QStringList({QStringLiteral("display Second"), QStringLiteral("display First")}));
+        QCOMPARE(takeEvents(), QStringList(u"display First"_s));
     }
 
     void endsInSilenceWhenItsWindowHasGone()
@@ -182,11 +148,7 @@ private Q_SLOTS:
         m_web.answer(0, replyWith("First"));
         m_drop.reset();
         m_web.answer(0, replyWith("First"));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone());
-        QCoreApplication::processEvents();
-        QVERIFY(m_pool.waitForDone());
-        QCoreApplication::processEvents();
-        QCOMPARE(m_events, QStringList());
+        QCOMPARE(takeEvents(), QStringList());
     }
 };
 
