@@ -67,9 +67,9 @@ void DetailViewController::showPlayingSongAtStart()
     // A song may have been asked for, or cleared, while the device was looking for players.
     if (m_visibleMediaItem || m_nowPlaying->hasUserChosen())
         return;
-    m_nowPlaying->selectSongOfStart([this](bool) { setNoSongLabelVisible(!m_visibleMediaItem); });
+    m_nowPlaying->selectSongOfStart();
     // The answer to a first request for access may take the user a while: until then there is no song.
-    setNoSongLabelVisible(!m_visibleMediaItem);
+    setNoSongLabelVisible(true);
 }
 
 LinkDrop::Actions DetailViewController::linkActions()

@@ -31,12 +31,11 @@ void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion complet
                                 });
 }
 
-void NowPlayingSource::selectSongOfStart(const Completion &completion)
+void NowPlayingSource::selectSongOfStart()
 {
-    selectNowPlayingSong(false, [this, completion](bool shown) {
+    selectNowPlayingSong(false, [this](bool shown) {
         if (!shown)
             m_unknownSongOfStart = m_player.nowPlayingItem();
-        completion(shown);
     });
 }
 

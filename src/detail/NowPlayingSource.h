@@ -30,7 +30,7 @@ public:
     void selectNowPlayingSong(bool showsAlerts, Completion completion);
     /// The silent request of a window that has just opened. A song that the library does not have yet, since
     /// it is being read for the first time, is waited for.
-    void selectSongOfStart(const Completion &completion);
+    void selectSongOfStart();
     /// Ends the waiting; whether what plays now is the song that was waited for, known by now.
     [[nodiscard]] bool stopWaitingForSongOfStart();
     /// The user has chosen otherwise: silent requests that are under way come to nothing.

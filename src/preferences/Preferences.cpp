@@ -21,11 +21,6 @@ Preferences::Preferences(QString file)
     m_writer.setMaxThreadCount(1);
 }
 
-Preferences::~Preferences()
-{
-    m_writer.waitForDone();
-}
-
 QVariant Preferences::value(QLatin1StringView key) const
 {
     {

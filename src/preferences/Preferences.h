@@ -20,8 +20,6 @@ class Preferences
 public:
     /// @p file is in the format of QSettings::IniFormat.
     explicit Preferences(QString file);
-    /// Waits until everything has been written.
-    ~Preferences();
     Q_DISABLE_COPY_MOVE(Preferences)
 
     [[nodiscard]] bool showMoreInformation() const;
@@ -55,7 +53,7 @@ private:
     QString m_file;
     mutable QMutex m_mutex; ///< over m_unwritten and the moment in which it becomes written
     Unwritten m_unwritten;
-    QThreadPool m_writer;
+    QThreadPool m_writer; ///< goes first, once everything has been written
 };
 
 } // namespace trackwise

@@ -13,6 +13,7 @@
 #include "support/MusicPlayerDouble.h"
 #include "support/WebDouble.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QThreadPool>
 
@@ -23,6 +24,7 @@ class SystemPlayerDouble : public SystemMusicPlayer
 {
 public:
     std::optional<MediaItem> item;
+    int listeners = 0;
     bool isReady = true;
     std::function<void()> ready; ///< what waits for it
     std::function<void()> answered;
@@ -42,8 +44,8 @@ public:
         else
             answered = std::move(handler);
     }
-    void beginGeneratingPlaybackNotifications() override {}
-    void endGeneratingPlaybackNotifications() override {}
+    void beginGeneratingPlaybackNotifications() override { ++listeners; }
+    void endGeneratingPlaybackNotifications() override { --listeners; }
     void change(std::optional<MediaItem> now)
     {
         item = std::move(now);
@@ -98,6 +100,25 @@ struct WindowControllers : WindowDevice
     {
         container.viewDidLoad();
         detail.viewDidLoad();
+    }
+    /// Until the question whether the library may be used has been answered.
+    static void settle()
+    {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+    void choose(unsigned id) { detail.displayMediaItem(song(id), false, true); }
+    /// Title, message, answers and the number of the preferred one; nothing without an alert.
+    QString takeAlert()
+    {
+        settle();
+        QStringList texts;
+        if (const Alert *alert = presentation.alert())
+            texts << alert->title() << alert->message() << alert->actionTitles().join(u',')
+                  << QString::number(alert->preferredAction());
+        presentation.dismiss();
+        QCoreApplication::processEvents();
+        return texts.join(u'|');
     }
     [[nodiscard]] unsigned shown() const
     {

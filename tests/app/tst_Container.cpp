@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using Window = WindowControllers;
 
@@ -12,35 +13,43 @@ class tst_Container : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void stopsThePlayerOnlyForTheSongBefore_data()
+    void listensToThePlayersWhileItIsThere()
     {
-        QTest::addColumn<unsigned>("shownBefore");
-        QTest::addColumn<unsigned>("playing");
-        QTest::addColumn<unsigned>("chosen");
-        QTest::addColumn<bool>("stops");
-        QTest::newRow("nothing shown, nothing loaded") << 0U << 0U << 1U << true;
-        QTest::newRow("nothing shown, a song plays") << 0U << 7U << 1U << false;
-        QTest::newRow("the song before plays") << 1U << 1U << 2U << true;
-        QTest::newRow("the song before plays and is chosen again") << 1U << 1U << 1U << true;
-        QTest::newRow("another song plays") << 1U << 7U << 2U << false;
-        QTest::newRow("nothing plays") << 1U << 0U << 2U << false;
+        WindowDevice device;
+        {
+            Presentation presentation;
+            DetailViewController detail(device.services, presentation);
+            ContainerViewController container(device.containerServices, detail);
+            container.viewDidLoad();
+            detail.viewDidLoad();
+            QCOMPARE(device.systemPlayer.listeners, 1);
+            QCOMPARE(device.player.listeners, 1);
+        }
+        QCOMPARE(device.systemPlayer.listeners, 0);
+        QCOMPARE(device.player.listeners, 0);
     }
+
     void stopsThePlayerOnlyForTheSongBefore()
     {
-        QFETCH(unsigned, shownBefore);
-        QFETCH(unsigned, playing);
-        QFETCH(unsigned, chosen);
-        Window window;
-        window.start();
-        if (shownBefore)
-            window.detail.displayMediaItem(song(shownBefore), false, true);
-        window.player.setItem(playing ? std::optional(song(playing)) : std::nullopt);
-        window.player.commands.clear();
-        window.detail.displayMediaItem(song(chosen), false, true);
-        QFETCH(bool, stops);
-        QCOMPARE(window.player.commands,
-                 stops ? QStringList({QStringLiteral("stop"), QStringLiteral("skipToBeginning")})
-                       : QStringList());
+        const std::tuple<unsigned, unsigned, unsigned, bool> rows[]{
+            // The song shown before, the one that plays, the one chosen (0: none), whether the player stops.
+            {0, 0, 1, true}, {0, 7, 1, false}, {1, 1, 2, true},  {1, 1, 1, true},
+            {1, 1, 0, true}, {1, 7, 2, false}, {1, 0, 2, false},
+        };
+        for (const auto &[before, playing, chosen, stops] : rows) {
+            Window window;
+            window.start();
+            if (before)
+                window.choose(before);
+            window.player.setItem(playing ? std::optional(song(playing)) : std::nullopt);
+            window.player.commands.clear();
+            if (chosen)
+                window.choose(chosen);
+            else
+                window.detail.clearSelectedSong();
+            QCOMPARE(std::tuple(before, playing, chosen, window.player.commands.join(u' ')),
+                     std::tuple(before, playing, chosen, stops ? u"stop skipToBeginning"_s : QString()));
+        }
     }
 
     void followsTheShownSongsValuesWithoutShowingItAgain()
@@ -59,21 +68,21 @@ private Q_SLOTS:
         Q_EMIT window.library.songDidChange(PersistentID{2});
         QCOMPARE(changes.size(), 0);
         Q_EMIT window.library.songDidChange(PersistentID{1});
-        QCOMPARE(list->rows().main.at(8).value, QStringLiteral("1"));
-        window.library.list[0].title = QStringLiteral("retagged");
+        QCOMPARE(list->rows().main.at(8).value, u"1"_s);
+        window.library.list[0].title = u"retagged"_s;
         Q_EMIT window.library.libraryDidChange();
+        Q_EMIT window.library.libraryDidChange(); // for others
         QCOMPARE(changes.size(), 2);
-        QCOMPARE(list->rows().main.front().value, QStringLiteral("retagged"));
-        QCOMPARE(sidebar->artwork()->title(), QStringLiteral("retagged"));
-        QCOMPARE(window.detail.artworkView()->title(), QStringLiteral("retagged"));
+        for (const QString &shown : {list->rows().main.front().value, sidebar->artwork()->title(),
+                                     window.detail.artworkView()->title()})
+            QCOMPARE(shown, u"retagged"_s);
 
         QCOMPARE(window.detail.informationView(), list);
         QCOMPARE(window.container.sidebar(), sidebar);
         QVERIFY(window.detail.isTrackingNowPlaying());
         QVERIFY(window.player.commands.isEmpty());
         QCOMPARE(window.preferences.soundsViewedCount(), 1);
-        window.detail.displayMediaItem(song(2), false,
-                                       true); // the player plays what was shown, though retagged
+        window.choose(2); // the player plays what was shown, though retagged
         QVERIFY(!window.player.commands.isEmpty());
     }
 
@@ -82,6 +91,7 @@ private Q_SLOTS:
         Window window;
         window.library.list = {song(1)};
         window.start();
+        window.detail.timeZoneDidChange(); // with no song
         window.library.list.front().lastPlayedDate = Instant(std::chrono::hours(20));
         window.detail.displayMediaItem(window.library.list.front(), false, true);
         const auto shows = [&](const QString &date) {
@@ -89,26 +99,26 @@ private Q_SLOTS:
             return std::ranges::any_of(rows.main,
                                        [&](const InformationRow &row) { return row.value.contains(date); });
         };
-        QVERIFY(shows(QStringLiteral("January 1, 1970")));
+        QVERIFY(shows(u"January 1, 1970"_s));
         window.services.zone = QTimeZone("Asia/Tokyo");
         window.detail.timeZoneDidChange();
-        QVERIFY(shows(QStringLiteral("January 2, 1970")));
+        QVERIFY(shows(u"January 2, 1970"_s));
     }
 
     void refusesASongOutsideTheLibrary()
     {
         Window window;
         window.start();
-        window.detail.displayMediaItem(song(1), true, true);
-        bool shown = true;
-        window.detail.displayMediaItem(song(0), false, false, [&](bool was) { shown = was; });
-        QVERIFY(!shown);
-        QVERIFY(!window.presentation.alert());
-        window.detail.displayMediaItem(song(0), false, true);
-        QCOMPARE(window.presentation.alert()->title(), QStringLiteral("Song Not Added to Library"));
-        QCOMPARE(window.presentation.alert()->actionTitles(),
-                 QStringList({QStringLiteral("Open Music"), QStringLiteral("Cancel")}));
-        QCOMPARE(window.presentation.alert()->preferredAction(), 0);
+        QString told;
+        const auto tell = [&told](bool wasShown) { told += wasShown ? u'1' : u'0'; };
+        window.detail.displayMediaItem(song(1), true, true, tell);
+        window.detail.displayMediaItem(song(0), false, false, tell);
+        QCOMPARE(window.takeAlert(), QString());
+        window.choose(0);
+        QCOMPARE(window.takeAlert(),
+                 u"Song Not Added to Library|This song needs to be added to your Music Library to access its "
+                 "information. You can do this in the Music app.|Open Music,Cancel|0"_s);
+        QCOMPARE(told, u"10"_s);
         QCOMPARE(window.shown(), 1U);
         QVERIFY(window.detail.isTrackingNowPlaying());
         QCOMPARE(window.preferences.soundsViewedCount(), 1);
@@ -118,15 +128,22 @@ private Q_SLOTS:
     {
         Window window;
         window.start();
-        window.detail.clearSelectedSong();
-        window.detail.displayMediaItem(song(1), false, true);
-        const auto clearItem = [&] { return window.detail.moreMenu()->items().at(1).isEnabled; };
-        QVERIFY(clearItem());
-        window.detail.clearSelectedSong();
-        QVERIFY(!clearItem());
-        QVERIFY(!window.detail.informationView());
-        QVERIFY(window.detail.isNoSongLabelVisible());
-        QCOMPARE(window.preferences.soundsViewedCount(), 1);
+        QSignalSpy songs(&window.detail, &DetailViewController::songDidChange);
+        QSignalSpy labels(&window.detail, &DetailViewController::noSongLabelDidChange);
+        QSignalSpy sidebars(&window.container, &ContainerViewController::sidebarDidChange);
+        for (const bool shows : {false, true, true, false, false}) {
+            if (shows)
+                window.detail.displayMediaItem(song(1), true, true);
+            else
+                window.detail.clearSelectedSong();
+            QCOMPARE(window.detail.moreMenu()->items().at(1).isEnabled, shows);
+            QCOMPARE(window.detail.informationView() != nullptr, shows);
+            QCOMPARE(window.container.sidebar()->artwork()->title().isEmpty(), !shows);
+            QCOMPARE(window.detail.isTrackingNowPlaying(), shows);
+            QCOMPARE(window.detail.isNoSongLabelVisible(), !shows);
+        }
+        QCOMPARE(std::tuple(songs.size(), labels.size(), sidebars.size()), std::tuple(3, 2, 3));
+        QCOMPARE(window.preferences.soundsViewedCount(), 2);
     }
 
     void followsTheSystemsPlayerUntilASongIsChosen()
@@ -134,81 +151,73 @@ private Q_SLOTS:
         Window window;
         window.systemPlayer.item = song(1);
         window.start();
-        QTRY_COMPARE(window.shown(), 1U);
-        window.systemPlayer.change(song(2));
-        QTRY_COMPARE(window.shown(), 2U);
-        window.systemPlayer.change(std::nullopt);
-        QThreadPool::globalInstance()->waitForDone(); // the question whether the library may be used
-        QCoreApplication::processEvents();
-        QCOMPARE(window.shown(), 2U);
-        window.detail.displayMediaItem(song(5), false, true);
+        QVERIFY(window.detail.isNoSongLabelVisible()); // the user may take a while to answer
+        for (const unsigned playing : {1U, 2U, 0U, 3U}) {
+            if (playing != 1)
+                window.systemPlayer.change(playing ? std::optional(song(playing)) : std::nullopt);
+            window.settle();
+            QCOMPARE(window.shown(), playing ? playing : 2U);
+        }
+        window.choose(5);
         window.systemPlayer.change(song(3));
-        QCoreApplication::processEvents();
+        QCOMPARE(window.takeAlert(), QString());
         QCOMPARE(window.shown(), 5U);
-        QVERIFY(!window.presentation.alert());
     }
 
-    void waitsForTheSongOfTheStartUntilTheLibraryHasIt_data()
-    {
-        QTest::addColumn<unsigned>("chosen"); ///< meanwhile, by the user
-        QTest::addColumn<QString>("playing"); ///< when the library has been read
-        QTest::addColumn<unsigned>("shown");
-        QTest::newRow("the same song") << 0U << QStringLiteral("song 0") << 4U;
-        QTest::newRow("another song") << 0U << QStringLiteral("song 4") << 0U;
-        QTest::newRow("the user has chosen") << 9U << QStringLiteral("song 0") << 9U;
-    }
     void waitsForTheSongOfTheStartUntilTheLibraryHasIt()
     {
-        QFETCH(unsigned, chosen);
-        QFETCH(QString, playing);
-        QFETCH(unsigned, shown);
-        Window window;
-        window.systemPlayer.item = song(0);
-        window.start();
-        QThreadPool::globalInstance()->waitForDone(); // the question whether the library may be used
-        QCoreApplication::processEvents();
-        if (chosen)
-            window.detail.displayMediaItem(song(chosen), false, true);
-        MediaItem known = song(4);
-        known.title = playing;
-        window.systemPlayer.change(known);
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
-        QCOMPARE(window.shown(), shown);
-        QCOMPARE(window.detail.isTrackingNowPlaying(), shown == 4U);
+        const std::tuple<unsigned, QString, unsigned> rows[]{
+            // What the user chooses meanwhile, the title of what plays when the library has been read, what
+            // is shown.
+            {0, u"song 0"_s, 4},
+            {0, u"song 4"_s, 0},
+            {9, u"song 0"_s, 9},
+        };
+        for (const auto &[chosen, playing, shown] : rows) {
+            Window window;
+            window.systemPlayer.item = song(0);
+            window.start();
+            window.settle();
+            if (chosen)
+                window.choose(chosen);
+            MediaItem known = song(4);
+            known.title = playing;
+            window.systemPlayer.change(known);
+            QCOMPARE(window.takeAlert(), QString());
+            QCOMPARE(std::tuple(chosen, playing, window.shown()), std::tuple(chosen, playing, shown));
+            QCOMPARE(window.detail.isTrackingNowPlaying(), shown == 4U);
+        }
     }
 
-    void whatTheUserChoosesStays_data()
-    {
-        QTest::addColumn<bool>("isFollowing");
-        QTest::addColumn<bool>("isAskedFor");
-        QTest::addColumn<bool>("clears");
-        QTest::addColumn<unsigned>("shown");
-        QTest::newRow("start under way") << false << false << false << 5U;
-        QTest::newRow("change of track under way") << true << false << false << 5U;
-        QTest::newRow("change of track under way, cleared") << true << false << true << 0U;
-        QTest::newRow("asked for what is playing") << false << true << false << 2U;
-    }
     void whatTheUserChoosesStays()
     {
-        QFETCH(bool, isFollowing);
-        QFETCH(bool, isAskedFor);
-        QFETCH(bool, clears);
-        Window window;
-        window.systemPlayer.item = song(1);
-        window.start();
-        if (isFollowing)
-            QTRY_COMPARE(window.shown(), 1U);
-        window.systemPlayer.change(song(2)); // when followed, it is asked whether the library may be used
-        if (isAskedFor)
-            window.detail.selectNowPlayingSong(true);
-        if (clears)
-            window.detail.clearSelectedSong();
-        else
-            window.detail.displayMediaItem(song(5), false, true);
-        QThreadPool::globalInstance()->waitForDone(); // the answers are on their way
-        QCoreApplication::processEvents();
-        QTEST(window.shown(), "shown");
+        const struct
+        {
+            const char *name;
+            bool isFollowing;
+            bool isAskedFor;
+            unsigned chosen; ///< 0: what is shown is cleared
+            unsigned shown;
+        } rows[]{{"start under way", false, false, 5, 5},
+                 {"change of track under way", true, false, 5, 5},
+                 {"change of track under way, cleared", true, false, 0, 0},
+                 {"asked for what is playing", false, true, 5, 2}};
+        for (const auto &row : rows) {
+            Window window;
+            window.systemPlayer.item = song(1);
+            window.start();
+            if (row.isFollowing)
+                window.settle();
+            window.systemPlayer.change(song(2)); // when followed, it is asked whether the library may be used
+            if (row.isAskedFor)
+                window.detail.selectNowPlayingSong(true);
+            if (row.chosen)
+                window.choose(row.chosen);
+            else
+                window.detail.clearSelectedSong();
+            window.settle(); // the answers are on their way
+            QVERIFY2(window.shown() == row.shown, row.name);
+        }
     }
 
     void staysClearedWhenPlayersAreFoundLate()
@@ -217,85 +226,73 @@ private Q_SLOTS:
         window.systemPlayer.item = song(1);
         window.systemPlayer.isReady = false;
         window.start();
-        window.detail.displayMediaItem(song(5), false, true);
+        window.choose(5);
         window.detail.clearSelectedSong();
         window.systemPlayer.ready();
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
+        window.settle();
         QCOMPARE(window.shown(), 0U);
         QVERIFY(window.detail.isNoSongLabelVisible());
     }
 
-    void saysWhyThereIsNoMusic_data()
-    {
-        QTest::addColumn<LibraryAuthorizationStatus>("status");
-        QTest::addColumn<QString>("alert"); ///< title, message, answers, the preferred one
-        QTest::newRow("allowed, nothing plays")
-            << LibraryAuthorizationStatus::Authorized
-            << QStringLiteral("No Song Playing|Would you like to play something?|Open Music,Cancel|0");
-        QTest::newRow("denied")
-            << LibraryAuthorizationStatus::Denied
-            << QStringLiteral("No Music Access|Trackwise does not currently have access to your music "
-                              "library. Please turn on Media & Apple Music access in the Settings app."
-                              "|Open Settings,Cancel|0");
-        QTest::newRow("restricted")
-            << LibraryAuthorizationStatus::Restricted
-            << QStringLiteral("No Music Access|Trackwise does not have access to your music library due to "
-                              "restrictions enabled on your device.|Open Settings,Cancel|0");
-    }
     void saysWhyThereIsNoMusic()
     {
-        QFETCH(LibraryAuthorizationStatus, status);
-        Window window;
-        window.services.openSettings = [](Presentation &) {};
-        window.library.status = status;
-        window.start();
-        window.detail.selectNowPlayingSong(true);
-        QTRY_VERIFY(window.presentation.alert());
-        const Alert &alert = *window.presentation.alert();
-        QTEST((QStringList{alert.title(), alert.message(), alert.actionTitles().join(u','),
-                           QString::number(alert.preferredAction())}
-                   .join(u'|')),
-              "alert");
+        using enum LibraryAuthorizationStatus;
+        const std::pair<LibraryAuthorizationStatus, QString> rows[]{
+            {Authorized, u"No Song Playing|Would you like to play something?|Open Music,Cancel|0"_s},
+            {Denied,
+             u"No Music Access|Trackwise does not currently have access to your music library. Please turn "
+             "on Media & Apple Music access in the Settings app.|Open Settings,Cancel|0"_s},
+            {Restricted,
+             u"No Music Access|Trackwise does not have access to your music library due to restrictions "
+             "enabled on your device.|Open Settings,Cancel|0"_s},
+            {NotDetermined, QString()},
+        };
+        for (const auto &[status, alert] : rows) {
+            Window window;
+            window.services.openSettings = [](Presentation &) {};
+            window.library.status = status;
+            window.start();
+            QCOMPARE(window.takeAlert(), QString()); // nobody has asked
+            QString told;
+            window.detail.selectNowPlayingSong(true,
+                                               [&told](bool wasShown) { told += wasShown ? u'1' : u'0'; });
+            QCOMPARE(window.takeAlert(), alert);
+            QCOMPARE(told, status == Authorized ? u"0"_s : QString());
+        }
     }
 
-    void waitsForPlayersThatAreBeingAsked_data()
-    {
-        QTest::addColumn<unsigned>("answer");
-        QTest::addColumn<unsigned>("chosen"); ///< meanwhile
-        QTest::addColumn<unsigned>("shown");
-        QTest::addColumn<QString>("alert");
-        QTest::newRow("one plays") << 3U << 0U << 3U << QString();
-        QTest::newRow("none plays") << 0U << 0U << 0U << QStringLiteral("No Song Playing");
-        QTest::newRow("the user has chosen") << 3U << 5U << 5U << QString();
-    }
     void waitsForPlayersThatAreBeingAsked()
     {
-        QFETCH(unsigned, answer);
-        QFETCH(unsigned, chosen);
-        Window window;
-        window.systemPlayer.isReady = false;
-        window.start();
-        window.detail.selectNowPlayingSong(true);
-        QTRY_VERIFY(window.systemPlayer.answered);
-        QVERIFY(!window.presentation.alert());
-        if (chosen)
-            window.detail.displayMediaItem(song(chosen), false, true);
-        window.systemPlayer.item = answer ? std::optional(song(answer)) : std::nullopt;
-        window.systemPlayer.answered();
-        QTEST(window.shown(), "shown");
-        QTEST(window.presentation.alert() ? window.presentation.alert()->title() : QString(), "alert");
+        const std::tuple<unsigned, unsigned, unsigned, QString> rows[]{
+            // What plays, what the user chooses meanwhile, what is shown, the alert.
+            {3, 0, 3, QString()},
+            {0, 0, 0, u"No Song Playing"_s},
+            {3, 5, 5, QString()},
+        };
+        for (const auto &[answer, chosen, shown, alert] : rows) {
+            Window window;
+            window.systemPlayer.isReady = false;
+            window.start();
+            window.detail.selectNowPlayingSong(true);
+            QCOMPARE(window.takeAlert(), QString());
+            if (chosen)
+                window.choose(chosen);
+            window.systemPlayer.item = answer ? std::optional(song(answer)) : std::nullopt;
+            window.systemPlayer.answered();
+            QCOMPARE(std::pair(window.shown(), window.takeAlert().section(u'|', 0, 0)),
+                     std::pair(shown, alert));
+        }
     }
 
     void asksForAReviewAfterFiveSongsAndRemembersWhen()
     {
         Window window;
-        window.containerServices.storePage = QUrl(QStringLiteral("https://store.example"));
+        window.containerServices.storePage = QUrl(u"https://store.example"_s);
         window.preferences.setFirstLaunchDate(window.now.addDays(-2));
         window.start();
         window.now = window.now.addSecs(4);
         for (const unsigned id : {1U, 2U, 3U, 4U, 5U})
-            window.detail.displayMediaItem(song(id), false, true); // not in a window yet
+            window.choose(id); // not in a window yet
         QVERIFY(!window.container.isReviewCardVisible());
         QCOMPARE(window.preferences.lastReviewRequestDate(), std::nullopt);
 
@@ -303,14 +300,14 @@ private Q_SLOTS:
         QSignalSpy cards(&window.container, &ContainerViewController::reviewCardDidChange);
         window.detail.clearSelectedSong();
         QCOMPARE(cards.size(), 0);
-        window.detail.displayMediaItem(song(6), false, true);
+        window.choose(6);
         QVERIFY(window.container.isReviewCardVisible());
         QCOMPARE(window.preferences.lastReviewRequestDate(), std::optional(window.now));
         QCOMPARE(window.preferences.soundsViewedCount(), 6);
         window.container.rate();
         QVERIFY(!window.container.isReviewCardVisible());
         QCOMPARE(window.addresses.opened, std::vector{window.containerServices.storePage});
-        window.detail.displayMediaItem(song(4), false, true); // asked just now
+        window.choose(4); // asked just now
         QCOMPARE(cards.size(), 2);
     }
 };

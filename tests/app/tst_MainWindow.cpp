@@ -17,11 +17,12 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
 
-const QString songLink = QStringLiteral("https://music.apple.com/album/1?i=100");
+const QString songLink = u"https://music.apple.com/album/1?i=100"_s;
 
 /// A real window over doubles of the device.
 struct Window : WindowDevice
@@ -32,7 +33,7 @@ struct Window : WindowDevice
         services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan); };
         services.connectedScenes = [] { return 1; };
         prepareEngine(engine);
-        engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(loader));
+        engine.addImageProvider(u"artwork"_s, new ArtworkImageProvider(loader));
         scene = std::make_unique<WindowScene>(engine, services, containerServices);
         scene->show();
         (void)QTest::qWaitForWindowActive(&window());
@@ -112,8 +113,8 @@ struct Window : WindowDevice
     }
     void presentAlert(const char *title, bool includesOpenMusic)
     {
-        scene->detail().presentAlert(QString::fromUtf8(title), QStringLiteral("What to do about it."),
-                                     includesOpenMusic, false);
+        scene->detail().presentAlert(QString::fromUtf8(title), u"What to do about it."_s, includesOpenMusic,
+                                     false);
     }
     [[nodiscard]] bool waitForAlert(const char *title) const
     {
@@ -176,14 +177,14 @@ private Q_SLOTS:
         QCOMPARE(w.drag<QDropEvent>(*data), action);
         QVERIFY(!target->isTargeted());
         if (taken)
-            QTRY_COMPARE(w.shownTitle(), QStringLiteral("Seven"));
+            QTRY_COMPARE(w.shownTitle(), u"Seven"_s);
         QVERIFY(!w.alert());
     }
 
     void takesNoCoverOfOursForALink()
     {
         Window w;
-        const QUrl file(QStringLiteral("file:///cache/Band%20-%20Album.png"));
+        const QUrl file(u"file:///cache/Band%20-%20Album.png"_s);
         ArtworkMimeData cover({.file = file, .png = std::async([] { return QByteArray("png"); }).share()});
         QCOMPARE(cover.urls(), QList<QUrl>{file}); // which a file manager takes
         QCOMPARE(w.drag<QDragEnterEvent>(cover), Qt::IgnoreAction);
@@ -203,7 +204,7 @@ private Q_SLOTS:
         Window w;
         for (const char *id : {"201", "202", "201"}) {
             QMimeData data;
-            data.setUrls({QUrl(QStringLiteral("https://music.apple.com/?i=") + QString::fromUtf8(id))});
+            data.setUrls({QUrl(u"https://music.apple.com/?i="_s + QString::fromUtf8(id))});
             w.drop(data);
         }
         QTRY_COMPARE(w.http.requests.size(), std::size_t(3));
@@ -214,11 +215,11 @@ private Q_SLOTS:
         Window w;
         QGuiApplication::clipboard()->setText(songLink);
         QTest::keySequence(&w.window(), QKeySequence::Paste);
-        QTRY_COMPARE(w.shownTitle(), QStringLiteral("Seven"));
-        QGuiApplication::clipboard()->setText(QStringLiteral("Seven"));
+        QTRY_COMPARE(w.shownTitle(), u"Seven"_s);
+        QGuiApplication::clipboard()->setText(u"Seven"_s);
         QTest::keySequence(&w.window(), QKeySequence::Paste);
         QTRY_VERIFY(w.alert());
-        QCOMPARE(w.alert()->title(), QStringLiteral("Song Not Found"));
+        QCOMPARE(w.alert()->title(), u"Song Not Found"_s);
     }
 
     void keysOpenAndCloseThePicker()
@@ -227,7 +228,7 @@ private Q_SLOTS:
         const Presentation &presentation = w.scene->presentation();
         QTest::keySequence(&w.window(), QKeySequence::Open);
         QTRY_VERIFY(presentation.isSheetVisible());
-        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        QTRY_COMPARE(w.focused(), u"Search Songs"_s);
         QTest::keyClick(&w.window(), Qt::Key_Escape);
         QTRY_VERIFY(!presentation.isPresenting());
         QCOMPARE(w.shownTitle(), QString());
@@ -251,10 +252,10 @@ private Q_SLOTS:
             w.scene->detail().presentLyrics(song);
         QCOMPARE(presentation.pushedViews().size(), std::size_t(1));
         QVERIFY(opens());
-        QTest::keySequence(&w.window(), QKeySequence(QStringLiteral("Alt+Left")));
+        QTest::keySequence(&w.window(), QKeySequence(u"Alt+Left"_s));
         QTRY_VERIFY(presentation.pushedViews().empty());
         QTest::keySequence(&w.window(), QKeySequence::Open);
-        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        QTRY_COMPARE(w.focused(), u"Search Songs"_s);
         QVERIFY(opens());
         w.presentAlert("First", true);
         QVERIFY(w.waitForAlert("First"));
@@ -296,7 +297,7 @@ private Q_SLOTS:
             QTest::keyClick(&w.window(), Qt::Key_Tab);
             visited << w.focused();
         }
-        const QStringList both{QStringLiteral("Cancel"), QStringLiteral("Open Music")};
+        const QStringList both{u"Cancel"_s, u"Open Music"_s};
         QCOMPARE(visited, both + both);
         QTest::keySequence(&w.window(), QKeySequence::Open); // commands wait until it is answered
         QVERIFY(!w.scene->presentation().sheet());
@@ -313,15 +314,15 @@ private Q_SLOTS:
             dialog = dialog->parent();
         QVERIFY(dialog);
         QVERIFY(dialog->state().modal);
-        QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("First"));
-        QCOMPARE(dialog->text(QAccessible::Description), QStringLiteral("What to do about it."));
+        QCOMPARE(dialog->text(QAccessible::Name), u"First"_s);
+        QCOMPARE(dialog->text(QAccessible::Description), u"What to do about it."_s);
     }
 
     void onlyTheLayerInFrontIsReadAloud()
     {
         Window w;
         w.scene->detail().selectSongFromLibrary();
-        QTRY_COMPARE(w.focused(), QStringLiteral("Search Songs"));
+        QTRY_COMPARE(w.focused(), u"Search Songs"_s);
         w.presentAlert("First", false);
         QVERIFY(w.waitForAlert("First"));
         const auto spoken = [&w] {
@@ -329,12 +330,12 @@ private Q_SLOTS:
             Window::collectFocusable(QAccessible::queryAccessibleInterface(&w.window()), names);
             return names;
         };
-        QCOMPARE(spoken(), QStringList{QStringLiteral("OK")});
+        QCOMPARE(spoken(), QStringList{u"OK"_s});
         QTest::keyClick(&w.window(), Qt::Key_Return);
-        QTRY_VERIFY(spoken().contains(QStringLiteral("Search Songs")));
-        QVERIFY(!spoken().contains(QStringLiteral("More")));
+        QTRY_VERIFY(spoken().contains(u"Search Songs"_s));
+        QVERIFY(!spoken().contains(u"More"_s));
         w.scene->presentation().cancelSheet();
-        QTRY_VERIFY(spoken().contains(QStringLiteral("More")));
+        QTRY_VERIFY(spoken().contains(u"More"_s));
         QVERIFY(!spoken().contains(QString())); // everything has a name
     }
 

@@ -31,6 +31,8 @@ private Q_SLOTS:
         QCOMPARE(preferences.lastReviewRequestDate(), std::optional(asked));
         const QDateTime stored =
             QSettings(file(), QSettings::IniFormat).value(u"FirstLaunchDate"_s).toDateTime();
+        QCOMPARE(QSettings(file(), QSettings::IniFormat).allKeys(),
+                 QStringList({u"FirstLaunchDate"_s, u"LastReviewRequestDate"_s}));
         for (const QDateTime &kept : {preferences.firstLaunchDate().value_or(QDateTime()), stored})
             QCOMPARE(std::pair(kept, kept.timeSpec()), std::pair(launched, Qt::UTC));
     }

@@ -49,29 +49,29 @@ public:
     }
     void skipToBeginning() override { commands << QStringLiteral("skipToBeginning"); }
 
-    void beginGeneratingPlaybackNotifications() override { ++m_listeners; }
-    void endGeneratingPlaybackNotifications() override { --m_listeners; }
+    void beginGeneratingPlaybackNotifications() override { ++listeners; }
+    void endGeneratingPlaybackNotifications() override { --listeners; }
 
     /// What somebody else (another window, a media key) makes the player do.
     void setItem(std::optional<MediaItem> item)
     {
         m_item = std::move(item);
-        if (m_listeners > 0)
+        if (listeners > 0)
             Q_EMIT nowPlayingItemDidChange();
     }
     void setState(PlaybackState state)
     {
-        if (std::exchange(m_state, state) != state && m_listeners > 0)
+        if (std::exchange(m_state, state) != state && listeners > 0)
             Q_EMIT playbackStateDidChange();
     }
 
     QStringList commands;
+    int listeners = 0;
 
 private:
     std::vector<MediaItem> m_queue;
     std::optional<MediaItem> m_item;
     PlaybackState m_state = PlaybackState::Stopped;
-    int m_listeners = 0;
 };
 
 } // namespace trackwise
