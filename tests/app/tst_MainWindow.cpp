@@ -13,6 +13,7 @@
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -44,59 +45,31 @@ struct Window : WindowDevice
     {
         return scene->detail().visibleMediaItem() ? *scene->detail().visibleMediaItem()->title : QString();
     }
-    template <typename Item>
-    [[nodiscard]] Item *find() const
+    template <typename Wanted>
+    [[nodiscard]] static QQuickItem *findBelow(QQuickItem *item, const Wanted &isWanted)
     {
-        return findBelow<Item>(window().contentItem());
-    }
-    template <typename Item>
-    [[nodiscard]] static Item *findBelow(QQuickItem *item)
-    {
-        if (auto *found = qobject_cast<Item *>(item))
-            return found;
-        for (QQuickItem *child : item->childItems()) {
-            if (auto *found = findBelow<Item>(child))
-                return found;
-        }
-        return nullptr;
-    }
-    /// The first item whose content is higher than itself.
-    [[nodiscard]] static QQuickItem *scrolling(QQuickItem *item)
-    {
-        if (item->inherits("QQuickFlickable") && item->property("contentHeight").toReal() > item->height())
+        if (isWanted(item))
             return item;
         for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = scrolling(child))
+            if (QQuickItem *found = findBelow(child, isWanted))
                 return found;
         }
         return nullptr;
+    }
+    [[nodiscard]] LinkDropTarget *dropTarget() const
+    {
+        return qobject_cast<LinkDropTarget *>(findBelow(
+            window().contentItem(), [](QQuickItem *item) { return qobject_cast<LinkDropTarget *>(item); }));
     }
     /// Sends a drag event as the window system does; gives back the action, or none where it was refused.
     template <typename Event>
     Qt::DropAction drag(const QMimeData &data)
     {
-        const QPointF middle(window().width() / 2.0, window().height() / 2.0);
-        return send(event<Event>(middle, data));
-    }
-    template <typename Event>
-    static Event event(const QPointF &place, const QMimeData &data)
-    {
         constexpr auto offered = Qt::MoveAction | Qt::CopyAction | Qt::LinkAction;
-        if constexpr (std::is_same_v<Event, QDropEvent>)
-            return Event(place, offered, &data, Qt::LeftButton, Qt::NoModifier);
-        else
-            return Event(place.toPoint(), offered, &data, Qt::LeftButton, Qt::NoModifier);
-    }
-    Qt::DropAction send(QDropEvent &&event)
-    {
+        Event event(QRect({}, window().size()).center(), offered, &data, Qt::LeftButton, Qt::NoModifier);
         event.ignore();
         QCoreApplication::sendEvent(&window(), &event);
         return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
-    }
-    void drop(const QMimeData &data)
-    {
-        drag<QDragEnterEvent>(data);
-        drag<QDropEvent>(data);
     }
     /// The name of what has the keyboard, for a screen reader.
     [[nodiscard]] QString focused() const
@@ -130,13 +103,6 @@ struct Window : WindowDevice
     std::unique_ptr<WindowScene> scene;
 };
 
-std::unique_ptr<QMimeData> dragged(const QString &format, const QByteArray &bytes)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setData(format, bytes);
-    return data;
-}
-
 } // namespace
 
 class tst_MainWindow : public QObject
@@ -146,39 +112,34 @@ class tst_MainWindow : public QObject
 private Q_SLOTS:
     void initTestCase() { QAccessible::setActive(true); }
 
-    void takesDroppedLinks_data()
-    {
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("taken");
-        const auto row = [](const char *name, const char *format, const QByteArray &bytes, bool taken) {
-            QTest::newRow(name) << QString::fromUtf8(format) << bytes << taken;
-        };
-        row("list of addresses", "text/uri-list", songLink.toUtf8() + "\r\n", true);
-        row("text without a link", "text/plain", "Seven", false);
-        row("picture", "image/png", "\x89PNG", false);
-    }
     void takesDroppedLinks()
     {
-        QFETCH(QString, format);
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, taken);
-        Window w;
-        const auto *target = w.find<LinkDropTarget>();
-        const auto data = dragged(format, bytes);
-        const Qt::DropAction action = taken ? Qt::CopyAction : Qt::IgnoreAction;
-        QCOMPARE(w.drag<QDragEnterEvent>(*data), action);
-        QCOMPARE(target->isTargeted(), taken);
-        QCOMPARE(w.drag<QDragMoveEvent>(*data), action);
-        QDragLeaveEvent leave;
-        QCoreApplication::sendEvent(&w.window(), &leave);
-        QVERIFY(!target->isTargeted());
-        QCOMPARE(w.drag<QDragEnterEvent>(*data), action);
-        QCOMPARE(w.drag<QDropEvent>(*data), action);
-        QVERIFY(!target->isTargeted());
-        if (taken)
-            QTRY_COMPARE(w.shownTitle(), u"Seven"_s);
-        QVERIFY(!w.alert());
+        const std::tuple<QString, QByteArray, bool> rows[]{
+            {u"text/uri-list"_s, songLink.toUtf8() + "\r\n", true},
+            {u"text/plain"_s, "Seven", false},
+            {u"image/png"_s, "\x89PNG", false},
+        };
+        for (const auto &[format, bytes, taken] : rows) {
+            Window w;
+            const auto *target = w.dropTarget();
+            QSignalSpy changes(target, &LinkDropTarget::isTargetedChanged);
+            QMimeData data;
+            data.setData(format, bytes);
+            const Qt::DropAction action = taken ? Qt::CopyAction : Qt::IgnoreAction;
+            QCOMPARE(w.drag<QDragEnterEvent>(data), action);
+            QCOMPARE(target->isTargeted(), taken);
+            QCOMPARE(w.drag<QDragMoveEvent>(data), action);
+            QDragLeaveEvent leave;
+            QCoreApplication::sendEvent(&w.window(), &leave);
+            QVERIFY(!target->isTargeted());
+            QCOMPARE(w.drag<QDragEnterEvent>(data), action);
+            QCOMPARE(w.drag<QDropEvent>(data), action);
+            QVERIFY(!target->isTargeted());
+            QCOMPARE(changes.size(), taken ? 4 : 0);
+            if (taken)
+                QTRY_COMPARE(w.shownTitle(), u"Seven"_s);
+            QVERIFY(!w.alert());
+        }
     }
 
     void takesNoCoverOfOursForALink()
@@ -188,7 +149,7 @@ private Q_SLOTS:
         ArtworkMimeData cover({.file = file, .png = std::async([] { return QByteArray("png"); }).share()});
         QCOMPARE(cover.urls(), QList<QUrl>{file}); // which a file manager takes
         QCOMPARE(w.drag<QDragEnterEvent>(cover), Qt::IgnoreAction);
-        QVERIFY(!w.find<LinkDropTarget>()->isTargeted());
+        QVERIFY(!w.dropTarget()->isTargeted());
         auto copied = std::make_unique<QMimeData>();
         for (const QString &format : cover.formats())
             copied->setData(format, cover.data(format));
@@ -197,17 +158,6 @@ private Q_SLOTS:
         QTest::keySequence(&w.window(), QKeySequence::Open); // comes after what pasting leads to
         QTRY_VERIFY(w.scene->presentation().isSheetVisible());
         QVERIFY(!w.alert());
-    }
-
-    void everyDropStartsAChainOfItsOwn()
-    {
-        Window w;
-        for (const char *id : {"201", "202", "201"}) {
-            QMimeData data;
-            data.setUrls({QUrl(u"https://music.apple.com/?i="_s + QString::fromUtf8(id))});
-            w.drop(data);
-        }
-        QTRY_COMPARE(w.http.requests.size(), std::size_t(3));
     }
 
     void pastesALink()
@@ -262,29 +212,22 @@ private Q_SLOTS:
         QVERIFY(opens());
     }
 
-    void keysAnswerAlerts_data()
-    {
-        QTest::addColumn<bool>("offersMusic");
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<bool>("opensMusic");
-        QTest::newRow("OK by Return") << false << Qt::Key_Return << false;
-        QTest::newRow("OK by Escape") << false << Qt::Key_Escape << false;
-        QTest::newRow("preferred by Return") << true << Qt::Key_Return << true;
-        QTest::newRow("preferred by Enter") << true << Qt::Key_Enter << true;
-        QTest::newRow("cancelled by Escape") << true << Qt::Key_Escape << false;
-    }
     void keysAnswerAlerts()
     {
-        QFETCH(bool, offersMusic);
-        QFETCH(Qt::Key, key);
-        QFETCH(bool, opensMusic);
-        Window w;
-        w.presentAlert("First", offersMusic);
-        w.presentAlert("Second", false); // waits
-        QVERIFY(w.waitForAlert("First"));
-        QTest::keyClick(&w.window(), key);
-        QVERIFY(w.waitForAlert("Second"));
-        QCOMPARE(w.addresses.opened.size(), opensMusic ? 1U : 0U);
+        const std::tuple<bool, Qt::Key, bool> rows[]{
+            // Whether music is offered, the key, whether that opens it.
+            {false, Qt::Key_Return, false}, {false, Qt::Key_Escape, false}, {true, Qt::Key_Return, true},
+            {true, Qt::Key_Enter, true},    {true, Qt::Key_Escape, false},
+        };
+        for (const auto &[offersMusic, key, opensMusic] : rows) {
+            Window w;
+            w.presentAlert("First", offersMusic);
+            w.presentAlert("Second", false); // waits
+            QVERIFY(w.waitForAlert("First"));
+            QTest::keyClick(&w.window(), key);
+            QVERIFY(w.waitForAlert("Second"));
+            QCOMPARE(w.addresses.opened, std::vector<QUrl>(opensMusic, QUrl(u"music://"_s)));
+        }
     }
 
     void keepsTheKeyboardInAnAlert()
@@ -339,37 +282,33 @@ private Q_SLOTS:
         QVERIFY(!spoken().contains(QString())); // everything has a name
     }
 
-    void laysOutTheColumns_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<int>("column"); ///< where the details begin
-        QTest::newRow("just wide enough") << QSize(700, 900) << 320;
-        QTest::newRow("a point too narrow") << QSize(699, 400) << 0;
-        QTest::newRow("square") << QSize(800, 800) << 320;
-        QTest::newRow("lying") << QSize(1024, 768) << 414;
-    }
     void laysOutTheColumns()
     {
-        QFETCH(QSize, size);
-        QFETCH(int, column);
+        const std::pair<QSize, int> rows[]{
+            {{700, 900}, 320}, {{699, 400}, 0}, {{800, 800}, 320}, {{1024, 768}, 414}, {{320, 900}, 0}};
         Window w;
-        w.window().resize(size);
-        const auto *details = w.find<LinkDropTarget>();
-        QTRY_COMPARE(qRound(details->mapToScene({}).x()), column);
-        QTRY_COMPARE(qRound(details->width()), size.width() - column);
+        const auto *details = w.dropTarget();
+        for (const auto &[size, column] : rows) {
+            w.window().resize(size);
+            QTRY_COMPARE(details->mapRectToScene(details->boundingRect()),
+                         QRectF(column, 0, size.width() - column, size.height()));
+        }
     }
 
     void keepsTheListsPlaceBehindAnotherScreen()
     {
         Window w;
         w.window().resize(360, 600);
-        QTRY_COMPARE(w.find<LinkDropTarget>()->width(), 360);
+        QTRY_COMPARE(w.dropTarget()->width(), 360);
         w.preferences.setShowMoreInformation(true);
         const MediaItem song = w.library.list.front();
         w.scene->detail().displayMediaItem(song, false, false);
         QQuickItem *list = nullptr;
         const auto property = [&list](const char *name) { return list->property(name).toReal(); };
-        QTRY_VERIFY((list = Window::scrolling(w.window().contentItem())));
+        QTRY_VERIFY((list = Window::findBelow(w.window().contentItem(), [](QQuickItem *item) {
+                         return item->inherits("QQuickFlickable") &&
+                                item->property("contentHeight").toReal() > item->height();
+                     })));
         const qreal end = property("contentHeight") - list->height();
         list->setProperty("contentY", end);
         w.scene->detail().presentLyrics(song);
