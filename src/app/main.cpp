@@ -83,7 +83,7 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
         return EXIT_FAILURE;
     }
     AppDelegate *running = nullptr;
-    Device::Options deviceOptions{QStringLiteral(TRACKWISE_APP_ID), configFile("device.ini"),
+    Device::Options deviceOptions{QStringLiteral(TRACKWISE_APP_ID), settingsFile("device.ini"),
                                   otherLibrary(options),
                                   [&running] {
                                       if (running)
@@ -107,13 +107,16 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     }
     Device &device = **opened;
 
-    Preferences preferences(configFile("defaults.ini"));
+    Preferences preferences(settingsFile("defaults.ini"));
     const CatalogLookup catalog(device.http(), catalogConfiguration(device.settingsFile()));
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
                      QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
                      QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
-                     [&device](const QByteArray &path) { return songOfFile(device.library(), path); }},
+                     [&device](const QByteArray &path) {
+                         const auto song = device.library().songForPath(path);
+                         return song ? std::optional(song->item) : std::nullopt;
+                     }},
                     preferences);
     running = &app;
     app.setSettingsScreen(

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Call.h"
 
-#include <QFile>
-#include <QStandardPaths>
+#include "device/library/store/FilePaths.h"
 
-#include <filesystem>
+#include <QFile>
 
 namespace trackwise::cli {
 
@@ -37,13 +36,9 @@ bool takeFlag(Call &call, const QByteArray &argument, const KnownOptions &known)
     return false;
 }
 
-// The same file as the window's.
 std::unique_ptr<QSettings> userSettings()
 {
-    return std::make_unique<QSettings>(
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-            QStringLiteral("/trackwise/device.ini"),
-        QSettings::IniFormat);
+    return std::make_unique<QSettings>(settingsFile("device.ini"), QSettings::IniFormat);
 }
 
 Result<LibraryConfiguration> configurationOf(const Call &call, const QSettings &settings)
@@ -69,15 +64,6 @@ Result<std::unique_ptr<LibraryQuestions>> emptyLibrary(const QTemporaryDir &fold
 }
 
 } // namespace
-
-QByteArray absolutePath(const QByteArray &path)
-{
-    std::error_code error;
-    std::filesystem::path absolute = std::filesystem::absolute(path.toStdString(), error).lexically_normal();
-    if (!absolute.has_filename() && absolute.has_relative_path())
-        absolute = absolute.parent_path(); // "folder/"
-    return QByteArray::fromStdString(absolute.string());
-}
 
 Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOptions &known)
 {

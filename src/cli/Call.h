@@ -38,9 +38,6 @@ struct KnownOptions
 /// Takes @p arguments apart. The detail of a failure is a sentence for the user.
 [[nodiscard]] Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOptions &known);
 
-/// @p path from the current folder on, without "." and "..".
-[[nodiscard]] QByteArray absolutePath(const QByteArray &path);
-
 /// The library that a call is about, the user's or what its options say, to be scanned.
 struct OpenLibrary
 {

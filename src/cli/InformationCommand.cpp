@@ -2,11 +2,11 @@
 #include "cli/Commands.h"
 
 #include "cli/Console.h"
-#include "cli/FindSong.h"
 #include "cli/SongJson.h"
+#include "device/library/FindSong.h"
+#include "device/library/store/FilePaths.h"
 #include "information/InformationRows.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -54,7 +54,7 @@ ExitCode printLyrics(const MediaItem &item)
 
 ExitCode showInformation(const Call &call)
 {
-    const bool isFile = QFile::exists(QFile::decodeName(call.operands.front()));
+    const bool isFile = !resolvedPath(call.operands.front()).isEmpty();
     const auto library = readLibrary(call, isFile ? Absent::CountsAsEmpty : Absent::Fails);
     if (!library)
         return giveUp(library.failure());

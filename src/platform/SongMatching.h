@@ -47,8 +47,8 @@ public:
     /// form, white space at the ends and runs of it within. Punctuation stays.
     [[nodiscard]] virtual QString folded(const QString &text) const = 0;
 
-    /// By the absolute path of the file, without symbolic links.
-    [[nodiscard]] virtual std::optional<PersistentID> idOfPath(const QByteArray &canonicalPath) const = 0;
+    /// By the absolute path of the file, or of a link that leads to it. Blocks on the disk for a link.
+    [[nodiscard]] virtual std::optional<PersistentID> idOfPath(const QByteArray &path) const = 0;
     [[nodiscard]] virtual std::optional<PersistentID> idOfFile(FileIdentity file) const = 0;
     [[nodiscard]] virtual std::optional<PersistentID> idOfCatalogID(const QString &identifier) const = 0;
     /// By the MusicBrainz recording identifier or, failing that, the release track identifier: players put

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Call.h"
 #include "cli/Console.h"
+#include "device/library/store/FilePaths.h"
 
 #include <QTest>
 

@@ -4,9 +4,11 @@
 #include "app/AppDelegate.h"
 #include "app/composition/LibraryChoice.h"
 #include "device/Device.h"
+#include "device/library/FindSong.h"
 #include "settings/LibraryAccessRequest.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 #include <QTimer>
 
@@ -105,9 +107,9 @@ void Launch::scanDidFinish()
 
 void Launch::showSong()
 {
-    const std::optional<MediaItem> song = songNamed(m_device.library(), m_options.show);
-    if (!song) {
-        say(QStringLiteral("no such song: %1").arg(m_options.show));
+    const Result<FoundSong> found = findSong(m_device.library(), QFile::encodeName(m_options.show));
+    if (!found) {
+        say(found.failure().detail);
         if (!m_options.screenshotFile.isEmpty())
             QCoreApplication::exit(EXIT_FAILURE);
         return;
@@ -115,7 +117,7 @@ void Launch::showSong()
     m_options.show.clear();
     if (m_app.scenes().empty())
         return;
-    m_app.scenes().front()->detail().displayMediaItem(*song, false, true);
+    m_app.scenes().front()->detail().displayMediaItem(found->song.item, false, true);
     if (!m_options.screenshotFile.isEmpty())
         saveScreenshotSoon();
 }

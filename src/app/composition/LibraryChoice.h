@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/StartOptions.h"
-#include "device/library/LinuxLibrary.h"
+#include "device/library/LibraryConfiguration.h"
 
 #include <QByteArray>
 #include <QString>
@@ -11,8 +11,6 @@
 
 namespace trackwise {
 
-/// A file of the user's settings for this app.
-[[nodiscard]] QString configFile(const char *name);
 /// Where the demo songs are; empty when they are not installed.
 [[nodiscard]] QString demoFolder();
 /// The library that a start asks for, where it is not the user's own.
@@ -20,10 +18,5 @@ namespace trackwise {
 
 /// The database of the library that a start asks for.
 [[nodiscard]] QByteArray databaseOf(const StartOptions &options);
-
-/// The song in that file, or in the file that it is another name of.
-[[nodiscard]] std::optional<MediaItem> songOfFile(const LinuxLibrary &library, const QByteArray &path);
-/// The song that @p words mean: a file's path, an identifier, or words to search for.
-[[nodiscard]] std::optional<MediaItem> songNamed(const LinuxLibrary &library, const QString &words);
 
 } // namespace trackwise

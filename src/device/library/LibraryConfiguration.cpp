@@ -47,6 +47,12 @@ LibraryConfiguration LibraryConfiguration::ofUser(const QSettings &deviceSetting
     return configuration;
 }
 
+QString settingsFile(const char *name)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/trackwise/") + QLatin1StringView(name);
+}
+
 void setFurtherMusicFolders(QSettings &deviceSettings, const QStringList &folders)
 {
     deviceSettings.setValue(foldersKey, folders);

@@ -24,6 +24,9 @@ struct LibraryConfiguration
     friend bool operator==(const LibraryConfiguration &, const LibraryConfiguration &) = default;
 };
 
+/// A file of the user's settings for this program: "device.ini" of the device, "defaults.ini" of the app.
+[[nodiscard]] QString settingsFile(const char *name);
+
 void setFurtherMusicFolders(QSettings &deviceSettings, const QStringList &folders);
 
 } // namespace trackwise

@@ -86,8 +86,7 @@ Result<std::vector<ScanProblem>> LibraryQuestions::problems() const
 
 Result<LibrarySong> LibraryQuestions::songForPath(const QByteArray &path) const
 {
-    return found(
-        m_readers.read([&](Reader &reader) { return SongLookup(reader).songAt(FileName::ofPath(path)); }));
+    return found(m_readers.read([&](Reader &reader) { return SongLookup(reader).songAt(path); }));
 }
 
 Result<LibrarySong> LibraryQuestions::song(PersistentID id) const

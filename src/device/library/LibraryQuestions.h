@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] Result<LibraryStatus> status() const;
     [[nodiscard]] Result<std::vector<ScanProblem>> problems() const;
-    /// The song whose file has this absolute path; NotFound.
+    /// The song whose file has this absolute path, or a link there leads to; NotFound.
     [[nodiscard]] Result<LibrarySong> songForPath(const QByteArray &path) const;
     [[nodiscard]] Result<LibrarySong> song(PersistentID id) const;
     /// What search as you type finds, best first.

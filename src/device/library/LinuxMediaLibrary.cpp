@@ -68,9 +68,9 @@ QString LinuxMediaLibrary::folded(const QString &text) const
     return trackwise::folded(text);
 }
 
-std::optional<PersistentID> LinuxMediaLibrary::idOfPath(const QByteArray &canonicalPath) const
+std::optional<PersistentID> LinuxMediaLibrary::idOfPath(const QByteArray &path) const
 {
-    return ask(&SongLookup::idOfPath, FileName::ofPath(canonicalPath));
+    return ask(&SongLookup::idOfPath, path);
 }
 
 std::optional<PersistentID> LinuxMediaLibrary::idOfFile(FileIdentity file) const

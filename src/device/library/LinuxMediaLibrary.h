@@ -36,7 +36,7 @@ public:
     [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override;
 
     [[nodiscard]] QString folded(const QString &text) const override;
-    [[nodiscard]] std::optional<PersistentID> idOfPath(const QByteArray &canonicalPath) const override;
+    [[nodiscard]] std::optional<PersistentID> idOfPath(const QByteArray &path) const override;
     [[nodiscard]] std::optional<PersistentID> idOfFile(FileIdentity file) const override;
     [[nodiscard]] std::optional<PersistentID> idOfCatalogID(const QString &identifier) const override;
     [[nodiscard]] std::optional<PersistentID> idOfMusicBrainzID(const QString &identifier) const override;

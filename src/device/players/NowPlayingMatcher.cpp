@@ -8,9 +8,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <climits>
-#include <cstdlib>
-#include <memory>
 
 namespace trackwise {
 
@@ -79,13 +76,6 @@ std::optional<SongMatch> bestOf(const Wanted &wanted, std::vector<SongCandidate>
     return std::nullopt;
 }
 
-QByteArray canonicalPath(const QByteArray &path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.constData(), nullptr),
-                                                               &std::free);
-    return resolved ? QByteArray(resolved.get()) : QByteArray();
-}
-
 /// The parts of "Artist - Title", which streams put into the title.
 std::optional<Wanted> splitTitle(const Wanted &wanted)
 {
@@ -115,8 +105,7 @@ std::optional<PersistentID> NowPlayingMatcher::byFile(const TrackMetadata &track
     const QByteArray path = localPath(track.url);
     if (path.isEmpty())
         return std::nullopt;
-    const QByteArray canonical = canonicalPath(path);
-    if (const auto song = m_library.idOfPath(canonical.isEmpty() ? path : canonical))
+    if (const auto song = m_library.idOfPath(path))
         return song;
     struct stat status
     {};

@@ -2,6 +2,7 @@
 #include "device/library/scan/FolderWalk.h"
 
 #include "device/library/scan/MusicDisks.h"
+#include "device/library/store/FilePaths.h"
 #include "device/library/store/FileSignature.h"
 #include "device/library/tags/MusicFormats.h"
 
@@ -15,7 +16,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <map>
 #include <memory>
 
@@ -51,12 +51,6 @@ bool isOfTheSystem(int descriptor)
     constexpr std::array kinds{PROC_SUPER_MAGIC, SYSFS_MAGIC,        DEVPTS_SUPER_MAGIC,
                                DEBUGFS_MAGIC,    CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC};
     return std::any_of(kinds.begin(), kinds.end(), [&status](auto kind) { return status.f_type == kind; });
-}
-
-QByteArray resolved(const QByteArray &path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.constData(), nullptr), &std::free);
-    return real ? QByteArray(real.get()) : QByteArray();
 }
 
 class Walk
@@ -239,11 +233,12 @@ private:
     // A link to the home folder or to what holds the music folders would draw in everything else.
     [[nodiscard]] bool isWorthFollowing(const QByteArray &link) const
     {
-        const QByteArray target = resolved(link);
-        if (target.isEmpty() || isWithin(resolved(qgetenv("HOME")), target))
+        const QByteArray target = resolvedPath(link);
+        if (target.isEmpty() || isWithin(resolvedPath(qgetenv("HOME")), target))
             return false;
-        return std::none_of(m_roots.begin(), m_roots.end(),
-                            [&target](const QByteArray &root) { return isWithin(resolved(root), target); });
+        return std::none_of(m_roots.begin(), m_roots.end(), [&target](const QByteArray &root) {
+            return isWithin(resolvedPath(root), target);
+        });
     }
 
     const std::vector<QByteArray> &m_roots;

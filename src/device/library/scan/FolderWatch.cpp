@@ -2,6 +2,7 @@
 #include "device/library/scan/FolderWatch.h"
 
 #include "device/library/scan/MusicDisks.h"
+#include "device/library/store/FilePaths.h"
 #include "device/library/store/FileSignature.h"
 
 #include <poll.h>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 namespace trackwise {
 
@@ -46,8 +46,8 @@ bool isBeingMade(const QByteArray &path)
 
 QByteArray resolved(const QByteArray &path)
 {
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.constData(), nullptr), &std::free);
-    return real ? QByteArray(real.get()) : path;
+    const QByteArray real = resolvedPath(path);
+    return real.isEmpty() ? path : real;
 }
 
 QByteArray folderAbove(const QByteArray &path)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/store/SongLookup.h"
 
+#include "device/library/store/FilePaths.h"
 #include "device/library/store/SearchWords.h"
 #include "device/library/store/SongColumns.h"
 #include "device/library/store/TextFolding.h"
@@ -76,11 +77,6 @@ LibrarySong readSong(const Statement &row)
     return song;
 }
 
-void bindFile(Statement &statement, const FileName &file)
-{
-    statement.bindBytes(file.folder).bindBytes(file.name);
-}
-
 // A song whose file is gone is kept for the day on which it comes back, and answers no look-up until then.
 #define IN_LIBRARY " AND songs.availability < 2 ORDER BY songs.availability, songs.id "
 
@@ -134,9 +130,9 @@ std::optional<LibrarySong> SongLookup::song(PersistentID id) const
     return firstSong(statement);
 }
 
-std::optional<LibrarySong> SongLookup::songAt(const FileName &file) const
+std::optional<LibrarySong> SongLookup::songAt(const QByteArray &path) const
 {
-    const auto id = idOfPath(file);
+    const auto id = idOfPath(path);
     return id ? song(*id) : std::nullopt;
 }
 
@@ -195,14 +191,19 @@ std::optional<PersistentID> SongLookup::firstID(Statement &statement)
                             : std::nullopt;
 }
 
-std::optional<PersistentID> SongLookup::idOfPath(const FileName &file) const
+std::optional<PersistentID> SongLookup::idOfPath(const QByteArray &path) const
 {
-    Statement &statement = m_reader.statement(
-        "SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
-        " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?" IN_LIBRARY
-        "LIMIT 1");
-    bindFile(statement, file);
-    return firstID(statement);
+    const auto songAt = [this](const FileName &file) {
+        Statement &statement = m_reader.statement(
+            "SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
+            " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?" IN_LIBRARY
+            "LIMIT 1");
+        return firstID(statement.bindBytes(file.folder).bindBytes(file.name));
+    };
+    if (const auto id = songAt(FileName::ofPath(path)))
+        return id;
+    const QByteArray target = resolvedPath(path);
+    return target.isEmpty() || target == path ? std::nullopt : songAt(FileName::ofPath(target));
 }
 
 std::optional<PersistentID> SongLookup::idOfFile(FileIdentity file) const

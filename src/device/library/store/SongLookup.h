@@ -21,13 +21,13 @@ public:
     {}
 
     [[nodiscard]] std::optional<LibrarySong> song(PersistentID id) const;
-    [[nodiscard]] std::optional<LibrarySong> songAt(const FileName &file) const;
+    [[nodiscard]] std::optional<LibrarySong> songAt(const QByteArray &path) const;
     [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const;
     [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
                                                             const QString &artist) const;
     [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const;
 
-    [[nodiscard]] std::optional<PersistentID> idOfPath(const FileName &file) const;
+    [[nodiscard]] std::optional<PersistentID> idOfPath(const QByteArray &path) const;
     [[nodiscard]] std::optional<PersistentID> idOfFile(FileIdentity file) const;
     [[nodiscard]] std::optional<PersistentID> idOfCatalogID(const QString &identifier) const;
     [[nodiscard]] std::optional<PersistentID> idOfRecording(const QString &lowerCaseMBID) const;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/LinuxLibrary.h"
+#include "device/library/LibraryQuestions.h"
 #include "platform/Result.h"
 
-namespace trackwise::cli {
+namespace trackwise {
 
 struct FoundSong
 {
@@ -16,4 +16,4 @@ struct FoundSong
 /// identifier, or words to search for. The detail of a failure is a sentence for the user.
 [[nodiscard]] Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &words);
 
-} // namespace trackwise::cli
+} // namespace trackwise
