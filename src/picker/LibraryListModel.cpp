@@ -240,7 +240,7 @@ void LibraryListModel::moveHighlight(int rows)
     if (m_highlightedRow == none)
         highlight(rows > 0 ? m_firstInView : m_lastInView);
     else
-        highlight(m_highlightedRow + rows);
+        highlight(std::clamp(m_highlightedRow + rows, 0, count() - 1));
 }
 
 void LibraryListModel::highlight(int row)

@@ -9,7 +9,11 @@
 #include <QThreadPool>
 
 #include <atomic>
+#include <mutex>
+#include <set>
+#include <utility>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_LibraryListModel : public QObject
@@ -20,11 +24,15 @@ private:
     /// A list over @p library that is watched and loaded, under the model tester.
     struct Fixture
     {
-        explicit Fixture(int songCount)
+        /// Shows the songs, except where nothing is shown yet.
+        explicit Fixture(int songCount, bool isShown = true)
             : library(songCount)
         {
             QObject::connect(&library, &MediaLibrary::libraryDidChange, &list,
                              &LibraryListModel::libraryDidChange);
+            list.setWatched(isShown);
+            if (!QTest::qWaitFor([this, isShown] { return list.isLoaded() == isShown; }))
+                qFatal("the songs were never listed");
         }
         ~Fixture() { pool.waitForDone(); }
         [[nodiscard]] QString title(int row) const { return list.index(row).data().toString(); }
@@ -39,26 +47,38 @@ private:
 private Q_SLOTS:
     void holdsOnlyTheRowsThatAreLookedAt()
     {
-        Fixture f(100000);
-        std::atomic<int> fetched = 0;
+        Fixture f(100000, false);
+        std::mutex mutex;
+        std::set<std::uint64_t> firstRows; // of what was asked for
         f.library.beforeRows = [&](std::span<const PersistentID> ids) {
-            fetched += static_cast<int>(ids.size());
+            const std::lock_guard lock(mutex);
+            firstRows.insert(ids.front().value / 10 - 1);
+        };
+        const auto fetched = [&] {
+            f.pool.waitForDone();
+            return std::exchange(firstRows, {});
         };
         f.list.setWatched(true);
         QTRY_COMPARE(f.list.count(), 100000);
         QCOMPARE(f.title(0), Fixture::titleOf(10)); // comes with the order
-        QCOMPARE(f.title(50000), QString());
-        QTRY_COMPARE(f.title(50000), Fixture::titleOf(500010));
-        f.pool.waitForDone();
-        QVERIFY2(fetched < 1000, qPrintable(QString::number(fetched)));
+        QCOMPARE(fetched(), std::set<std::uint64_t>{0});
+        constexpr int page = 640; // its first row
+        QCOMPARE(f.title(page + 30), QString());
+        QTRY_COMPARE(f.title(page + 30), Fixture::titleOf((page + 31) * 10));
+        QCOMPARE(fetched(), std::set<std::uint64_t>{page}); // amid the page
+        (void)f.title(page + 20);
+        (void)f.title(page + 43);
+        QCOMPARE(fetched(), std::set<std::uint64_t>{});
+        (void)f.title(page + 19); // a screenful from its edges the next ones come too
+        QCOMPARE(fetched(), std::set<std::uint64_t>{page - 64});
+        (void)f.title(page + 44);
+        QCOMPARE(fetched(), std::set<std::uint64_t>{page + 64});
     }
 
     void fetchesTheRowsWhereALongFlickEnds()
     {
         Fixture f(100000);
         QSemaphore gate;
-        f.list.setWatched(true);
-        QTRY_COMPARE(f.list.count(), 100000);
         std::atomic<int> fetched = 0;
         f.library.beforeRows = [&](std::span<const PersistentID>) {
             gate.acquire();
@@ -75,8 +95,6 @@ private Q_SLOTS:
     void rowsComeAndGoWhileTheHighlightStaysOnItsSong()
     {
         Fixture f(1000);
-        f.list.setWatched(true);
-        QTRY_COMPARE(f.list.count(), 1000);
         f.list.highlight(500);
         QSignalSpy reset(&f.list, &QAbstractItemModel::modelReset);
         QSignalSpy inserted(&f.list, &QAbstractItemModel::rowsInserted);
@@ -102,8 +120,6 @@ private Q_SLOTS:
     void manyChangesAtOnceComeInFewSignals()
     {
         Fixture f(1000);
-        f.list.setWatched(true);
-        QTRY_COMPARE(f.list.count(), 1000);
         f.list.setViewport(400, 410);
         f.list.setWatched(false);
         for (std::uint64_t id = 15; id < 9000; id += 10)
@@ -117,20 +133,20 @@ private Q_SLOTS:
 
     void onlyTheLatestSearchCounts()
     {
-        Fixture f(1000);
+        Fixture f(1000, false);
         QSemaphore gate;
         f.library.beforeSongs = [&](const SongScope &scope) {
-            if (scope.searchText == QStringLiteral("000001"))
+            if (scope.searchText == u"000001"_s)
                 gate.acquire(); // the slow one
         };
         const auto search = [&f](const QString &text) {
             f.list.show({.kind = SongScope::Kind::Matching, .searchText = text});
         };
-        search(QStringLiteral("0000020"));
+        search(u"0000020"_s);
         QTRY_COMPARE(f.list.count(), 1);
-        search(QStringLiteral("000001"));
+        search(u"000001"_s);
         QCOMPARE(f.title(0), Fixture::titleOf(20)); // until others come
-        search(QStringLiteral("0000030"));
+        search(u"0000030"_s);
         QTRY_COMPARE(f.title(0), Fixture::titleOf(30)); // does not wait for the slow one
         gate.release();
         f.pool.waitForDone();
@@ -142,7 +158,7 @@ private Q_SLOTS:
 
     void manyKeystrokesDoNotQueueUp()
     {
-        Fixture f(100);
+        Fixture f(100, false);
         QSemaphore gate;
         std::atomic<int> asked = 0;
         f.library.beforeSongs = [&](const SongScope &) {
@@ -153,20 +169,49 @@ private Q_SLOTS:
             f.list.show({.kind = SongScope::Kind::Matching, .searchText = QString::number(i)});
         gate.release(1000);
         QTRY_VERIFY(!f.list.isWaiting());
-        QCOMPARE(f.list.shownSearchText(), QStringLiteral("49"));
+        QCOMPARE(f.list.shownSearchText(), u"49"_s);
         QVERIFY(asked <= 4);
     }
 
     void knowsItsLetters()
     {
         Fixture f(260);
-        f.list.setWatched(true);
-        QTRY_COMPARE(f.list.sectionCount(), 26);
-        QCOMPARE(f.list.sectionLabel(2), QStringLiteral("C"));
+        QCOMPARE(f.list.sectionCount(), 26);
+        QCOMPARE(f.list.sectionLabel(0) + f.list.sectionLabel(25), u"AZ"_s);
+        QCOMPARE(f.list.sectionLabel(-1) + f.list.sectionLabel(26), QString());
         QCOMPARE(f.list.firstRowOfSection(2), 20);
-        QCOMPARE(f.list.index(19).data(LibraryListModel::SectionRole).toString(), QStringLiteral("B"));
-        QVERIFY(f.list.index(20).data(LibraryListModel::StartsSectionRole).toBool());
-        QVERIFY(!f.list.index(21).data(LibraryListModel::StartsSectionRole).toBool());
+        QCOMPARE(f.list.firstRowOfSection(-1) + f.list.firstRowOfSection(26), 0);
+        QCOMPARE(f.list.indexLabels(3).join(u' '), u"A • Z"_s);
+        const auto at = [&f](int row, int role) { return f.list.index(row).data(role); };
+        QCOMPARE(at(19, LibraryListModel::SectionRole).toString(), u"B"_s);
+        QVERIFY(at(20, LibraryListModel::StartsSectionRole).toBool());
+        QVERIFY(!at(21, LibraryListModel::StartsSectionRole).toBool());
+        QVERIFY(!at(0, Qt::DecorationRole).isValid() &&
+                !at(0, LibraryListModel::StartsSectionRole + 1).isValid());
+    }
+
+    void theHighlightStaysWithinTheList()
+    {
+        Fixture f(100);
+        connect(&f.list, &LibraryListModel::viewportWanted, this, [&f] { f.list.setViewport(5, 14); });
+        QSignalSpy moves(&f.list, &LibraryListModel::highlightDidMove);
+        const QSignalSpy changes(&f.list, &LibraryListModel::highlightedRowChanged);
+        const auto after = [&](int rows) {
+            f.list.moveHighlight(rows);
+            return f.list.highlightedRow();
+        };
+        QCOMPARE(after(1), 5); // the first in view
+        QCOMPARE(after(-20), 0);
+        QCOMPARE(after(-1), 0);
+        QCOMPARE(after(500), 99);
+        f.list.highlight(-1);
+        QCOMPARE(after(-1), 14); // the last in view
+        QCOMPARE(moves.size(), 5);
+        QCOMPARE(changes.size(), 5); // not the third time
+        QCOMPARE(f.list.rowsInView(), 9);
+        f.list.clear();
+        QCOMPARE(f.list.highlightedRow(), -1);
+        QCOMPARE(after(1), -1); // there is none
     }
 };
 

@@ -8,6 +8,7 @@
 #include <numeric>
 #include <random>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -50,29 +51,18 @@ class tst_ListDifference : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void leadsFromOneOrderToTheOther_data()
-    {
-        QTest::addColumn<Keys>("before");
-        QTest::addColumn<Keys>("after");
-        QTest::addColumn<int>("kept");
-        QTest::newRow("nothing at all") << Keys{} << Keys{} << 0;
-        QTest::newRow("first songs") << Keys{} << Keys{1, 2} << 0;
-        QTest::newRow("all gone") << Keys{1, 2} << Keys{} << 0;
-        QTest::newRow("same") << Keys{1, 2, 3} << Keys{1, 2, 3} << 3;
-        QTest::newRow("in the middle") << Keys{1, 4} << Keys{1, 2, 3, 4} << 2;
-        QTest::newRow("at both ends") << Keys{2, 3} << Keys{1, 2, 3, 4} << 2;
-        QTest::newRow("gone and come") << Keys{1, 2, 3, 4} << Keys{1, 5, 4} << 2;
-        QTest::newRow("one went to the front") << Keys{1, 2, 3, 4} << Keys{4, 1, 2, 3} << 3;
-        QTest::newRow("turned round") << Keys{1, 2, 3} << Keys{3, 2, 1} << 1;
-        QTest::newRow("repeated key") << Keys{1, 2} << Keys{1, 2, 1} << 2;
-    }
     void leadsFromOneOrderToTheOther()
     {
-        QFETCH(Keys, before);
-        QFETCH(Keys, after);
-        const auto edits = difference(before, after);
-        QCOMPARE(followed(edits, before, after), after);
-        QTEST(rowsOf(edits, ListEdit::Kind::Keep), "kept");
+        using Case = std::tuple<Keys, Keys, int>;
+        for (const auto &[before, after, kept] :
+             {Case{{}, {}, 0}, Case{{}, {1, 2}, 0}, Case{{1, 2}, {}, 0}, Case{{1, 2, 3}, {1, 2, 3}, 3},
+              Case{{1, 4}, {1, 2, 3, 4}, 2}, Case{{2, 3}, {1, 2, 3, 4}, 2}, Case{{1, 2, 3, 4}, {1, 5, 4}, 2},
+              Case{{1, 2, 3, 4}, {4, 1, 2, 3}, 3}, Case{{1, 2, 3}, {3, 2, 1}, 1},
+              Case{{1, 2}, {1, 2, 1}, 2}}) {
+            const auto edits = difference(before, after);
+            QCOMPARE(followed(edits, before, after), after);
+            QCOMPARE(rowsOf(edits, ListEdit::Kind::Keep), kept);
+        }
     }
 
     void coarseEditsLeadThereTooAndSpareTheVisibleRows()
@@ -109,21 +99,16 @@ private Q_SLOTS:
         }
     }
 
-    void fitsLettersIntoTheIndex_data()
-    {
-        QTest::addColumn<int>("places");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("all fit") << 7 << QStringLiteral("ABCDEFG");
-        QTest::newRow("every other") << 6 << QStringLiteral("A•D•G");
-        QTest::newRow("ends only") << 3 << QStringLiteral("A•G");
-        QTest::newRow("no room") << 2 << QString();
-        QTest::newRow("hidden") << -1 << QString();
-    }
     void fitsLettersIntoTheIndex()
     {
-        QFETCH(int, places);
-        const QStringList labels = QStringLiteral("A B C D E F G").split(u' ');
-        QTEST(fittedLabels(labels, places).join(QString()), "shown");
+        const auto shown = [](int places) {
+            return fittedLabels(u"A B C D E F G"_s.split(u' '), places).join(QString());
+        };
+        QCOMPARE(shown(7), u"ABCDEFG"_s);
+        QCOMPARE(shown(6), u"A•D•G"_s);
+        QCOMPARE(shown(3), u"A•G"_s);
+        QCOMPARE(shown(2), QString());
+        QCOMPARE(shown(-1), QString());
     }
 };
 
