@@ -7,14 +7,24 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
 
-CancelFlag notCancelled()
+/// What has no library behind it.
+struct Loader : ArtworkLoader
 {
-    return std::make_shared<std::atomic<bool>>(false);
-}
+    explicit Loader(qsizetype cacheBytes = ArtworkCache::defaultLimit)
+        : ArtworkLoader([](PersistentID) { return ArtworkPtr(); }, cacheBytes)
+    {}
+    /// The cover of @p song, by its address.
+    QImage squareOf(const MediaItem &song, int side, bool isCancelled = false)
+    {
+        return square(*artworkReference(address(song)), side,
+                      std::make_shared<std::atomic<bool>>(isCancelled));
+    }
+};
 
 MediaItem songWith(std::uint64_t id, std::shared_ptr<MemoryArtwork> artwork)
 {
@@ -37,7 +47,7 @@ QColor middle(const QImage &image)
 /// Waits for the answer as the engine does.
 QImage answerOf(ArtworkImageProvider &provider, const QString &address, QSize size = {64, 64})
 {
-    const QString id = address.mid(QStringLiteral("image://artwork/").size());
+    const QString id = address.mid(u"image://artwork/"_s.size());
     const std::unique_ptr<QQuickImageResponse> response(provider.requestImageResponse(id, size));
     QSignalSpy finished(response.get(), &QQuickImageResponse::finished);
     if (!finished.wait())
@@ -60,56 +70,47 @@ private Q_SLOTS:
         ArtworkImageProvider provider(loader);
         QCOMPARE(middle(answerOf(provider, artworkAddress({PersistentID{1}, red->key()}))), QColor(Qt::red));
 
-        std::optional<MediaItem> stranger = songWith(0, cover(Qt::blue));
+        std::optional<MediaItem> stranger = songWith(0, cover(Qt::blue, {500, 500}));
         const QString address = loader.address(*stranger);
-        QCOMPARE(middle(answerOf(provider, address)), QColor(Qt::blue));
+        const QImage unsized = answerOf(provider, address, {});
+        QCOMPARE(middle(unsized), QColor(Qt::blue));
+        QCOMPARE(unsized.width(), 384);
+        stranger.reset(); // its cover goes with it
+        QVERIFY(answerOf(provider, address).isNull());
         QVERIFY(answerOf(provider, artworkAddress({PersistentID{2}, "unknown"})).isNull());
-        QVERIFY(answerOf(provider, QStringLiteral("image://artwork/nonsense")).isNull());
+        QVERIFY(answerOf(provider, u"image://artwork/nonsense"_s).isNull());
         QCOMPARE(loader.address(songWith(1, nullptr)), QString());
-    }
-
-    void aStrangersCoverGoesWithTheStranger()
-    {
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); });
-        QString address;
-        {
-            const MediaItem stranger = songWith(0, cover(Qt::blue));
-            address = loader.address(stranger);
-        }
-        QVERIFY(loader.square(*artworkReference(address), 64, notCancelled()).isNull());
     }
 
     void aCoverIsReadOnceForSizesThatAreClose()
     {
         const auto artwork = cover(Qt::red, {500, 500});
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); });
-        const MediaItem song = songWith(1, artwork);
-        const ArtworkReference reference = *artworkReference(loader.address(song));
+        Loader loader;
         for (const int side : {300, 299, 280, 260, 384})
-            QCOMPARE(loader.square(reference, side, notCancelled()).width(), side);
+            QCOMPARE(loader.squareOf(songWith(1, artwork), side).width(), side);
         QCOMPARE(artwork->reads.load(), 1);
+        QCOMPARE(loader.squareOf(songWith(1, artwork), 385).width(), 385);
+        QCOMPARE(artwork->reads.load(), 2);
+        QCOMPARE(loader.squareOf(songWith(1, artwork), 4000).width(), 500);
     }
 
     void aBrokenCoverIsTriedOnce()
     {
         const auto artwork = std::make_shared<MemoryArtwork>("\x89PNG\r\n\x1a\nbroken");
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); });
-        const MediaItem song = songWith(1, artwork);
-        const ArtworkReference reference = *artworkReference(loader.address(song));
+        Loader loader;
         for (int i = 0; i < 3; ++i)
-            QVERIFY(loader.square(reference, 300, notCancelled()).isNull());
+            QVERIFY(loader.squareOf(songWith(1, artwork), 300).isNull());
         QCOMPARE(artwork->reads.load(), 1);
     }
 
     void theCacheKeepsWhatWasUsedLastWithinItsLimit()
     {
         constexpr qsizetype oneCover = qsizetype{64} * 64 * 4;
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); }, 4 * oneCover);
+        Loader loader(4 * oneCover);
         std::vector<std::shared_ptr<MemoryArtwork>> covers;
         const auto show = [&](size_t i) {
-            const MediaItem song = songWith(i + 1, covers.at(i));
-            QVERIFY(!loader.square(*artworkReference(loader.address(song)), 64, notCancelled()).isNull());
-            QVERIFY(loader.cache().usedBytes() <= 4 * oneCover);
+            QVERIFY(!loader.squareOf(songWith(i + 1, covers.at(i)), 64).isNull());
+            QVERIFY(loader.cache().usedBytes() > oneCover && loader.cache().usedBytes() <= 4 * oneCover);
         };
         for (int i = 0; i < 20; ++i) {
             covers.push_back(cover(QColor::fromHsv(i * 17, 255, 255)));
@@ -124,10 +125,7 @@ private Q_SLOTS:
     void whatNobodyWantsIsNotRead()
     {
         const auto artwork = cover(Qt::red);
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); });
-        const MediaItem song = songWith(1, artwork);
-        const auto cancelled = std::make_shared<std::atomic<bool>>(true);
-        QVERIFY(loader.square(*artworkReference(loader.address(song)), 64, cancelled).isNull());
+        QVERIFY(Loader().squareOf(songWith(1, artwork), 64, true).isNull());
         QCOMPARE(artwork->reads.load(), 0);
     }
 
@@ -140,10 +138,10 @@ private Q_SLOTS:
             reading.release();
             goOn.acquire();
         };
-        ArtworkLoader loader([](PersistentID) { return ArtworkPtr(); });
+        Loader loader;
         ArtworkImageProvider provider(loader);
         const MediaItem song = songWith(1, slow);
-        const QString id = loader.address(song).mid(QStringLiteral("image://artwork/").size());
+        const QString id = loader.address(song).mid(u"image://artwork/"_s.size());
         std::unique_ptr<QQuickImageResponse> dropped(provider.requestImageResponse(id, {64, 64}));
         const std::unique_ptr<QQuickImageResponse> cancelled(provider.requestImageResponse(id, {64, 64}));
         QSignalSpy finished(cancelled.get(), &QQuickImageResponse::finished);
@@ -153,6 +151,8 @@ private Q_SLOTS:
         goOn.release(2);
         QVERIFY(finished.wait()); // the engine waits for it even so
         QCOMPARE(cancelled->textureFactory(), nullptr);
+        QVERIFY(loader.pool().waitForDone());
+        QCOMPARE(loader.cache().usedBytes(), 0); // neither was decoded
     }
 };
 

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -19,8 +20,6 @@ MediaItem song(std::uint64_t id, const QString &title)
     return item;
 }
 
-const QString loading = QStringLiteral("stop setQueue(A) prepareToPlay play");
-
 } // namespace
 
 class tst_ArtworkPlayback : public QObject
@@ -32,8 +31,9 @@ class tst_ArtworkPlayback : public QObject
     ArtworkLoader m_loader{[](PersistentID) { return ArtworkPtr(); }};
     ArtworkFiles m_files{QString()};
     const ArtworkServices m_services{m_player, m_opener, m_loader, m_files, [] { return Instant{}; }};
-    const MediaItem m_songA = song(1, QStringLiteral("A"));
-    const MediaItem m_songB = song(2, QStringLiteral("B"));
+    const MediaItem m_songA = song(1, u"A"_s);
+    const MediaItem m_songB = song(2, u"B"_s);
+    const std::optional<MediaItem> m_none;
 
 private Q_SLOTS:
     void initTestCase() { m_player.beginGeneratingPlaybackNotifications(); }
@@ -44,85 +44,62 @@ private Q_SLOTS:
         m_player.commands.clear();
     }
 
-    void theButtonPausesResumesOrLoads_data()
-    {
-        QTest::addColumn<QString>("loaded");
-        QTest::addColumn<PlaybackState>("state");
-        QTest::addColumn<QString>("commands");
-        using enum PlaybackState;
-        QTest::newRow("nothing loaded") << QString() << Stopped << loading;
-        QTest::newRow("nothing loaded, said to play") << QString() << Playing << loading;
-        QTest::newRow("this song, playing") << u"A"_qs << Playing << u"pause"_qs;
-        QTest::newRow("this song, paused") << u"A"_qs << Paused << u"play"_qs;
-        QTest::newRow("this song, stopped") << u"A"_qs << Stopped << u"play"_qs;
-        QTest::newRow("another song, playing") << u"B"_qs << Playing << loading;
-        QTest::newRow("another song, paused") << u"B"_qs << Paused << loading;
-    }
     void theButtonPausesResumesOrLoads()
     {
-        QFETCH(QString, loaded);
-        QFETCH(PlaybackState, state);
-        if (!loaded.isEmpty())
-            m_player.setItem(loaded == u'A' ? m_songA : m_songB);
-        m_player.setState(state);
-        ArtworkView view({.mediaItem = m_songA, .supportsPlayback = true}, m_services);
-        view.togglePlayback();
-        QTEST(m_player.commands.join(u' '), "commands");
-    }
+        using enum PlaybackState;
+        const auto commands = [this](const std::optional<MediaItem> &loaded, PlaybackState state) {
+            init();
+            m_player.setItem(loaded);
+            m_player.setState(state);
+            ArtworkView view({.mediaItem = m_songA, .supportsPlayback = true}, m_services);
+            view.togglePlayback();
+            return m_player.commands.join(u' ');
+        };
+        const QString loading = u"stop setQueue(A) prepareToPlay play"_s;
+        QCOMPARE(commands(m_none, Stopped), loading);
+        QCOMPARE(commands(m_none, Playing), loading);
+        QCOMPARE(commands(m_songA, Playing), u"pause"_s);
+        QCOMPARE(commands(m_songA, Paused), u"play"_s);
+        QCOMPARE(commands(m_songA, Stopped), u"play"_s);
+        QCOMPARE(commands(m_songB, Playing), loading);
+        QCOMPARE(commands(m_songB, Paused), loading);
+        MediaItem later = m_songA;
+        later.playCount = 7;
+        QCOMPARE(commands(later, Paused), u"play"_s);
 
-    void anOlderRecordOfTheLoadedSongResumesIt()
-    {
-        MediaItem played = m_songA;
-        played.playCount = 7;
-        m_player.setItem(played);
-        ArtworkView view({.mediaItem = m_songA, .supportsPlayback = true}, m_services);
-        view.togglePlayback();
-        QCOMPARE(m_player.commands, QStringList{QStringLiteral("play")});
-    }
-
-    void withoutASongTheButtonDoesNothing()
-    {
-        ArtworkView view({.supportsPlayback = true}, m_services);
-        view.togglePlayback();
+        m_player.commands.clear();
+        ArtworkView({.supportsPlayback = true}, m_services).togglePlayback(); // without a song
         QVERIFY(m_player.commands.isEmpty());
     }
 
-    void theStateFollowsThePlayer_data()
-    {
-        QTest::addColumn<bool>("supportsPlayback");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("loaded");
-        QTest::addColumn<PlaybackState>("state");
-        QTest::addColumn<bool>("isPlaying");
-        using enum PlaybackState;
-        QTest::newRow("this song plays") << true << u"A"_qs << u"A"_qs << Playing << true;
-        QTest::newRow("this song rests") << true << u"A"_qs << u"A"_qs << Paused << false;
-        QTest::newRow("another plays") << true << u"A"_qs << u"B"_qs << Playing << false;
-        QTest::newRow("none loaded") << true << u"A"_qs << QString() << Playing << false;
-        QTest::newRow("none shown") << true << QString() << u"B"_qs << Playing << false;
-        QTest::newRow("neither shown nor loaded") << true << QString() << QString() << Playing << true;
-        QTest::newRow("playback not offered") << false << u"A"_qs << u"A"_qs << Playing << false;
-    }
     void theStateFollowsThePlayer()
     {
-        QFETCH(bool, supportsPlayback);
-        QFETCH(QString, shown);
-        QFETCH(QString, loaded);
-        QFETCH(PlaybackState, state);
-        ArtworkContent content{.supportsPlayback = supportsPlayback};
-        if (!shown.isEmpty())
-            content.mediaItem = m_songA;
-        if (!loaded.isEmpty())
-            m_player.setItem(loaded == u'A' ? m_songA : m_songB);
-
-        ArtworkView told(content, m_services); // hears of the change
-        m_player.setState(state);
-        QTEST(told.isPlaying(), "isPlaying");
-
-        ArtworkView late(content, m_services); // comes after it
-        QVERIFY(!late.isPlaying());
-        late.appear();
-        QTEST(late.isPlaying(), "isPlaying");
+        using enum PlaybackState;
+        struct Case
+        {
+            const char *name;
+            bool isPlaying;
+            std::optional<MediaItem> shown;
+            std::optional<MediaItem> loaded;
+            PlaybackState state = Playing;
+            bool supportsPlayback = true;
+        };
+        for (const Case &c :
+             {Case{"this song plays", true, m_songA, m_songA},
+              Case{"it rests", false, m_songA, m_songA, Paused},
+              Case{"another plays", false, m_songA, m_songB}, Case{"none loaded", false, m_songA, {}},
+              Case{"none shown", false, {}, m_songB}, Case{"neither shown nor loaded", true, {}, {}},
+              Case{"playback not offered", false, m_songA, m_songA, Playing, false}}) {
+            init();
+            const ArtworkContent content{.mediaItem = c.shown, .supportsPlayback = c.supportsPlayback};
+            m_player.setItem(c.loaded);
+            ArtworkView told(content, m_services); // hears of the change
+            m_player.setState(c.state);
+            ArtworkView late(content, m_services); // comes after it
+            QVERIFY2(told.isPlaying() == c.isPlaying && !late.isPlaying(), c.name);
+            late.appear();
+            QVERIFY2(late.isPlaying() == c.isPlaying, c.name);
+        }
     }
 
     void pressingDoesNotClaimThatItPlays()
@@ -150,11 +127,11 @@ private Q_SLOTS:
         ArtworkServices services = m_services;
         services.fileName = [](PersistentID id) { return QString::number(id.value); };
         MediaItem song = m_songB;
-        song.title = u""_qs;
+        song.title = u""_s;
         ArtworkView view({.mediaItem = song}, services);
-        QCOMPARE(view.title(), QStringLiteral("2"));
+        QCOMPARE(view.title(), u"2"_s);
         view.setMediaItem(m_songB);
-        QCOMPARE(view.title(), QStringLiteral("B"));
+        QCOMPARE(view.title(), u"B"_s);
     }
 
     void aFollowedSongHasTheMusicAppInsteadOfAButton()
@@ -162,7 +139,7 @@ private Q_SLOTS:
         ArtworkSidebarView followed(m_songA, true, true, m_services);
         QVERIFY(!followed.artwork()->showsPlayButton());
         followed.artwork()->openMusicApp();
-        QCOMPARE(m_opener.opened, std::vector{QUrl(QStringLiteral("music://"))});
+        QCOMPARE(m_opener.opened, std::vector{QUrl(u"music://"_s)});
         ArtworkSidebarView picked(m_songA, false, false, m_services);
         QVERIFY(picked.artwork()->showsPlayButton());
         QVERIFY(picked.artwork()->alignPlaybackWithArtwork());

@@ -10,11 +10,13 @@
 #include "ui/Engine.h"
 
 #include <QClipboard>
+#include <QDrag>
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QSemaphore>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -24,7 +26,7 @@ MediaItem song(const QString &title, std::shared_ptr<MemoryArtwork> artwork = {}
     MediaItem item;
     item.persistentID = {1};
     item.title = title;
-    item.artist = QStringLiteral("The Quiet Machines");
+    item.artist = u"The Quiet Machines"_s;
     item.artwork = std::move(artwork);
     return item;
 }
@@ -55,12 +57,9 @@ struct SidebarWindow : ShownSidebar, ViewWindow
     }
     [[nodiscard]] QQuickItem *tile()
     {
-        return emptyTile() ? nullptr : find(QStringLiteral("Album artwork"), QAccessible::Graphic);
+        return emptyTile() ? nullptr : find(u"Album artwork"_s, QAccessible::Graphic);
     }
-    [[nodiscard]] QQuickItem *emptyTile()
-    {
-        return find(QStringLiteral("Album artwork, empty"), QAccessible::Graphic);
-    }
+    [[nodiscard]] QQuickItem *emptyTile() { return find(u"Album artwork, empty"_s, QAccessible::Graphic); }
 };
 
 std::shared_ptr<MemoryArtwork> cover(const QColor &color)
@@ -68,7 +67,7 @@ std::shared_ptr<MemoryArtwork> cover(const QColor &color)
     return std::make_shared<MemoryArtwork>(coverBytes({400, 400}, color, "png"));
 }
 
-const QString lines = QStringLiteral("Lines, The Quiet Machines");
+const QString lines = u"Lines, The Quiet Machines"_s;
 
 } // namespace
 
@@ -79,70 +78,69 @@ class tst_ArtworkView : public QObject
 private Q_SLOTS:
     void aPickedSongHasItsCoverItsTextsAndAButton()
     {
-        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
         QTRY_VERIFY(at.tile());
         QCOMPARE(at.tile()->size(), QSizeF(240, 240));
         QCOMPARE(at.tile()->mapToScene({}).x(), 40.0);
         const QRectF texts = at.place(lines, QAccessible::StaticText);
         QVERIFY(texts.top() > at.tile()->mapToScene({0, 240}).y() + 24);
         QCOMPARE(texts.left(), 40.0);
-        QCOMPARE(at.place(QStringLiteral("Play"), QAccessible::Button).right(), 280.0);
-        QVERIFY(!at.find(QStringLiteral("NOW PLAYING"), QAccessible::Heading));
-        QVERIFY(!at.find(QStringLiteral("Open Music app"), QAccessible::Link));
+        QCOMPARE(at.place(u"Play"_s, QAccessible::Button).right(), 280.0);
+        QVERIFY(!at.find(u"NOW PLAYING"_s, QAccessible::Heading));
+        QVERIFY(!at.find(u"Open Music app"_s, QAccessible::Link));
     }
 
     void theButtonPlaysAndIsRenamed()
     {
-        SidebarWindow at(song(QStringLiteral("Lines")));
-        QQuickItem *button = at.find(QStringLiteral("Play"), QAccessible::Button);
+        SidebarWindow at(song(u"Lines"_s));
+        QQuickItem *button = at.find(u"Play"_s, QAccessible::Button);
         QVERIFY(button);
         button->forceActiveFocus(Qt::TabFocusReason);
         QTest::keyClick(&at.window, Qt::Key_Space);
-        QVERIFY(at.find(QStringLiteral("Pause"), QAccessible::Button));
+        QVERIFY(at.find(u"Pause"_s, QAccessible::Button));
         QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
-        QVERIFY(at.find(QStringLiteral("Play"), QAccessible::Button));
+        QVERIFY(at.find(u"Play"_s, QAccessible::Button));
     }
 
     void aFollowedSongHasAHeadingAndTheWayToTheMusicApp()
     {
-        SidebarWindow at(song(QStringLiteral("Lines")), true);
-        const QRectF heading = at.place(QStringLiteral("NOW PLAYING"), QAccessible::Heading);
-        const QRectF link = at.place(QStringLiteral("Open Music app"), QAccessible::Link);
+        SidebarWindow at(song(u"Lines"_s), true);
+        const QRectF heading = at.place(u"NOW PLAYING"_s, QAccessible::Heading);
+        const QRectF link = at.place(u"Open Music app"_s, QAccessible::Link);
         const QRectF texts = at.place(lines, QAccessible::StaticText);
         QVERIFY(!heading.isEmpty() && !link.isEmpty());
         QVERIFY(heading.bottom() < texts.top());
         QVERIFY(link.right() <= texts.left() - 8);
-        QVERIFY(!at.find(QStringLiteral("Play"), QAccessible::Button));
+        QVERIFY(!at.find(u"Play"_s, QAccessible::Button));
         QTest::mouseClick(&at.window, Qt::LeftButton, {}, link.center().toPoint());
         QCOMPARE(at.opener.opened.size(), size_t{1});
     }
 
     void theSameItemShowsHowTheNextSongPlays()
     {
-        SidebarWindow at(song(QStringLiteral("Lines")));
+        SidebarWindow at(song(u"Lines"_s));
         at.sidebar.artwork()->togglePlayback();
-        QQuickItem *button = at.find(QStringLiteral("Pause"), QAccessible::Button);
+        QQuickItem *button = at.find(u"Pause"_s, QAccessible::Button);
         button->forceActiveFocus(Qt::TabFocusReason);
         const ArtworkServices services{at.player, at.opener, at.loader, at.files, [] { return Instant{}; }};
         const auto show = [&at](ArtworkSidebarView &sidebar) {
             at.window.rootObject()->setProperty("view", QVariant::fromValue(&sidebar));
         };
-        MediaItem other = song(QStringLiteral("Other"));
+        MediaItem other = song(u"Other"_s);
         other.persistentID = {2};
         auto *silent = new ArtworkSidebarView(other, false, true, services, &at.window);
         show(*silent);
-        QVERIFY(at.find(QStringLiteral("Play"), QAccessible::Button));
+        QVERIFY(at.find(u"Play"_s, QAccessible::Button));
         // It has played all the while.
-        auto *again =
-            new ArtworkSidebarView(song(QStringLiteral("Lines")), false, true, services, &at.window);
+        auto *again = new ArtworkSidebarView(song(u"Lines"_s), false, true, services, &at.window);
         show(*again);
-        QVERIFY(at.find(QStringLiteral("Pause"), QAccessible::Button));
+        QVERIFY(at.find(u"Pause"_s, QAccessible::Button));
         QVERIFY(button->hasActiveFocus());
         auto *followed = new ArtworkSidebarView(other, true, true, services, &at.window);
         show(*followed);
         QVERIFY(!button->hasActiveFocus()); // it is not there any more
-        at.find(QStringLiteral("Open Music app"), QAccessible::Link)->forceActiveFocus(Qt::TabFocusReason);
+        at.find(u"Open Music app"_s, QAccessible::Link)->forceActiveFocus(Qt::TabFocusReason);
         show(*again);
         QTest::keyClick(&at.window, Qt::Key_Space);
         QCOMPARE(at.opener.opened.size(), size_t{0});
@@ -153,81 +151,69 @@ private Q_SLOTS:
     {
         SidebarWindow at(std::nullopt);
         QVERIFY(at.emptyTile());
-        QVERIFY(!at.find(QStringLiteral("Play"), QAccessible::Button));
+        QVERIFY(!at.find(u"Play"_s, QAccessible::Button));
         QCOMPARE(at.emptyTile()->mapToScene({0, 0}).y(), 180.0); // in the column's middle
     }
 
     void aNarrowColumnHidesTheTile()
     {
-        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)), false, {70, 400});
-        const QQuickItem *tile = at.find(QStringLiteral("Album artwork"));
-        QVERIFY(!tile || tile->size() == QSizeF(0, 0));
+        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)), false, {70, 400});
+        QVERIFY(at.place(u"Album artwork"_s).isEmpty());
     }
 
-    void aLowColumnStillShowsTheTextsAndTheButton_data()
-    {
-        QTest::addColumn<bool>("isExplicit");
-        QTest::newRow("plain") << false;
-        QTest::newRow("explicit") << true;
-    }
     void aLowColumnStillShowsTheTextsAndTheButton()
     {
-        QFETCH(bool, isExplicit);
-        MediaItem item = song(QStringLiteral("Paper satellites over the town ").repeated(20));
-        item.isExplicitItem = isExplicit;
-        SidebarWindow at(item, false, {414, 300});
-        const TextStyle headline = themeOf(*at.window.engine()).headline();
-        QQuickItem *button = at.find(QStringLiteral("Play"), QAccessible::Button);
-        QQuickItem *texts = button->parentItem()->findChild<QQuickItem *>(); // heading, link, title, artist
-        QVERIFY(texts->height() > 6 * headline.lineHeight);
-        QVERIFY(texts->height() < 8 * headline.lineHeight);
-        const QRectF place = at.place(QStringLiteral("Play"), QAccessible::Button);
-        QVERIFY(place.top() > 0 && place.bottom() < 300);
-        QVERIFY(texts->mapToScene({0, texts->height()}).y() > 300); // the artist
-        at.window.rootObject()->setProperty("contentY", 0);
-        QVERIFY(at.place(QStringLiteral("Play"), QAccessible::Button).bottom() > 300);
-        button->forceActiveFocus(Qt::TabFocusReason);
-        QCOMPARE(at.place(QStringLiteral("Play"), QAccessible::Button).bottom(), 300.0 - 12);
+        for (const bool isExplicit : {false, true}) {
+            MediaItem item = song(u"Paper satellites over the town "_s.repeated(20));
+            item.isExplicitItem = isExplicit;
+            SidebarWindow at(item, false, {414, 300});
+            const qreal line = themeOf(*at.window.engine()).headline().lineHeight;
+            QQuickItem *button = at.find(u"Play"_s, QAccessible::Button);
+            QQuickItem *texts =
+                button->parentItem()->findChild<QQuickItem *>(); // heading, link, title, artist
+            QVERIFY(texts->height() > 6 * line && texts->height() < 8 * line);
+            const QRectF place = at.place(button);
+            QVERIFY(place.top() > 0 && place.bottom() < 300);
+            QVERIFY(texts->mapToScene({0, texts->height()}).y() > 300); // the artist
+            at.window.rootObject()->setProperty("contentY", 0);
+            QVERIFY(at.place(button).bottom() > 300);
+            button->forceActiveFocus(Qt::TabFocusReason);
+            QCOMPARE(at.place(button).bottom(), 300.0 - 12);
+        }
     }
 
     void aBrokenCoverIsAnEmptyTileWithoutCommands()
     {
-        SidebarWindow at(
-            song(QStringLiteral("Lines"), std::make_shared<MemoryArtwork>("\xff\xd8\xff broken")));
+        SidebarWindow at(song(u"Lines"_s, std::make_shared<MemoryArtwork>("\xff\xd8\xff broken")));
         QTRY_COMPARE(at.window.rootObject()->findChild<ArtworkPicture *>()->isEmpty(), true);
         QVERIFY(at.emptyTile());
-        QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+        QGuiApplication::clipboard()->setText(u"before"_s);
         at.emptyTile()->forceActiveFocus(Qt::TabFocusReason);
         QTest::keySequence(&at.window, QKeySequence::Copy);
         QVERIFY(at.loader.pool().waitForDone());
         QCoreApplication::processEvents();
-        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"before"_s);
         QTest::mouseClick(&at.window, Qt::RightButton, {}, {160, 250});
-        QVERIFY(!at.find(QStringLiteral("Copy"), QAccessible::MenuItem));
+        QVERIFY(!at.find(u"Copy"_s, QAccessible::MenuItem));
     }
 
-    void theCoverIsCopiedByKeyAndByMenu_data()
-    {
-        QTest::addColumn<bool>("byMenu");
-        QTest::newRow("key") << false;
-        QTest::newRow("menu") << true;
-    }
     void theCoverIsCopiedByKeyAndByMenu()
     {
-        QFETCH(bool, byMenu);
-        QGuiApplication::clipboard()->setText(QStringLiteral("before"));
-        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
         QTRY_VERIFY(at.tile());
         at.tile()->forceActiveFocus(Qt::TabFocusReason);
-        if (byMenu) {
-            QTest::keyClick(&at.window, Qt::Key_Menu);
-            QTRY_VERIFY(at.window.activeFocusItem() != at.tile());
-            QTest::keyClick(&at.window, Qt::Key_Down);
-            QTest::keyClick(&at.window, Qt::Key_Return);
-        } else {
-            QTest::keySequence(&at.window, QKeySequence::Copy);
+        for (const bool byMenu : {false, true}) {
+            QGuiApplication::clipboard()->setText(u"before"_s);
+            if (byMenu) {
+                at.press(Qt::Key_Menu);
+                QTRY_VERIFY(at.window.activeFocusItem() != at.tile());
+                at.press(Qt::Key_Down);
+                at.press(Qt::Key_Return);
+            } else {
+                QTest::keySequence(&at.window, QKeySequence::Copy);
+            }
+            QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(u"image/png"_s));
         }
-        QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
     }
 
     void aHeldFingerOpensTheMenuOrTakesTheCoverAlong_data()
@@ -235,8 +221,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isHeld");
         QTest::addColumn<bool>("moves");
         QTest::addColumn<QString>("outcome");
-        QTest::newRow("held") << true << false << QStringLiteral("menu");
-        QTest::newRow("held and moved") << true << true << QStringLiteral("drag");
+        QTest::newRow("held") << true << false << u"menu"_s;
+        QTest::newRow("held and moved") << true << true << u"drag"_s;
         QTest::newRow("moved at once") << false << true << QString();
         QTest::newRow("touched") << false << false << QString();
     }
@@ -245,10 +231,10 @@ private Q_SLOTS:
         QFETCH(bool, isHeld);
         QFETCH(bool, moves);
         QFETCH(QString, outcome);
-        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
         QTRY_VERIFY(at.tile());
         const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
-        const QPoint place = at.tile()->mapToScene({120, 120}).toPoint();
+        const QPoint place = at.tile()->mapToScene({120, 100}).toPoint();
         const QPoint away = place + QPoint(0, 60);
         const auto menu = [&at] {
             QAccessibleInterface *focused =
@@ -259,7 +245,14 @@ private Q_SLOTS:
         connect(at.sidebar.artwork(), &ArtworkView::isDraggingChanged, this, [&] {
             if (!at.sidebar.artwork()->isDragging())
                 return;
-            seen << QStringLiteral("drag");
+            seen << u"drag"_s;
+            const auto *drag = QCoreApplication::instance()->findChild<QDrag *>();
+            QCOMPARE(drag->hotSpot(), at.tile()->mapFromScene(place).toPoint());
+            QCOMPARE(drag->mimeData()->urls().value(0).fileName(), u"The Quiet Machines.png"_s);
+            const QImage preview = drag->pixmap().toImage();
+            QCOMPARE(preview.size(), QSize(240, 240));
+            QCOMPARE(preview.pixelColor(120, 120), QColor(Qt::red));
+            QCOMPARE(qAlpha(preview.pixel(1, 1)), 0); // round corners
             QTimer::singleShot(0, this,
                                [&] { QTest::touchEvent(&at.window, screen.get()).release(0, away); });
         });
@@ -268,27 +261,28 @@ private Q_SLOTS:
             QTRY_VERIFY(menu());
         if (moves)
             QTest::touchEvent(&at.window, screen.get()).move(0, away);
-        if (outcome == QStringLiteral("drag"))
+        if (outcome == u"drag")
             QTRY_VERIFY(!seen.isEmpty() &&
                         !at.sidebar.artwork()->isDragging()); // the finger's end is the drag's
         else
             QTest::touchEvent(&at.window, screen.get()).release(0, moves ? away : place);
         if (menu())
-            seen << QStringLiteral("menu");
+            seen << u"menu"_s;
         QCOMPARE(seen.join(u','), outcome);
     }
 
     void theLastOfManySongsIsTheOneShown()
     {
-        SidebarWindow at(song(QStringLiteral("Lines"), cover(Qt::red)));
+        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
         auto *picture = at.window.rootObject()->findChild<ArtworkPicture *>();
         QTRY_VERIFY(picture->hasPicture());
 
         QSemaphore goOn;
         const auto slow = cover(Qt::green);
         slow->beforeRead = [&goOn] { goOn.acquire(); };
-        const MediaItem slowSong = song(QStringLiteral("Slow"), slow);
-        const MediaItem lastSong = song(QStringLiteral("Last"), cover(Qt::blue));
+        const MediaItem slowSong = song(u"Slow"_s, slow);
+        const auto last = cover(Qt::blue);
+        const MediaItem lastSong = song(u"Last"_s, last);
         picture->setSource(at.loader.address(slowSong));
         QVERIFY(!picture->hasPicture()); // the old one is gone at once
         QTRY_COMPARE(slow->reads.load(), 1);
@@ -299,6 +293,9 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         const auto shown = [&at] { return at.window.grabWindow().pixelColor(160, 260); };
         QTRY_VERIFY(shown().blue() > 250 && shown().red() < 5 && shown().green() < 5);
+        QCOMPARE(last->reads.load(), 1);
+        at.window.resize(360, 600); // a larger tile has a sharper picture
+        QTRY_COMPARE(last->reads.load(), 2);
     }
 };
 

@@ -15,16 +15,21 @@
 
 namespace trackwise {
 
-/// A cover of one colour.
-inline QByteArray coverBytes(QSize size, const QColor &color, const char *format)
+inline QByteArray encoded(const QImage &image, const char *format)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format);
     return bytes;
+}
+
+/// A cover of one colour.
+inline QByteArray coverBytes(QSize size, const QColor &color, const char *format)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return encoded(image, format);
 }
 
 /// Artwork that lies in memory; named by its content unless a key is given.
