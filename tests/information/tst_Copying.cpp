@@ -7,6 +7,7 @@
 #include <QQmlEngine>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -14,7 +15,7 @@ namespace {
 MediaItem ratedSong()
 {
     MediaItem song;
-    song.title = QStringLiteral("Golden Hour Lines");
+    song.title = u"Golden Hour Lines"_s;
     song.rating = 4;
     return song;
 }
@@ -31,86 +32,92 @@ class tst_Copying : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { QGuiApplication::clipboard()->setText(QStringLiteral("before")); }
+    void init() { QGuiApplication::clipboard()->setText(u"before"_s); }
 
     void aFocusedRowCopiesItsValueAndNotWhatIsSpoken()
     {
         ListWindow list(ratedSong(), {1024, 1024});
         list.information.toggleShowMoreInformation();
-        list.find(QStringLiteral("Rating"))->forceActiveFocus(Qt::TabFocusReason);
+        list.find(u"Rating"_s)->forceActiveFocus(Qt::TabFocusReason);
         list.press(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(clipboardText(), QStringLiteral("★★★★☆"));
+        QCOMPARE(clipboardText(), u"★★★★☆"_s);
         QGuiApplication::clipboard()->clear();
-        QAccessibleInterface *row =
-            QAccessible::queryAccessibleInterface(list.find(QStringLiteral("Rating")));
+        QAccessibleInterface *row = QAccessible::queryAccessibleInterface(list.find(u"Rating"_s));
         QCOMPARE(row->role(), QAccessible::StaticText);
         QVERIFY(row->state().focusable && row->state().focused && !row->state().offscreen);
-        QCOMPARE(row->rect().topLeft() - list.window.position(),
-                 list.place(QStringLiteral("Rating")).topLeft().toPoint());
+        QCOMPARE(row->rect().topLeft() - list.window.position(), list.place(u"Rating"_s).topLeft().toPoint());
         QVERIFY(row->parent()->indexOfChild(row) >= 0);
-        QCOMPARE(row->actionInterface()->actionNames(), QStringList{QStringLiteral("Copy")});
-        row->actionInterface()->doAction(QStringLiteral("Copy"));
-        QCOMPARE(clipboardText(), QStringLiteral("★★★★☆"));
+        QCOMPARE(row->actionInterface()->actionNames(), QStringList{u"Copy"_s});
+        row->actionInterface()->doAction(u"Copy"_s);
+        QCOMPARE(clipboardText(), u"★★★★☆"_s);
     }
 
     void aRightClickOffersCopyAndReturnChoosesIt()
     {
         ListWindow list(ratedSong());
-        const QPoint place = list.place(QStringLiteral("Title")).center().toPoint();
+        const QPoint place = list.place(u"Title"_s).center().toPoint();
         QTest::mouseClick(&list.window, Qt::RightButton, {}, place);
-        QTRY_VERIFY(list.find(QStringLiteral("Copy")));
-        const QRectF choice = list.place(QStringLiteral("Copy"));
+        QTRY_VERIFY(list.find(u"Copy"_s));
+        const QRectF choice = list.place(u"Copy"_s);
         QVERIFY(choice.top() >= place.y() && choice.top() < place.y() + 20);
         list.press(Qt::Key_Down);
         list.press(Qt::Key_Return);
-        QCOMPARE(clipboardText(), QStringLiteral("Golden Hour Lines"));
-        QTRY_VERIFY(!list.find(QStringLiteral("Copy")));
+        QCOMPARE(clipboardText(), u"Golden Hour Lines"_s);
+        QTRY_VERIFY(!list.find(u"Copy"_s));
+
+        MediaItem other; // whose menus copy its own texts
+        other.title = u"Another"_s;
+        list.showInstead(other);
+        list.click(Qt::RightButton, u"Title"_s);
+        QTRY_VERIFY(list.find(u"Copy"_s));
+        list.press(Qt::Key_Down);
+        list.press(Qt::Key_Return);
+        QCOMPARE(clipboardText(), u"Another"_s);
     }
 
-    void theMenuKeyOpensTheSameMenuAndEscapeLeavesIt()
+    void theMenuKeysOpenTheSameMenuAndEscapeLeavesIt()
     {
         ListWindow list(ratedSong());
-        QQuickItem *row = list.find(QStringLiteral("Title"));
+        QQuickItem *row = list.find(u"Title"_s);
         row->forceActiveFocus(Qt::TabFocusReason);
-        list.press(Qt::Key_Menu);
-        QTRY_VERIFY(list.find(QStringLiteral("Copy")));
-        list.press(Qt::Key_Escape);
-        QTRY_VERIFY(!list.find(QStringLiteral("Copy")));
-        QCOMPARE(clipboardText(), QStringLiteral("before"));
-        QTRY_COMPARE(list.window.activeFocusItem(), row);
+        list.press(Qt::Key_F10); // without Shift
+        QVERIFY(!list.find(u"Copy"_s));
+        for (const auto &[key, modifiers] :
+             {std::pair(Qt::Key_Menu, Qt::NoModifier), std::pair(Qt::Key_F10, Qt::ShiftModifier)}) {
+            list.press(key, modifiers);
+            QTRY_VERIFY(list.find(u"Copy"_s));
+            list.press(Qt::Key_Escape);
+            QTRY_VERIFY(!list.find(u"Copy"_s));
+            QCOMPARE(clipboardText(), u"before"_s);
+            QTRY_COMPARE(list.window.activeFocusItem(), row);
+        }
     }
 
     void holdingAFingerOffersCopyAboveIt()
     {
         ListWindow list(ratedSong());
         const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
-        const QRectF row = list.place(QStringLiteral("Title"));
+        const QRectF row = list.place(u"Title"_s);
         const QPoint touch(qRound(row.right()) - 50, qRound(row.top()) + 20);
         QTest::touchEvent(&list.window, screen.get()).press(0, touch);
-        QTRY_VERIFY(list.find(QStringLiteral("Copy")));
+        QTRY_VERIFY(list.find(u"Copy"_s));
         QTest::touchEvent(&list.window, screen.get()).release(0, touch);
-        const QRectF choice = list.place(QStringLiteral("Copy"));
+        const QRectF choice = list.place(u"Copy"_s);
         QCOMPARE(choice.center().x(), touch.x());
         QCOMPARE(choice.bottom(), row.top() + 9);
         QTest::touchEvent(&list.window, screen.get()).press(0, choice.center().toPoint());
         QTest::touchEvent(&list.window, screen.get()).release(0, choice.center().toPoint());
-        QTRY_COMPARE(clipboardText(), QStringLiteral("Golden Hour Lines"));
-        QTRY_VERIFY(!list.find(QStringLiteral("Copy")));
+        QTRY_COMPARE(clipboardText(), u"Golden Hour Lines"_s);
+        QTRY_VERIFY(!list.find(u"Copy"_s));
     }
 
-    void theEditMenuPointsALittleAboveTheFinger_data()
-    {
-        QTest::addColumn<QPointF>("touch");
-        QTest::addColumn<QPointF>("anchor");
-        QTest::newRow("first line") << QPointF(30, 5) << QPointF(30, 9);
-        QTest::newRow("at the limit") << QPointF(30, 40) << QPointF(30, 9);
-        QTest::newRow("below it") << QPointF(30, 41) << QPointF(30, 31);
-        QTest::newRow("far down") << QPointF(0, 400) << QPointF(0, 390);
-    }
     void theEditMenuPointsALittleAboveTheFinger()
     {
-        QFETCH(QPointF, touch);
-        QTEST(CopyableLabel::editMenuAnchor(touch), "anchor");
+        const auto anchor = [](qreal y) { return CopyableLabel::editMenuAnchor({30, y}); };
+        QCOMPARE(anchor(5), QPointF(30, 9)); // at the first line
+        QCOMPARE(anchor(40), QPointF(30, 9));
+        QCOMPARE(anchor(41), QPointF(30, 31));
+        QCOMPARE(anchor(400), QPointF(30, 390));
     }
 
     void theContextMenuKeepsTheTextThatTheLabelWasMadeWith()
@@ -121,28 +128,14 @@ private Q_SLOTS:
         component.setData("import Trackwise.Information\nCopyableLabelView { width: 100; text: 'made' }", {});
         const std::unique_ptr<QObject> object(component.create());
         auto *label = qobject_cast<CopyableLabel *>(object.get());
-        QVERIFY2(label, qPrintable(component.errorString()));
-        label->setText(QStringLiteral("updated"));
+        label->setText(u"updated"_s);
         label->copyCreationText();
-        QCOMPARE(clipboardText(), QStringLiteral("made"));
+        QCOMPARE(clipboardText(), u"made"_s);
         label->copy();
-        QCOMPARE(clipboardText(), QStringLiteral("updated"));
-        label->setSelection(QStringLiteral("date"));
+        QCOMPARE(clipboardText(), u"updated"_s);
+        label->setSelection(u"date"_s);
         label->copy();
-        QCOMPARE(clipboardText(), QStringLiteral("date"));
-    }
-
-    void anotherSongsMenusCopyItsOwnTexts()
-    {
-        ListWindow list(ratedSong());
-        MediaItem song;
-        song.title = QStringLiteral("Another");
-        list.showInstead(song);
-        list.click(Qt::RightButton, QStringLiteral("Title"));
-        QTRY_VERIFY(list.find(QStringLiteral("Copy")));
-        list.press(Qt::Key_Down);
-        list.press(Qt::Key_Return);
-        QCOMPARE(clipboardText(), QStringLiteral("Another"));
+        QCOMPARE(clipboardText(), u"date"_s);
     }
 };
 

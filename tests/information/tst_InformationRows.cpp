@@ -6,6 +6,7 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -33,29 +34,29 @@ QString valueOf(const InformationRows &rows, const QString &title)
                 return row.value;
         }
     }
-    return QStringLiteral("(no such row)");
+    return u"(no such row)"_s;
 }
 
 QStringList lines(const std::vector<InformationRow> &rows)
 {
     QStringList result;
     for (const InformationRow &row : rows)
-        result << row.title + QStringLiteral(": ") + row.value;
+        result << row.title + u": "_s + row.value;
     return result;
 }
 
 MediaItem songWithEverything()
 {
     MediaItem item;
-    item.title = QStringLiteral("Golden Hour Lines");
-    item.artist = QStringLiteral("The Quiet Machines");
-    item.albumTitle = QStringLiteral("Paper Satellites");
-    item.albumArtist = QStringLiteral("Various");
-    item.composer = QStringLiteral("I. Vale");
-    item.genre = QStringLiteral("Electronic");
-    item.userGrouping = QStringLiteral("Evening");
-    item.comments = QStringLiteral("Two\nlines");
-    item.lyrics = QStringLiteral("La");
+    item.title = u"Golden Hour Lines"_s;
+    item.artist = u"The Quiet Machines"_s;
+    item.albumTitle = u"Paper Satellites"_s;
+    item.albumArtist = u"Various"_s;
+    item.composer = u"I. Vale"_s;
+    item.genre = u"Electronic"_s;
+    item.userGrouping = u"Evening"_s;
+    item.comments = u"Two\nlines"_s;
+    item.lyrics = u"La"_s;
     item.releaseDate = utc(2021, 3, 5);
     item.lastPlayedDate = utc(2021, 3, 5, 15h + 4min);
     item.dateAddedForReal = utc(2020, 12, 31, 9h);
@@ -82,40 +83,33 @@ private Q_SLOTS:
     void showsEverythingInOrder()
     {
         const InformationRows rows = rowsOf(songWithEverything());
-        QCOMPARE(
-            lines(rows.main).join(u'\n'),
-            QStringLiteral("Title: Golden Hour Lines\nArtist: The Quiet Machines\nAlbum: Paper Satellites\n"
-                           "Album artist: Various\nComposer: I. Vale\nGenre: Electronic\n"
-                           "Release date: March 5, 2021\nDuration: 3:25\nPlay count: 1234567\n"
-                           "Last played: March 5, 2021 at 3:04 PM"));
+        QCOMPARE(lines(rows.main).join(u'\n'),
+                 u"Title: Golden Hour Lines\nArtist: The Quiet Machines\nAlbum: Paper Satellites\n"
+                 "Album artist: Various\nComposer: I. Vale\nGenre: Electronic\n"
+                 "Release date: March 5, 2021\nDuration: 3:25\nPlay count: 1234567\n"
+                 "Last played: March 5, 2021 at 3:04 PM"_s);
         QCOMPARE(lines(rows.more).join(u'\n'),
-                 QStringLiteral("Grouping: Evening\nTrack: 3 of 12\nDisc number: 1 of 1\nCompilation: No\n"
-                                "Explicit: Yes\nRating: ★★★★☆\nBPM: 1118\nSkip count: 2\n"
-                                "Date added: December 31, 2020 at 9:00 AM\nComments: Two\nlines\n"
-                                "Lyrics: Show Lyrics"));
+                 u"Grouping: Evening\nTrack: 3 of 12\nDisc number: 1 of 1\nCompilation: No\n"
+                 "Explicit: Yes\nRating: ★★★★☆\nBPM: 1118\nSkip count: 2\n"
+                 "Date added: December 31, 2020 at 9:00 AM\nComments: Two\nlines\n"
+                 "Lyrics: Show Lyrics"_s);
     }
 
-    void showsPlaceholdersForASongWithoutMetadata_data()
-    {
-        QTest::addColumn<std::optional<QString>>("text");
-        QTest::newRow("absent") << std::optional<QString>();
-        QTest::newRow("empty") << std::optional<QString>(QString());
-    }
     void showsPlaceholdersForASongWithoutMetadata()
     {
-        QFETCH(std::optional<QString>, text);
-        MediaItem item;
-        for (auto field : {&MediaItem::title, &MediaItem::artist, &MediaItem::albumTitle,
-                           &MediaItem::albumArtist, &MediaItem::composer, &MediaItem::genre,
-                           &MediaItem::userGrouping, &MediaItem::comments, &MediaItem::lyrics})
-            item.*field = text;
-        const InformationRows rows = rowsOf(item);
-        for (const InformationRow &row : rows.main)
-            QCOMPARE(row.value, row.title == u"Play count" ? QStringLiteral("0") : QStringLiteral("--"));
-        QCOMPARE(lines(rows.more).join(u'\n'),
-                 QStringLiteral(
-                     "Grouping: --\nTrack: --\nDisc number: --\nCompilation: No\nExplicit: No\n"
-                     "Rating: ☆☆☆☆☆\nBPM: --\nSkip count: 0\nDate added: --\nComments: --\nLyrics: --"));
+        for (const auto &text : {std::optional<QString>(), std::optional(u""_s)}) {
+            MediaItem item;
+            for (auto field : {&MediaItem::title, &MediaItem::artist, &MediaItem::albumTitle,
+                               &MediaItem::albumArtist, &MediaItem::composer, &MediaItem::genre,
+                               &MediaItem::userGrouping, &MediaItem::comments, &MediaItem::lyrics})
+                item.*field = text;
+            const InformationRows rows = rowsOf(item);
+            for (const InformationRow &row : rows.main)
+                QCOMPARE(row.value, row.title == u"Play count" ? u"0"_s : u"--"_s);
+            QCOMPARE(lines(rows.more).join(u'\n'),
+                     u"Grouping: --\nTrack: --\nDisc number: --\nCompilation: No\nExplicit: No\n"
+                     "Rating: ☆☆☆☆☆\nBPM: --\nSkip count: 0\nDate added: --\nComments: --\nLyrics: --"_s);
+        }
     }
 
     void onlyLyricsAreAButtonAndOnlyTheRatingIsSpokenDifferently()
@@ -130,37 +124,23 @@ private Q_SLOTS:
         QCOMPARE(rowsOf({}).more.back().action, RowAction::None);
     }
 
-    void writesDates_data()
-    {
-        QTest::addColumn<QByteArray>("locale");
-        QTest::addColumn<QByteArray>("zone");
-        QTest::addColumn<QString>("date");
-        QTest::addColumn<QString>("dateAndTime");
-        const auto row = [](const char *locale, const char *zone, const QString &date,
-                            const QString &dateAndTime) {
-            QTest::addRow("%s in %s", locale, zone)
-                << QByteArray(locale) << QByteArray(zone) << date << dateAndTime;
-        };
-        row("en_US", "UTC", QStringLiteral("March 5, 2021"), QStringLiteral("March 5, 2021 at 3:04 PM"));
-        row("en_US", "America/New_York", QStringLiteral("March 5, 2021"),
-            QStringLiteral("March 5, 2021 at 10:04 AM"));
-        row("en_US", "Asia/Tokyo", QStringLiteral("March 6, 2021"),
-            QStringLiteral("March 6, 2021 at 12:04 AM"));
-        row("en_GB", "UTC+05:45", QStringLiteral("5 March 2021"), QStringLiteral("5 March 2021 at 20:49"));
-        row("de_DE", "UTC", QStringLiteral("5. März 2021"), QStringLiteral("5. März 2021 um 15:04"));
-        row("ja_JP", "UTC", QStringLiteral("2021年3月5日"), QStringLiteral("2021年3月5日 15:04"));
-        row("ar_EG", "UTC", QStringLiteral("٥ مارس ٢٠٢١"), QStringLiteral("٥ مارس ٢٠٢١ في ٣:٠٤ م"));
-    }
     void writesDates()
     {
-        QFETCH(QByteArray, locale);
-        QFETCH(QByteArray, zone);
         MediaItem item;
         item.releaseDate = item.lastPlayedDate = item.dateAddedForReal = utc(2021, 3, 5, 15h + 4min);
-        const InformationRows rows = rowsOf(item, locale, zone);
-        QTEST(valueOf(rows, QStringLiteral("Release date")), "date");
-        QTEST(valueOf(rows, QStringLiteral("Last played")), "dateAndTime");
-        QTEST(valueOf(rows, QStringLiteral("Date added")), "dateAndTime");
+        const auto dates = [&item](const QByteArray &locale, const QByteArray &zone) {
+            const InformationRows rows = rowsOf(item, locale, zone);
+            const QString added = valueOf(rows, u"Date added"_s);
+            return valueOf(rows, u"Release date"_s) + u'|' +
+                   (added == valueOf(rows, u"Last played"_s) ? added : u"differ"_s);
+        };
+        QCOMPARE(dates("en_US", "UTC"), u"March 5, 2021|March 5, 2021 at 3:04 PM"_s);
+        QCOMPARE(dates("en_US", "America/New_York"), u"March 5, 2021|March 5, 2021 at 10:04 AM"_s);
+        QCOMPARE(dates("en_US", "Asia/Tokyo"), u"March 6, 2021|March 6, 2021 at 12:04 AM"_s);
+        QCOMPARE(dates("en_GB", "UTC+05:45"), u"5 March 2021|5 March 2021 at 20:49"_s);
+        QCOMPARE(dates("de_DE", "UTC"), u"5. März 2021|5. März 2021 um 15:04"_s);
+        QCOMPARE(dates("ja_JP", "UTC"), u"2021年3月5日|2021年3月5日 15:04"_s);
+        QCOMPARE(dates("ar_EG", "UTC"), u"٥ مارس ٢٠٢١|٥ مارس ٢٠٢١ في ٣:٠٤ م"_s);
     }
 
     void theReferenceInstantIsNoDateAdded()
@@ -168,93 +148,69 @@ private Q_SLOTS:
         MediaItem item;
         item.releaseDate = item.lastPlayedDate = item.dateAddedForReal = referenceInstant;
         const InformationRows rows = rowsOf(item);
-        QCOMPARE(valueOf(rows, QStringLiteral("Release date")), QStringLiteral("January 1, 2001"));
-        QCOMPARE(valueOf(rows, QStringLiteral("Last played")), QStringLiteral("January 1, 2001 at 12:00 AM"));
-        QCOMPARE(valueOf(rows, QStringLiteral("Date added")), QStringLiteral("--"));
+        QCOMPARE(valueOf(rows, u"Release date"_s), u"January 1, 2001"_s);
+        QCOMPARE(valueOf(rows, u"Last played"_s), u"January 1, 2001 at 12:00 AM"_s);
+        QCOMPARE(valueOf(rows, u"Date added"_s), u"--"_s);
         item.dateAddedForReal = referenceInstant + 1ms;
-        QCOMPARE(valueOf(rowsOf(item), QStringLiteral("Date added")),
-                 QStringLiteral("January 1, 2001 at 12:00 AM"));
+        QCOMPARE(valueOf(rowsOf(item), u"Date added"_s), u"January 1, 2001 at 12:00 AM"_s);
     }
 
-    void writesDurations_data()
-    {
-        QTest::addColumn<QByteArray>("locale");
-        QTest::addColumn<double>("seconds");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char *locale, double seconds, const QString &text) {
-            QTest::addRow("%s %g", locale, seconds) << QByteArray(locale) << seconds << text;
-        };
-        row("en_US", -1, QStringLiteral("--"));
-        row("en_US", 0, QStringLiteral("--"));
-        row("en_US", std::numeric_limits<double>::quiet_NaN(), QStringLiteral("--"));
-        row("en_US", 0.4, QStringLiteral("0:00"));
-        row("en_US", 45, QStringLiteral("0:45"));
-        row("en_US", 59.9, QStringLiteral("0:59"));
-        row("en_US", 60, QStringLiteral("1:00"));
-        row("en_US", 205, QStringLiteral("3:25"));
-        row("en_US", 3599.9, QStringLiteral("59:59"));
-        row("en_US", 3600, QStringLiteral("1:00:00"));
-        row("en_US", 3723, QStringLiteral("1:02:03"));
-        row("en_US", 86400, QStringLiteral("24:00:00"));
-        row("en_US", 36'000'000, QStringLiteral("10000:00:00"));
-        row("en_US", std::numeric_limits<double>::infinity(), QStringLiteral("0"));
-        row("da_DK", 3723, QStringLiteral("1.02.03"));
-        row("ar_EG", 45, QStringLiteral("٠:٤٥"));
-        row("ar_EG", 3723, QStringLiteral("١:٠٢:٠٣"));
-        row("lt_LT", 45, QStringLiteral("0:45")); // the locale pads the minutes: "00:45"
-        row("lt_LT", 205, QStringLiteral("03:25"));
-    }
     void writesDurations()
     {
-        QFETCH(QByteArray, locale);
-        QFETCH(double, seconds);
-        MediaItem item;
-        item.playbackDuration = seconds;
-        QTEST(valueOf(rowsOf(item, locale), QStringLiteral("Duration")), "text");
+        const auto duration = [](double seconds, const QByteArray &locale = "en_US") {
+            MediaItem item;
+            item.playbackDuration = seconds;
+            return valueOf(rowsOf(item, locale), u"Duration"_s);
+        };
+        QCOMPARE(duration(-1), u"--"_s);
+        QCOMPARE(duration(0), u"--"_s);
+        QCOMPARE(duration(std::numeric_limits<double>::quiet_NaN()), u"--"_s);
+        QCOMPARE(duration(0.4), u"0:00"_s);
+        QCOMPARE(duration(45), u"0:45"_s);
+        QCOMPARE(duration(59.9), u"0:59"_s);
+        QCOMPARE(duration(60), u"1:00"_s);
+        QCOMPARE(duration(3599.9), u"59:59"_s);
+        QCOMPARE(duration(3600), u"1:00:00"_s);
+        QCOMPARE(duration(3723), u"1:02:03"_s);
+        QCOMPARE(duration(36'000'000), u"10000:00:00"_s);
+        QCOMPARE(duration(std::numeric_limits<double>::infinity()), u"0"_s);
+        QCOMPARE(duration(3723, "da_DK"), u"1.02.03"_s);
+        QCOMPARE(duration(45, "ar_EG"), u"٠:٤٥"_s);
+        QCOMPARE(duration(3723, "ar_EG"), u"١:٠٢:٠٣"_s);
+        QCOMPARE(duration(45, "lt_LT"), u"0:45"_s); // the locale pads the minutes: "00:45"
+        QCOMPARE(duration(205, "lt_LT"), u"03:25"_s);
     }
 
-    void writesCountPairs_data()
-    {
-        QTest::addColumn<unsigned>("number");
-        QTest::addColumn<unsigned>("count");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("both") << 3u << 12u << QStringLiteral("3 of 12");
-        QTest::newRow("count alone") << 0u << 10u << QStringLiteral("-- of 10");
-        QTest::newRow("number alone") << 4u << 0u << QStringLiteral("4");
-        QTest::newRow("neither") << 0u << 0u << QStringLiteral("--");
-        QTest::newRow("large, in a locale that groups") << 1000u << 2000u << QStringLiteral("1000 of 2000");
-    }
     void writesCountPairs()
     {
-        QFETCH(unsigned, number);
-        QFETCH(unsigned, count);
-        MediaItem item;
-        item.albumTrackNumber = number;
-        item.albumTrackCount = count;
-        QTEST(valueOf(rowsOf(item), QStringLiteral("Track")), "text");
-        std::swap(item.albumTrackNumber, item.discNumber);
-        std::swap(item.albumTrackCount, item.discCount);
-        QTEST(valueOf(rowsOf(item), QStringLiteral("Disc number")), "text");
+        const auto pair = [](unsigned number, unsigned count) {
+            MediaItem item;
+            item.albumTrackNumber = item.discNumber = number;
+            item.albumTrackCount = item.discCount = count;
+            const InformationRows rows = rowsOf(item);
+            const QString track = valueOf(rows, u"Track"_s);
+            return track == valueOf(rows, u"Disc number"_s) ? track : u"differ"_s;
+        };
+        QCOMPARE(pair(3, 12), u"3 of 12"_s);
+        QCOMPARE(pair(1, 1), u"1 of 1"_s);
+        QCOMPARE(pair(0, 10), u"-- of 10"_s);
+        QCOMPARE(pair(4, 0), u"4"_s);
+        QCOMPARE(pair(0, 0), u"--"_s);
+        QCOMPARE(pair(1000, 2000), u"1000 of 2000"_s); // not grouped
     }
 
-    void speaksRatings_data()
-    {
-        QTest::addColumn<unsigned>("rating");
-        QTest::addColumn<QString>("stars");
-        QTest::addColumn<QString>("spoken");
-        QTest::newRow("none") << 0u << QStringLiteral("☆☆☆☆☆") << QStringLiteral("Not rated");
-        QTest::newRow("one") << 1u << QStringLiteral("★☆☆☆☆") << QStringLiteral("1 star");
-        QTest::newRow("four") << 4u << QStringLiteral("★★★★☆") << QStringLiteral("4 stars");
-        QTest::newRow("five") << 5u << QStringLiteral("★★★★★") << QStringLiteral("5 stars");
-    }
     void speaksRatings()
     {
-        QFETCH(unsigned, rating);
-        MediaItem item;
-        item.rating = rating;
-        const InformationRow row = rowsOf(item).more.at(5);
-        QTEST(row.value, "stars");
-        QTEST(row.valueAccessibilityLabel.value_or(QString()), "spoken");
+        const auto rating = [](unsigned stars) {
+            MediaItem item;
+            item.rating = stars;
+            const InformationRow row = rowsOf(item).more.at(5);
+            return row.value + u' ' + row.spoken();
+        };
+        QCOMPARE(rating(0), u"☆☆☆☆☆ Rating, Not rated"_s);
+        QCOMPARE(rating(1), u"★☆☆☆☆ Rating, 1 star"_s);
+        QCOMPARE(rating(4), u"★★★★☆ Rating, 4 stars"_s);
+        QCOMPARE(rating(5), u"★★★★★ Rating, 5 stars"_s);
     }
 
     void stopsAtARatingAboveFive()
@@ -268,10 +224,10 @@ private Q_SLOTS:
         }
         QProcess child;
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QString::fromLatin1(childMark), QStringLiteral("1"));
+        environment.insert(QString::fromLatin1(childMark), u"1"_s);
         child.setProcessEnvironment(environment);
         child.setProcessChannelMode(QProcess::MergedChannels);
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("stopsAtARatingAboveFive")});
+        child.start(QCoreApplication::applicationFilePath(), {u"stopsAtARatingAboveFive"_s});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
         QVERIFY(child.readAll().contains("rating of 6 stars"));
