@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -15,7 +16,7 @@ std::shared_ptr<HostedView> view(const QString &title)
 std::unique_ptr<Alert> alert(const QString &title, std::function<void()> onOk = {})
 {
     std::vector<AlertAction> actions;
-    actions.push_back({QStringLiteral("OK"), AlertAction::Style::Cancel, std::move(onOk)});
+    actions.push_back({u"OK"_s, AlertAction::Style::Cancel, std::move(onOk)});
     return std::make_unique<Alert>(title, QString(), std::move(actions), 0);
 }
 
@@ -31,7 +32,7 @@ private Q_SLOTS:
     {
         Presentation presentation;
         presentation.setAnimated(true);
-        presentation.present(view(QStringLiteral("one")));
+        presentation.present(view(u"one"_s));
         bool completed = false;
         presentation.dismiss([&] { completed = true; });
         QVERIFY(!presentation.isSheetVisible());
@@ -54,14 +55,14 @@ private Q_SLOTS:
     {
         Presentation presentation;
         presentation.setAnimated(true);
-        presentation.present(view(QStringLiteral("one")));
-        presentation.present(view(QStringLiteral("dropped")));
-        QCOMPARE(presentation.sheet()->title(), QStringLiteral("one"));
+        presentation.present(view(u"one"_s));
+        presentation.present(view(u"dropped"_s));
+        QCOMPARE(presentation.sheet()->title(), u"one"_s);
         presentation.dismiss();
-        presentation.present(view(QStringLiteral("two")));
-        QCOMPARE(presentation.sheet()->title(), QStringLiteral("one"));
+        presentation.present(view(u"two"_s));
+        QCOMPARE(presentation.sheet()->title(), u"one"_s);
         presentation.sheetDidHide();
-        QCOMPARE(presentation.sheet()->title(), QStringLiteral("two"));
+        QCOMPARE(presentation.sheet()->title(), u"two"_s);
         QVERIFY(presentation.isSheetVisible());
     }
 
@@ -69,15 +70,15 @@ private Q_SLOTS:
     {
         Presentation presentation;
         QStringList answered;
-        for (const QString &title : {QStringLiteral("a"), QStringLiteral("b")})
+        for (const QString &title : {u"a"_s, u"b"_s})
             presentation.presentAlert(alert(title, [&answered, title] { answered << title; }));
-        QCOMPARE(presentation.alert()->title(), QStringLiteral("a"));
+        QCOMPARE(presentation.alert()->title(), u"a"_s);
         presentation.chooseAlertAction(7);
         QVERIFY(presentation.isAlertVisible());
         presentation.chooseAlertAction(0);
         QVERIFY(answered.isEmpty());
-        QTRY_COMPARE(answered, QStringList(QStringLiteral("a")));
-        QCOMPARE(presentation.alert()->title(), QStringLiteral("b"));
+        QTRY_COMPARE(answered, QStringList(u"a"_s));
+        QCOMPARE(presentation.alert()->title(), u"b"_s);
         presentation.chooseAlertAction(0);
         QTRY_COMPARE(answered.size(), 2);
         QVERIFY(!presentation.isPresenting());
@@ -86,7 +87,7 @@ private Q_SLOTS:
     void survivesAnAnswerThatEndsTheWindow()
     {
         auto presentation = std::make_unique<Presentation>();
-        presentation->presentAlert(alert(QStringLiteral("a"), [&] { presentation.reset(); }));
+        presentation->presentAlert(alert(u"a"_s, [&] { presentation.reset(); }));
         presentation->chooseAlertAction(0);
         QTRY_VERIFY(!presentation);
     }
@@ -97,7 +98,7 @@ private Q_SLOTS:
         presentation.setAnimated(true);
         std::weak_ptr<HostedView> watched;
         {
-            const auto pushed = view(QStringLiteral("lyrics"));
+            const auto pushed = view(u"lyrics"_s);
             watched = pushed;
             presentation.push(pushed);
         }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Engine.h"
+#include "ui/SymbolProvider.h"
 #include "ui/Theme.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_Theme : public QObject
@@ -13,36 +15,78 @@ class tst_Theme : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void textCanBeReadOnEveryGround_data()
+    void contrastIsThatOfTheGuidelines()
     {
-        QTest::addColumn<bool>("dark");
-        QTest::addColumn<bool>("highContrast");
-        for (const bool dark : {false, true})
-            for (const bool high : {false, true})
-                QTest::addRow("%s%s", dark ? "dark" : "light", high ? ", high contrast" : "") << dark << high;
+        const auto percent = [](QRgb color) { return qRound(100 * contrastRatio(QColor(color), Qt::white)); };
+        const QList<int> ratios{percent(0x000000), percent(0x767676), percent(0xff0000), percent(0x008000),
+                                percent(0x0000ff)};
+        QCOMPARE(ratios, QList({2100, 454, 400, 514, 859}));
+        QCOMPARE(qRound(1000 * contrastRatio(QColor(QRgb(0x0a0a0a)), Qt::black)), 1061);
     }
+
     void textCanBeReadOnEveryGround()
     {
-        QFETCH(bool, dark);
-        QFETCH(bool, highContrast);
         Theme theme;
-        theme.setSettings({.isDark = dark, .isHighContrast = highContrast});
-        for (const QColor &ground : {theme.systemBackground(), theme.secondarySystemBackground(),
-                                     theme.tertiarySystemBackground()}) {
-            for (const QColor &text : {theme.label(), theme.secondaryLabel(), theme.accent()})
-                QVERIFY2(contrastRatio(text, ground) >= 4.5, qPrintable(text.name() + ground.name()));
+        for (int kind = 0; kind < 4; ++kind) {
+            theme.setSettings({.isDark = kind % 2 == 1, .isHighContrast = kind >= 2});
+            for (const QColor &ground : {theme.systemBackground(), theme.secondarySystemBackground(),
+                                         theme.tertiarySystemBackground()}) {
+                for (const QColor &text : {theme.label(), theme.secondaryLabel(), theme.accent()})
+                    QVERIFY2(contrastRatio(text, ground) >= 4.5, qPrintable(text.name() + ground.name()));
+            }
+            QVERIFY(contrastRatio(theme.onAccent(), theme.accent()) >= 4.5);
         }
-        QVERIFY(contrastRatio(theme.onAccent(), theme.accent()) >= 4.5);
+    }
+
+    void textGrowsWithTheSetting()
+    {
+        Theme theme;
+        const auto sizes = [&theme](int setting) {
+            theme.setSettings({.textSize = setting});
+            QList<int> found;
+            for (const TextStyle &style :
+                 {theme.largeTitle(), theme.title(), theme.title2(), theme.title3(), theme.headline(),
+                  theme.body(), theme.callout(), theme.subheadline(), theme.footnote(), theme.caption(),
+                  theme.caption2(), theme.barTitle(), theme.barButton()})
+                found << style.font.pixelSize() << qRound(style.lineHeight);
+            return found;
+        };
+        QCOMPARE(sizes(3), QList({34, 41, 28, 34, 22, 28, 20, 25, 17, 22, 17, 22, 16,
+                                  21, 15, 20, 13, 18, 12, 16, 11, 13, 17, 22, 15, 20}));
+        QCOMPARE(sizes(9).mid(22), QList({24, 31, 24, 32})); // a bar has no room for more
+        QList<int> titles;
+        for (int setting = -1; setting <= 12; ++setting)
+            titles << sizes(setting).first();
+        QCOMPARE(titles, QList({28, 28, 30, 32, 34, 38, 42, 46, 56, 66, 80, 94, 106, 106}));
+        theme.setSettings({.textSize = 6});
+        QVERIFY(!theme.isAccessibilitySize());
+        theme.setSettings({.textSize = 7});
+        QVERIFY(theme.isAccessibilitySize());
     }
 
     void takesTheDesktopsAccentOnlyWhereItCanBeRead()
     {
         Theme theme;
         const QColor ours = theme.accent();
-        theme.setSettings({.accent = QColor(Qt::yellow)});
-        QCOMPARE(theme.accent(), ours);
+        for (const QColor &pale : {QColor(Qt::yellow), QColor(QRgb(0x757575))}) { // this one: on white alone
+            theme.setSettings({.accent = pale});
+            QCOMPARE(theme.accent(), ours);
+        }
         theme.setSettings({.isDark = true, .accent = QColor(Qt::yellow)});
         QCOMPARE(theme.accent(), QColor(Qt::yellow));
+    }
+
+    void symbolsAreDrawnInAColour()
+    {
+        SymbolProvider symbols;
+        QSize size;
+        const QImage image = symbols.requestImage(u"e.square.fill/#ff0000ff"_s, &size, {});
+        QCOMPARE(size, QSize(24, 24));
+        QCOMPARE(image.pixel(5, 5), qRgb(0, 0, 255)); // within the square, beside the letter
+        QCOMPARE(qAlpha(image.pixel(0, 0)), 0);
+        QCOMPARE(symbols.requestImage(u"note/#ff0000"_s, nullptr, {48, 40}).size(), QSize(48, 40));
+        QVERIFY(symbols.requestImage(u"no such/#ff0000"_s, nullptr, {}).isNull());
+        QVERIFY(symbols.requestImage(u"note/no colour"_s, nullptr, {}).isNull());
     }
 
     void viewsFollowTheSettings()
@@ -53,7 +97,6 @@ private Q_SLOTS:
         component.setData(
             "import QtQuick\nimport Trackwise.Ui\nStyledText { style: Theme.title2; text: '<b>x</b>' }", {});
         const std::unique_ptr<QObject> text(component.create());
-        QVERIFY2(text, qPrintable(component.errorString()));
         QCOMPARE(text->property("font").value<QFont>().pixelSize(), 22);
         QCOMPARE(text->property("lineHeight").toReal(), 28.0);
 
@@ -61,7 +104,6 @@ private Q_SLOTS:
         theme->setSettings({.isDark = true, .textSize = 11});
         QCOMPARE(text->property("color").value<QColor>(), theme->label());
         QCOMPARE(text->property("font").value<QFont>().pixelSize(), theme->title2().font.pixelSize());
-        QVERIFY(theme->isAccessibilitySize());
     }
 };
 

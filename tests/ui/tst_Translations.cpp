@@ -4,6 +4,7 @@
 #include <QTest>
 #include <QTranslator>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 class tst_Translations : public QObject
@@ -11,33 +12,23 @@ class tst_Translations : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void takesTheFirstLanguageThatWeHave_data()
-    {
-        QTest::addColumn<QStringList>("languages");
-        QTest::addColumn<QString>("file");
-        const auto german = QStringLiteral(":/translations/trackwise_de.qm");
-        const auto row = [](const char *name, const QString &languages, const QString &file) {
-            QTest::newRow(name) << languages.split(u' ', Qt::SkipEmptyParts) << file;
-        };
-        row("German", QStringLiteral("de-DE de"), german);
-        row("German of another country", QStringLiteral("de-CH"), german);
-        row("unknown language, then German", QStringLiteral("tlh de"), german);
-        row("English comes before German", QStringLiteral("en-US de"), {});
-        row("unknown language alone", QStringLiteral("tlh"), {});
-        row("none", {}, {});
-    }
     void takesTheFirstLanguageThatWeHave()
     {
-        QFETCH(QStringList, languages);
-        QTEST(translationFor(languages), "file");
+        const QString german = u":/translations/trackwise_de.qm"_s;
+        QCOMPARE(translationFor({u"de-DE"_s, u"de"_s}), german);
+        QCOMPARE(translationFor({u"de-CH"_s}), german);
+        QCOMPARE(translationFor({u"tlh"_s, u"de"_s}), german);
+        QCOMPARE(translationFor({u"en-US"_s, u"de"_s}), QString()); // English comes first, and is there
+        QCOMPARE(translationFor({u"tlh"_s}), QString());
+        QCOMPARE(translationFor({}), QString());
     }
 
     void translatesTextsAndTheDirectionOfWriting()
     {
         QTranslator arabic;
-        QVERIFY(arabic.load(translationFor({QStringLiteral("ar")})));
-        QCOMPARE(arabic.translate("EditMenu", "Copy"), QStringLiteral("نسخ"));
-        QCOMPARE(arabic.translate("QGuiApplication", "QT_LAYOUT_DIRECTION"), QStringLiteral("RTL"));
+        QVERIFY(arabic.load(translationFor({u"ar"_s})));
+        QCOMPARE(arabic.translate("EditMenu", "Copy"), u"نسخ"_s);
+        QCOMPARE(arabic.translate("QGuiApplication", "QT_LAYOUT_DIRECTION"), u"RTL"_s);
     }
 };
 
