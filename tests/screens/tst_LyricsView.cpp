@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -27,8 +28,7 @@ struct LyricsWindow : ViewWindow
 
 QString verses(int count)
 {
-    return QStringLiteral("Paper satellites over the town,\n  <i>writing</i> their lines\n\n")
-        .repeated(count);
+    return u"Paper satellites over the town,\n  <i>writing</i> their lines\n\n"_s.repeated(count);
 }
 
 } // namespace
@@ -44,9 +44,9 @@ private Q_SLOTS:
         QAccessibleInterface *element = QAccessible::queryAccessibleInterface(lyrics.text());
         QCOMPARE(element->role(), QAccessible::EditableText);
         QVERIFY(element->state().readOnly && !element->state().editable);
-        QCOMPARE(element->text(QAccessible::Name), QStringLiteral("Lyrics"));
+        QCOMPARE(element->text(QAccessible::Name), u"Lyrics"_s);
         QVERIFY(element->textInterface());
-        QCOMPARE(element->textInterface()->text(0, 31), QStringLiteral("Paper satellites over the town,"));
+        QCOMPARE(element->textInterface()->text(0, 31), u"Paper satellites over the town,"_s);
         QCOMPARE(element->textInterface()->characterCount(), verses(2).size());
     }
 
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), verses(2));
         QMetaObject::invokeMethod(lyrics.text(), "select", Q_ARG(int, 0), Q_ARG(int, 5));
         lyrics.press(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"Paper"_s);
     }
 
     void selectsWithTheMouseAndOffersCopy()
@@ -66,11 +66,11 @@ private Q_SLOTS:
         LyricsWindow lyrics(verses(1));
         const QPoint start = lyrics.place().topLeft().toPoint() + QPoint(1, 5);
         QTest::mouseDClick(&lyrics.window, Qt::LeftButton, {}, start);
-        QCOMPARE(lyrics.text()->property("selectedText").toString(), QStringLiteral("Paper"));
+        QCOMPARE(lyrics.text()->property("selectedText").toString(), u"Paper"_s);
         QTest::mouseClick(&lyrics.window, Qt::RightButton, {}, start);
         lyrics.press(Qt::Key_Down);
         lyrics.press(Qt::Key_Return);
-        QTRY_COMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Paper"));
+        QTRY_COMPARE(QGuiApplication::clipboard()->text(), u"Paper"_s);
     }
 
     void marginsFollowTheWidthAndTheScrollPositionStays()
@@ -90,7 +90,7 @@ private Q_SLOTS:
 
     void veryLongLyricsComeInPiecesAndKeysReachBothEnds()
     {
-        const QString text = QStringLiteral("\U0001F3B5 in one line ").repeated(1500) + u'\n' + verses(300);
+        const QString text = u"\U0001F3B5 in one line "_s.repeated(1500) + u'\n' + verses(300);
         LyricsWindow lyrics{QString()};
         const auto length = [&] { return lyrics.text()->property("length").toLongLong(); };
         lyrics.window.rootObject()->setProperty("lyrics", text);
@@ -111,7 +111,7 @@ private Q_SLOTS:
     void withoutLyricsThereIsNoText()
     {
         LyricsWindow lyrics{QString()};
-        QCOMPARE(lyrics.window.rootObject()->property("title").toString(), QStringLiteral("Lyrics"));
+        QCOMPARE(lyrics.window.rootObject()->property("title").toString(), u"Lyrics"_s);
         QCOMPARE(lyrics.text()->property("text").toString(), QString());
     }
 };

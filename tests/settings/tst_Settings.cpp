@@ -18,6 +18,7 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 
 namespace {
@@ -50,15 +51,14 @@ struct Device
                     },
                 .players =
                     [] {
-                        return std::vector<KnownPlayer>{
-                            {QStringLiteral("mpv"), QStringLiteral("mpv Media Player")}};
+                        return std::vector<KnownPlayer>{{u"mpv"_s, u"mpv Media Player"_s}};
                     }};
     }
 
     QTemporaryDir home;
-    QSettings file{home.filePath(QStringLiteral("device.ini")), QSettings::IniFormat};
+    QSettings file{home.filePath(u"device.ini"_s), QSettings::IniFormat};
     StoredDeviceSettings settings{file};
-    DesktopAppearance appearance{settings, QDBusConnection(QStringLiteral("no such bus"))};
+    DesktopAppearance appearance{settings, QDBusConnection(u"no such bus"_s)};
     StoredMusicFolders folders{file};
     ListedLibrary library;
     ScriptedScan scan;
@@ -115,34 +115,34 @@ private Q_SLOTS:
         SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         const DeviceSettings &device = m_device->settings;
 
-        settings.press(QStringLiteral("Music access"));
+        settings.press(u"Music access"_s);
         QCOMPARE(m_device->library.status, LibraryAuthorizationStatus::Authorized);
-        QVERIFY(settings.isChecked(QStringLiteral("Music access")));
-        settings.press(QStringLiteral("Scan Again"));
+        QVERIFY(settings.isChecked(u"Music access"_s));
+        settings.press(u"Scan Again"_s);
         QCOMPARE(m_device->scan.started, 1);
         m_device->scan.report({.isRunning = true});
-        QVERIFY(!settings.named(QStringLiteral("Scan Again"))->isEnabled());
+        QVERIFY(!settings.named(u"Scan Again"_s)->isEnabled());
         m_device->scan.report({.isRunning = true, .isQuiet = true});
-        QVERIFY(settings.named(QStringLiteral("Scan Again"))->isEnabled());
-        settings.press(QStringLiteral("Microphone access"), Qt::Key_Return);
+        QVERIFY(settings.named(u"Scan Again"_s)->isEnabled());
+        settings.press(u"Microphone access"_s, Qt::Key_Return);
         QCOMPARE(device.microphoneAccess(), AccessChoice::Allowed);
-        settings.press(QStringLiteral("Microphone access"));
+        settings.press(u"Microphone access"_s);
         QCOMPARE(device.microphoneAccess(), AccessChoice::Denied);
 
-        settings.press(QStringLiteral("Theme, Dark"));
+        settings.press(u"Theme, Dark"_s);
         QVERIFY(m_device->appearance.isDark());
-        QVERIFY(settings.isChecked(QStringLiteral("Theme, Dark")));
-        settings.press(QStringLiteral("Motion, Reduced"));
+        QVERIFY(settings.isChecked(u"Theme, Dark"_s));
+        settings.press(u"Motion, Reduced"_s);
         QVERIFY(m_device->appearance.prefersReducedMotion());
-        QVERIFY(!settings.named(QStringLiteral("Text size")));
-        settings.press(QStringLiteral("Text size of the desktop"));
+        QVERIFY(!settings.named(u"Text size"_s));
+        settings.press(u"Text size of the desktop"_s);
         QCOMPARE(device.appearance().textSize, std::optional(TextSize::Large));
-        settings.press(QStringLiteral("Text size"), Qt::Key_Right);
+        settings.press(u"Text size"_s, Qt::Key_Right);
         QCOMPARE(m_device->appearance.textSize(), TextSize::ExtraLarge);
 
-        settings.press(QStringLiteral("Ignore mpv Media Player"));
-        QCOMPARE(device.ignoredPlayers(), QStringList(QStringLiteral("mpv")));
-        settings.press(QStringLiteral("Ignore mpv Media Player"));
+        settings.press(u"Ignore mpv Media Player"_s);
+        QCOMPARE(device.ignoredPlayers(), QStringList(u"mpv"_s));
+        settings.press(u"Ignore mpv Media Player"_s);
         QCOMPARE(device.ignoredPlayers(), QStringList());
     }
 
@@ -151,12 +151,12 @@ private Q_SLOTS:
         SettingsScreen screen(m_device->services(), {});
         SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
         m_device->services().setMusicAccess(true);
-        QVERIFY(settings.isChecked(QStringLiteral("Music access")));
+        QVERIFY(settings.isChecked(u"Music access"_s));
         m_device->settings.setAppearance({.theme = ThemeChoice::Light});
-        QVERIFY(settings.isChecked(QStringLiteral("Theme, Light")));
+        QVERIFY(settings.isChecked(u"Theme, Light"_s));
         m_device->library.status = LibraryAuthorizationStatus::Restricted;
         Q_EMIT m_device->library.authorizationStatusDidChange();
-        QVERIFY(!settings.named(QStringLiteral("Music access"))->isEnabled());
+        QVERIFY(!settings.named(u"Music access"_s)->isEnabled());
     }
 
     void keepsTheMusicFolders()
@@ -177,26 +177,26 @@ private Q_SLOTS:
         QCOMPARE(paths(), desktops + QStringList{device.path("More")});
         for (const QString &nothing : {device.path("More"), device.path("Music"), device.home.path()})
             screen.addFolder(QUrl::fromLocalFile(nothing)); // there already, or no music folder
-        screen.addFolder(QUrl(QStringLiteral("https://example.org/music")));
+        screen.addFolder(QUrl(u"https://example.org/music"_s));
         QCOMPARE(changes.size(), 1);
         screen.removeFolder(0); // the desktop's stays
         screen.removeFolder(7);
         QCOMPARE(changes.size(), 1);
-        settings.press(QStringLiteral("Remove ~/More"));
+        settings.press(u"Remove ~/More"_s);
         QCOMPARE(paths(), desktops);
-        device.folders.add(QStringLiteral("/nowhere"));
+        device.folders.add(u"/nowhere"_s);
         QVERIFY(!device.folders.folders().back().isReadable);
     }
 
     void listsIgnoredPlayersThatDoNotRun()
     {
-        m_device->settings.setIgnoredPlayers({QStringLiteral("firefox")});
+        m_device->settings.setIgnoredPlayers({u"firefox"_s});
         SettingsScreen screen(m_device->services(), {});
         SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
-        QVERIFY(settings.isChecked(QStringLiteral("Ignore firefox")));
-        settings.press(QStringLiteral("Ignore firefox"));
-        QVERIFY(settings.named(QStringLiteral("Ignore firefox"))); // the user may think again
-        QVERIFY(!settings.isChecked(QStringLiteral("Ignore firefox")));
+        QVERIFY(settings.isChecked(u"Ignore firefox"_s));
+        settings.press(u"Ignore firefox"_s);
+        QVERIFY(settings.named(u"Ignore firefox"_s)); // the user may think again
+        QVERIFY(!settings.isChecked(u"Ignore firefox"_s));
     }
 
     void closesOnDoneAndOnEscape()
@@ -208,44 +208,39 @@ private Q_SLOTS:
         QTRY_VERIFY(!presentation.isPresenting());
     }
 
-    void asksForTheMusicOnce_data()
-    {
-        QTest::addColumn<QString>("pressed");
-        QTest::addColumn<LibraryAuthorizationStatus>("status");
-        QTest::newRow("allowed") << QStringLiteral("OK") << LibraryAuthorizationStatus::Authorized;
-        QTest::newRow("denied") << QStringLiteral("Don't Allow") << LibraryAuthorizationStatus::Denied;
-        QTest::newRow("put off") << QString() << LibraryAuthorizationStatus::NotDetermined;
-    }
     void asksForTheMusicOnce()
     {
-        QFETCH(QString, pressed);
-        QFETCH(LibraryAuthorizationStatus, status);
-        Presentation presentation;
-        LibraryAccess access(m_device->file, {m_device->path("Music").toUtf8()});
-        access.setQuestion([&](LibraryAccess::Answer answer) {
-            presentLibraryAccessRequest(m_device->folders, presentation, std::move(answer));
-        });
-        QList<LibraryAuthorizationStatus> answers;
-        for (int i = 0; i < 2; ++i)
-            access.request([&answers](LibraryAuthorizationStatus given) { answers << given; });
-        QVERIFY(presentation.isSheetVisible());
-        QVERIFY(answers.isEmpty());
+        using enum LibraryAuthorizationStatus;
+        for (const auto &[pressed, status] :
+             {std::pair(u"OK"_s, Authorized), std::pair(u"Don't Allow"_s, Denied),
+              std::pair(QString(), NotDetermined)}) {
+            init();
+            Presentation presentation;
+            LibraryAccess access(m_device->file, {m_device->path("Music").toUtf8()});
+            access.setQuestion([&](LibraryAccess::Answer answer) {
+                presentLibraryAccessRequest(m_device->folders, presentation, std::move(answer));
+            });
+            QList<LibraryAuthorizationStatus> answers;
+            for (int i = 0; i < 2; ++i)
+                access.request([&answers](LibraryAuthorizationStatus given) { answers << given; });
+            QVERIFY(presentation.isSheetVisible());
+            QVERIFY(answers.isEmpty());
 
-        if (pressed.isEmpty()) {
-            presentation.cancelSheet();
-        } else {
-            auto *request =
-                presentation.sheet()->properties().value(QStringLiteral("request")).value<QObject *>();
-            SettingsWindow sheet("Settings/LibraryAccessView.qml", "request", request);
-            QCOMPARE(qobject_cast<LibraryAccessRequest *>(request)->folders()->lines().front().title,
-                     QStringLiteral("~/Music"));
-            sheet.press(pressed, Qt::Key_Return);
+            if (pressed.isEmpty()) {
+                presentation.cancelSheet();
+            } else {
+                auto *request = presentation.sheet()->properties().value(u"request"_s).value<QObject *>();
+                SettingsWindow sheet("Settings/LibraryAccessView.qml", "request", request);
+                QCOMPARE(qobject_cast<LibraryAccessRequest *>(request)->folders()->lines().front().title,
+                         u"~/Music"_s);
+                sheet.press(pressed, Qt::Key_Return);
+            }
+            QTRY_COMPARE(answers, QList<LibraryAuthorizationStatus>({status, status}));
+            QVERIFY(!presentation.isPresenting());
+            QCOMPARE(access.status(), status);
+            access.request([](LibraryAuthorizationStatus) {});
+            QCOMPARE(presentation.isPresenting(), status == NotDetermined);
         }
-        QTRY_COMPARE(answers, QList<LibraryAuthorizationStatus>({status, status}));
-        QVERIFY(!presentation.isPresenting());
-        QCOMPARE(access.status(), status);
-        access.request([](LibraryAuthorizationStatus) {});
-        QCOMPARE(presentation.isPresenting(), status == LibraryAuthorizationStatus::NotDetermined);
     }
 
     void aQuestionThatCannotBeShownDecidesNothing()
