@@ -2,8 +2,13 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
 #include <QTemporaryDir>
+#include <QtEndian>
+
+#include <filesystem>
+#include <fstream>
 
 namespace trackwise {
 
@@ -11,19 +16,58 @@ namespace trackwise {
 class WavFolder
 {
 public:
-    [[nodiscard]] QByteArray root() const;
+    [[nodiscard]] QByteArray root() const { return QFile::encodeName(m_folder.path()) + "/music"; }
     [[nodiscard]] QByteArray path(const QByteArray &name) const { return root() + '/' + name; }
 
     /// Another number is another sound.
     void write(const QByteArray &name, int sound, const QByteArray &title,
-               const QByteArray &artist = "Ann") const;
-    void writeBytes(const QByteArray &name, const QByteArray &bytes) const;
-    void makeFolder(const QByteArray &name) const;
-    void move(const QByteArray &from, const QByteArray &to) const;
-    void copy(const QByteArray &from, const QByteArray &to) const;
-    void remove(const QByteArray &name) const;
+               const QByteArray &artist = "Ann") const
+    {
+        QByteArray data(800, 0); // at 8000 Hz, 8 bits, mono
+        for (int i = 0; i < data.size(); ++i)
+            data[i] = static_cast<char>((i * (sound + 3) + sound) % 251);
+        const QByteArray format = QByteArray::fromHex("01000100401f0000401f000001000800");
+        const QByteArray tags = "INFO" + chunk("INAM", title) + chunk("IART", artist);
+        writeBytes(name,
+                   chunk("RIFF", "WAVE" + chunk("fmt ", format) + chunk("data", data) + chunk("LIST", tags)));
+    }
+    void writeBytes(const QByteArray &name, const QByteArray &bytes) const
+    {
+        std::ofstream file(madeRoomFor(name), std::ios::binary);
+        file.write(bytes.constData(), bytes.size());
+        file.close();
+        if (!file)
+            qFatal("cannot write %s", path(name).constData());
+    }
+    void makeFolder(const QByteArray &name) const { std::filesystem::create_directories(native(name)); }
+    void move(const QByteArray &from, const QByteArray &to) const
+    {
+        std::filesystem::rename(native(from), madeRoomFor(to));
+    }
+    void copy(const QByteArray &from, const QByteArray &to) const
+    {
+        std::filesystem::copy_file(native(from), madeRoomFor(to),
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    void remove(const QByteArray &name) const { std::filesystem::remove_all(native(name)); }
 
 private:
+    static QByteArray chunk(const char *name, const QByteArray &content)
+    {
+        QByteArray size(4, 0);
+        qToLittleEndian(static_cast<quint32>(content.size()), size.data());
+        return name + size + content + QByteArray(content.size() % 2, 0);
+    }
+    [[nodiscard]] std::filesystem::path native(const QByteArray &name) const
+    {
+        return path(name).toStdString();
+    }
+    [[nodiscard]] std::filesystem::path madeRoomFor(const QByteArray &name) const
+    {
+        std::filesystem::create_directories(native(name).parent_path());
+        return native(name);
+    }
+
     QTemporaryDir m_folder;
 };
 

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "device/players/MprisMetadata.h"
+
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusVirtualObject>
 #include <QVariantMap>
 
@@ -18,38 +22,106 @@ public:
         Rambles, ///< replies with what nobody asked for
     };
 
-    explicit FakePlayer(const QString &name, Manners manners = Manners::Answers);
-    ~FakePlayer() override;
+    explicit FakePlayer(const QString &name, Manners manners = Manners::Answers)
+        : m_name(QLatin1String(mprisPrefix) + name)
+        , m_manners(manners)
+    {
+        m_bus.registerVirtualObject(QLatin1String(mprisPath), this);
+    }
+    ~FakePlayer() override
+    {
+        m_bus.unregisterObject(QLatin1String(mprisPath));
+        const QString connection = m_bus.name();
+        m_bus = QDBusConnection(QString());
+        QDBusConnection::disconnectFromBus(connection);
+    }
 
-    [[nodiscard]] bool appear();
-    void vanish();
+    [[nodiscard]] bool appear() { return m_bus.registerService(m_name); }
+    void vanish() { m_bus.unregisterService(m_name); }
     /// Changes properties without telling.
-    void set(const QVariantMap &properties);
+    void set(const QVariantMap &properties) { m_properties.insert(properties); }
     /// Changes properties and tells.
-    void change(const QVariantMap &properties);
-    void invalidate(const QStringList &properties);
-    void seekTo(qlonglong microseconds);
+    void change(const QVariantMap &properties)
+    {
+        set(properties);
+        sendChange({QLatin1String(mprisPlayerInterface), properties, QStringList()});
+    }
+    void invalidate(const QStringList &properties)
+    {
+        sendChange({QLatin1String(mprisPlayerInterface), QVariantMap(), properties});
+    }
+    void seekTo(qlonglong microseconds)
+    {
+        send(QLatin1String(mprisPlayerInterface), QStringLiteral("Seeked"), {microseconds});
+    }
     /// Sends any arguments as a change of properties.
-    void sendChange(const QVariantList &arguments);
+    void sendChange(const QVariantList &arguments)
+    {
+        send(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
+             arguments);
+    }
     void setManners(Manners manners) { m_manners = manners; }
 
     [[nodiscard]] int reads() const { return m_reads; }
     [[nodiscard]] int raised() const { return m_raised; }
 
     [[nodiscard]] QString introspect(const QString &) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        if (message.member() == QLatin1String("Raise"))
+            ++m_raised;
+        if (message.member() != QLatin1String("GetAll"))
+            return false;
+        const bool isOfPlayer =
+            message.arguments().value(0).toString() == QLatin1String(mprisPlayerInterface);
+        m_reads += isOfPlayer ? 1 : 0;
+        switch (m_manners) {
+        case Manners::Hangs:
+            message.setDelayedReply(true);
+            return true;
+        case Manners::Fails:
+            return bus.send(message.createErrorReply(QDBusError::InternalError, m_name));
+        case Manners::Rambles:
+            return bus.send(message.createReply({42, m_name, QVariantList{true}}));
+        case Manners::Answers:
+            break;
+        }
+        const QVariantMap ofRoot{{QStringLiteral("Identity"), m_name + u'!'},
+                                 {QStringLiteral("CanRaise"), true}};
+        return bus.send(message.createReply(isOfPlayer ? m_properties : ofRoot));
+    }
 
 private:
+    void send(const QString &interface, const QString &name, const QVariantList &arguments)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(mprisPath), interface, name);
+        signal.setArguments(arguments);
+        m_bus.send(signal);
+    }
+
+    static inline int connections = 0;
+
     QString m_name;
     Manners m_manners;
-    QDBusConnection m_bus;
+    QDBusConnection m_bus = QDBusConnection::connectToBus(
+        QDBusConnection::SessionBus, QStringLiteral("fake player %1").arg(++connections));
     QVariantMap m_properties;
     int m_reads = 0;
     int m_raised = 0;
 };
 
 /// The properties of a player that plays @p title by @p artist.
-[[nodiscard]] QVariantMap playing(const QString &title, const QString &artist = {}, double seconds = 0,
-                                  const QString &status = QStringLiteral("Playing"));
+[[nodiscard]] inline QVariantMap playing(const QString &title, const QString &artist = {}, double seconds = 0,
+                                         const QString &status = QStringLiteral("Playing"))
+{
+    QVariantMap metadata{
+        {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/track/1")))},
+        {QStringLiteral("xesam:title"), title}};
+    if (!artist.isEmpty())
+        metadata.insert(QStringLiteral("xesam:artist"), QStringList(artist));
+    if (seconds > 0)
+        metadata.insert(QStringLiteral("mpris:length"), qlonglong(seconds * 1e6));
+    return {{QStringLiteral("PlaybackStatus"), status}, {QStringLiteral("Metadata"), metadata}};
+}
 
 } // namespace trackwise

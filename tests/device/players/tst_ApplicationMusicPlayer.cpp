@@ -16,19 +16,13 @@ namespace {
 
 using Songs = QList<std::uint64_t>;
 
-MediaItem songNumber(std::uint64_t number)
-{
-    MediaItem item;
-    item.title = u"Song %1"_s.arg(number);
-    item.persistentID = PersistentID{number};
-    return item;
-}
-
 constexpr std::uint64_t shortSong = 1;
 constexpr std::uint64_t longSong = 2;
 constexpr std::uint64_t missingSong = 3;
 constexpr std::uint64_t noMusic = 4;
 constexpr std::uint64_t lostSong = 5; ///< no path at all
+// The first is not UTF-8, as names in old collections.
+constexpr std::array fileNames{"short \xff.flac", "long.m4a", "missing.mp3", "text.mp3"};
 
 } // namespace
 
@@ -45,27 +39,21 @@ private:
 
     [[nodiscard]] std::optional<QByteArray> pathOf(PersistentID id) const
     {
-        const QByteArray folder = m_folder.path().toUtf8();
-        switch (id.value) {
-        case shortSong:
-            return folder + "/short \xff.flac"; // not UTF-8, as names in old collections
-        case longSong:
-            return folder + "/long.m4a";
-        case missingSong:
-            return folder + "/missing.mp3";
-        case noMusic:
-            return folder + "/text.mp3";
-        default:
+        if (id.value > fileNames.size())
             return std::nullopt;
-        }
+        return m_folder.path().toUtf8() + '/' + fileNames.at(id.value - 1);
     }
-    void load(std::initializer_list<std::uint64_t> songs)
+    void setQueue(std::initializer_list<std::uint64_t> songs)
     {
         std::vector<MediaItem> queue;
         for (const auto song : songs)
-            queue.push_back(songNumber(song));
-        m_player->stop();
+            queue.push_back({.persistentID = PersistentID{song}});
         m_player->setQueue(queue);
+    }
+    void load(std::initializer_list<std::uint64_t> songs)
+    {
+        m_player->stop();
+        setQueue(songs);
         m_player->prepareToPlay();
     }
     [[nodiscard]] std::uint64_t current() const
@@ -105,7 +93,7 @@ private Q_SLOTS:
         m_player->play();
         QCOMPARE(m_player->playbackState(), PlaybackState::Stopped);
 
-        m_player->setQueue({songNumber(longSong)});
+        setQueue({longSong});
         QCOMPARE(current(), 0u);
         m_player->prepareToPlay();
         QCOMPARE(current(), longSong);
@@ -152,7 +140,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         QTRY_VERIFY(m_player->position() > 2200ms);
         QCOMPARE(m_skipped, Songs({}));
-        m_player->setQueue({songNumber(shortSong)}); // long enough for a skip
+        setQueue({shortSong}); // long enough for a skip
         m_player->play();
         QCOMPARE(m_skipped, Songs({longSong}));
         QCOMPARE(current(), shortSong);
@@ -162,13 +150,16 @@ private Q_SLOTS:
     void skipsForwardsAndBack()
     {
         load({longSong, shortSong, longSong});
-        QVERIFY(!m_player->hasPreviousItem());
+        const auto place = [this] { // in the queue
+            return (m_player->hasPreviousItem() ? u"<%1"_s : u"|%1"_s).arg(current()) +
+                   (m_player->hasNextItem() ? u'>' : u'|');
+        };
+        QCOMPARE(place(), u"|2>"_s);
         m_player->skipToNextItem();
-        QCOMPARE(current(), shortSong);
-        QVERIFY(m_player->hasNextItem() && m_player->hasPreviousItem());
+        QCOMPARE(place(), u"<1>"_s);
         m_player->skipToPreviousItem();
-        QCOMPARE(current(), longSong);
-        QVERIFY(!m_player->hasPreviousItem());
+        QCOMPARE(place(), u"|2>"_s);
+        QCOMPARE(m_player->playbackState(), PlaybackState::Stopped); // nobody has asked it to play
         m_player->play();
         QTRY_VERIFY(m_player->position() > 100ms);
         QSignalSpy jumps(m_player.get(), &ApplicationMusicPlayer::didSeek);
@@ -177,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(jumps.at(0).at(0).value<std::chrono::milliseconds>(), 0ms);
         m_player->skipToNextItem();
         m_player->skipToNextItem();
-        QVERIFY(!m_player->hasNextItem());
+        QCOMPARE(place(), u"<2|"_s);
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         m_player->skipToNextItem();
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
@@ -224,14 +215,14 @@ private Q_SLOTS:
         QVERIFY(playback.load(*pathOf({longSong})));
         playback.play();
         QTRY_VERIFY(playback.position() > 100ms);
-        const auto streams = [this] { return m_sound.control({u"list"_s, u"short"_s, u"sink-inputs"_s}); };
+        const auto streams = [this] { return m_sound.control("list short sink-inputs"); };
         const auto sinkOfStream = [&streams] { return streams().section(u'\t', 1, 1); };
         const QString before = sinkOfStream();
         QVERIFY(!before.isEmpty());
 
         QSignalSpy outputs(&playback, &FilePlayback::outputDidChange);
-        m_sound.control({u"load-module"_s, u"module-null-sink"_s, u"sink_name=headphones"_s});
-        m_sound.control({u"set-default-sink"_s, u"headphones"_s});
+        m_sound.control("load-module module-null-sink sink_name=headphones");
+        m_sound.control("set-default-sink headphones");
         QTRY_COMPARE(outputs.size(), 1);
         QCOMPARE(outputs.front().front().toByteArray(), "headphones"_ba);
         QTRY_VERIFY(!sinkOfStream().isEmpty() && sinkOfStream() != before);
@@ -267,8 +258,7 @@ private Q_SLOTS:
                 m_player->play();
             QTRY_VERIFY_WITH_TIMEOUT(m_player->position() > position + 500ms, 10000);
             QVERIFY(m_player->position() < position + 10s);
-            const QStringList inputs{u"list"_s, u"short"_s, u"sink-inputs"_s};
-            QCOMPARE(m_sound.control(inputs).count(u'\n'), 1);
+            QCOMPARE(m_sound.control("list short sink-inputs").count(u'\n'), 1);
         }
     }
 };

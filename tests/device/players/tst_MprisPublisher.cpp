@@ -92,11 +92,19 @@ private:
         return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
     }
     static QString metadata(const char *key) { return playerctl({u"metadata"_s, QString::fromLatin1(key)}); }
-    void load(const MediaItem &song)
+    void load(const std::vector<MediaItem> &songs)
     {
-        m_player->stop();
-        m_player->setQueue({song});
+        m_player->setQueue(songs);
         m_player->prepareToPlay();
+    }
+    /// Whether the call of a method succeeds.
+    static bool call(const char *interface, const char *method, const QVariantList &arguments = {})
+    {
+        auto message = QDBusMessage::createMethodCall(busName, QLatin1String(mprisPath),
+                                                      QLatin1String(interface), QLatin1String(method));
+        message.setArguments(arguments);
+        const QDBusPendingCall pending = QDBusConnection::sessionBus().asyncCall(message);
+        return QTest::qWaitFor([&pending] { return pending.isFinished(); }) && !pending.isError();
     }
     static bool isOnBus(const QString &name)
     {
@@ -127,11 +135,20 @@ private Q_SLOTS:
     {
         QCoreApplication::processEvents();
         QVERIFY(!isOnBus(busName)); // before the first song
-        load(fullSong());
+        load({fullSong(), {.title = u"Second"_s}});
         QTRY_VERIFY(isOnBus(busName));
         QCOMPARE(playerctl({u"status"_s}), u"Stopped"_s);
         playerctl({u"play"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Playing"_s);
+        for (const auto &[command, title] : {std::pair("Next", u"Second"_s),
+                                             {"Next", u"Second"_s},
+                                             {"Previous", u"Tonleiter"_s},
+                                             {"Previous", u"Tonleiter"_s},
+                                             {"Next", u"Second"_s}}) {
+            QVERIFY(call(mprisPlayerInterface, command)); // where there is none, it stays
+            QCOMPARE(metadata("xesam:title"), title);
+            QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        }
         playerctl({u"play-pause"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Paused"_s);
 
@@ -155,13 +172,17 @@ private Q_SLOTS:
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
         playerctl({u"play"_s});
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
+        const QVariant noSpeed = QVariant::fromValue(QDBusVariant(0.0));
+        QVERIFY(call("org.freedesktop.DBus.Properties", "Set",
+                     {QString::fromLatin1(mprisPlayerInterface), u"Rate"_s, noSpeed}));
+        QTRY_COMPARE(playerctl({u"status"_s}), u"Paused"_s);
         playerctl({u"stop"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Stopped"_s);
     }
 
     void tellsWhatItKnowsOfTheSong()
     {
-        load(fullSong());
+        load({fullSong()});
         QTRY_VERIFY(isOnBus(busName));
         QTRY_VERIFY(metadata("mpris:artUrl").startsWith(u"file:///"_s));
         QCOMPARE(QImage(QUrl(metadata("mpris:artUrl")).toLocalFile()).pixelColor(0, 0), QColor(Qt::red));
@@ -170,7 +191,6 @@ private Q_SLOTS:
             {"xesam:artist", u"Die Prüfer"_s},
             {"xesam:album", u"Proben"_s},
             {"xesam:asText", u"do re mi\nfa so"_s},
-
             {"xesam:useCount", u"7"_s},
             {"xesam:trackNumber", u"3"_s},
             {"xesam:composer", QString()},
@@ -186,7 +206,7 @@ private Q_SLOTS:
     void announcesOnlyRealChanges()
     {
         Observer observer(QDBusConnection::sessionBus());
-        load(fullSong());
+        load({fullSong()});
         m_player->play();
         QTRY_VERIFY(observer.changedProperties.contains(u"PlaybackStatus"_s));
         QTRY_VERIFY(!metadata("mpris:artUrl").isEmpty());
@@ -204,36 +224,32 @@ private Q_SLOTS:
 
     void ignoresPositionsOfOtherTracksAndJumpsThatOverflow()
     {
-        load(fullSong());
+        load({fullSong()});
         m_player->play();
         QTRY_VERIFY(m_player->position() > 100ms);
-        const auto call = [](const char *method, const QVariantList &arguments) {
-            QDBusMessage message = QDBusMessage::createMethodCall(busName, QString::fromLatin1(mprisPath),
-                                                                  QString::fromLatin1(mprisPlayerInterface),
-                                                                  QString::fromLatin1(method));
-            message.setArguments(arguments);
-            const QDBusPendingCall pending = QDBusConnection::sessionBus().asyncCall(message);
-            QDBusPendingCallWatcher watcher(pending);
-            QSignalSpy(&watcher, &QDBusPendingCallWatcher::finished).wait(5000);
-            return !pending.isError();
+        const auto setPosition = [](const QString &track, qlonglong microseconds) {
+            const QVariant path = QVariant::fromValue(QDBusObjectPath(track));
+            return call(mprisPlayerInterface, "SetPosition", {path, microseconds});
         };
-        const QVariant other = QVariant::fromValue(QDBusObjectPath(u"/another/track"_s));
-        QVERIFY(call("SetPosition", {other, qlonglong(30'000'000)}));
-        QVERIFY(call("Seek", {std::numeric_limits<qlonglong>::min()}));
+        const QString own = u"/org/example/tester/Track/0000000000000ABC"_s;
+        QVERIFY(setPosition(u"/another/track"_s, 30'000'000) && setPosition(own, -1));
+        QVERIFY(setPosition(own, 90'000'000));
+        QVERIFY(call(mprisPlayerInterface, "Seek", {std::numeric_limits<qlonglong>::min()}));
         QVERIFY(m_player->position() < 20s);
         QCOMPARE(m_player->playbackState(), PlaybackState::Playing);
-        QVERIFY(call("Seek", {std::numeric_limits<qlonglong>::max()}));
+        QVERIFY(setPosition(own, 30'000'000));
+        QTRY_VERIFY(m_player->position() >= 30s);
+        QVERIFY(call(mprisPlayerInterface, "Seek", {std::numeric_limits<qlonglong>::max()}));
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
-        QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
-            busName, QString::fromLatin1(mprisPath), QString::fromLatin1(mprisRootInterface), u"Raise"_s));
-        QTRY_COMPARE(m_raised, 1);
+        QVERIFY(call(mprisRootInterface, "Raise") && call(mprisRootInterface, "Quit"));
+        QCOMPARE(m_raised, 1);
     }
 
     void standsBesideAnotherProcess()
     {
         QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
         QVERIFY(other.registerService(busName));
-        load(fullSong());
+        load({fullSong()});
         QTRY_VERIFY(isOnBus(u"%1.instance%2"_s.arg(busName).arg(QCoreApplication::applicationPid())));
         QVERIFY(other.unregisterService(busName));
     }
@@ -241,7 +257,7 @@ private Q_SLOTS:
     void isSilentWithoutABus()
     {
         MprisPublisher publisher(*m_player, settings(), QDBusConnection(u"nowhere"_s));
-        load(fullSong());
+        load({fullSong()});
         m_player->play();
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
     }

@@ -3,8 +3,8 @@
 #include "device/players/FakePlayer.h"
 #include "device/players/MprisSystemMusicPlayer.h"
 #include "device/players/PrivateSound.h"
-#include "device/players/SongFile.h"
 
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
@@ -65,8 +65,8 @@ private Q_SLOTS:
         for (int number = 1; number <= 3; ++number) {
             QVERIFY(makeTone(tone(number), 3, {u"title=Track %1"_s.arg(number), u"artist=Somebody"_s}));
             const QString title = QStringList{u"One"_s, u"Two"_s, u"Three"_s}.at(number - 1);
-            m_songs << addSongFile(m_library, QFileInfo(tone(number)).canonicalFilePath(),
-                                   songTags(title, u"Band"_s, u"Album"_s, 3));
+            m_songs << m_library.addFile(QFileInfo(tone(number)).canonicalFilePath(),
+                                         songTags(title, u"Band"_s, u"Album"_s, 3));
         }
     }
     void cleanup() { m_system.reset(); }
@@ -187,15 +187,15 @@ private Q_SLOTS:
         QCOMPARE(song(), 3);
 
         const QString interface = u"org.mpris.MediaPlayer2.Player"_s;
-        rambling.sendChange({});
-        rambling.sendChange({interface});
-        rambling.sendChange({interface, 17, true});
-        rambling.sendChange({7, QVariantMap{}, QStringList{}});
-        rambling.sendChange(
-            {interface, QVariantMap{{u"Metadata"_s, u"none"_s}, {u"PlaybackStatus"_s, 5.0}}, QStringList{}});
-        rambling.sendChange({interface,
-                             QVariantMap{{u"Metadata"_s, QVariantList{1, 2}}, {u"Rate"_s, u"fast"_s}},
-                             QStringList{u"Volume"_s}});
+        const QVariantMap texts{{u"Metadata"_s, u"none"_s}, {u"PlaybackStatus"_s, 5.0}};
+        const QVariantMap lists{{u"Metadata"_s, QVariantList{1, 2}}, {u"Rate"_s, u"fast"_s}};
+        for (const QVariantList &arguments : {QVariantList{},
+                                              {interface},
+                                              {interface, 17, true},
+                                              {7, texts, QStringList()},
+                                              {interface, texts, QStringList()},
+                                              {interface, lists, QStringList(u"Volume"_s)}})
+            rambling.sendChange(arguments);
         rambling.seekTo(std::numeric_limits<qlonglong>::min());
         // One that was silent and speaks after all is heard.
         hanging.setManners(FakePlayer::Manners::Answers);
@@ -267,8 +267,6 @@ private Q_SLOTS:
         }
         player.change(playing(u"Three"_s, u"Band"_s, 1.5));
         QTRY_COMPARE(song(), 3);
-        QTest::qWait(400); // nothing older comes after it
-        QCOMPARE(song(), 3);
         QVERIFY2(changes.size() > 1 && changes.size() < 20, qPrintable(QString::number(changes.size())));
     }
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
 #include "device/players/NowPlayingMatcher.h"
-#include "device/players/SongFile.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -53,7 +52,7 @@ private Q_SLOTS:
         SongTags one = songTags(u"Song One"_s, u"Band"_s, u"First"_s, 200);
         one.catalogID = u"1440833098"_s;
         one.recordingMBID = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
-        m_songs << addSongFile(m_library, QDir(m_folder.path()).canonicalPath() + u"/song one.flac"_s, one);
+        m_songs << m_library.addFile(QDir(m_folder.path()).canonicalPath() + u"/song one.flac"_s, one);
         add(u"Intro"_s, u"Band"_s, u"First"_s, 60);                          // 2
         add(u"Intro"_s, u"Band"_s, u"Second"_s, 61);                         // 3
         add(u"Intro"_s, u"Choir"_s, u"Third"_s, 62);                         // 4

@@ -129,66 +129,50 @@ private Q_SLOTS:
             losesNothing(awayAt, backAt);
     }
 
-    void countsWhatAWalkPassesOverAsGone_data()
-    {
-        QTest::addColumn<std::function<void(const WavFolder &)>>("act");
-        QTest::addColumn<QByteArray>("gone");
-        using Act = std::function<void(const WavFolder &)>;
-        const auto row = [](const char *name, const Act &act, const QByteArray &gone) {
-            QTest::newRow(name) << act << gone;
-        };
-        row(
-            "folder", [](const WavFolder &m) { m.writeBytes("a/.nomedia", {}); }, "a/b/c.wav");
-        row(
-            "music folder", [](const WavFolder &m) { m.writeBytes(".nomedia", {}); }, "a/b/c.wav");
-        row(
-            "hidden", [](const WavFolder &) {}, ".secret/s.wav");
-        row(
-            "suffix", [](const WavFolder &) {}, "a/x.doc");
-        row(
-            "folder by the name of the song",
-            [](const WavFolder &m) {
-                m.remove("a/b/c.wav");
-                m.makeFolder("a/b/c.wav");
-            },
-            "a/b/c.wav");
-        row(
-            "link to the home folder",
-            [](const WavFolder &m) {
-                qputenv("HOME", m.path("../far/me"));
-                m.makeFolder("../far/me");
-            },
-            "way/f.wav");
-    }
     void countsWhatAWalkPassesOverAsGone()
     {
-        QFETCH(const std::function<void(const WavFolder &)>, act);
-        QFETCH(const QByteArray, gone);
         const auto home = qScopeGuard([old = qgetenv("HOME")] { qputenv("HOME", old); });
-        const WavFolder music;
-        music.write("a/b/c.wav", 1, "C");
-        music.write(".secret/s.wav", 2, "S");
-        music.write("../far/f.wav", 3, "F");
-        music.write("a/x.doc", 4, "Known to an earlier version");
-        QCOMPARE(symlink("../far", music.path("way").constData()), 0);
-        LibraryFixture fixture({music.root(), music.path(".secret")});
-        fixture.scan();
-        ScannedSong old{{music.path("a"), "x.doc"}, *signatureAt(music.path("a/x.doc")), {}, 0};
-        QVERIFY(fixture.store().write(std::span(&old, 1), {}, {}));
-        const ScanProblem unreadable{
-            {music.path("a"), "b"}, {}, FailureKind::Unreadable, QStringLiteral("b")};
-        QVERIFY(fixture.store().write({}, std::span(&unreadable, 1), {}));
-        const PersistentID id = fixture.idAt(music.path(gone));
-        QCOMPARE(fixture.availability(id), Availability::Available);
-        ScanPart folder;
-        folder.addFolder(music.path("a"));
-        ScanMonitor monitor;
-        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor, {{}, folder}));
-        QCOMPARE(fixture.library().status()->problems, 1); // it has not been looked into
-        act(music);
-        QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor));
-        QCOMPARE(fixture.availability(id), Availability::FileGone);
-        QCOMPARE(fixture.library().status()->problems, 0);
+        using M = const WavFolder &;
+        const std::pair<const char *, void (*)(M)> rows[]{
+            {"a/b/c.wav", [](M m) { m.writeBytes("a/.nomedia", {}); }},
+            {"a/b/c.wav", [](M m) { m.writeBytes(".nomedia", {}); }},
+            {".secret/s.wav", [](M) {}}, // hidden
+            {"a/x.doc", [](M) {}},
+            {"a/b/c.wav",
+             [](M m) {
+                 m.remove("a/b/c.wav");
+                 m.makeFolder("a/b/c.wav");
+             }},
+            {"way/f.wav", [](M m) { // a link that leads to the home folder now
+                 qputenv("HOME", m.path("../far/me"));
+                 m.makeFolder("../far/me");
+             }}};
+        for (const auto &[gone, act] : rows) {
+            const WavFolder music;
+            music.write("a/b/c.wav", 1, "C");
+            music.write(".secret/s.wav", 2, "S");
+            music.write("../far/f.wav", 3, "F");
+            music.write("a/x.doc", 4, "Known to an earlier version");
+            QCOMPARE(symlink("../far", music.path("way").constData()), 0);
+            LibraryFixture fixture({music.root(), music.path(".secret")});
+            fixture.scan();
+            ScannedSong old{{music.path("a"), "x.doc"}, *signatureAt(music.path("a/x.doc")), {}, 0};
+            QVERIFY(fixture.store().write(std::span(&old, 1), {}, {}));
+            const ScanProblem unreadable{
+                {music.path("a"), "b"}, {}, FailureKind::Unreadable, QStringLiteral("b")};
+            QVERIFY(fixture.store().write({}, std::span(&unreadable, 1), {}));
+            const PersistentID id = fixture.idAt(music.path(gone));
+            QVERIFY2(fixture.availability(id) == Availability::Available, gone);
+            ScanPart folder;
+            folder.addFolder(music.path("a"));
+            ScanMonitor monitor;
+            QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor, {{}, folder}));
+            QCOMPARE(fixture.library().status()->problems, 1); // it has not been looked into
+            act(music);
+            QVERIFY(LibraryScanner(fixture.store(), {music.root()}).run({}, monitor));
+            QVERIFY2(fixture.availability(id) == Availability::FileGone, gone);
+            QCOMPARE(fixture.library().status()->problems, 0);
+        }
     }
 
     void keepsNoSongThatChangesWhileItIsRead()

@@ -17,31 +17,38 @@ class tst_SongStore : public QObject
 private:
     static SongTags everything()
     {
-        SongTags tags;
-        tags.title = u"Title <b>"_s;
-        tags.artists = {u"One"_s, u"Two"_s};
-        tags.albumTitle = u"Album"_s;
-        tags.albumArtist = u"Album Artist"_s;
-        tags.composer = u"Composer"_s;
-        tags.genres = {u"Rock"_s};
-        tags.grouping = u"Grouping"_s;
-        tags.comments = u"Line\nLine"_s;
-        tags.lyrics = u"La la"_s;
-        tags.releaseDate = PartialDate::fromText(u"2021-03"_s);
-        tags.durationSeconds = 61.5;
-        tags.ratingPercent = 70;
-        tags.playCount = 7;
-        tags.beatsPerMinute = 128;
-        tags.trackNumber = 3;
-        tags.trackCount = 12;
-        tags.discNumber = 1;
-        tags.discCount = 2;
-        tags.isCompilation = true;
-        tags.advisory = Advisory::Explicit;
-        tags.catalogID = u"1234567890"_s;
-        tags.recordingMBID = u"ABCDEF00-0000-4000-a000-000000000000"_s;
-        tags.artwork = {ArtworkSummary::Place::Embedded, "ignored", "0123456789abcdef"};
-        return tags;
+        return {.title = u"Title <b>"_s,
+                .artists = {u"One"_s, u"Two"_s},
+                .albumTitle = u"Album"_s,
+                .albumArtist = u"Album Artist"_s,
+                .composer = u"Composer"_s,
+                .genres = {u"Rock"_s},
+                .grouping = u"Grouping"_s,
+                .comments = u"Line\nLine"_s,
+                .lyrics = u"La la"_s,
+                .releaseDate = PartialDate::fromText(u"2021-03"_s),
+                .durationSeconds = 61.5,
+                .ratingPercent = 70,
+                .playCount = 7,
+                .beatsPerMinute = 128,
+                .trackNumber = 3,
+                .trackCount = 12,
+                .discNumber = 1,
+                .discCount = 2,
+                .isCompilation = true,
+                .advisory = Advisory::Explicit,
+                .catalogID = u"1234567890"_s,
+                .recordingMBID = u"ABCDEF00-0000-4000-a000-000000000000"_s,
+                .artwork = {ArtworkSummary::Place::Embedded, "ignored", "0123456789abcdef"}};
+    }
+
+    static QString titles(LibraryFixture &fixture)
+    {
+        const LibraryBrowser &browser = fixture.library().browser();
+        QStringList titles;
+        for (const SongRow &row : browser.songRows(browser.songs({}).songs))
+            titles << row.title;
+        return titles.join(u'|');
     }
 
 private Q_SLOTS:
@@ -50,38 +57,37 @@ private Q_SLOTS:
         LibraryFixture fixture;
         const PersistentID id = fixture.add(everything());
         const MediaItem item = fixture.library().mediaLibrary().song(id).value();
-        QCOMPARE(item.title, u"Title <b>"_s);
-        QCOMPARE(item.artist, u"One, Two"_s);
-        QCOMPARE(item.albumTitle, u"Album"_s);
-        QCOMPARE(item.albumArtist, u"Album Artist"_s);
-        QCOMPARE(item.composer, u"Composer"_s);
-        QCOMPARE(item.genre, u"Rock"_s);
-        QCOMPARE(item.userGrouping, u"Grouping"_s);
-        QCOMPARE(item.comments, u"Line\nLine"_s);
-        QCOMPARE(item.lyrics, u"La la"_s);
-        QCOMPARE(item.releaseDate, Instant(std::chrono::sys_days(std::chrono::March / 1 / 2021))); // TZ=UTC
-        QCOMPARE(item.dateAddedForReal, Instant(1s));
-        QVERIFY(!item.lastPlayedDate);
-        QCOMPARE(item.playbackDuration, 61.5);
-        QCOMPARE(item.playCount, 7U);
-        QCOMPARE(item.skipCount, 0U);
-        QCOMPARE(item.rating, 4U);
-        QCOMPARE(item.beatsPerMinute, 128U);
-        QCOMPARE(item.albumTrackNumber, 3U);
-        QCOMPARE(item.albumTrackCount, 12U);
-        QCOMPARE(item.discNumber, 1U);
-        QCOMPARE(item.discCount, 2U);
-        QVERIFY(item.isCompilation && item.isExplicitItem);
-        QCOMPARE(item.playbackStoreID, u"1234567890"_s);
-        QVERIFY(item.artwork);
-        QCOMPARE(item.artwork->key(), "0123456789abcdef"_ba);
+        QVERIFY(item.artwork && item.artwork->key() == "0123456789abcdef");
+        QVERIFY(item ==
+                (MediaItem{.title = u"Title <b>"_s,
+                           .artist = u"One, Two"_s,
+                           .albumTitle = u"Album"_s,
+                           .albumArtist = u"Album Artist"_s,
+                           .composer = u"Composer"_s,
+                           .genre = u"Rock"_s,
+                           .userGrouping = u"Grouping"_s,
+                           .comments = u"Line\nLine"_s,
+                           .lyrics = u"La la"_s,
+                           .releaseDate = std::chrono::sys_days(std::chrono::March / 1 / 2021), // TZ=UTC
+                           .dateAddedForReal = Instant(1s),
+                           .playbackDuration = 61.5,
+                           .playCount = 7,
+                           .rating = 4,
+                           .beatsPerMinute = 128,
+                           .albumTrackNumber = 3,
+                           .albumTrackCount = 12,
+                           .discNumber = 1,
+                           .discCount = 2,
+                           .isCompilation = true,
+                           .isExplicitItem = true,
+                           .persistentID = id,
+                           .playbackStoreID = u"1234567890"_s,
+                           .artwork = item.artwork}));
 
-        const MediaItem bare = fixture.library().song(fixture.add(SongTags()))->item;
-        QVERIFY(!bare.title && !bare.artist && !bare.albumTitle && !bare.comments && !bare.releaseDate);
-        QVERIFY(bare.playbackStoreID.isEmpty() && !bare.artwork);
-        QCOMPARE(bare.rating, 0U);
-        const PersistentID bareId = bare.persistentID;
-        QCOMPARE(fixture.library().browser().songRows(std::span(&bareId, 1)).front().title, u"2"_s);
+        const PersistentID bare = fixture.add(SongTags());
+        QVERIFY(fixture.library().song(bare)->item ==
+                (MediaItem{.dateAddedForReal = Instant(2s), .persistentID = bare}));
+        QCOMPARE(fixture.library().browser().songRows(std::span(&bare, 1)).front().title, u"2"_s);
     }
 
     void countsOnFromTheTags()
@@ -198,10 +204,7 @@ private Q_SLOTS:
         fixture.add(u"Echo"_s, u"Bob"_s);
         const LibraryBrowser &browser = fixture.library().browser();
         const SongIndex index = browser.songs({});
-        QStringList titles;
-        for (const SongRow &row : browser.songRows(index.songs))
-            titles << row.title;
-        QCOMPARE(titles.join(u'|'), u"42|Apple|apple pie|Echo|élan|Zoo"_s);
+        QCOMPARE(titles(fixture), u"42|Apple|apple pie|Echo|élan|Zoo"_s);
         QCOMPARE(index.sections,
                  (std::vector<SectionStart>{{u"#"_s, 0}, {u"A"_s, 1}, {u"E"_s, 3}, {u"Z"_s, 5}}));
         QCOMPARE(browser.songCount(), 6);
@@ -224,22 +227,15 @@ private Q_SLOTS:
         const auto opened = [&](const std::optional<QByteArray> &locale) {
             return *SongStore::open(fixture.databasePath(), locale);
         };
-        const auto order = [&] {
-            QStringList titles;
-            for (const SongRow &row :
-                 fixture.library().browser().songRows(fixture.library().browser().songs({}).songs))
-                titles << row.title;
-            return titles.join(u'|');
-        };
         QVERIFY(!opened("en")->isSortedOtherwise()); // nothing to sort yet
         SongTags tags;
         for (const char *title : {"Zoo", "Äpple", "Young"}) {
             tags.title = QString::fromUtf8(title);
-            tags.titleSort = title[0] == 'Y' ? std::optional(QStringLiteral("ZZ")) : std::nullopt;
+            tags.titleSort = title[0] == 'Y' ? std::optional(u"ZZ"_s) : std::nullopt;
             fixture.add(tags);
         }
         fixture.add(SongTags()); // its file is "4.flac"
-        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QCOMPARE(titles(fixture), u"4|Äpple|Zoo|Young"_s);
         QVERIFY(!opened({})->isSortedOtherwise());
         QVERIFY(!opened("en_GB")->isSortedOtherwise());
 
@@ -248,22 +244,22 @@ private Q_SLOTS:
         std::stop_source stop;
         stop.request_stop();
         QVERIFY(swedish->renewSortKeys(stop.get_token()));
-        QCOMPARE(order(), QStringLiteral("4|Äpple|Zoo|Young"));
+        QCOMPARE(titles(fixture), u"4|Äpple|Zoo|Young"_s);
         QVERIFY(opened("sv_SE")->isSortedOtherwise());
         QVERIFY(swedish->renewSortKeys({}));
-        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple"));
+        QCOMPARE(titles(fixture), u"4|Zoo|Young|Äpple"_s);
         QVERIFY(!opened("sv_SE")->isSortedOtherwise());
 
         // What the command line adds is sorted as the rest is.
         const ScannedSong song{{"/music", "Öl.flac"}, {{1, 99}, 1, 1}, {}};
         QVERIFY(opened({})->write(std::span(&song, 1), {}, {}));
-        QCOMPARE(order(), QStringLiteral("4|Zoo|Young|Äpple|Öl"));
+        QCOMPARE(titles(fixture), u"4|Zoo|Young|Äpple|Öl"_s);
 
-        QSettings settings(fixture.path(QStringLiteral("device.ini")), QSettings::IniFormat);
+        QSettings settings(fixture.path(u"device.ini"_s), QSettings::IniFormat);
         const auto window = *LinuxLibrary::open(fixture.library().configuration(), settings, Sorting::OfUser);
         QSignalSpy sorted(&window->mediaLibrary(), &MediaLibrary::libraryDidChange);
         QTRY_COMPARE(sorted.size(), 1);
-        QCOMPARE(order(), QStringLiteral("4|Äpple|Öl|Zoo|Young"));
+        QCOMPARE(titles(fixture), u"4|Äpple|Öl|Zoo|Young"_s);
     }
 
     void sortsArtistsAndAlbumsAsTheirTagsSay()
@@ -278,9 +274,9 @@ private Q_SLOTS:
             fixture.add(tags);
         }
         const LibraryBrowser &browser = fixture.library().browser();
-        QCOMPARE(browser.artistRows(browser.artists().groups).front().name, QStringLiteral("Zero"));
-        QCOMPARE(browser.albumRows(browser.albums().groups).front().name, QStringLiteral("Zero"));
-        QCOMPARE(browser.albums().sections.front().label, QStringLiteral("A"));
+        QCOMPARE(browser.artistRows(browser.artists().groups).front().name, u"Zero"_s);
+        QCOMPARE(browser.albumRows(browser.albums().groups).front().name, u"Zero"_s);
+        QCOMPARE(browser.albums().sections.front().label, u"A"_s);
     }
 
     void refusesForeignAndNewerDatabases()

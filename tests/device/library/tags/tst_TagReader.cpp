@@ -94,21 +94,14 @@ SongTags matroska()
     return tags;
 }
 
-QByteArray described(const SongTags &tags)
+/// Whether that is all that the file says, of what can be said in words and numbers.
+bool says(const QByteArray &file, SongTags expected)
 {
-    QByteArray text;
-    for (const auto &value :
-         {tags.title, tags.displayArtist(), tags.albumTitle, tags.albumArtist, tags.composer,
-          tags.displayGenre(), tags.grouping, tags.comments, tags.lyrics, tags.titleSort, tags.artistSort,
-          tags.albumSort, tags.albumArtistSort, tags.catalogID, tags.recordingMBID})
-        text += value.value_or(u"-"_s).toUtf8() + '|';
-    text += (tags.releaseDate ? tags.releaseDate->text.toUtf8() : "-"_ba) + '|';
-    for (const auto &number : {tags.playCount, tags.beatsPerMinute, tags.trackNumber, tags.trackCount,
-                               tags.discNumber, tags.discCount})
-        text += (number ? QByteArray::number(*number) : "-"_ba) + '|';
-    text += QByteArray::number(tags.ratingPercent.value_or(-1)) + '|' +
-            QByteArray::number(tags.isCompilation) + '|';
-    return text + QByteArray::number(tags.advisory ? int(*tags.advisory) : -1);
+    const auto tags = readFixture(file);
+    expected.durationSeconds = tags.durationSeconds;
+    expected.artwork = tags.artwork;
+    expected.audioHash = tags.audioHash;
+    return tags == expected;
 }
 
 } // namespace
@@ -121,10 +114,11 @@ private Q_SLOTS:
     void readsEveryFieldOfEveryDialect()
     {
         const auto check = [](const QByteArray &file, const SongTags &expected) {
-            const auto tags = readFixture(file);
-            QCOMPARE(file + described(tags), file + described(expected));
+            QVERIFY2(says(file, expected), file);
             const bool isShort = file.endsWith("dsf") || file.endsWith("dff"); // one block of 18 ms
-            QVERIFY2(qAbs(tags.durationSeconds - (isShort ? 0.018 : 0.43)) < (isShort ? 0.001 : 0.05), file);
+            QVERIFY2(qAbs(readFixture(file).durationSeconds - (isShort ? 0.018 : 0.43)) <
+                         (isShort ? 0.001 : 0.05),
+                     file);
         };
         for (const auto *name : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "id3.dsf", "id3.dff",
                                  "id3.aac", "xiph.flac", "xiph.ogg", "xiph.opus", "xiph.spx", "xiph.oga",
@@ -147,7 +141,7 @@ private Q_SLOTS:
 
     void findsTheFrontCover()
     {
-        for (const QByteArray file :
+        for (const auto *file :
              {"id3v24.mp3", "id3v23.mp3", "id3.wav",      "id3.aiff", "id3.tta",   "id3.dsf",
               "id3.dff",    "id3.aac",    "xiph.flac",    "xiph.ogg", "xiph.opus", "xiph.spx",
               "xiph.oga",   "apev2.ape",  "apev2.mpc",    "apev2.wv", "apev2.mp3", "apev2.ac3",
@@ -168,41 +162,40 @@ private Q_SLOTS:
 
     void fallsThroughTheTagsOfAnMp3FieldByField()
     {
-        const auto tags = readFixture("three-tags.mp3");
-        QCOMPARE(tags.title, u"Title of ID3v2"_s);
-        QCOMPARE(tags.albumTitle, u"Album of APE"_s);
-        QCOMPARE(tags.displayArtist(), u"Artist of ID3v1"_s);
-        QCOMPARE(tags.comments, u"Comment of ID3v1"_s);
-        QCOMPARE(tags.releaseDate->text, u"1987"_s);
-        QCOMPARE(tags.trackNumber, 9U);
-        QCOMPARE(tags.displayGenre(), u"Rock"_s);
+        QVERIFY(says("three-tags.mp3", {.title = u"Title of ID3v2"_s,
+                                        .artists = {u"Artist of ID3v1"_s},
+                                        .albumTitle = u"Album of APE"_s,
+                                        .genres = {u"Rock"_s},
+                                        .comments = u"Comment of ID3v1"_s,
+                                        .releaseDate = PartialDate::fromText(u"1987"_s),
+                                        .trackNumber = 9}));
     }
 
     void knowsOtherProgramsSpellings()
     {
-        const auto tags = readFixture("spellings.flac");
-        QCOMPARE(tags.albumArtist, u"Album Artist"_s);
-        QCOMPARE(tags.releaseDate->text, u"2021"_s);
-        QCOMPARE(tags.grouping, u"Grouping"_s);
-        QCOMPARE(tags.comments, u"Comment"_s);
-        QCOMPARE(tags.lyrics, u"First line\nSecond line"_s);
-        QCOMPARE(tags.beatsPerMinute, 128U);
-        QCOMPARE(tags.trackNumber, 3U);
-        QCOMPARE(tags.trackCount, 12U);
-        QCOMPARE(tags.discNumber, 1U);
-        QCOMPARE(tags.discCount, 2U);
-        QCOMPARE(tags.ratingPercent, 70);
-        QCOMPARE(tags.playCount, 7U);
+        QVERIFY(says("spellings.flac", {.albumArtist = u"Album Artist"_s,
+                                        .grouping = u"Grouping"_s,
+                                        .comments = u"Comment"_s,
+                                        .lyrics = u"First line\nSecond line"_s,
+                                        .releaseDate = PartialDate::fromText(u"2021"_s),
+                                        .ratingPercent = 70,
+                                        .playCount = 7,
+                                        .beatsPerMinute = 128,
+                                        .trackNumber = 3,
+                                        .trackCount = 12,
+                                        .discNumber = 1,
+                                        .discCount = 2}));
     }
 
     void readsRiffInfoOfUnknownEncoding()
     {
-        const auto tags = readFixture("info.wav");
-        QCOMPARE(tags.title, u"Tïtle €"_s);
-        QCOMPARE(tags.displayArtist(), u"Artist"_s);
-        QCOMPARE(tags.displayGenre(), u"Jazz"_s);
-        QCOMPARE(tags.releaseDate->text, u"2021-03-05"_s);
-        QCOMPARE(tags.trackNumber, 3U);
+        QVERIFY(says("info.wav", {.title = u"Tïtle €"_s,
+                                  .artists = {u"Artist"_s},
+                                  .albumTitle = u"Album"_s,
+                                  .genres = {u"Jazz"_s},
+                                  .comments = u"Comment"_s,
+                                  .releaseDate = PartialDate::fromText(u"2021-03-05"_s),
+                                  .trackNumber = 3}));
     }
 
     void stripsTheTimesFromLyrics()
@@ -244,9 +237,8 @@ private Q_SLOTS:
         QTemporaryDir folder;
         const auto path = QFile::encodeName(folder.filePath(u"really ogg.mp3"_s));
         QVERIFY(QFile::copy(QFile::decodeName(fixture("xiph.ogg")), QFile::decodeName(path)));
-        const auto tags = readTags(path);
-        QVERIFY(tags);
-        QCOMPARE(described(*tags), described(everything()));
+        QCOMPARE(readTags(path)->audioHash, readFixture("xiph.ogg").audioHash);
+        QCOMPARE(readTags(path)->title, everything().title);
     }
 
     void readsAFileWhoseNameIsNoText()
@@ -261,18 +253,19 @@ private Q_SLOTS:
 
     void hashesTheSoundWhateverTheTags()
     {
-        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("id3v23.mp3").audioHash);
-        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("apev2.mp3").audioHash);
-        QCOMPARE(readFixture("id3v24.mp3").audioHash, readFixture("three-tags.mp3").audioHash);
-        QCOMPARE(readFixture("xiph.flac").audioHash, readFixture("spellings.flac").audioHash);
-        QCOMPARE(readFixture("id3.wav").audioHash, readFixture("info.wav").audioHash);
+        for (const auto &[one, other] : {std::pair("id3v24.mp3", "id3v23.mp3"),
+                                         {"id3v24.mp3", "apev2.mp3"},
+                                         {"id3v24.mp3", "three-tags.mp3"},
+                                         {"xiph.flac", "spellings.flac"},
+                                         {"id3.wav", "info.wav"}})
+            QCOMPARE(readFixture(one).audioHash, readFixture(other).audioHash);
     }
 
     void hashesTheSoundAfterRetagging()
     {
-        for (const QByteArray file : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "xiph.flac", "xiph.ogg",
-                                      "xiph.opus", "xiph.spx", "xiph.oga", "apev2.ape", "apev2.mpc",
-                                      "apev2.wv", "atoms.m4a", "alac.m4a", "asf.wma"}) {
+        for (const auto *file : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "xiph.flac", "xiph.ogg",
+                                 "xiph.opus", "xiph.spx", "xiph.oga", "apev2.ape", "apev2.mpc", "apev2.wv",
+                                 "atoms.m4a", "alac.m4a", "asf.wma"}) {
             QTemporaryDir folder;
             const auto path = QFile::encodeName(folder.path()) + '/' + file;
             QVERIFY(QFile::copy(QFile::decodeName(fixture(file)), QFile::decodeName(path)));
