@@ -29,10 +29,8 @@ DesktopSettings kdeAnimationSpeed()
     if (path.isEmpty())
         return settings;
     const QSettings file(path, QSettings::IniFormat);
-    const QVariant factor = file.value(QStringLiteral("KDE/AnimationDurationFactor"));
-    if (factor.isValid())
-        settings.insert({QStringLiteral("org.kde.kdeglobals.KDE"), QStringLiteral("AnimationDurationFactor")},
-                        factor);
+    settings.insert({QStringLiteral("org.kde.kdeglobals.KDE"), QStringLiteral("AnimationDurationFactor")},
+                    file.value(QStringLiteral("KDE/AnimationDurationFactor")));
     return settings;
 }
 

@@ -77,9 +77,6 @@ void HttpExchange::end(Result<QByteArray> answer)
 {
     if (!m_handler)
         return;
-    m_deadline.stop();
-    if (m_reply)
-        m_reply->disconnect(this);
     deleteLater();
     std::exchange(m_handler, nullptr)(std::move(answer));
 }

@@ -77,7 +77,7 @@ PortalSettings::PortalSettings(const QDBusConnection &bus, QObject *parent)
 void PortalSettings::takeAll(const QDBusPendingCallWatcher &reply)
 {
     const QDBusMessage message = reply.reply();
-    if (message.type() != QDBusMessage::ReplyMessage || message.signature() != QLatin1StringView("a{sa{sv}}"))
+    if (message.signature() != QLatin1StringView("a{sa{sv}}"))
         return; // no portal, or none that knows settings: the palette has to do
     const auto spaces = qdbus_cast<SettingsOfSpaces>(message.arguments().constFirst());
     for (auto space = spaces.begin(); space != spaces.end(); ++space) {

@@ -53,17 +53,12 @@ class tst_DesktopAddressOpener : public QObject
 
     QTemporaryDir m_folder;
 
-    void writeFile(const QString &name, const QByteArray &text, bool isProgram = false)
+    void writeProgram(const QString &name, const QByteArray &body) const
     {
         QFile file(m_folder.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        if (isProgram)
-            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-    void writeProgram(const QString &name, const QByteArray &body)
-    {
-        writeFile(name, "#!/bin/sh\n" + body + "\n", true);
+        file.write("#!/bin/sh\n" + body + '\n');
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     [[nodiscard]] QByteArray log() const
     {
@@ -78,10 +73,11 @@ private Q_SLOTS:
         qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
         qputenv("LOG", m_folder.filePath(u"log"_s).toUtf8());
         QVERIFY(QDir(m_folder.path()).mkpath(u"applications/org"_s));
-        writeFile(u"applications/org/player.desktop"_s, "[Desktop Entry]\n");
+        writeProgram(u"applications/org/player.desktop"_s, {}); // only looked for
         for (const char *name : {"xdg-open", "gio", "gtk-launch"})
-            writeProgram(QString::fromLatin1(name), "[ /proc/self/fd/2 -ef /dev/null ] && echo "_ba + name +
-                                                        " \"$@\" >> \"$LOG\""); // ours is not its terminal
+            writeProgram(QString::fromLatin1(name), // our terminal is not its own
+                         "for fd in 0 1 2; do [ /proc/self/fd/$fd -ef /dev/null ] || exit; done; echo "_ba +
+                             name + " \"$@\" >> \"$LOG\"");
     }
     // Not sooner: the thread of the bus would look at the portal while that goes.
     void cleanup() { QDBusConnection::disconnectFromBus(u"portal"_s); }
@@ -91,12 +87,12 @@ private Q_SLOTS:
     {
         DesktopAddressOpener opener({});
         const Portal portal;
-        opener.open(QUrl(u"https://example.org/a?b=c d"_s));
+        for (const auto &address : {u"relative"_s, u"https://["_s, u"https://example.org/a?b=c d"_s})
+            opener.open(QUrl(address));
         QTRY_COMPARE(portal.opened, QStringList(u"https://example.org/a?b=c%20d"_s));
         QCOMPARE(log(), QByteArray());
         opener.open(QUrl(u"file:///tmp/x"_s));
         QTRY_COMPARE(log(), "xdg-open file:///tmp/x\n"_ba);
-        opener.open(QUrl(u"relative"_s));
     }
 
     void doesWithoutABus()
@@ -112,13 +108,15 @@ private Q_SLOTS:
         DesktopAddressOpener opener([&isPlaying] { return std::exchange(isPlaying, false); });
         opener.open(QUrl(u"music://"_s));
         QVERIFY(!isPlaying);
-        writeProgram(u"xdg-mime"_s, "[ \"$3\" = x-scheme-handler/music ] && echo org-player.desktop");
+        writeProgram(u"xdg-mime"_s,
+                     "[ \"$3\" = x-scheme-handler/music ] && printf 'org-player.desktop\nanother\n'");
         opener.open(QUrl(u"music://"_s));
         QByteArray expected = "gio launch " + m_folder.path().toUtf8() + "/applications/org/player.desktop\n";
         QTRY_COMPARE(log(), expected); // and nothing when the player was raised
         // A handler of music files that is not installed properly.
         writeProgram(u"xdg-mime"_s, "[ \"$3\" = audio/mpeg ] && echo other.desktop");
-        opener.open(QUrl(u"music://"_s));
+        DesktopAddressOpener ofNoPlayer({});
+        ofNoPlayer.open(QUrl(u"music://"_s));
         QTRY_COMPARE(log(), expected + "gtk-launch other.desktop\n");
     }
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopAppearance.h"
+#include "device/integration/PortalSettings.h"
 #include "device/integration/StoredDeviceSettings.h"
 
 #include <QDBusArgument>
@@ -146,15 +147,17 @@ private Q_SLOTS:
 
     void choosesTheNearestTextSize()
     {
-        QCOMPARE(textSizeForScale(1.0), TextSize::Large);
-        QCOMPARE(textSizeForScale(0.5), TextSize::ExtraSmall);
-        QCOMPARE(textSizeForScale(1.05), TextSize::Large);
-        QCOMPARE(textSizeForScale(1.1), TextSize::ExtraLarge);
-        QCOMPARE(textSizeForScale(1.5), TextSize::Accessibility1);
-        QCOMPARE(textSizeForScale(2.0), TextSize::Accessibility2);
-        QCOMPARE(textSizeForScale(9.0), TextSize::Accessibility5);
-        for (const double scale : {0.0, -1.0, qQNaN()})
-            QCOMPARE(textSizeForScale(scale), TextSize::Large);
+        for (const auto &[scale, size] : {std::pair(1.0, TextSize::Large),
+                                          {0.5, TextSize::ExtraSmall},
+                                          {1.05, TextSize::Large},
+                                          {1.1, TextSize::ExtraLarge},
+                                          {1.5, TextSize::Accessibility1},
+                                          {2.0, TextSize::Accessibility2},
+                                          {9.0, TextSize::Accessibility5},
+                                          {0.0, TextSize::Large},
+                                          {-1.0, TextSize::Large},
+                                          {qQNaN(), TextSize::Large}})
+            QCOMPARE(textSizeForScale(scale), size);
     }
 
     void followsThePortal()
@@ -168,7 +171,11 @@ private Q_SLOTS:
         QCOMPARE(look.textSize(), TextSize::ExtraExtraLarge);
         QCOMPARE(look.accent(), std::optional(QColor::fromRgbF(0, 0.5F, 1)));
 
+        const PortalSettings settings(QDBusConnection::sessionBus());
+        QSignalSpy told(&settings, &PortalSettings::didChange);
+        QTRY_COMPARE(told.size(), 1);
         QSignalSpy changes(&look, &Appearance::appearanceDidChange);
+        portal.change(u"org.example.others"_s, u"color-scheme"_s, 2u);
         portal.change(appearance, u"color-scheme"_s, 2u);
         QTRY_VERIFY(!look.isDark());
         portal.change(appearance, u"accent-color"_s, QVariant::fromValue(Rgb{-1, -1, -1}));
@@ -177,6 +184,7 @@ private Q_SLOTS:
         portal.change(gnome, u"enable-animations"_s, inVariant(false));
         QTRY_VERIFY(look.prefersReducedMotion());
         QCOMPARE(changes.size(), 3); // the font changes nothing here
+        QTRY_COMPARE(told.size(), 5);
     }
 
     void asksThePaletteWhereThereIsNoPortal()
@@ -212,12 +220,10 @@ private Q_SLOTS:
         m_settings->setAppearance({.theme = ThemeChoice::Light,
                                    .textSize = TextSize::Accessibility3,
                                    .motion = MotionChoice::Full});
-        QVERIFY(!look.isDark());
-        QVERIFY(!look.prefersReducedMotion());
+        QVERIFY(!look.isDark() && !look.prefersReducedMotion());
         QCOMPARE(look.textSize(), TextSize::Accessibility3);
         m_settings->setAppearance({});
-        QVERIFY(look.isDark());
-        QVERIFY(look.prefersReducedMotion());
+        QVERIFY(look.isDark() && look.prefersReducedMotion());
         QCOMPARE(look.textSize(), TextSize::Large);
     }
 
@@ -225,9 +231,15 @@ private Q_SLOTS:
     {
         const AppearanceChoices choices{
             .theme = ThemeChoice::Dark, .textSize = TextSize::ExtraSmall, .motion = MotionChoice::Reduced};
-        m_settings->setAppearance(choices);
-        m_settings->setMicrophoneAccess(AccessChoice::Denied);
-        m_settings->setIgnoredPlayers({u"vlc"_s, u"mpv"_s, u"vlc"_s});
+        const QSignalSpy looks(m_settings.get(), &DeviceSettings::appearanceDidChange);
+        const QSignalSpy access(m_settings.get(), &DeviceSettings::microphoneAccessDidChange);
+        const QSignalSpy players(m_settings.get(), &DeviceSettings::ignoredPlayersDidChange);
+        for (int i = 0; i < 2; ++i) { // the second time nothing changes
+            m_settings->setAppearance(choices);
+            m_settings->setMicrophoneAccess(AccessChoice::Denied);
+            m_settings->setIgnoredPlayers({u"vlc"_s, {}, u"mpv"_s, u"vlc"_s});
+            QCOMPARE(QList({looks.size(), access.size(), players.size()}), QList<qsizetype>({1, 1, 1}));
+        }
         m_file->sync();
         QSettings again(m_file->fileName(), QSettings::IniFormat);
         const StoredDeviceSettings reread(again);
