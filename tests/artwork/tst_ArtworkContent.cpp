@@ -39,10 +39,7 @@ private Q_SLOTS:
         using Text = std::optional<QString>;
         const auto spoken = [](const Text &title, const Text &artist, bool isExplicit = false,
                                const QString &fileName = {}) {
-            MediaItem song;
-            song.title = title;
-            song.artist = artist;
-            song.isExplicitItem = isExplicit;
+            const MediaItem song{.title = title, .artist = artist, .isExplicitItem = isExplicit};
             return spokenText(titleBlock(song, fileName));
         };
         QCOMPARE(spoken(u"Lines"_s, u"Machines"_s, false, u"01 x"_s), u"Lines, Machines"_s);

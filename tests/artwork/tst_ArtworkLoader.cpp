@@ -28,10 +28,7 @@ struct Loader : ArtworkLoader
 
 MediaItem songWith(std::uint64_t id, std::shared_ptr<MemoryArtwork> artwork)
 {
-    MediaItem song;
-    song.persistentID = {id};
-    song.artwork = std::move(artwork);
-    return song;
+    return {.persistentID = {id}, .artwork = std::move(artwork)};
 }
 
 std::shared_ptr<MemoryArtwork> cover(const QColor &color, QSize size = {100, 100})

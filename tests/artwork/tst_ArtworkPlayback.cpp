@@ -10,18 +10,6 @@
 using namespace Qt::StringLiterals;
 using namespace trackwise;
 
-namespace {
-
-MediaItem song(std::uint64_t id, const QString &title)
-{
-    MediaItem item;
-    item.persistentID = {id};
-    item.title = title;
-    return item;
-}
-
-} // namespace
-
 class tst_ArtworkPlayback : public QObject
 {
     Q_OBJECT
@@ -31,8 +19,8 @@ class tst_ArtworkPlayback : public QObject
     ArtworkLoader m_loader{[](PersistentID) { return ArtworkPtr(); }};
     ArtworkFiles m_files{QString()};
     const ArtworkServices m_services{m_player, m_opener, m_loader, m_files, [] { return Instant{}; }};
-    const MediaItem m_songA = song(1, u"A"_s);
-    const MediaItem m_songB = song(2, u"B"_s);
+    const MediaItem m_songA{.title = u"A"_s, .persistentID = {1}};
+    const MediaItem m_songB{.title = u"B"_s, .persistentID = {2}};
     const std::optional<MediaItem> m_none;
 
 private Q_SLOTS:
@@ -126,9 +114,7 @@ private Q_SLOTS:
     {
         ArtworkServices services = m_services;
         services.fileName = [](PersistentID id) { return QString::number(id.value); };
-        MediaItem song = m_songB;
-        song.title = u""_s;
-        ArtworkView view({.mediaItem = song}, services);
+        ArtworkView view({.mediaItem = MediaItem{.title = u""_s, .persistentID = {2}}}, services);
         QCOMPARE(view.title(), u"2"_s);
         view.setMediaItem(m_songB);
         QCOMPARE(view.title(), u"B"_s);

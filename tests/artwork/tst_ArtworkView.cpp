@@ -23,12 +23,10 @@ namespace {
 
 MediaItem song(const QString &title, std::shared_ptr<MemoryArtwork> artwork = {})
 {
-    MediaItem item;
-    item.persistentID = {1};
-    item.title = title;
-    item.artist = u"The Quiet Machines"_s;
-    item.artwork = std::move(artwork);
-    return item;
+    return {.title = title,
+            .artist = u"The Quiet Machines"_s,
+            .persistentID = {1},
+            .artwork = std::move(artwork)};
 }
 
 struct ShownSidebar
@@ -38,6 +36,7 @@ struct ShownSidebar
     ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
     QTemporaryDir folder;
     ArtworkFiles files{folder.path()};
+    ArtworkServices services{player, opener, loader, files, [] { return Instant{}; }};
     ArtworkSidebarView sidebar;
 };
 
@@ -45,10 +44,7 @@ struct ShownSidebar
 struct SidebarWindow : ShownSidebar, ViewWindow
 {
     explicit SidebarWindow(std::optional<MediaItem> shown, bool isNowPlaying = false, QSize size = {320, 600})
-        : ShownSidebar{.sidebar{std::move(shown),
-                                isNowPlaying,
-                                false,
-                                {player, opener, loader, files, [] { return Instant{}; }}}}
+        : ShownSidebar{.sidebar{std::move(shown), isNowPlaying, false, services}}
         , ViewWindow(size)
     {
         player.beginGeneratingPlaybackNotifications();
@@ -88,19 +84,16 @@ private Q_SLOTS:
         QCOMPARE(at.place(u"Play"_s, QAccessible::Button).right(), 280.0);
         QVERIFY(!at.find(u"NOW PLAYING"_s, QAccessible::Heading));
         QVERIFY(!at.find(u"Open Music app"_s, QAccessible::Link));
-    }
 
-    void theButtonPlaysAndIsRenamed()
-    {
-        SidebarWindow at(song(u"Lines"_s));
         QQuickItem *button = at.find(u"Play"_s, QAccessible::Button);
-        QVERIFY(button);
         button->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(&at.window, Qt::Key_Space);
+        at.press(Qt::Key_Space);
         QVERIFY(at.find(u"Pause"_s, QAccessible::Button));
         QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
         QVERIFY(at.find(u"Play"_s, QAccessible::Button));
+        at.window.resize(70, 400);
+        QTRY_VERIFY(at.place(u"Album artwork"_s).isEmpty());
     }
 
     void aFollowedSongHasAHeadingAndTheWayToTheMusicApp()
@@ -123,28 +116,22 @@ private Q_SLOTS:
         at.sidebar.artwork()->togglePlayback();
         QQuickItem *button = at.find(u"Pause"_s, QAccessible::Button);
         button->forceActiveFocus(Qt::TabFocusReason);
-        const ArtworkServices services{at.player, at.opener, at.loader, at.files, [] { return Instant{}; }};
-        const auto show = [&at](ArtworkSidebarView &sidebar) {
-            at.window.rootObject()->setProperty("view", QVariant::fromValue(&sidebar));
+        const auto show = [&at](const MediaItem &item, bool isNowPlaying) {
+            auto *other = new ArtworkSidebarView(item, isNowPlaying, true, at.services, &at.window);
+            at.window.rootObject()->setProperty("view", QVariant::fromValue(other));
         };
-        MediaItem other = song(u"Other"_s);
-        other.persistentID = {2};
-        auto *silent = new ArtworkSidebarView(other, false, true, services, &at.window);
-        show(*silent);
+        const MediaItem other{.title = u"Other"_s, .persistentID = {2}};
+        show(other, false);
         QVERIFY(at.find(u"Play"_s, QAccessible::Button));
-        // It has played all the while.
-        auto *again = new ArtworkSidebarView(song(u"Lines"_s), false, true, services, &at.window);
-        show(*again);
+        show(song(u"Lines"_s), false); // which has played all the while
         QVERIFY(at.find(u"Pause"_s, QAccessible::Button));
         QVERIFY(button->hasActiveFocus());
-        auto *followed = new ArtworkSidebarView(other, true, true, services, &at.window);
-        show(*followed);
+        show(other, true);
         QVERIFY(!button->hasActiveFocus()); // it is not there any more
         at.find(u"Open Music app"_s, QAccessible::Link)->forceActiveFocus(Qt::TabFocusReason);
-        show(*again);
-        QTest::keyClick(&at.window, Qt::Key_Space);
-        QCOMPARE(at.opener.opened.size(), size_t{0});
-        show(at.sidebar);
+        show(song(u"Lines"_s), false);
+        at.press(Qt::Key_Space);
+        QVERIFY(at.opener.opened.empty());
     }
 
     void withoutASongThereIsOnlyTheEmptyTile()
@@ -153,12 +140,6 @@ private Q_SLOTS:
         QVERIFY(at.emptyTile());
         QVERIFY(!at.find(u"Play"_s, QAccessible::Button));
         QCOMPARE(at.emptyTile()->mapToScene({0, 0}).y(), 180.0); // in the column's middle
-    }
-
-    void aNarrowColumnHidesTheTile()
-    {
-        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)), false, {70, 400});
-        QVERIFY(at.place(u"Album artwork"_s).isEmpty());
     }
 
     void aLowColumnStillShowsTheTextsAndTheButton()
@@ -216,59 +197,47 @@ private Q_SLOTS:
         }
     }
 
-    void aHeldFingerOpensTheMenuOrTakesTheCoverAlong_data()
-    {
-        QTest::addColumn<bool>("isHeld");
-        QTest::addColumn<bool>("moves");
-        QTest::addColumn<QString>("outcome");
-        QTest::newRow("held") << true << false << u"menu"_s;
-        QTest::newRow("held and moved") << true << true << u"drag"_s;
-        QTest::newRow("moved at once") << false << true << QString();
-        QTest::newRow("touched") << false << false << QString();
-    }
     void aHeldFingerOpensTheMenuOrTakesTheCoverAlong()
     {
-        QFETCH(bool, isHeld);
-        QFETCH(bool, moves);
-        QFETCH(QString, outcome);
-        SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
-        QTRY_VERIFY(at.tile());
-        const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
-        const QPoint place = at.tile()->mapToScene({120, 100}).toPoint();
-        const QPoint away = place + QPoint(0, 60);
-        const auto menu = [&at] {
-            QAccessibleInterface *focused =
-                QAccessible::queryAccessibleInterface(at.window.activeFocusItem());
-            return focused && focused->role() == QAccessible::PopupMenu;
-        };
-        QStringList seen;
-        connect(at.sidebar.artwork(), &ArtworkView::isDraggingChanged, this, [&] {
-            if (!at.sidebar.artwork()->isDragging())
-                return;
-            seen << u"drag"_s;
-            const auto *drag = QCoreApplication::instance()->findChild<QDrag *>();
-            QCOMPARE(drag->hotSpot(), at.tile()->mapFromScene(place).toPoint());
-            QCOMPARE(drag->mimeData()->urls().value(0).fileName(), u"The Quiet Machines.png"_s);
-            const QImage preview = drag->pixmap().toImage();
-            QCOMPARE(preview.size(), QSize(240, 240));
-            QCOMPARE(preview.pixelColor(120, 120), QColor(Qt::red));
-            QCOMPARE(qAlpha(preview.pixel(1, 1)), 0); // round corners
-            QTimer::singleShot(0, this,
-                               [&] { QTest::touchEvent(&at.window, screen.get()).release(0, away); });
-        });
-        QTest::touchEvent(&at.window, screen.get()).press(0, place);
-        if (isHeld)
-            QTRY_VERIFY(menu());
-        if (moves)
-            QTest::touchEvent(&at.window, screen.get()).move(0, away);
-        if (outcome == u"drag")
-            QTRY_VERIFY(!seen.isEmpty() &&
-                        !at.sidebar.artwork()->isDragging()); // the finger's end is the drag's
-        else
-            QTest::touchEvent(&at.window, screen.get()).release(0, moves ? away : place);
-        if (menu())
-            seen << u"menu"_s;
-        QCOMPARE(seen.join(u','), outcome);
+        for (const auto &[isHeld, moves] : {std::pair(true, false), std::pair(true, true),
+                                            std::pair(false, true), std::pair(false, false)}) {
+            const QString outcome = !isHeld ? QString() : moves ? u"drag"_s : u"menu"_s;
+            SidebarWindow at(song(u"Lines"_s, cover(Qt::red)));
+            QTRY_VERIFY(at.tile());
+            const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+            const auto touch = [&] { return QTest::touchEvent(&at.window, screen.get()); };
+            const QPoint place = at.tile()->mapToScene({120, 100}).toPoint();
+            const QPoint away = place + QPoint(0, 60);
+            const auto menu = [&at] {
+                const QAccessibleInterface *focused =
+                    QAccessible::queryAccessibleInterface(at.window.activeFocusItem());
+                return focused && focused->role() == QAccessible::PopupMenu;
+            };
+            QString seen;
+            connect(at.sidebar.artwork(), &ArtworkView::isDraggingChanged, this, [&] {
+                if (!at.sidebar.artwork()->isDragging())
+                    return;
+                QTimer::singleShot(0, this, [&] { touch().release(0, away); });
+                const auto *drag = QCoreApplication::instance()->findChild<QDrag *>();
+                QCOMPARE(drag->hotSpot(), at.tile()->mapFromScene(place).toPoint());
+                QCOMPARE(drag->mimeData()->urls().value(0).fileName(), u"The Quiet Machines.png"_s);
+                const QImage preview = drag->pixmap().toImage();
+                QCOMPARE(preview.size(), QSize(240, 240));
+                QCOMPARE(preview.pixelColor(120, 120), QColor(Qt::red));
+                QCOMPARE(qAlpha(preview.pixel(1, 1)), 0); // round corners
+                seen += u"drag"_s;
+            });
+            touch().press(0, place);
+            if (isHeld)
+                QTRY_VERIFY(menu());
+            if (moves)
+                touch().move(0, away);
+            if (isHeld && moves) // the finger's end is the drag's
+                QTRY_VERIFY(!seen.isEmpty() && !at.sidebar.artwork()->isDragging());
+            else
+                touch().release(0, moves ? away : place);
+            QCOMPARE(menu() ? seen + u"menu"_s : seen, outcome);
+        }
     }
 
     void theLastOfManySongsIsTheOneShown()
@@ -280,9 +249,9 @@ private Q_SLOTS:
         QSemaphore goOn;
         const auto slow = cover(Qt::green);
         slow->beforeRead = [&goOn] { goOn.acquire(); };
-        const MediaItem slowSong = song(u"Slow"_s, slow);
+        const MediaItem slowSong{.artwork = slow};
         const auto last = cover(Qt::blue);
-        const MediaItem lastSong = song(u"Last"_s, last);
+        const MediaItem lastSong{.artwork = last};
         picture->setSource(at.loader.address(slowSong));
         QVERIFY(!picture->hasPicture()); // the old one is gone at once
         QTRY_COMPARE(slow->reads.load(), 1);
