@@ -12,13 +12,7 @@ using namespace trackwise;
 
 namespace {
 
-MediaItem ratedSong()
-{
-    MediaItem song;
-    song.title = u"Golden Hour Lines"_s;
-    song.rating = 4;
-    return song;
-}
+const MediaItem ratedSong{.title = u"Golden Hour Lines"_s, .rating = 4};
 
 QString clipboardText()
 {
@@ -36,7 +30,7 @@ private Q_SLOTS:
 
     void aFocusedRowCopiesItsValueAndNotWhatIsSpoken()
     {
-        ListWindow list(ratedSong(), {1024, 1024});
+        ListWindow list(ratedSong, {1024, 1024});
         list.information.toggleShowMoreInformation();
         list.find(u"Rating"_s)->forceActiveFocus(Qt::TabFocusReason);
         list.press(Qt::Key_C, Qt::ControlModifier);
@@ -54,7 +48,7 @@ private Q_SLOTS:
 
     void aRightClickOffersCopyAndReturnChoosesIt()
     {
-        ListWindow list(ratedSong());
+        ListWindow list(ratedSong);
         const QPoint place = list.place(u"Title"_s).center().toPoint();
         QTest::mouseClick(&list.window, Qt::RightButton, {}, place);
         QTRY_VERIFY(list.find(u"Copy"_s));
@@ -65,9 +59,7 @@ private Q_SLOTS:
         QCOMPARE(clipboardText(), u"Golden Hour Lines"_s);
         QTRY_VERIFY(!list.find(u"Copy"_s));
 
-        MediaItem other; // whose menus copy its own texts
-        other.title = u"Another"_s;
-        list.showInstead(other);
+        list.showInstead({.title = u"Another"_s}); // whose menus copy its own texts
         list.click(Qt::RightButton, u"Title"_s);
         QTRY_VERIFY(list.find(u"Copy"_s));
         list.press(Qt::Key_Down);
@@ -77,7 +69,7 @@ private Q_SLOTS:
 
     void theMenuKeysOpenTheSameMenuAndEscapeLeavesIt()
     {
-        ListWindow list(ratedSong());
+        ListWindow list(ratedSong);
         QQuickItem *row = list.find(u"Title"_s);
         row->forceActiveFocus(Qt::TabFocusReason);
         list.press(Qt::Key_F10); // without Shift
@@ -90,12 +82,13 @@ private Q_SLOTS:
             QTRY_VERIFY(!list.find(u"Copy"_s));
             QCOMPARE(clipboardText(), u"before"_s);
             QTRY_COMPARE(list.window.activeFocusItem(), row);
+            QVERIFY(row->property("hasKeyboardFocus").toBool()); // as before
         }
     }
 
     void holdingAFingerOffersCopyAboveIt()
     {
-        ListWindow list(ratedSong());
+        ListWindow list(ratedSong);
         const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
         const QRectF row = list.place(u"Title"_s);
         const QPoint touch(qRound(row.right()) - 50, qRound(row.top()) + 20);

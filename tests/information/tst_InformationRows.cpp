@@ -8,17 +8,12 @@
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
+using std::chrono::sys_days;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr Instant referenceInstant{std::chrono::sys_days{std::chrono::year{2001} / 1 / 1}};
-
-Instant utc(int year, unsigned month, unsigned day, std::chrono::minutes time = 0min)
-{
-    return std::chrono::sys_days{std::chrono::year{year} / static_cast<int>(month) / static_cast<int>(day)} +
-           time;
-}
+constexpr Instant referenceInstant = sys_days{2001y / 1 / 1};
 
 InformationRows rowsOf(const MediaItem &item, const QByteArray &locale = "en_US",
                        const QByteArray &zone = "UTC")
@@ -47,30 +42,28 @@ QStringList lines(const std::vector<InformationRow> &rows)
 
 MediaItem songWithEverything()
 {
-    MediaItem item;
-    item.title = u"Golden Hour Lines"_s;
-    item.artist = u"The Quiet Machines"_s;
-    item.albumTitle = u"Paper Satellites"_s;
-    item.albumArtist = u"Various"_s;
-    item.composer = u"I. Vale"_s;
-    item.genre = u"Electronic"_s;
-    item.userGrouping = u"Evening"_s;
-    item.comments = u"Two\nlines"_s;
-    item.lyrics = u"La"_s;
-    item.releaseDate = utc(2021, 3, 5);
-    item.lastPlayedDate = utc(2021, 3, 5, 15h + 4min);
-    item.dateAddedForReal = utc(2020, 12, 31, 9h);
-    item.playbackDuration = 205.9;
-    item.playCount = 1234567;
-    item.skipCount = 2;
-    item.rating = 4;
-    item.beatsPerMinute = 1118;
-    item.albumTrackNumber = 3;
-    item.albumTrackCount = 12;
-    item.discNumber = 1;
-    item.discCount = 1;
-    item.isExplicitItem = true;
-    return item;
+    return {.title = u"Golden Hour Lines"_s,
+            .artist = u"The Quiet Machines"_s,
+            .albumTitle = u"Paper Satellites"_s,
+            .albumArtist = u"Various"_s,
+            .composer = u"I. Vale"_s,
+            .genre = u"Electronic"_s,
+            .userGrouping = u"Evening"_s,
+            .comments = u"Two\nlines"_s,
+            .lyrics = u"La"_s,
+            .releaseDate = sys_days{2021y / 3 / 5},
+            .lastPlayedDate = sys_days{2021y / 3 / 5} + 15h + 4min,
+            .dateAddedForReal = sys_days{2020y / 12 / 31} + 9h,
+            .playbackDuration = 205.9,
+            .playCount = 1234567,
+            .skipCount = 2,
+            .rating = 4,
+            .beatsPerMinute = 1118,
+            .albumTrackNumber = 3,
+            .albumTrackCount = 12,
+            .discNumber = 1,
+            .discCount = 1,
+            .isExplicitItem = true};
 }
 
 } // namespace
@@ -127,7 +120,7 @@ private Q_SLOTS:
     void writesDates()
     {
         MediaItem item;
-        item.releaseDate = item.lastPlayedDate = item.dateAddedForReal = utc(2021, 3, 5, 15h + 4min);
+        item.releaseDate = item.lastPlayedDate = item.dateAddedForReal = sys_days{2021y / 3 / 5} + 15h + 4min;
         const auto dates = [&item](const QByteArray &locale, const QByteArray &zone) {
             const InformationRows rows = rowsOf(item, locale, zone);
             const QString added = valueOf(rows, u"Date added"_s);
@@ -158,9 +151,7 @@ private Q_SLOTS:
     void writesDurations()
     {
         const auto duration = [](double seconds, const QByteArray &locale = "en_US") {
-            MediaItem item;
-            item.playbackDuration = seconds;
-            return valueOf(rowsOf(item, locale), u"Duration"_s);
+            return valueOf(rowsOf({.playbackDuration = seconds}, locale), u"Duration"_s);
         };
         QCOMPARE(duration(-1), u"--"_s);
         QCOMPARE(duration(0), u"--"_s);
@@ -184,10 +175,10 @@ private Q_SLOTS:
     void writesCountPairs()
     {
         const auto pair = [](unsigned number, unsigned count) {
-            MediaItem item;
-            item.albumTrackNumber = item.discNumber = number;
-            item.albumTrackCount = item.discCount = count;
-            const InformationRows rows = rowsOf(item);
+            const InformationRows rows = rowsOf({.albumTrackNumber = number,
+                                                 .albumTrackCount = count,
+                                                 .discNumber = number,
+                                                 .discCount = count});
             const QString track = valueOf(rows, u"Track"_s);
             return track == valueOf(rows, u"Disc number"_s) ? track : u"differ"_s;
         };
@@ -202,9 +193,7 @@ private Q_SLOTS:
     void speaksRatings()
     {
         const auto rating = [](unsigned stars) {
-            MediaItem item;
-            item.rating = stars;
-            const InformationRow row = rowsOf(item).more.at(5);
+            const InformationRow row = rowsOf({.rating = stars}).more.at(5);
             return row.value + u' ' + row.spoken();
         };
         QCOMPARE(rating(0), u"☆☆☆☆☆ Rating, Not rated"_s);
@@ -217,9 +206,7 @@ private Q_SLOTS:
     {
         const QByteArray childMark("TRACKWISE_TEST_RATING");
         if (qEnvironmentVariableIsSet(childMark)) {
-            MediaItem item;
-            item.rating = 6;
-            (void)rowsOf(item);
+            (void)rowsOf({.rating = 6});
             return; // not reached: the parent sees a normal end and fails
         }
         QProcess child;

@@ -14,15 +14,11 @@ using namespace trackwise;
 
 namespace {
 
-MediaItem shortSong()
-{
-    MediaItem song;
-    song.title = u"Golden Hour Lines"_s;
-    song.artist = u"The Quiet Machines"_s;
-    song.rating = 4;
-    song.lyrics = u"La"_s;
-    return song;
-}
+const MediaItem shortSong{.title = u"Golden Hour Lines"_s,
+                          .artist = u"The Quiet Machines"_s,
+                          .lyrics = u"La"_s,
+                          .rating = 4,
+                          .persistentID = {1}};
 
 const QStringList collapsedNames =
     u"Information|Show More|Title, Golden Hour Lines|Artist, The Quiet Machines|Album, --|Album artist, --|"
@@ -51,7 +47,7 @@ private Q_SLOTS:
 
     void theSwitchWorksFromTheKeyboardAndIsRemembered()
     {
-        ListWindow list(shortSong());
+        ListWindow list(shortSong);
         QVERIFY(list.find(u"Information"_s, QAccessible::Heading));
         list.press(Qt::Key_Tab);
         list.press(Qt::Key_Space);
@@ -68,7 +64,7 @@ private Q_SLOTS:
     void theLyricsRowIsAButton()
     {
         int shown = 0;
-        ListWindow list(shortSong(), {1024, 1024}, {}, [&shown] { ++shown; });
+        ListWindow list(shortSong, {1024, 1024}, {}, [&shown] { ++shown; });
         list.information.toggleShowMoreInformation();
         const auto top = [&list](const char *name) {
             return list.find(QString::fromLatin1(name))->mapToScene({}).y();
@@ -109,7 +105,7 @@ private Q_SLOTS:
 
     void marginsFollowTheWidthOfTheWindow()
     {
-        ListWindow list(shortSong(), {360, 720});
+        ListWindow list(shortSong, {360, 720});
         for (const auto &[width, margin] : {std::pair(360, 18.0), std::pair(699, 18.0), std::pair(700, 22.0),
                                             std::pair(994, 22.0), std::pair(1920, (1920 - 950) / 2.0)}) {
             list.window.resize(width, 720);
@@ -121,7 +117,7 @@ private Q_SLOTS:
 
     void rowsGrowWithTheirTextAndTouch()
     {
-        MediaItem song = shortSong();
+        MediaItem song = shortSong;
         song.artist = QString(200, u'x');
         ListWindow list(song, {360, 720});
         const QRectF title = list.place(u"Title"_s);
@@ -135,7 +131,7 @@ private Q_SLOTS:
 
     void stacksAtTheLargestTextSizes()
     {
-        ListWindow list(shortSong(), {1024, 768});
+        ListWindow list(shortSong, {1024, 768});
         list.information.toggleShowMoreInformation();
         for (const int size : {7, 6, 7}) { // there and back while it is shown
             const bool stacks = size == 7;
@@ -159,7 +155,7 @@ private Q_SLOTS:
 
     void keepsTheFocusedRowInSight()
     {
-        ListWindow list(shortSong(), {360, 300});
+        ListWindow list(shortSong, {360, 300});
         const QString last = u"Last played"_s;
         QVERIFY(list.place(last).top() > 300);
         for (int i = 0; i < 11; ++i)
@@ -181,7 +177,7 @@ private Q_SLOTS:
               Qt::PopupFocusReason, Qt::OtherFocusReason, Qt::ActiveWindowFocusReason}) {
             const bool scrolls = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                                  reason == Qt::ShortcutFocusReason;
-            ListWindow list(shortSong(), {360, 300}, {.reducesMotion = true}); // scrolls at once
+            ListWindow list(shortSong, {360, 300}, {.reducesMotion = true}); // scrolls at once
             const qreal top = list.place(u"Information"_s).top();
             list.find(u"Last played"_s)->forceActiveFocus(reason);
             QCoreApplication::processEvents();
@@ -192,7 +188,7 @@ private Q_SLOTS:
 
     void aRowThatIsLongerThanThePageStaysWhereItIs()
     {
-        MediaItem song = shortSong();
+        MediaItem song = shortSong;
         song.title = u"La la la\n"_s.repeated(100);
         ListWindow list(song, {360, 300}, {.reducesMotion = true});
         const QRectF row = list.place(u"Title"_s);
@@ -212,15 +208,13 @@ private Q_SLOTS:
 
     void anotherSongStartsAtTheTop()
     {
-        ListWindow list(shortSong(), {360, 300});
+        ListWindow list(shortSong, {360, 300});
         const qreal top = list.place(u"Information"_s).top();
         list.press(Qt::Key_End);
         QTRY_VERIFY(list.place(u"Last played"_s).bottom() + 25 <= 300);
         QQuickItem *focused = list.find(u"Last played"_s);
         focused->forceActiveFocus(Qt::TabFocusReason);
-        MediaItem song;
-        song.title = u"Another"_s;
-        list.showInstead(song);
+        list.showInstead({.title = u"Another"_s});
         QCOMPARE(list.place(u"Information"_s).top(), top);
         QVERIFY(!focused->hasActiveFocus());
         list.press(Qt::Key_PageDown); // the page has the focus now
@@ -229,8 +223,7 @@ private Q_SLOTS:
 
     void valuesOfTheShownSongFollowInPlace()
     {
-        MediaItem song = shortSong();
-        song.persistentID = PersistentID{1};
+        MediaItem song = shortSong;
         ListWindow list(song, {360, 300}, {.reducesMotion = true}); // which scrolls at once
         list.information.toggleShowMoreInformation();
         const QString lyrics = u"Lyrics, Show Lyrics"_s;
@@ -258,7 +251,7 @@ private Q_SLOTS:
 
     void theArtworkStandsAboveTheListInNarrowWindows()
     {
-        ListWindow list(shortSong(), {360, 720});
+        ListWindow list(shortSong, {360, 720});
         const qreal without = list.place(u"Information"_s).top();
         QQmlComponent block(list.window.engine());
         block.setData("import QtQuick\nItem { implicitHeight: 100; Accessible.role: Accessible.Graphic; "
