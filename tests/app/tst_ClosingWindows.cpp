@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AppDelegate.h"
+#include "app/composition/Launch.h"
 #include "device/Device.h"
 #include "device/integration/WebServer.h"
 #include "device/library/WavFolder.h"
 #include "device/players/FakePlayer.h"
 #include "preferences/Preferences.h"
+#include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"
 
 #include <QElapsedTimer>
@@ -16,6 +18,7 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
 
@@ -26,12 +29,12 @@ constexpr int songCount = 24; // each in a folder of its own, with its own cover
 
 QString link(const QString &identifier)
 {
-    return QStringLiteral("https://catalog.example/album/1?i=") + identifier;
+    return u"https://catalog.example/album/1?i="_s + identifier;
 }
 
-const QString answeredLate = QStringLiteral("1");
-const QString neverAnswered = QStringLiteral("2");
-const QString inTheLibrary = QStringLiteral("1440857781");
+const QString answeredLate = u"1"_s;
+const QString neverAnswered = u"2"_s;
+const QString inTheLibrary = u"1440857781"_s;
 
 /// Answers of the catalog, late or not at all.
 class Catalog
@@ -65,14 +68,15 @@ class Program
 public:
     Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &catalog)
         : m_device(open(music, folder))
-        , m_preferences(folder.filePath(QStringLiteral("defaults.ini")))
-        , m_catalog(m_device->http(), {catalog.address(), QStringLiteral("catalog.example")})
+        , m_preferences(folder.filePath(u"defaults.ini"_s))
+        , m_catalog(m_device->http(), {catalog.address(), u"catalog.example"_s})
         , m_app({m_device->library().mediaLibrary(), m_device->library().browser(),
                  m_device->library().scan(), m_device->player(), m_device->systemPlayer(),
                  m_device->appearance(), m_device->addresses(), m_catalog, folder.path(), QUrl()},
                 m_preferences)
     {}
 
+    [[nodiscard]] Device &device() { return *m_device; }
     [[nodiscard]] LinuxLibrary &library() { return m_device->library(); }
     [[nodiscard]] AppDelegate &app() { return m_app; }
     [[nodiscard]] Preferences &preferences() { return m_preferences; }
@@ -87,7 +91,7 @@ public:
         DetailViewController &detail = window.detail();
         for (const QString &identifier : {inTheLibrary, answeredLate, neverAnswered})
             detail.handleDroppedURLs({link(identifier)});
-        const auto songs = library().search(QStringLiteral("Song %1").arg(round % songCount), 1);
+        const auto songs = library().search(u"Song %1"_s.arg(round % songCount), 1);
         detail.displayMediaItem(library().song(songs->at(0))->item, false, true);
         detail.selectSongFromLibrary();
         detail.selectNowPlayingSong(true);
@@ -98,9 +102,9 @@ private:
     static std::unique_ptr<Device> open(const WavFolder &music, const QTemporaryDir &folder)
     {
         const LibraryConfiguration library{{music.root()},
-                                           QFile::encodeName(folder.filePath(QStringLiteral("library.db")))};
-        auto device = Device::open({QStringLiteral("org.example.tester"),
-                                    folder.filePath(QStringLiteral("device.ini")), library, [] {}, [] {}});
+                                           QFile::encodeName(folder.filePath(u"library.db"_s))};
+        auto device =
+            Device::open({u"org.example.tester"_s, folder.filePath(u"device.ini"_s), library, [] {}, [] {}});
         if (!device)
             qFatal("%s", qPrintable(device.failure().detail));
         return *std::move(device);
@@ -160,8 +164,8 @@ private Q_SLOTS:
 
     void closesAWindowAtAnyMoment()
     {
-        FakePlayer player(QStringLiteral("player"));
-        player.set(playing(QStringLiteral("Song 1"), QStringLiteral("Ann")));
+        FakePlayer player(u"player"_s);
+        player.set(playing(u"Song 1"_s, u"Ann"_s));
         QVERIFY(player.appear());
         Program program(m_music, m_folder, m_catalog);
         WindowScene &stays = program.openWindow();
@@ -169,7 +173,7 @@ private Q_SLOTS:
         for (int round = 0; round < rounds; ++round) {
             WindowScene &closes = program.openWindow();
             program.keepBusy(closes, round);
-            player.change(playing(QStringLiteral("Song %1").arg(round), QStringLiteral("Ann")));
+            player.change(playing(u"Song %1"_s.arg(round), u"Ann"_s));
             letRunFor(moment(round));
             if (round == rounds - 1)
                 QTRY_VERIFY(m_catalog.waiting() > 0);
@@ -177,16 +181,15 @@ private Q_SLOTS:
         }
         QTRY_COMPARE(program.app().scenes().size(), 1u);
         QTRY_COMPARE(m_catalog.waiting(), 0); // nobody waits any more
-        QTRY_COMPARE(stays.detail().visibleMediaItem().value_or(MediaItem()).title,
-                     QStringLiteral("Song 15"));
+        QTRY_COMPARE(stays.detail().visibleMediaItem().value_or(MediaItem()).title, u"Song 15"_s);
         stays.detail().handleDroppedURLs({link(inTheLibrary)});
         QTRY_COMPARE(stays.detail().visibleMediaItem()->playbackStoreID, inTheLibrary);
     }
 
     void quitsAtAnyMoment()
     {
-        FakePlayer player(QStringLiteral("player"));
-        player.set(playing(QStringLiteral("Song 1"), QStringLiteral("Ann")));
+        FakePlayer player(u"player"_s);
+        player.set(playing(u"Song 1"_s, u"Ann"_s));
         QVERIFY(player.appear());
         for (int round = 0; round < rounds; round += 3) {
             Program program(m_music, m_folder, m_catalog);
@@ -207,12 +210,12 @@ private Q_SLOTS:
         program.app().didFinishLaunching();
         QCOMPARE(program.preferences().firstLaunchDate(), std::optional(before.addDays(-3)));
 
-        program.app().activateAction(QStringLiteral("SelectSongNowPlayingAction"));
+        program.app().activateAction(u"SelectSongNowPlayingAction"_s);
         program.app().activate();
         QCOMPARE(program.app().scenes().size(), 1u);
         const Presentation &presentation = program.app().scenes().front()->presentation();
         QTRY_VERIFY(presentation.alert());
-        QCOMPARE(presentation.alert()->title(), QStringLiteral("No Song Playing"));
+        QCOMPARE(presentation.alert()->title(), u"No Song Playing"_s);
     }
 
     void quitsByItsKey()
@@ -247,12 +250,67 @@ private Q_SLOTS:
 
         first.window().requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(&first.window()));
-        program.app().activateAction(QStringLiteral("SelectSongAction"));
+        program.app().activateAction(u"SelectSongAction"_s);
         QTRY_VERIFY(first.presentation().isSheetVisible());
-        program.app().open({QStringLiteral("https://elsewhere.example")});
+        program.app().open({u"https://elsewhere.example"_s});
         QTRY_VERIFY(first.presentation().alert());
         QVERIFY(!second.presentation().isPresenting());
         QCOMPARE(program.app().scenes().back().get(), &first);
+    }
+
+    void asksForTheLibraryWhereTheUserIs()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        LibraryAccess &access = program.library().access();
+        access.setStatus(LibraryAuthorizationStatus::NotDetermined);
+        Launch launch(program.app(), program.device(), {.show = u"Song 3"_s, .size = QSize(500, 400)});
+        launch.run();
+        WindowScene &first = *program.app().scenes().front();
+        QCOMPARE(first.window().size(), QSize(500, 400));
+        const auto title = [](WindowScene &scene) {
+            return scene.presentation().isSheetVisible() ? scene.presentation().sheet()->title() : QString();
+        };
+        QTRY_COMPARE(title(first), u"Music Access"_s); // to show what is playing
+        WindowScene &second = program.openWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&second.window()));
+        QSignalSpy scanned(&program.library().scan(), &ScanController::finished);
+        const QVariant request = first.presentation().sheet()->properties().value(u"request"_s);
+        qobject_cast<LibraryAccessRequest *>(request.value<QObject *>())->allow();
+        QTRY_COMPARE(scanned.size(), 1);
+        QCOMPARE(second.detail().visibleMediaItem().value_or(MediaItem()).title, u"Song 3"_s);
+
+        second.detail().selectSongFromLibrary();
+        QTRY_COMPARE(title(second), u"Select Song"_s);
+        access.setStatus(LibraryAuthorizationStatus::NotDetermined);
+        program.app().activateAction(u"SelectSongAction"_s);
+        QTRY_COMPARE(title(second), u"Music Access"_s);
+        QVERIFY(!first.presentation().isPresenting());
+    }
+
+    void offersANewLibraryInPlaceOfADamagedOne()
+    {
+        const std::tuple<FailureKind, QString, int> rows[]{
+            {FailureKind::Malformed, u"New Library,Quit"_s, Launch::newLibraryWanted},
+            {FailureKind::Unreadable, u"New Library,Quit"_s, Launch::newLibraryWanted},
+            {FailureKind::NoSpace, u"Quit"_s, EXIT_FAILURE},
+        };
+        for (const auto &[kind, answers, code] : rows) {
+            Program program(m_music, m_folder, m_catalog);
+            Launch launch(program.app(), program.device(), {});
+            launch.runWithoutLibrary({kind, u"It is broken."_s});
+            Presentation &presentation = program.app().scenes().front()->presentation();
+            const Alert &alert = *presentation.alert();
+            QCOMPARE(alert.title(), u"Music Library Unreadable"_s);
+            QVERIFY(alert.message().startsWith(u"It is broken."_s));
+            QCOMPARE(alert.actionTitles().join(u','), answers);
+            QCOMPARE(alert.actionTitles().value(alert.preferredAction()), u"Quit"_s);
+            QTimer::singleShot(0, &presentation, [&presentation] {
+                presentation.chooseAlertAction(0);
+                presentation.alertDidHide();
+            });
+            QTimer::singleShot(5000, &presentation, [] { QCoreApplication::exit(0); });
+            QCOMPARE(QCoreApplication::exec(), code);
+        }
     }
 
     void isNotThereForTheUsersAnswer()

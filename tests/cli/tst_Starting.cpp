@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Program.h"
 
+#include <QImage>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -10,7 +11,15 @@ class tst_Starting : public QObject, private Program
 {
     Q_OBJECT
 
+    [[nodiscard]] QByteArrayList onDemo() const
+    {
+        return {"--library",    inScratch("library.db"), "--folder", DEMO_LIBRARY_FOLDER, "--size", "500x400",
+                "--screenshot", inScratch("picture.png")};
+    }
+
 private Q_SLOTS:
+    void cleanup() { std::filesystem::remove_all(inScratch("home").constData()); }
+
     void saysInOneLineWhatIsWrong()
     {
         const QByteArray noDisplay = "env -u QT_QPA_PLATFORM -u DISPLAY -u WAYLAND_DISPLAY";
@@ -42,6 +51,27 @@ private Q_SLOTS:
             QVERIFY2(outcome.errors.startsWith("trackwise: " + says), outcome.errors);
             QCOMPARE(outcome.errors.count('\n'), 1);
             QVERIFY2(outcome.code == code && outcome.output.isEmpty() && hasMadeNothing(), says);
+        }
+    }
+
+    void savesAPictureOfASong()
+    {
+        std::vector<QImage> pictures;
+        for (const QByteArrayList &shown : {QByteArrayList{"--demo"}, {"--show", "harbour lights"}}) {
+            const Outcome outcome = run(onDemo() + shown);
+            QCOMPARE(std::pair(outcome.code, outcome.errors), std::pair(0, ""_ba));
+            pictures.emplace_back(QString::fromUtf8(inScratch("picture.png")));
+            QCOMPARE(pictures.back().size(), QSize(500, 400));
+        }
+        QVERIFY(pictures.front() != pictures.back());
+        const std::pair<QByteArrayList, QByteArray> rows[]{
+            {{"--show", "qqqq"}, "no such song: qqqq"},
+            {{"--screenshot", "/nowhere/picture.png"}, "cannot write /nowhere/picture.png"},
+            {{"--library", TRACKWISE_PROGRAM}, "the library cannot be opened: " TRACKWISE_PROGRAM ": "}};
+        for (const auto &[arguments, says] : rows) {
+            const Outcome outcome = run(onDemo() + arguments);
+            QVERIFY2(outcome.errors.startsWith("trackwise: " + says), outcome.errors);
+            QCOMPARE(outcome.code, 1);
         }
     }
 

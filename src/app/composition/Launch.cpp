@@ -40,7 +40,7 @@ void Launch::run()
 {
     m_app.newWindow();
     if (m_options.size)
-        m_app.scenes().front()->window().resize(*m_options.size);
+        m_app.scenes().back()->window().resize(*m_options.size);
     scanIfAllowed();
     if (!m_options.addresses.isEmpty())
         m_app.open(m_options.addresses);
@@ -117,7 +117,7 @@ void Launch::showSong()
     m_options.show.clear();
     if (m_app.scenes().empty())
         return;
-    m_app.scenes().front()->detail().displayMediaItem(found->song.item, false, true);
+    m_app.scenes().back()->detail().displayMediaItem(found->song.item, false, true);
     if (!m_options.screenshotFile.isEmpty())
         saveScreenshotSoon();
 }
@@ -126,7 +126,7 @@ void Launch::saveScreenshotSoon()
 {
     constexpr std::chrono::milliseconds timeToSettle{1500}; // covers are decoded, animations have ended
     QTimer::singleShot(timeToSettle, this, [this] {
-        const bool saved = m_app.scenes().front()->window().grabWindow().save(m_options.screenshotFile);
+        const bool saved = m_app.scenes().back()->window().grabWindow().save(m_options.screenshotFile);
         if (!saved)
             say(QStringLiteral("cannot write %1").arg(m_options.screenshotFile));
         QCoreApplication::exit(saved ? EXIT_SUCCESS : EXIT_FAILURE);
