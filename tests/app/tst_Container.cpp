@@ -6,7 +6,20 @@
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
-using Window = WindowControllers;
+
+namespace {
+
+/// A window that has just opened.
+struct Window : WindowControllers
+{
+    explicit Window(std::optional<MediaItem> playing = {})
+    {
+        systemPlayer.item = std::move(playing);
+        start();
+    }
+};
+
+} // namespace
 
 class tst_Container : public QObject
 {
@@ -38,7 +51,6 @@ private Q_SLOTS:
         };
         for (const auto &[before, playing, chosen, stops] : rows) {
             Window window;
-            window.start();
             if (before)
                 window.choose(before);
             window.player.setItem(playing ? std::optional(song(playing)) : std::nullopt);
@@ -56,7 +68,6 @@ private Q_SLOTS:
     {
         Window window;
         window.library.list = {song(1), song(2)};
-        window.start();
         window.detail.displayMediaItem(song(1), true, true);
         window.player.setItem(song(1));
         window.player.commands.clear();
@@ -90,7 +101,6 @@ private Q_SLOTS:
     {
         Window window;
         window.library.list = {song(1)};
-        window.start();
         window.detail.timeZoneDidChange(); // with no song
         window.library.list.front().lastPlayedDate = Instant(std::chrono::hours(20));
         window.detail.displayMediaItem(window.library.list.front(), false, true);
@@ -108,7 +118,6 @@ private Q_SLOTS:
     void refusesASongOutsideTheLibrary()
     {
         Window window;
-        window.start();
         QString told;
         const auto tell = [&told](bool wasShown) { told += wasShown ? u'1' : u'0'; };
         window.detail.displayMediaItem(song(1), true, true, tell);
@@ -127,7 +136,6 @@ private Q_SLOTS:
     void clearingCountsNothingAndHappensOnce()
     {
         Window window;
-        window.start();
         QSignalSpy songs(&window.detail, &DetailViewController::songDidChange);
         QSignalSpy labels(&window.detail, &DetailViewController::noSongLabelDidChange);
         QSignalSpy sidebars(&window.container, &ContainerViewController::sidebarDidChange);
@@ -148,9 +156,7 @@ private Q_SLOTS:
 
     void followsTheSystemsPlayerUntilASongIsChosen()
     {
-        Window window;
-        window.systemPlayer.item = song(1);
-        window.start();
+        Window window(song(1));
         QVERIFY(window.detail.isNoSongLabelVisible()); // the user may take a while to answer
         for (const unsigned playing : {1U, 2U, 0U, 3U}) {
             if (playing != 1)
@@ -158,7 +164,14 @@ private Q_SLOTS:
             window.settle();
             QCOMPARE(window.shown(), playing ? playing : 2U);
         }
+        const auto playback = [&window] {
+            return std::tuple(window.detail.artworkView()->showsPlayButton(),
+                              window.detail.informationView()->supportsPlayback(),
+                              window.container.sidebar()->supportsPlayback());
+        };
+        QCOMPARE(playback(), std::tuple(false, true, true)); // another player plays it
         window.choose(5);
+        QCOMPARE(playback(), std::tuple(true, true, true));
         window.systemPlayer.change(song(3));
         QCOMPARE(window.takeAlert(), QString());
         QCOMPARE(window.shown(), 5U);
@@ -174,9 +187,7 @@ private Q_SLOTS:
             {9, u"song 0"_s, 9},
         };
         for (const auto &[chosen, playing, shown] : rows) {
-            Window window;
-            window.systemPlayer.item = song(0);
-            window.start();
+            Window window(song(0));
             window.settle();
             if (chosen)
                 window.choose(chosen);
@@ -203,9 +214,7 @@ private Q_SLOTS:
                  {"change of track under way, cleared", true, false, 0, 0},
                  {"asked for what is playing", false, true, 5, 2}};
         for (const auto &row : rows) {
-            Window window;
-            window.systemPlayer.item = song(1);
-            window.start();
+            Window window(song(1));
             if (row.isFollowing)
                 window.settle();
             window.systemPlayer.change(song(2)); // when followed, it is asked whether the library may be used
@@ -222,7 +231,7 @@ private Q_SLOTS:
 
     void staysClearedWhenPlayersAreFoundLate()
     {
-        Window window;
+        WindowControllers window;
         window.systemPlayer.item = song(1);
         window.systemPlayer.isReady = false;
         window.start();
@@ -248,7 +257,7 @@ private Q_SLOTS:
             {NotDetermined, QString()},
         };
         for (const auto &[status, alert] : rows) {
-            Window window;
+            WindowControllers window;
             window.services.openSettings = [](Presentation &) {};
             window.library.status = status;
             window.start();
@@ -270,7 +279,7 @@ private Q_SLOTS:
             {3, 5, 5, QString()},
         };
         for (const auto &[answer, chosen, shown, alert] : rows) {
-            Window window;
+            WindowControllers window;
             window.systemPlayer.isReady = false;
             window.start();
             window.detail.selectNowPlayingSong(true);
@@ -289,7 +298,6 @@ private Q_SLOTS:
         Window window;
         window.containerServices.storePage = QUrl(u"https://store.example"_s);
         window.preferences.setFirstLaunchDate(window.now.addDays(-2));
-        window.start();
         window.now = window.now.addSecs(4);
         for (const unsigned id : {1U, 2U, 3U, 4U, 5U})
             window.choose(id); // not in a window yet

@@ -37,9 +37,7 @@ public:
     }
     [[nodiscard]] std::optional<MediaItem> song(PersistentID id) const override
     {
-        const auto found = std::find_if(list.begin(), list.end(),
-                                        [id](const auto &song) { return song.persistentID == id; });
-        return found == list.end() ? std::nullopt : std::optional(*found);
+        return first([id](const MediaItem &song) { return song.persistentID == id; });
     }
     [[nodiscard]] std::vector<MediaItem> songs(const SongQuery &query, int limit) const override
     {
@@ -55,23 +53,25 @@ public:
     [[nodiscard]] std::optional<MediaItem> songIgnoringCase(const QString &title,
                                                             const QString &artist) const override
     {
-        for (const MediaItem &song : list) {
-            if (song.title->compare(title, Qt::CaseInsensitive) == 0 &&
-                song.artist->compare(artist, Qt::CaseInsensitive) == 0)
-                return song;
-        }
-        return {};
+        return first([&](const MediaItem &song) {
+            return song.title->compare(title, Qt::CaseInsensitive) == 0 &&
+                   song.artist->compare(artist, Qt::CaseInsensitive) == 0;
+        });
     }
     [[nodiscard]] std::optional<MediaItem> songWithCatalogID(const QString &identifier) const override
     {
-        for (const MediaItem &song : list) {
-            if (song.playbackStoreID == identifier)
-                return song;
-        }
-        return {};
+        return first([&](const MediaItem &song) { return song.playbackStoreID == identifier; });
     }
     void recordPlay(PersistentID, Instant) override {}
     void recordSkip(PersistentID) override {}
+
+private:
+    template <typename Wanted>
+    [[nodiscard]] std::optional<MediaItem> first(const Wanted &isWanted) const
+    {
+        const auto found = std::ranges::find_if(list, isWanted);
+        return found == list.end() ? std::nullopt : std::optional(*found);
+    }
 };
 
 } // namespace trackwise

@@ -2,7 +2,10 @@
 #include "lookup/CatalogConfiguration.h"
 #include "lookup/CatalogLink.h"
 #include "lookup/CatalogLookup.h"
+#include "lookup/CatalogReply.h"
 #include "lookup/DroppedUrls.h"
+#include "lookup/LibrarySearch.h"
+#include "lookup/ListedLibrary.h"
 
 #include <QMimeData>
 #include <QSettings>
@@ -13,7 +16,8 @@
 using namespace Qt::StringLiterals;
 using namespace trackwise;
 
-class tst_CatalogLink : public QObject
+// From what is dropped to a song of the library: its addresses, the catalog's answer, the searches.
+class tst_Lookup : public QObject
 {
     Q_OBJECT
 
@@ -98,7 +102,61 @@ private Q_SLOTS:
         QCOMPARE(configuration.baseAddress, u"https://file.example/api"_s);
         QCOMPARE(configuration.hostMarker, u"environment.marker"_s);
     }
+
+    void readsTheFirstSongOfAReplyAndNothingElse()
+    {
+        const QByteArray song = R"({"kind":"song","trackName":"T","artistName":"A","collectionName":"C"})";
+        for (const QByteArray &results : {song, R"({"wrapperType":"collection"},)" + song,
+                                          R"({"kind":"music-video","trackName":"V"},{"kind":7},)" + song,
+                                          song + R"(,{"kind":"song","trackName":"U"})"})
+            QVERIFY2(catalogSongInReply(R"({"resultCount":1,"results":[)" + results + "]}") ==
+                         std::optional(CatalogSong{u"T"_s, u"A"_s, u"C"_s}),
+                     results);
+        const auto results = [](const QByteArray &songs) { return R"({"results":[)" + songs + "]}"; };
+        for (const QByteArray &reply :
+             {""_ba, "<html>Not found</html>"_ba, results(song).chopped(1), R"("song")"_ba, '[' + song + ']',
+              "{}"_ba, R"({"resultCount":1})"_ba, R"({"results":)" + song + '}', results({}),
+              results(song + ",1"), results(R"({"kind":"Song"},{"kind":"album"},{})"),
+              results(R"({"kind":"song","artistName":"A","collectionName":"C"})"),
+              results(R"({"kind":"song","trackName":"T","artistName":null,"collectionName":"C"})"),
+              results(R"({"kind":"song","trackName":"T","artistName":"A","collectionName":1},)" + song),
+              "["_ba.repeated(2'000) + "]"_ba.repeated(2'000),
+              results("{\"kind\":\"song\",\"trackName\":\"\xff\xfe\"}")})
+            QVERIFY2(!catalogSongInReply(reply), reply);
+    }
+
+    void triesTheSearchesInOrder()
+    {
+        ListedLibrary library;
+        library.add(1, "song", "band", "Other");
+        library.add(2, "Song", "Somebody", "Album");
+        library.add(3, "Song", "Band", "Live");
+        library.add(4, "Song", "Band", "Album");
+        library.add(6, "Single", "Band", "Album");
+        library.add(5, "Single", "Band", "");
+        const struct
+        {
+            const char *what;
+            QString title, artist;
+            std::optional<QString> album;
+            quint64 found; ///< 0: none
+        } rows[]{
+            {"all three, though others come first", u"Song"_s, u"Band"_s, u"Album"_s, 4},
+            {"another spelling of the artist", u"Song"_s, u"The Band"_s, u"Album"_s, 2},
+            {"another edition of the album", u"Song"_s, u"Band"_s, u"Album (Deluxe)"_s, 3},
+            {"no album", u"Song"_s, u"Band"_s, {}, 3},
+            {"no album and another artist", u"Song"_s, u"The Band"_s, {}, 0},
+            {"letter case, first of two", u"SONG"_s, u"BAND"_s, u"Album (Deluxe)"_s, 1},
+            {"letter case, no album", u"SONG"_s, u"BAND"_s, {}, 1},
+            {"an empty album is one too", u"Single"_s, u"Band"_s, u""_s, 5},
+            {"nowhere", u"Other"_s, u"Band"_s, u"Album"_s, 0},
+        };
+        for (const auto &[what, title, artist, album, found] : rows) {
+            const auto song = findLibrarySong(library, title, artist, album);
+            QVERIFY2((song ? song->persistentID.value : 0) == found, what);
+        }
+    }
 };
 
-QTEST_GUILESS_MAIN(tst_CatalogLink)
-#include "tst_CatalogLink.moc"
+QTEST_GUILESS_MAIN(tst_Lookup)
+#include "tst_Lookup.moc"
