@@ -65,7 +65,7 @@ private Q_SLOTS:
         }
         QVERIFY(pictures.front() != pictures.back());
         const std::pair<QByteArrayList, QByteArray> rows[]{
-            {{"--show", "qqqq"}, "no such song: qqqq"},
+            {{"--show", "qqqq"}, "no file and no song of the library: qqqq"},
             {{"--screenshot", "/nowhere/picture.png"}, "cannot write /nowhere/picture.png"},
             {{"--library", TRACKWISE_PROGRAM}, "the library cannot be opened: " TRACKWISE_PROGRAM ": "}};
         for (const auto &[arguments, says] : rows) {
