@@ -20,6 +20,13 @@ void SettingsList::setLines(std::vector<SettingsLine> lines)
     endResetModel();
 }
 
+std::optional<SettingsLine> SettingsList::line(int row) const
+{
+    if (row < 0 || row >= rowCount())
+        return std::nullopt;
+    return m_lines.at(static_cast<std::size_t>(row));
+}
+
 int SettingsList::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_lines.size());

@@ -4,6 +4,7 @@
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
 #include <vector>
 
 namespace trackwise {
@@ -32,6 +33,8 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     [[nodiscard]] const std::vector<SettingsLine> &lines() const { return m_lines; }
+    /// Nothing for a row that is not there.
+    [[nodiscard]] std::optional<SettingsLine> line(int row) const;
     void setLines(std::vector<SettingsLine> lines);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

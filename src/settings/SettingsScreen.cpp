@@ -155,22 +155,20 @@ void SettingsScreen::addFolder(const QUrl &folder)
 
 void SettingsScreen::removeFolder(int row)
 {
-    if (row < 0 || row >= m_folders.rowCount())
-        return;
-    const SettingsLine folder = m_folders.lines().at(static_cast<std::size_t>(row));
-    if (folder.isOn)
-        m_services.folders.remove(folder.key);
+    const std::optional<SettingsLine> folder = m_folders.line(row);
+    if (folder && folder->isOn)
+        m_services.folders.remove(folder->key);
 }
 
 void SettingsScreen::setPlayerIgnored(int row, bool isIgnored)
 {
-    if (row < 0 || row >= m_players.rowCount())
+    const std::optional<SettingsLine> player = m_players.line(row);
+    if (!player)
         return;
-    const QString name = m_players.lines().at(static_cast<std::size_t>(row)).key;
     QStringList ignored = m_services.device.ignoredPlayers();
-    ignored.removeAll(name);
+    ignored.removeAll(player->key);
     if (isIgnored)
-        ignored << name;
+        ignored << player->key;
     m_services.device.setIgnoredPlayers(ignored);
 }
 

@@ -16,8 +16,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <memory>
-
 using namespace Qt::StringLiterals;
 using namespace trackwise;
 
@@ -51,7 +49,7 @@ struct Device
                     },
                 .players =
                     [] {
-                        return std::vector<KnownPlayer>{{u"mpv"_s, u"mpv Media Player"_s}};
+                        return std::vector{KnownPlayer{u"mpv"_s, u"mpv Media Player"_s}};
                     }};
     }
 
@@ -98,111 +96,127 @@ struct SettingsWindow : ViewWindow
     }
 };
 
+/// The whole screen, over a device of its own.
+struct ShownSettings : Device
+{
+    SettingsScreen screen{services(), {}};
+};
+struct OpenSettings : ShownSettings, SettingsWindow
+{
+    OpenSettings()
+        : SettingsWindow("Settings/SettingsView.qml", "screen", &screen)
+    {}
+};
+
 } // namespace
 
 class tst_Settings : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<Device> m_device;
-
 private Q_SLOTS:
-    void init() { m_device = std::make_unique<Device>(); }
-
     void everyControlChangesItsSetting()
     {
-        SettingsScreen screen(m_device->services(), {});
-        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
-        const DeviceSettings &device = m_device->settings;
+        OpenSettings at;
+        at.screen.scanAgain(); // nothing may be read yet
+        QCOMPARE(at.scan.started, 0);
+        at.press(u"Music access"_s);
+        QCOMPARE(at.library.status, LibraryAuthorizationStatus::Authorized);
+        QVERIFY(at.isChecked(u"Music access"_s));
+        at.press(u"Scan Again"_s);
+        QCOMPARE(at.scan.started, 1);
+        at.scan.report({.isRunning = true});
+        QVERIFY(!at.named(u"Scan Again"_s)->isEnabled());
+        at.scan.report({.isRunning = true, .isQuiet = true});
+        QVERIFY(at.named(u"Scan Again"_s)->isEnabled());
+        at.press(u"Microphone access"_s, Qt::Key_Return);
+        QCOMPARE(at.settings.microphoneAccess(), AccessChoice::Allowed);
+        at.press(u"Microphone access"_s);
+        QCOMPARE(at.settings.microphoneAccess(), AccessChoice::Denied);
 
-        settings.press(u"Music access"_s);
-        QCOMPARE(m_device->library.status, LibraryAuthorizationStatus::Authorized);
-        QVERIFY(settings.isChecked(u"Music access"_s));
-        settings.press(u"Scan Again"_s);
-        QCOMPARE(m_device->scan.started, 1);
-        m_device->scan.report({.isRunning = true});
-        QVERIFY(!settings.named(u"Scan Again"_s)->isEnabled());
-        m_device->scan.report({.isRunning = true, .isQuiet = true});
-        QVERIFY(settings.named(u"Scan Again"_s)->isEnabled());
-        settings.press(u"Microphone access"_s, Qt::Key_Return);
-        QCOMPARE(device.microphoneAccess(), AccessChoice::Allowed);
-        settings.press(u"Microphone access"_s);
-        QCOMPARE(device.microphoneAccess(), AccessChoice::Denied);
+        at.press(u"Theme, Dark"_s);
+        QVERIFY(at.appearance.isDark() && at.isChecked(u"Theme, Dark"_s));
+        at.press(u"Motion, Reduced"_s);
+        QVERIFY(at.appearance.prefersReducedMotion());
+        QVERIFY(!at.named(u"Text size"_s));
+        at.press(u"Text size of the desktop"_s);
+        QCOMPARE(at.settings.appearance().textSize, std::optional(TextSize::Large));
+        at.press(u"Text size"_s, Qt::Key_Right);
+        QCOMPARE(at.appearance.textSize(), TextSize::ExtraLarge);
 
-        settings.press(u"Theme, Dark"_s);
-        QVERIFY(m_device->appearance.isDark());
-        QVERIFY(settings.isChecked(u"Theme, Dark"_s));
-        settings.press(u"Motion, Reduced"_s);
-        QVERIFY(m_device->appearance.prefersReducedMotion());
-        QVERIFY(!settings.named(u"Text size"_s));
-        settings.press(u"Text size of the desktop"_s);
-        QCOMPARE(device.appearance().textSize, std::optional(TextSize::Large));
-        settings.press(u"Text size"_s, Qt::Key_Right);
-        QCOMPARE(m_device->appearance.textSize(), TextSize::ExtraLarge);
+        at.press(u"Ignore mpv Media Player"_s);
+        QCOMPARE(at.settings.ignoredPlayers(), QStringList(u"mpv"_s));
+        at.screen.setPlayerIgnored(-1, false); // no such players
+        at.screen.setPlayerIgnored(1, false);
+        at.press(u"Ignore mpv Media Player"_s);
+        QCOMPARE(at.settings.ignoredPlayers(), QStringList());
+    }
 
-        settings.press(u"Ignore mpv Media Player"_s);
-        QCOMPARE(device.ignoredPlayers(), QStringList(u"mpv"_s));
-        settings.press(u"Ignore mpv Media Player"_s);
-        QCOMPARE(device.ignoredPlayers(), QStringList());
+    void choicesStayWithinTheirRange()
+    {
+        ShownSettings at;
+        const auto chosen = [&at](int choice) {
+            at.screen.setTheme(choice);
+            at.screen.setMotion(choice);
+            at.screen.setTextSize(choice);
+            return QList{at.screen.theme(), at.screen.motion(), at.screen.textSize()};
+        };
+        QCOMPARE(chosen(-1), QList({0, 0, 0}));
+        QCOMPARE(chosen(7), QList({2, 2, 7}));
+        QCOMPARE(at.screen.textSizeName(), u"Accessibility 1"_s);
+        QCOMPARE(chosen(99), QList({2, 2, 11}));
     }
 
     void followsWhatChangesElsewhere()
     {
-        SettingsScreen screen(m_device->services(), {});
-        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
-        m_device->services().setMusicAccess(true);
-        QVERIFY(settings.isChecked(u"Music access"_s));
-        m_device->settings.setAppearance({.theme = ThemeChoice::Light});
-        QVERIFY(settings.isChecked(u"Theme, Light"_s));
-        m_device->library.status = LibraryAuthorizationStatus::Restricted;
-        Q_EMIT m_device->library.authorizationStatusDidChange();
-        QVERIFY(!settings.named(u"Music access"_s)->isEnabled());
+        OpenSettings at;
+        at.services().setMusicAccess(true);
+        QVERIFY(at.isChecked(u"Music access"_s));
+        at.settings.setMicrophoneAccess(AccessChoice::Allowed);
+        QVERIFY(at.isChecked(u"Microphone access"_s));
+        at.settings.setAppearance({.theme = ThemeChoice::Light});
+        QVERIFY(at.isChecked(u"Theme, Light"_s));
+        const QSignalSpy changes(&at.screen, &SettingsScreen::changed);
+        Q_EMIT at.appearance.appearanceDidChange(); // the desktop's own text size, say
+        QCOMPARE(changes.size(), 1);
+        at.settings.setIgnoredPlayers({u"firefox"_s}); // which does not run
+        QVERIFY(at.isChecked(u"Ignore firefox"_s));
+        at.press(u"Ignore firefox"_s); // it stays, as the user may think again
+        QVERIFY(!at.isChecked(u"Ignore firefox"_s));
+        at.library.status = LibraryAuthorizationStatus::Restricted;
+        Q_EMIT at.library.authorizationStatusDidChange();
+        QVERIFY(!at.named(u"Music access"_s)->isEnabled());
     }
 
     void keepsTheMusicFolders()
     {
-        Device &device = *m_device;
-        SettingsScreen screen(device.services(), {});
-        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
-        const QSignalSpy changes(&device.folders, &MusicFolders::foldersDidChange);
-        const QStringList desktops{device.path("Music")};
-        const auto paths = [&device] {
+        OpenSettings at;
+        const QSignalSpy changes(&at.folders, &MusicFolders::foldersDidChange);
+        const auto lines = [&at] {
             QStringList found;
-            for (const MusicFolder &folder : device.folders.folders())
-                found << folder.path;
+            for (const SettingsLine &line : at.screen.folders()->lines())
+                found << line.title + line.note;
             return found;
         };
-        QCOMPARE(paths(), desktops);
-        screen.addFolder(QUrl::fromLocalFile(device.path("More") + u'/'));
-        QCOMPARE(paths(), desktops + QStringList{device.path("More")});
-        for (const QString &nothing : {device.path("More"), device.path("Music"), device.home.path()})
-            screen.addFolder(QUrl::fromLocalFile(nothing)); // there already, or no music folder
-        screen.addFolder(QUrl(u"https://example.org/music"_s));
+        QCOMPARE(lines(), QStringList(u"~/Music"_s));
+        at.screen.addFolder(QUrl::fromLocalFile(at.path("More") + u'/'));
+        QCOMPARE(lines(), QStringList({u"~/Music"_s, u"~/More"_s}));
+        for (const QString &nothing : {at.path("More"), at.path("Music"), at.home.path()})
+            at.screen.addFolder(QUrl::fromLocalFile(nothing)); // there already, or no music folder
+        at.screen.addFolder(QUrl(u"https://example.org/music"_s));
+        for (const int row : {-1, 0, 2}) // the desktop's stays, and there are no others
+            at.screen.removeFolder(row);
         QCOMPARE(changes.size(), 1);
-        screen.removeFolder(0); // the desktop's stays
-        screen.removeFolder(7);
-        QCOMPARE(changes.size(), 1);
-        settings.press(u"Remove ~/More"_s);
-        QCOMPARE(paths(), desktops);
-        device.folders.add(u"/nowhere"_s);
-        QVERIFY(!device.folders.folders().back().isReadable);
-    }
-
-    void listsIgnoredPlayersThatDoNotRun()
-    {
-        m_device->settings.setIgnoredPlayers({u"firefox"_s});
-        SettingsScreen screen(m_device->services(), {});
-        SettingsWindow settings("Settings/SettingsView.qml", "screen", &screen);
-        QVERIFY(settings.isChecked(u"Ignore firefox"_s));
-        settings.press(u"Ignore firefox"_s);
-        QVERIFY(settings.named(u"Ignore firefox"_s)); // the user may think again
-        QVERIFY(!settings.isChecked(u"Ignore firefox"_s));
+        at.press(u"Remove ~/More"_s);
+        at.folders.add(u"/nowhere"_s);
+        QCOMPARE(lines(), QStringList({u"~/Music"_s, u"/nowhereNot available now"_s}));
     }
 
     void closesOnDoneAndOnEscape()
     {
+        Device device;
         Presentation presentation;
-        presentSettings(m_device->services(), presentation);
+        presentSettings(device.services(), presentation);
         QVERIFY(presentation.isSheetVisible());
         presentation.cancelSheet();
         QTRY_VERIFY(!presentation.isPresenting());
@@ -214,11 +228,11 @@ private Q_SLOTS:
         for (const auto &[pressed, status] :
              {std::pair(u"OK"_s, Authorized), std::pair(u"Don't Allow"_s, Denied),
               std::pair(QString(), NotDetermined)}) {
-            init();
+            Device device;
             Presentation presentation;
-            LibraryAccess access(m_device->file, {m_device->path("Music").toUtf8()});
+            LibraryAccess access(device.file, {device.path("Music").toUtf8()});
             access.setQuestion([&](LibraryAccess::Answer answer) {
-                presentLibraryAccessRequest(m_device->folders, presentation, std::move(answer));
+                presentLibraryAccessRequest(device.folders, presentation, std::move(answer));
             });
             QList<LibraryAuthorizationStatus> answers;
             for (int i = 0; i < 2; ++i)
@@ -231,8 +245,9 @@ private Q_SLOTS:
             } else {
                 auto *request = presentation.sheet()->properties().value(u"request"_s).value<QObject *>();
                 SettingsWindow sheet("Settings/LibraryAccessView.qml", "request", request);
-                QCOMPARE(qobject_cast<LibraryAccessRequest *>(request)->folders()->lines().front().title,
-                         u"~/Music"_s);
+                device.folders.add(device.path("More"));
+                const auto &folders = qobject_cast<LibraryAccessRequest *>(request)->folders()->lines();
+                QCOMPARE(folders.at(0).title + folders.at(1).title, u"~/Music~/More"_s);
                 sheet.press(pressed, Qt::Key_Return);
             }
             QTRY_COMPARE(answers, QList<LibraryAuthorizationStatus>({status, status}));
@@ -245,14 +260,14 @@ private Q_SLOTS:
 
     void aQuestionThatCannotBeShownDecidesNothing()
     {
+        Device device;
         Presentation presentation;
-        presentSettings(m_device->services(), presentation);
+        presentSettings(device.services(), presentation);
         int answers = 0;
-        presentLibraryAccessRequest(m_device->folders, presentation,
-                                    [&answers](std::optional<bool> isAllowed) {
-                                        ++answers;
-                                        QVERIFY(!isAllowed);
-                                    });
+        presentLibraryAccessRequest(device.folders, presentation, [&answers](std::optional<bool> isAllowed) {
+            ++answers;
+            QVERIFY(!isAllowed);
+        });
         QCOMPARE(answers, 1);
     }
 };
