@@ -107,7 +107,7 @@ Result<QImage> decode(const QByteArray &bytes, const DecodeLimits &limits, Targe
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (!size.isValid() || size.isEmpty())
+    if (size.isEmpty())
         return Failure{FailureKind::Malformed, reader.errorString()};
     const JpegShape shape = *format == PictureFormat::Jpeg ? jpegShape(bytes) : JpegShape{};
     const qint64 allowed = shrinksWhileDecoding(*format, shape) ? limits.shrinkingPixels : limits.wholePixels;

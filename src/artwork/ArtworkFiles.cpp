@@ -23,14 +23,13 @@ bool isForbidden(QChar c)
 {
     // What FAT and NTFS forbid is more than what Linux does; covers end up on sticks and phones.
     return QStringView(u"/\\:*?\"<>|").contains(c) || c.category() == QChar::Other_Control ||
-           c.category() == QChar::Other_Format || c.category() == QChar::Separator_Line ||
-           c.category() == QChar::Separator_Paragraph;
+           c.category() == QChar::Other_Format;
 }
 
 QString cleaned(QString text)
 {
     std::replace_if(text.begin(), text.end(), isForbidden, u' ');
-    text = text.simplified();
+    text = text.simplified(); // also what separates lines
     // Neither hidden nor a way out of the folder; and some systems drop dots and spaces at the end.
     const auto isMargin = [](QChar c) { return c == u'.' || c == u' '; };
     const auto first = std::find_if_not(text.cbegin(), text.cend(), isMargin);
@@ -41,7 +40,7 @@ QString cleaned(QString text)
 QString shortened(QString text)
 {
     while (text.toUtf8().size() > longestNameBytes)
-        text.chop(text.size() > 1 && text.back().isLowSurrogate() ? 2 : 1);
+        text.chop(text.back().isLowSurrogate() ? 2 : 1);
     return text.trimmed();
 }
 

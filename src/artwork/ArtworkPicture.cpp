@@ -152,10 +152,8 @@ QSGNode *ArtworkPicture::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *
 void ArtworkPicture::geometryChange(const QRectF &now, const QRectF &before)
 {
     QQuickItem::geometryChange(now, before);
-    if (now.size() != before.size()) {
+    if (now.size() != before.size())
         polish();
-        update();
-    }
 }
 
 void ArtworkPicture::itemChange(ItemChange change, const ItemChangeData &data)

@@ -181,16 +181,9 @@ QSGNode *TileGround::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
     return node;
 }
 
-void TileGround::geometryChange(const QRectF &now, const QRectF &before)
-{
-    QQuickItem::geometryChange(now, before);
-    if (now.size() != before.size())
-        update();
-}
-
 void TileGround::itemChange(ItemChange change, const ItemChangeData &data)
 {
-    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
+    if (change == ItemDevicePixelRatioHasChanged) // another size or window makes it draw anyway
         update();
     QQuickItem::itemChange(change, data);
 }

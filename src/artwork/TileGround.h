@@ -51,7 +51,6 @@ Q_SIGNALS:
 
 protected:
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *) override;
-    void geometryChange(const QRectF &now, const QRectF &before) override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:

@@ -90,6 +90,20 @@ private Q_SLOTS:
             QVERIFY2(qAbs(strength(picture, along, 310) - below) <= 1, qPrintable(QString::number(along)));
         }
         QCOMPARE(strength(picture, 5, 180), 0);
+
+        ground.setProperty("color", QColor(Qt::blue));
+        ground.setSize({120, 240});
+        const QImage narrow = window.grabWindow();
+        QCOMPARE(narrow.pixelColor(180, 270), QColor(Qt::blue));
+        QCOMPARE(strength(narrow, 230, 180), 0);
+        ground.setSize({30, 30}); // smaller than its shadow
+        const QImage small = window.grabWindow();
+        QCOMPARE(small.pixelColor(112, 112), QColor(Qt::blue));
+        QVERIFY(strength(small, 56, 75) > 10);
+        QCOMPARE(strength(small, 56, 75), strength(small, 93, 75));
+        QCOMPARE(strength(small, 75, 130), 0);
+        ground.setSize({0.9, 240});
+        QCOMPARE(strength(window.grabWindow(), 60, 180), 0);
     }
 };
 
