@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Presentation.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -27,87 +28,92 @@ class tst_Presentation : public QObject
 {
     Q_OBJECT
 
+    std::unique_ptr<Presentation> m_presentation;
+
 private Q_SLOTS:
-    void completesADismissalWhenItsAnimationHasEnded()
+    void init()
     {
-        Presentation presentation;
-        presentation.setAnimated(true);
-        presentation.present(view(u"one"_s));
-        bool completed = false;
-        presentation.dismiss([&] { completed = true; });
-        QVERIFY(!presentation.isSheetVisible());
-        QCoreApplication::processEvents();
-        QVERIFY(!completed);
-        presentation.sheetDidHide();
-        QVERIFY(completed);
-        QVERIFY(!presentation.isPresenting());
+        m_presentation = std::make_unique<Presentation>();
+        m_presentation->setAnimated(true);
     }
 
-    void completesAtOnceWhenNothingIsPresented()
+    void completesADismissalWhenItsAnimationHasEnded()
     {
-        Presentation presentation;
-        bool completed = false;
-        presentation.dismiss([&] { completed = true; });
-        QVERIFY(completed);
+        int completed = 0;
+        const auto complete = [&completed] { ++completed; };
+        m_presentation->dismiss(complete); // nothing is there
+        QCOMPARE(completed, 1);
+        m_presentation->present(view(u"one"_s));
+        m_presentation->sheetDidHide(); // of no sheet that was to go
+        QVERIFY(m_presentation->isSheetVisible());
+        m_presentation->dismiss(complete);
+        QVERIFY(!m_presentation->isSheetVisible());
+        QCoreApplication::processEvents();
+        QCOMPARE(completed, 1);
+        m_presentation->sheetDidHide();
+        QCOMPARE(completed, 2);
+        QVERIFY(!m_presentation->isPresenting());
     }
 
     void presentsAfterTheDismissalThatRuns()
     {
-        Presentation presentation;
-        presentation.setAnimated(true);
-        presentation.present(view(u"one"_s));
-        presentation.present(view(u"dropped"_s));
-        QCOMPARE(presentation.sheet()->title(), u"one"_s);
-        presentation.dismiss();
-        presentation.present(view(u"two"_s));
-        QCOMPARE(presentation.sheet()->title(), u"one"_s);
-        presentation.sheetDidHide();
-        QCOMPARE(presentation.sheet()->title(), u"two"_s);
-        QVERIFY(presentation.isSheetVisible());
+        const QSignalSpy cancels(m_presentation.get(), &Presentation::sheetCancelRequested);
+        m_presentation->cancelSheet();
+        m_presentation->present(view(u"one"_s));
+        m_presentation->present(view(u"dropped"_s));
+        m_presentation->cancelSheet();
+        m_presentation->dismiss();
+        m_presentation->cancelSheet();
+        QCOMPARE(cancels.size(), 1); // while it was there
+        m_presentation->present(view(u"two"_s));
+        QCOMPARE(m_presentation->sheet()->title(), u"one"_s);
+        m_presentation->sheetDidHide();
+        QCOMPARE(m_presentation->sheet()->title(), u"two"_s);
+        QVERIFY(m_presentation->isSheetVisible());
     }
 
     void showsAlertsOneAfterTheOther()
     {
-        Presentation presentation;
         QStringList answered;
         for (const QString &title : {u"a"_s, u"b"_s})
-            presentation.presentAlert(alert(title, [&answered, title] { answered << title; }));
-        QCOMPARE(presentation.alert()->title(), u"a"_s);
-        presentation.chooseAlertAction(7);
-        QVERIFY(presentation.isAlertVisible());
-        presentation.chooseAlertAction(0);
+            m_presentation->presentAlert(alert(title, [&answered, title] { answered << title; }));
+        QCOMPARE(m_presentation->alert()->title(), u"a"_s);
+        for (const int nothing : {-1, 1})
+            m_presentation->chooseAlertAction(nothing);
+        m_presentation->alertDidHide();
+        QVERIFY(m_presentation->isAlertVisible());
+        m_presentation->chooseAlertAction(0);
         QVERIFY(answered.isEmpty());
-        QTRY_COMPARE(answered, QStringList(u"a"_s));
-        QCOMPARE(presentation.alert()->title(), u"b"_s);
-        presentation.chooseAlertAction(0);
+        m_presentation->alertDidHide();
+        QCOMPARE(answered, QStringList(u"a"_s));
+        QCOMPARE(m_presentation->alert()->title(), u"b"_s);
+        m_presentation->setAnimated(false);
+        m_presentation->chooseAlertAction(0);
         QTRY_COMPARE(answered.size(), 2);
-        QVERIFY(!presentation.isPresenting());
+        QVERIFY(!m_presentation->isPresenting());
     }
 
     void survivesAnAnswerThatEndsTheWindow()
     {
-        auto presentation = std::make_unique<Presentation>();
-        presentation->presentAlert(alert(u"a"_s, [&] { presentation.reset(); }));
-        presentation->chooseAlertAction(0);
-        QTRY_VERIFY(!presentation);
+        m_presentation->setAnimated(false);
+        m_presentation->presentAlert(alert(u"a"_s, [&] { m_presentation.reset(); }));
+        m_presentation->chooseAlertAction(0);
+        QTRY_VERIFY(!m_presentation);
     }
 
     void keepsAPoppedViewUntilItHasLeft()
     {
-        Presentation presentation;
-        presentation.setAnimated(true);
-        std::weak_ptr<HostedView> watched;
-        {
-            const auto pushed = view(u"lyrics"_s);
-            watched = pushed;
-            presentation.push(pushed);
-        }
-        presentation.pop();
+        const QSignalSpy pops(m_presentation.get(), &Presentation::didPop);
+        auto pushed = view(u"lyrics"_s);
+        const std::weak_ptr<HostedView> watched = pushed;
+        m_presentation->push(std::move(pushed));
+        m_presentation->pop();
         QCoreApplication::processEvents();
         QVERIFY(!watched.expired());
-        presentation.viewDidLeave();
+        m_presentation->viewDidLeave();
         QTRY_VERIFY(watched.expired());
-        presentation.pop(); // nothing left: nothing happens
+        m_presentation->pop(); // nothing is left
+        QCOMPARE(pops.size(), 1);
     }
 };
 
