@@ -25,11 +25,9 @@ constexpr std::array scriptModifiers{
 // "sr_RS.UTF-8@latin" becomes "sr_Latn_RS". Modifiers that name no script ("@euro") say nothing here.
 QByteArray icuName(const QByteArray &posixName)
 {
-    const qsizetype modifierStart = posixName.indexOf('@');
-    const QByteArray modifier = modifierStart < 0 ? QByteArray() : posixName.mid(modifierStart + 1);
-    QByteArray name = posixName.left(modifierStart < 0 ? posixName.size() : modifierStart);
-    if (const qsizetype codeset = name.indexOf('.'); codeset >= 0)
-        name.truncate(codeset);
+    const QByteArrayList parts = posixName.split('@');
+    const QByteArray modifier = parts.value(1);
+    QByteArray name = parts.first().split('.').first();
     if (name.isEmpty() || name == "C" || name == "POSIX")
         return "en_US";
     for (const auto &[posix, script] : scriptModifiers) {

@@ -74,14 +74,13 @@ void TextPieces::startOver()
 void TextPieces::addPiece(qsizetype leastLength)
 {
     const qsizetype lineEnd = m_text.indexOf(u'\n', std::min(m_placed + leastLength, m_text.size()));
-    const qsizetype end = lineEnd < 0 ? m_text.size() : lineEnd + 1;
-    qsizetype length = std::min(end - m_placed, longestPiece);
-    if (m_placed + length < m_text.size() && m_text.at(m_placed + length).isLowSurrogate())
-        ++length;
+    qsizetype end = std::min(lineEnd < 0 ? m_text.size() : lineEnd + 1, m_placed + longestPiece);
+    if (end < m_text.size() && m_text.at(end).isLowSurrogate())
+        ++end;
     QTextCursor cursor(m_document->textDocument());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(m_text.mid(m_placed, length));
-    m_placed += length;
+    cursor.insertText(m_text.mid(m_placed, end - m_placed));
+    m_placed = end;
 }
 
 void TextPieces::timerEvent(QTimerEvent *event)

@@ -54,16 +54,14 @@ private Q_SLOTS:
         QTRY_VERIFY(list.find(u"Copy"_s));
         const QRectF choice = list.place(u"Copy"_s);
         QVERIFY(choice.top() >= place.y() && choice.top() < place.y() + 20);
-        list.press(Qt::Key_Down);
-        list.press(Qt::Key_Return);
+        list.press({Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(clipboardText(), u"Golden Hour Lines"_s);
         QTRY_VERIFY(!list.find(u"Copy"_s));
 
         list.showInstead({.title = u"Another"_s}); // whose menus copy its own texts
         list.click(Qt::RightButton, u"Title"_s);
         QTRY_VERIFY(list.find(u"Copy"_s));
-        list.press(Qt::Key_Down);
-        list.press(Qt::Key_Return);
+        list.press({Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(clipboardText(), u"Another"_s);
     }
 

@@ -49,8 +49,7 @@ private Q_SLOTS:
     {
         ListWindow list(shortSong);
         QVERIFY(list.find(u"Information"_s, QAccessible::Heading));
-        list.press(Qt::Key_Tab);
-        list.press(Qt::Key_Space);
+        list.press({Qt::Key_Tab, Qt::Key_Space});
         QStringList expanded = collapsedNames + moreNames;
         expanded[1] = u"Show Less"_s;
         QCOMPARE(list.names(), expanded);
@@ -192,8 +191,7 @@ private Q_SLOTS:
         song.title = u"La la la\n"_s.repeated(100);
         ListWindow list(song, {360, 300}, {.reducesMotion = true});
         const QRectF row = list.place(u"Title"_s);
-        list.press(Qt::Key_Tab);
-        list.press(Qt::Key_Tab);
+        list.press({Qt::Key_Tab, Qt::Key_Tab});
         QCoreApplication::processEvents();
         QCOMPARE(list.window.activeFocusItem(), list.find(u"Title"_s));
         QCOMPARE(list.place(u"Title"_s), row);
