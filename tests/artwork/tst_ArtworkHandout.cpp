@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -83,16 +84,10 @@ private Q_SLOTS:
         QCOMPARE(data.urls(), QList{file});
         QVERIFY(data.hasFormat(u"image/png"_s));
         QVERIFY(!data.hasFormat(u"image/bmp"_s));
-    }
-
-    void aPngIsHandedOutAsItIs()
-    {
         const QByteArray png = coverBytes({8, 8}, Qt::red, "png");
-        const ArtworkMimeData data(
-            {.original = png, .format = PictureFormat::Png, .png = ready(pngBytes(png))});
-        QCOMPARE(data.formats().front(), u"image/png"_s);
-        QVERIFY(!data.hasUrls());
-        QCOMPARE(data.data(u"image/png"_s), png);
+        QCOMPARE(pngBytes(png), png); // as it is
+        const ArtworkMimeData fromPng({.original = png, .format = PictureFormat::Png, .png = ready(png)});
+        QVERIFY(!fromPng.hasUrls() && !fromPng.hasFormat(u"image/jpeg"_s));
     }
 
     void copyingOffersTheWholePicture()
@@ -103,17 +98,24 @@ private Q_SLOTS:
         ArtworkDrag drag(loader, files);
         QGuiApplication::clipboard()->setText(u"before"_s);
 
-        MediaItem song;
-        drag.copy(song); // has no cover
-        song.artwork = std::make_shared<MemoryArtwork>("broken");
-        drag.copy(song);
+        const auto songOf = [](const QByteArray &bytes) {
+            return MediaItem{.artwork = std::make_shared<MemoryArtwork>(bytes)};
+        };
+        const QByteArray jpeg = coverBytes({1500, 1400}, Qt::red, "jpg");
+        const QSignalSpy carries(&drag, &ArtworkDrag::isCarryingChanged);
+        drag.start({}, {}); // has no cover
+        drag.copy({});
+        drag.start(songOf("broken"), {});
+        drag.copy(songOf("broken"));
         QVERIFY(loader.pool().waitForDone());
         QCoreApplication::processEvents();
+        drag.start(songOf(jpeg), {.side = 10}); // let go before it has been read
+        drag.cancel();
+        QVERIFY(loader.pool().waitForDone());
+        QCoreApplication::processEvents();
+        QCOMPARE(carries.size(), 0);
         QCOMPARE(QGuiApplication::clipboard()->text(), u"before"_s);
-
-        const QByteArray jpeg = coverBytes({1500, 1400}, Qt::red, "jpg");
-        song.artwork = std::make_shared<MemoryArtwork>(jpeg);
-        drag.copy(song);
+        drag.copy(songOf(jpeg));
         QTRY_VERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(u"image/png"_s));
         const QMimeData *offered = QGuiApplication::clipboard()->mimeData();
         QCOMPARE(QImage::fromData(offered->data(u"image/png"_s)).size(), QSize(1500, 1400));

@@ -107,7 +107,7 @@ private Q_SLOTS:
         QVERIFY(link.right() <= texts.left() - 8);
         QVERIFY(!at.find(u"Play"_s, QAccessible::Button));
         QTest::mouseClick(&at.window, Qt::LeftButton, {}, link.center().toPoint());
-        QCOMPARE(at.opener.opened.size(), size_t{1});
+        QCOMPARE(at.opener.opened, std::vector{QUrl(u"music://"_s)});
     }
 
     void theSameItemShowsHowTheNextSongPlays()
@@ -188,8 +188,7 @@ private Q_SLOTS:
             if (byMenu) {
                 at.press(Qt::Key_Menu);
                 QTRY_VERIFY(at.window.activeFocusItem() != at.tile());
-                at.press(Qt::Key_Down);
-                at.press(Qt::Key_Return);
+                at.press({Qt::Key_Down, Qt::Key_Return});
             } else {
                 QTest::keySequence(&at.window, QKeySequence::Copy);
             }

@@ -43,7 +43,8 @@ private Q_SLOTS:
         QCOMPARE(alpha(71, 131), 22);
         QCOMPARE(alpha(29, 121), 32); // a corner has the product of both
         QCOMPARE(patch.image.pixelColor(71, 76), QColor(Qt::red));
-        const TileGroundPatch flat = drawTileGround({.color = Qt::red, .radius = 12, .shadowOffset = 10});
+        const TileGroundPatch flat =
+            drawTileGround({.color = Qt::red, .radius = 12, .shadowRadius = 10, .shadowOffset = 10});
         QCOMPARE(flat.beyond, QMarginsF());
         QCOMPARE(flat.image.size(), QSize(40, 40)); // the corners reach 19 pixels
     }
