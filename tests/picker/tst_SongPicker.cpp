@@ -85,9 +85,7 @@ private Q_SLOTS:
         w.picker.activate(100000);
         QCOMPARE(w.picks.size(), 0);
         QCOMPARE(w.picker.songs()->highlightedRow(), -1);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Up);
+        w.press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Up});
         QCOMPARE(w.picker.songs()->highlightedRow(), 0);
         w.press(Qt::Key_PageDown);
         QVERIFY(w.picker.songs()->highlightedRow() > 4);
@@ -96,10 +94,15 @@ private Q_SLOTS:
         QTRY_VERIFY(w.rowItem(99999));
         w.press(Qt::Key_PageUp);
         QVERIFY(w.picker.songs()->highlightedRow() < 99995);
-        w.press(Qt::Key_Home);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Return);
+        w.press({Qt::Key_Home, Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(w.picked(), PersistentID{20});
+
+        w.library.blockSignals(true);
+        w.library.remove({10});
+        w.picker.prepare();
+        w.picker.activate(0); // which has just vanished
+        QCOMPARE(w.picks.size(), 2);
+        QVERIFY(w.picks.at(1).at(0).value<std::vector<MediaItem>>().empty());
     }
 
     void typingFindsASong()
@@ -117,8 +120,7 @@ private Q_SLOTS:
         const QAccessibleInterface *field = QAccessible::queryAccessibleInterface(w.window.activeFocusItem());
         QTRY_COMPARE(field->text(QAccessible::Description), u"10 songs"_s);
         const auto told = [&w](int row) { return w.rowItem(row)->property("told").toString(); };
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Down);
+        w.press({Qt::Key_Down, Qt::Key_Down});
         QCOMPARE(told(0), QString());
         QTRY_COMPARE(told(1), u"Song 0000110, Artist 0000001"_s);
         w.press(Qt::Key_Escape);
@@ -138,9 +140,7 @@ private Q_SLOTS:
         QCOMPARE(w.picker.searchText(), u"007"_s);
         QTRY_COMPARE(w.picker.resultsSummary(), u"111 songs"_s);
         QCOMPARE(songCountText(1), u"1 song"_s);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Return);
+        w.press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(w.picked(), PersistentID{700});
         QVERIFY(w.picker.type(u"\U0001F3B5"_s));
         QCOMPARE(w.picker.searchText(), u"007\U0001F3B5"_s);
@@ -178,9 +178,7 @@ private Q_SLOTS:
         PickerWindow w(1000);
         w.picker.setTab(MediaPicker::Tab::Albums);
         QTRY_COMPARE(w.picker.albums()->count(), 100);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Down);
-        w.press(Qt::Key_Return);
+        w.press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
         QTRY_COMPARE(w.picker.groupSongs()->count(), 10);
         QCOMPARE(w.picker.title(), u"Album 0000002"_s);
         w.type("zzz");
@@ -238,16 +236,6 @@ private Q_SLOTS:
         QTRY_COMPARE(w.placeOf(0) > 0 && w.rowItem(0)->isEnabled(), true);
     }
 
-    void givesNoSongWhenItVanished()
-    {
-        PickerWindow w(100);
-        w.library.blockSignals(true);
-        w.library.remove({10});
-        w.picker.activate(0);
-        QCOMPARE(w.picks.size(), 1);
-        QVERIFY(w.picks.at(0).at(0).value<std::vector<MediaItem>>().empty());
-    }
-
     void rowsInViewStayWhereTheyAreWhileAScanAddsSongs()
     {
         for (const int added : {5, 2000}) {
@@ -273,15 +261,10 @@ private Q_SLOTS:
     void saysWhyThereIsNothing()
     {
         PickerWindow w(0);
-        QSignalSpy folder(&w.picker, &MediaPicker::folderWanted);
         QCOMPARE(w.picker.emptyState().title, u"No Music Found"_s);
         QVERIFY(w.find(u"Choose Folder…"_s, QAccessible::Button));
 
-        w.scan.report({.isRunning = true,
-                       .filesFound = 5678,
-                       .filesHandled = 1234,
-                       .isTotalKnown = true,
-                       .currentFolder = u"/music/<b>x</b>"_s});
+        w.scan.report({.isRunning = true, .filesFound = 5678, .filesHandled = 1234, .isTotalKnown = true});
         QCOMPARE(w.picker.emptyState().title, u"Looking for Music"_s);
         QVERIFY(w.find(u"Reading music: 1,234 of 5,678"_s, QAccessible::ProgressBar));
         w.picker.scan()->cancel();
@@ -291,10 +274,7 @@ private Q_SLOTS:
         QVERIFY(!w.picker.scan()->isRunning());
         QCOMPARE(w.scan.looked, 1); // when it was opened
         QCOMPARE(w.scan.started, 0);
-        for (QQuickItem *item : w.window.rootObject()->findChildren<QQuickItem *>()) {
-            if (item->property("text") == u"Scan Again"_s)
-                QMetaObject::invokeMethod(item, "clicked");
-        }
+        w.click(Qt::LeftButton, u"Scan Again"_s);
         QCOMPARE(w.scan.started, 1);
 
         w.type("<i>x</i>");
@@ -336,17 +316,13 @@ private Q_SLOTS:
     {
         PickerWindow w(1000);
         QTRY_VERIFY(w.rowItem(0));
-        const std::vector<std::pair<QAccessible::Role, QString>> expected{
-            {QAccessible::Heading, u"Select Song"_s},
-            {QAccessible::Button, u"Cancel"_s},
-            {QAccessible::EditableText, u"Search Songs"_s},
-            {QAccessible::PageTab, u"Songs"_s},
-            {QAccessible::PageTab, u"Recently Added"_s},
-            {QAccessible::ListItem, u"Song 0000010, Artist 0000001"_s},
-            {QAccessible::ListItem, u"Song 0000070, Artist 0000001, explicit"_s},
-        };
-        for (const auto &[role, name] : expected)
-            QVERIFY2(w.find(name, role), qPrintable(name));
+        QVERIFY(w.find(u"Select Song"_s, QAccessible::Heading) && w.find(u"Cancel"_s, QAccessible::Button));
+        QVERIFY(w.find(u"Search Songs"_s, QAccessible::EditableText));
+        for (const QString &tab : {u"Songs"_s, u"Recently Added"_s})
+            QVERIFY(w.find(tab, QAccessible::PageTab));
+        for (const QString &row :
+             {u"Song 0000010, Artist 0000001"_s, u"Song 0000070, Artist 0000001, explicit"_s})
+            QVERIFY(w.find(row, QAccessible::ListItem));
     }
 };
 

@@ -68,8 +68,7 @@ private Q_SLOTS:
         QTest::mouseDClick(&lyrics.window, Qt::LeftButton, {}, start);
         QCOMPARE(lyrics.text()->property("selectedText").toString(), u"Paper"_s);
         QTest::mouseClick(&lyrics.window, Qt::RightButton, {}, start);
-        lyrics.press(Qt::Key_Down);
-        lyrics.press(Qt::Key_Return);
+        lyrics.press({Qt::Key_Down, Qt::Key_Return});
         QTRY_COMPARE(QGuiApplication::clipboard()->text(), u"Paper"_s);
     }
 

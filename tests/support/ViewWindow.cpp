@@ -98,6 +98,12 @@ void ViewWindow::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(&window, key, modifiers);
 }
 
+void ViewWindow::press(std::initializer_list<Qt::Key> keys)
+{
+    for (const Qt::Key key : keys)
+        press(key);
+}
+
 void ViewWindow::click(Qt::MouseButton button, const QString &nameStart, QAccessible::Role role)
 {
     QTest::mouseClick(&window, button, {}, place(nameStart, role).center().toPoint());

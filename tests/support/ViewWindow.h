@@ -38,6 +38,7 @@ public:
     [[nodiscard]] QRectF place(const QQuickItem *item);
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void press(std::initializer_list<Qt::Key> keys);
     /// Amid the element.
     void click(Qt::MouseButton button, const QString &nameStart,
                QAccessible::Role role = QAccessible::NoRole);
