@@ -62,28 +62,40 @@ private:
     WebServer m_server{[this](QTcpSocket &socket, const QByteArray &path) { answer(socket, path); }};
 };
 
-/// The program as it is put together when it starts.
-class Program
+std::unique_ptr<Device> openDevice(const WavFolder &music, const QTemporaryDir &folder)
 {
-public:
-    Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &catalog)
-        : m_device(open(music, folder))
-        , m_preferences(folder.filePath(u"defaults.ini"_s))
-        , m_catalog(m_device->http(), {catalog.address(), u"catalog.example"_s})
-        , m_app({m_device->library().mediaLibrary(), m_device->library().browser(),
-                 m_device->library().scan(), m_device->player(), m_device->systemPlayer(),
-                 m_device->appearance(), m_device->addresses(), m_catalog, folder.path(), QUrl()},
-                m_preferences)
+    auto device = Device::open(
+        {u"org.example.tester"_s, folder.filePath(u"device.ini"_s),
+         LibraryConfiguration{{music.root()}, QFile::encodeName(folder.filePath(u"library.db"_s))}, [] {},
+         [] {}});
+    if (!device)
+        qFatal("%s", qPrintable(device.failure().detail));
+    return *std::move(device);
+}
+
+/// The program as it is put together when it starts.
+struct Program
+{
+    std::unique_ptr<Device> device;
+    Preferences preferences;
+    CatalogLookup catalog;
+    AppDelegate app;
+    LinuxLibrary &library = device->library();
+
+    Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &server)
+        : device(openDevice(music, folder))
+        , preferences(folder.filePath(u"defaults.ini"_s))
+        , catalog(device->http(), {server.address(), u"catalog.example"_s})
+        , app({device->library().mediaLibrary(), device->library().browser(), device->library().scan(),
+               device->player(), device->systemPlayer(), device->appearance(), device->addresses(), catalog,
+               folder.path(), QUrl()},
+              preferences)
     {}
 
-    [[nodiscard]] Device &device() { return *m_device; }
-    [[nodiscard]] LinuxLibrary &library() { return m_device->library(); }
-    [[nodiscard]] AppDelegate &app() { return m_app; }
-    [[nodiscard]] Preferences &preferences() { return m_preferences; }
     WindowScene &openWindow()
     {
-        m_app.newWindow();
-        return *m_app.scenes().back();
+        app.newWindow();
+        return *app.scenes().back();
     }
     /// Everything that a window waits for, all at once: searches, the catalog, lists and covers.
     void keepBusy(WindowScene &window, int round)
@@ -91,29 +103,19 @@ public:
         DetailViewController &detail = window.detail();
         for (const QString &identifier : {inTheLibrary, answeredLate, neverAnswered})
             detail.handleDroppedURLs({link(identifier)});
-        const auto songs = library().search(u"Song %1"_s.arg(round % songCount), 1);
-        detail.displayMediaItem(library().song(songs->at(0))->item, false, true);
+        const auto songs = library.search(u"Song %1"_s.arg(round % songCount), 1);
+        detail.displayMediaItem(library.song(songs->at(0))->item, false, true);
         detail.selectSongFromLibrary();
         detail.selectNowPlayingSong(true);
-        library().scan().start();
+        library.scan().start();
     }
-
-private:
-    static std::unique_ptr<Device> open(const WavFolder &music, const QTemporaryDir &folder)
+    /// Whether the library may be used is asked again; the user thinks.
+    void forgetAccess(std::vector<LibraryAccess::Answer> &answers)
     {
-        const LibraryConfiguration library{{music.root()},
-                                           QFile::encodeName(folder.filePath(u"library.db"_s))};
-        auto device =
-            Device::open({u"org.example.tester"_s, folder.filePath(u"device.ini"_s), library, [] {}, [] {}});
-        if (!device)
-            qFatal("%s", qPrintable(device.failure().detail));
-        return *std::move(device);
+        library.access().setStatus(LibraryAuthorizationStatus::NotDetermined);
+        library.access().setQuestion(
+            [&answers](LibraryAccess::Answer answer) { answers.push_back(std::move(answer)); });
     }
-
-    std::unique_ptr<Device> m_device;
-    Preferences m_preferences;
-    CatalogLookup m_catalog;
-    AppDelegate m_app;
 };
 
 void letRunFor(std::chrono::microseconds time)
@@ -142,10 +144,13 @@ class tst_ClosingWindows : public QObject
     WavFolder m_music;
     QTemporaryDir m_folder;
     Catalog m_catalog;
+    FakePlayer m_player{u"player"_s};
 
 private Q_SLOTS:
+    void cleanup() { m_player.vanish(); }
     void initTestCase()
     {
+        m_player.set(playing(u"Song 1"_s, u"Ann"_s));
         for (int i = 0; i < songCount; ++i) {
             const QByteArray album = QByteArray::number(i);
             m_music.write(album + "/song.wav", i, "Song " + album);
@@ -156,30 +161,28 @@ private Q_SLOTS:
         QVERIFY(known.open(QIODevice::ReadOnly));
         m_music.writeBytes("known.m4a", known.readAll());
         Program program(m_music, m_folder, m_catalog);
-        QSignalSpy scanned(&program.library().scan(), &ScanController::finished);
-        program.library().scan().start();
+        QSignalSpy scanned(&program.library.scan(), &ScanController::finished);
+        program.library.scan().start();
         QVERIFY(scanned.wait());
-        QCOMPARE(program.library().status()->available, songCount + 1);
+        QCOMPARE(program.library.status()->available, songCount + 1);
     }
 
     void closesAWindowAtAnyMoment()
     {
-        FakePlayer player(u"player"_s);
-        player.set(playing(u"Song 1"_s, u"Ann"_s));
-        QVERIFY(player.appear());
+        QVERIFY(m_player.appear());
         Program program(m_music, m_folder, m_catalog);
         WindowScene &stays = program.openWindow();
         QTRY_VERIFY(stays.detail().isTrackingNowPlaying());
         for (int round = 0; round < rounds; ++round) {
             WindowScene &closes = program.openWindow();
             program.keepBusy(closes, round);
-            player.change(playing(u"Song %1"_s.arg(round), u"Ann"_s));
+            m_player.change(playing(u"Song %1"_s.arg(round), u"Ann"_s));
             letRunFor(moment(round));
             if (round == rounds - 1)
                 QTRY_VERIFY(m_catalog.waiting() > 0);
             closes.window().close();
         }
-        QTRY_COMPARE(program.app().scenes().size(), 1u);
+        QTRY_COMPARE(program.app.scenes().size(), 1u);
         QTRY_COMPARE(m_catalog.waiting(), 0); // nobody waits any more
         QTRY_COMPARE(stays.detail().visibleMediaItem().value_or(MediaItem()).title, u"Song 15"_s);
         stays.detail().handleDroppedURLs({link(inTheLibrary)});
@@ -188,9 +191,7 @@ private Q_SLOTS:
 
     void quitsAtAnyMoment()
     {
-        FakePlayer player(u"player"_s);
-        player.set(playing(u"Song 1"_s, u"Ann"_s));
-        QVERIFY(player.appear());
+        QVERIFY(m_player.appear());
         for (int round = 0; round < rounds; round += 3) {
             Program program(m_music, m_folder, m_catalog);
             program.keepBusy(program.openWindow(), round);
@@ -203,17 +204,17 @@ private Q_SLOTS:
     {
         Program program(m_music, m_folder, m_catalog);
         const QDateTime before = QDateTime::currentDateTimeUtc();
-        program.app().didFinishLaunching();
-        const auto first = program.preferences().firstLaunchDate();
+        program.app.didFinishLaunching();
+        const auto first = program.preferences.firstLaunchDate();
         QVERIFY(first && *first >= before.addSecs(-1) && *first <= QDateTime::currentDateTimeUtc());
-        program.preferences().setFirstLaunchDate(before.addDays(-3));
-        program.app().didFinishLaunching();
-        QCOMPARE(program.preferences().firstLaunchDate(), std::optional(before.addDays(-3)));
+        program.preferences.setFirstLaunchDate(before.addDays(-3));
+        program.app.didFinishLaunching();
+        QCOMPARE(program.preferences.firstLaunchDate(), std::optional(before.addDays(-3)));
 
-        program.app().activateAction(u"SelectSongNowPlayingAction"_s);
-        program.app().activate();
-        QCOMPARE(program.app().scenes().size(), 1u);
-        const Presentation &presentation = program.app().scenes().front()->presentation();
+        program.app.activateAction(u"SelectSongNowPlayingAction"_s);
+        program.app.activate();
+        QCOMPARE(program.app.scenes().size(), 1u);
+        const Presentation &presentation = program.app.scenes().front()->presentation();
         QTRY_VERIFY(presentation.alert());
         QCOMPARE(presentation.alert()->title(), u"No Song Playing"_s);
     }
@@ -233,9 +234,7 @@ private Q_SLOTS:
     {
         Program program(m_music, m_folder, m_catalog);
         std::vector<LibraryAccess::Answer> answers;
-        program.library().access().setStatus(LibraryAuthorizationStatus::NotDetermined);
-        program.library().access().setQuestion(
-            [&answers](LibraryAccess::Answer answer) { answers.push_back(std::move(answer)); });
+        program.forgetAccess(answers);
         WindowScene &first = program.openWindow();
         WindowScene &second = program.openWindow();
         for (WindowScene *asking : {&first, &second, &second}) // impatiently
@@ -250,22 +249,22 @@ private Q_SLOTS:
 
         first.window().requestActivate();
         QVERIFY(QTest::qWaitForWindowActive(&first.window()));
-        program.app().activateAction(u"SelectSongAction"_s);
+        program.app.activateAction(u"SelectSongAction"_s);
         QTRY_VERIFY(first.presentation().isSheetVisible());
-        program.app().open({u"https://elsewhere.example"_s});
+        program.app.open({u"https://elsewhere.example"_s});
         QTRY_VERIFY(first.presentation().alert());
         QVERIFY(!second.presentation().isPresenting());
-        QCOMPARE(program.app().scenes().back().get(), &first);
+        QCOMPARE(program.app.scenes().back().get(), &first);
     }
 
     void asksForTheLibraryWhereTheUserIs()
     {
         Program program(m_music, m_folder, m_catalog);
-        LibraryAccess &access = program.library().access();
+        LibraryAccess &access = program.library.access();
         access.setStatus(LibraryAuthorizationStatus::NotDetermined);
-        Launch launch(program.app(), program.device(), {.show = u"Song 3"_s, .size = QSize(500, 400)});
+        Launch launch(program.app, *program.device, {.show = u"Song 3"_s, .size = QSize(500, 400)});
         launch.run();
-        WindowScene &first = *program.app().scenes().front();
+        WindowScene &first = *program.app.scenes().front();
         QCOMPARE(first.window().size(), QSize(500, 400));
         const auto title = [](WindowScene &scene) {
             return scene.presentation().isSheetVisible() ? scene.presentation().sheet()->title() : QString();
@@ -273,7 +272,7 @@ private Q_SLOTS:
         QTRY_COMPARE(title(first), u"Music Access"_s); // to show what is playing
         WindowScene &second = program.openWindow();
         QVERIFY(QTest::qWaitForWindowActive(&second.window()));
-        QSignalSpy scanned(&program.library().scan(), &ScanController::finished);
+        QSignalSpy scanned(&program.library.scan(), &ScanController::finished);
         const QVariant request = first.presentation().sheet()->properties().value(u"request"_s);
         qobject_cast<LibraryAccessRequest *>(request.value<QObject *>())->allow();
         QTRY_COMPARE(scanned.size(), 1);
@@ -282,7 +281,7 @@ private Q_SLOTS:
         second.detail().selectSongFromLibrary();
         QTRY_COMPARE(title(second), u"Select Song"_s);
         access.setStatus(LibraryAuthorizationStatus::NotDetermined);
-        program.app().activateAction(u"SelectSongAction"_s);
+        program.app.activateAction(u"SelectSongAction"_s);
         QTRY_COMPARE(title(second), u"Music Access"_s);
         QVERIFY(!first.presentation().isPresenting());
     }
@@ -296,9 +295,9 @@ private Q_SLOTS:
         };
         for (const auto &[kind, answers, code] : rows) {
             Program program(m_music, m_folder, m_catalog);
-            Launch launch(program.app(), program.device(), {});
+            Launch launch(program.app, *program.device, {});
             launch.runWithoutLibrary({kind, u"It is broken."_s});
-            Presentation &presentation = program.app().scenes().front()->presentation();
+            Presentation &presentation = program.app.scenes().front()->presentation();
             const Alert &alert = *presentation.alert();
             QCOMPARE(alert.title(), u"Music Library Unreadable"_s);
             QVERIFY(alert.message().startsWith(u"It is broken."_s));
@@ -318,19 +317,16 @@ private Q_SLOTS:
         std::vector<LibraryAccess::Answer> answers;
         {
             Program program(m_music, m_folder, m_catalog);
-            program.library().access().setStatus(LibraryAuthorizationStatus::NotDetermined);
-            program.library().access().setQuestion(
-                [&answers](LibraryAccess::Answer answer) { answers.push_back(std::move(answer)); });
             for (const bool isAllowed : {true, false}) {
-                program.library().access().setStatus(LibraryAuthorizationStatus::NotDetermined);
+                program.forgetAccess(answers);
                 program.keepBusy(program.openWindow(), 0);
                 QVERIFY(!answers.empty());
-                program.app().scenes().back()->window().close();
-                QTRY_VERIFY(program.app().scenes().empty());
+                program.app.scenes().back()->window().close();
+                QTRY_VERIFY(program.app.scenes().empty());
                 answers.back()(isAllowed);
                 QCoreApplication::processEvents();
             }
-            program.library().access().setStatus(LibraryAuthorizationStatus::NotDetermined);
+            program.forgetAccess(answers);
             program.keepBusy(program.openWindow(), 0);
         }
         QCOMPARE(answers.size(), 3u);
