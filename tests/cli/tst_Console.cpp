@@ -5,6 +5,9 @@
 
 #include <QTest>
 
+#include <pty.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace trackwise::cli;
@@ -16,24 +19,48 @@ class tst_Console : public QObject
 private Q_SLOTS:
     void letsNoTagSteerTheTerminal()
     {
-        QCOMPARE(printable(u"Føhn ★ 雨 😀"_s), u"Føhn ★ 雨 😀"_s);
-        QCOMPARE(printable(QStringLiteral("\x1b[31mred\x1b[0m")), u"␛[31mred␛[0m"_s);
-        QCOMPARE(printable(QStringLiteral("\x1b]0;x\x07")), u"␛]0;x␇"_s);
-        QCOMPARE(printable(QString(QChar(0x9b)) + u"2J"_s), u"�2J"_s);
-        QCOMPARE(printable(u"a\nb\tc"_s), u"a\nb c"_s);
-        QCOMPARE(printable(QStringLiteral("a\b\x7f")), u"a␈␡"_s);
-        QCOMPARE(printable(u"\u202egpj.exe"_s), u"�gpj.exe"_s);
-        QCOMPARE(printable(QString(QChar(0xd83d))), u"�"_s);
+        const std::pair<QString, QString> rows[]{
+            {u"Føhn ★ 雨 😀"_s, u"Føhn ★ 雨 😀"_s},
+            {u"\x1b[31mred\x1b[0m"_s, u"␛[31mred␛[0m"_s},
+            {u"\x1b]0;x\x07"_s, u"␛]0;x␇"_s},
+            {u"a\nb\tc\b\x1f ~\x7f"_s, u"a\nb c␈␟ ~␡"_s},
+            {u"\x80\x9f\xa0"_s, u"��\xa0"_s},
+            {u"\u2029\u202a\u202e\u202f"_s, u"\u2029��\u202f"_s},
+            {u"\u2065\u2066\u2069\u206a"_s, u"\u2065��\u206a"_s},
+            {QString(QChar(0xd800)), u"�"_s},
+            {QString(QChar(0xdfff)) + QChar(0xe000), u"�\ue000"_s},
+        };
+        for (const auto &[text, shown] : rows)
+            QCOMPARE(printable(text), shown);
     }
 
     void countsColumnsAsTerminalsDo()
     {
-        QCOMPARE(columnsOf(u"Rock"_s), 4);
-        QCOMPARE(columnsOf(u"雨のA"_s), 5);
-        QCOMPARE(columnsOf(u"ｱｲ"_s), 2);
-        QCOMPARE(columnsOf(u"e\u0301a"_s), 2);
-        QCOMPARE(columnsOf(u"😀"_s), 2);
-        QCOMPARE(columnsOf(u"★★☆"_s), 3);
+        QList<int> columns;
+        for (const QString &text : {u"Rock"_s, u"雨のA"_s, u"ｱｲ"_s, u"e\u0301a"_s, u"😀"_s, u"★★☆"_s})
+            columns << columnsOf(text);
+        QCOMPARE(columns, QList<int>({4, 5, 2, 2, 2, 3}));
+    }
+
+    void keepsItsStatusOnOneLineOfATerminal()
+    {
+        int terminal = -1;
+        int program = -1;
+        const winsize size{.ws_row = 24, .ws_col = 10, .ws_xpixel = 0, .ws_ypixel = 0};
+        QCOMPARE(openpty(&terminal, &program, nullptr, nullptr, &size), 0);
+        const int errors = dup(STDERR_FILENO);
+        dup2(program, STDERR_FILENO);
+        {
+            StatusLine line;
+            line.show(u"a\nb"_s);
+            line.show(u"雨雨雨雨 is more than fits"_s);
+        }
+        dup2(errors, STDERR_FILENO);
+        char shown[100];
+        QCOMPARE(QByteArray(shown, read(terminal, shown, sizeof shown)),
+                 "\r\x1b[Ka b\r\x1b[K雨雨雨雨 \r\x1b[K"_ba);
+        for (const int file : {errors, program, terminal})
+            close(file);
     }
 
     void beginsValuesBelowEachOther()

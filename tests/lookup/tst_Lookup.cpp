@@ -94,7 +94,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QSettings file(folder.filePath(u"device.ini"_s), QSettings::IniFormat);
         QCOMPARE(catalogConfiguration(file), CatalogConfiguration());
-        file.setValue(u"Catalog/Address"_s, u"https://file.example/api//"_s);
+        file.setValue(u"Catalog/Address"_s, u"https://file.example/api///"_s);
         file.setValue(u"Catalog/HostMarker"_s, u"file.marker"_s);
         qputenv("TRACKWISE_CATALOG_HOST_MARKER", "environment.marker");
         const CatalogConfiguration configuration = catalogConfiguration(file);
