@@ -236,7 +236,9 @@ private Q_SLOTS:
         std::vector<LibraryAccess::Answer> answers;
         program.forgetAccess(answers);
         WindowScene &first = program.openWindow();
-        WindowScene &second = program.openWindow();
+        Q_EMIT first.detail().newWindowWanted();
+        WindowScene &second = *program.app.scenes().back();
+        QVERIFY(&second != &first);
         for (WindowScene *asking : {&first, &second, &second}) // impatiently
             asking->detail().selectSongFromLibrary();
         QCOMPARE(answers.size(), 1u);
@@ -262,7 +264,9 @@ private Q_SLOTS:
         Program program(m_music, m_folder, m_catalog);
         LibraryAccess &access = program.library.access();
         access.setStatus(LibraryAuthorizationStatus::NotDetermined);
-        Launch launch(program.app, *program.device, {.show = u"Song 3"_s, .size = QSize(500, 400)});
+        Launch launch(
+            program.app, *program.device,
+            {.show = u"Song 3"_s, .size = QSize(500, 400), .addresses = {u"https://elsewhere.example"_s}});
         launch.run();
         WindowScene &first = *program.app.scenes().front();
         QCOMPARE(first.window().size(), QSize(500, 400));
@@ -270,6 +274,8 @@ private Q_SLOTS:
             return scene.presentation().isSheetVisible() ? scene.presentation().sheet()->title() : QString();
         };
         QTRY_COMPARE(title(first), u"Music Access"_s); // to show what is playing
+        QVERIFY(first.presentation().alert());         // over the address
+        first.presentation().chooseAlertAction(0);
         WindowScene &second = program.openWindow();
         QVERIFY(QTest::qWaitForWindowActive(&second.window()));
         QSignalSpy scanned(&program.library.scan(), &ScanController::finished);
