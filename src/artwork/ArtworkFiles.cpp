@@ -14,7 +14,7 @@ namespace trackwise {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "trackwise.artwork")
+Q_LOGGING_CATEGORY(log, "trackwise.artwork", QtFatalMsg)
 
 // A name may have 255 bytes on the usual file systems; a character takes up to four, and the suffix counts.
 constexpr qsizetype longestNameBytes = 200;

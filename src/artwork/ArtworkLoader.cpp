@@ -12,7 +12,7 @@ namespace trackwise {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "trackwise.artwork")
+Q_LOGGING_CATEGORY(log, "trackwise.artwork", QtFatalMsg)
 
 constexpr int decodingThreads = 2;
 constexpr qsizetype knownBeforeSweep = 64;

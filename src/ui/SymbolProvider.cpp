@@ -10,7 +10,7 @@
 namespace trackwise {
 
 namespace {
-Q_LOGGING_CATEGORY(log, "trackwise.ui")
+Q_LOGGING_CATEGORY(log, "trackwise.ui", QtFatalMsg)
 constexpr QSize naturalSize(24, 24); // the view box that every symbol is drawn in
 } // namespace
 

@@ -14,7 +14,7 @@ namespace trackwise {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcIntegration, "trackwise.integration")
+Q_LOGGING_CATEGORY(log, "trackwise.integration", QtFatalMsg)
 
 using namespace std::chrono_literals;
 constexpr auto patience = 5s; // a shell script that reads a few small files
@@ -39,14 +39,14 @@ void startApplication(const QString &identifier)
     if (!file.isEmpty() && startDetached(QStringLiteral("gio"), {QStringLiteral("launch"), file}))
         return;
     if (!startDetached(QStringLiteral("gtk-launch"), {identifier}))
-        qCWarning(lcIntegration) << "starting the music application" << identifier << "failed";
+        qCWarning(log) << "starting the music application" << identifier << "failed";
 }
 
 // Asks for the handler of the first of the types, then of the others, until one has a handler.
 void startHandlerOf(QStringList types, QObject *receiver)
 {
     if (types.isEmpty()) {
-        qCInfo(lcIntegration) << "no application opens music on this desktop";
+        qCInfo(log) << "no application opens music on this desktop";
         return;
     }
     const QString type = types.takeFirst();

@@ -14,7 +14,7 @@ namespace trackwise {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcApplication, "trackwise.application")
+Q_LOGGING_CATEGORY(log, "trackwise.integration", QtFatalMsg)
 
 // A flag and an answer of org.freedesktop.DBus.RequestName.
 constexpr uint doNotQueue = 4;
@@ -99,7 +99,7 @@ void DesktopApplication::handOver(const QStringList &addresses, const Handler &h
     request << platformData;
     await(m_bus.asyncCall(request, applicationPatienceMs), this, [handler](const QDBusPendingReply<> &reply) {
         if (reply.isError())
-            qCWarning(lcApplication) << "handing over to the app that runs:" << reply.error().message();
+            qCWarning(log) << "handing over to the app that runs:" << reply.error().message();
         handler(reply.isError() ? Standing::Running : Standing::HandedOver);
     });
 }

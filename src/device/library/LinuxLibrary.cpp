@@ -3,7 +3,13 @@
 
 #include "platform/Background.h"
 
+#include <QLoggingCategory>
+
 namespace trackwise {
+
+namespace {
+Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
+} // namespace
 
 LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<SongStore> store,
                            QSettings &deviceSettings)
@@ -52,7 +58,7 @@ void LinuxLibrary::sortAnew()
             if (sorted)
                 Q_EMIT library->libraryDidChange();
             else
-                qCWarning(libraryLog) << "sorting the library anew:" << sorted.failure().detail;
+                qCWarning(log) << "sorting the library anew:" << sorted.failure().detail;
         });
 }
 

@@ -5,7 +5,13 @@
 #include "device/library/store/TextFolding.h"
 #include "platform/Background.h"
 
+#include <QLoggingCategory>
+
 namespace trackwise {
+
+namespace {
+Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
+} // namespace
 
 LinuxMediaLibrary::LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ReaderPool &readers,
                                      LibraryAccess &access, QObject *parent)
@@ -108,7 +114,7 @@ void LinuxMediaLibrary::changeInBackground(PersistentID id, Change change)
             if (result)
                 Q_EMIT songDidChange(id);
             else
-                qCWarning(libraryLog) << "counting a play of" << id.toString() << result.failure().detail;
+                qCWarning(log) << "counting a play of" << id.toString() << result.failure().detail;
         });
 }
 

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/scan/ScanController.h"
 
-#include "device/library/store/ReaderPool.h"
 #include "platform/Background.h"
+
+#include <QLoggingCategory>
 
 namespace trackwise {
 
 namespace {
 using namespace std::chrono_literals;
+
+Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
+
 constexpr auto lookInterval = 100ms;
 constexpr std::chrono::milliseconds quietTime =
     1s;                        ///< a scan that takes longer is worth mentioning, whoever wanted it
@@ -142,7 +146,7 @@ void ScanController::end(const Result<ScanSummary> &result)
         m_summary = *result;
     } else {
         m_failure = result.failure();
-        qCWarning(libraryLog) << "scanning the music folders:" << m_failure->detail;
+        qCWarning(log) << "scanning the music folders:" << m_failure->detail;
     }
     if (m_watch && !m_isFollowing)
         m_watch->clear(); // of what the scan came past since

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/store/ReaderPool.h"
 
+#include <QLoggingCategory>
+
 namespace trackwise {
 
-Q_LOGGING_CATEGORY(libraryLog, "trackwise.library", QtFatalMsg)
-
 namespace {
+Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
+
 constexpr std::size_t mostIdleReaders = 3;
 
 // Not mapped: every reader would count the whole database towards the memory of the program.
@@ -61,7 +63,7 @@ void ReaderPool::giveBack(std::unique_ptr<Reader> reader) const
 Failure ReaderPool::failed(const sqlite::Error &error) const
 {
     Failure failure = sqlite::inDatabase(m_path, sqlite::asFailure(error));
-    qCWarning(libraryLog) << "reading the library:" << failure.detail;
+    qCWarning(log) << "reading the library:" << failure.detail;
     if (m_didFail)
         m_didFail(failure);
     return failure;

@@ -3,8 +3,6 @@
 
 #include "device/library/store/Sqlite.h"
 
-#include <QLoggingCategory>
-
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -13,8 +11,6 @@
 #include <vector>
 
 namespace trackwise {
-
-Q_DECLARE_LOGGING_CATEGORY(libraryLog)
 
 /// A read-only connection with the statements that were prepared on it. Used by one thread at a time.
 class Reader
