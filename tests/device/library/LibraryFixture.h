@@ -2,11 +2,14 @@
 #pragma once
 
 #include "device/library/LinuxLibrary.h"
+#include "device/library/WavFolder.h"
 #include "device/library/store/FileSignature.h"
 
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
+
+#include <concepts>
 
 namespace trackwise {
 
@@ -33,6 +36,13 @@ public:
         configuration.databasePath = databasePath();
         configuration.musicFolders = std::move(musicFolders);
         m_library = wanted(LinuxLibrary::open(configuration, m_settings));
+    }
+    /// Of what is in the folder now.
+    template <std::same_as<WavFolder> Folder>
+    explicit LibraryFixture(const Folder &music)
+        : LibraryFixture(std::vector{music.root()})
+    {
+        scan();
     }
 
     [[nodiscard]] QString path(const QString &name) const { return m_folder.filePath(name); }

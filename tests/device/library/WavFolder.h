@@ -7,15 +7,27 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 
 namespace trackwise {
 
-/// A folder with real music files: a tenth of a second of WAV, tagged. Paths are relative to it.
+/// A folder for files, such as real music: a tenth of a second of WAV, tagged. Paths are relative to it.
 class WavFolder
 {
 public:
+    WavFolder() { makeFolder({}); }
+    /// The songs of these files have their names as titles, and the sounds 1, 2, and so on.
+    WavFolder(std::initializer_list<const char *> files)
+        : WavFolder()
+    {
+        int sound = 0;
+        for (const char *file : files)
+            write(file, ++sound, QByteArray::fromStdString(native(file).stem().string()));
+    }
+
     [[nodiscard]] QByteArray root() const { return QFile::encodeName(m_folder.path()) + "/music"; }
     [[nodiscard]] QByteArray path(const QByteArray &name) const { return root() + '/' + name; }
 
@@ -48,6 +60,12 @@ public:
     {
         std::filesystem::copy_file(native(from), madeRoomFor(to),
                                    std::filesystem::copy_options::overwrite_existing);
+    }
+    /// Commands of the shell, within it.
+    void run(const QByteArray &commands) const
+    {
+        if (std::system(("set -e; cd '" + root() + "'; " + commands).constData()) != 0)
+            qFatal("failed: %s", commands.constData());
     }
     void remove(const QByteArray &name) const { std::filesystem::remove_all(native(name)); }
 

@@ -7,7 +7,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
@@ -47,40 +46,28 @@ private:
 private Q_SLOTS:
     void takesMusicAndNothingElse()
     {
-        const WavFolder music;
-        music.write("a.wav", 1, "A");
-        music.write("sub/b.WAV", 2, "B");
-        music.write("sub/Caf\xe9.wav", 3, "Name that is not UTF-8");
-        music.write(".hidden song.wav", 4, "D");
-        music.write("...And More/e.wav", 5, "E");
-        music.write(".hidden/no.wav", 6, "No");
-        music.write("quiet/no.wav", 7, "No");
+        const WavFolder music{
+            "a.wav",          "sub/b.WAV",   "sub/Caf\xe9 \n.wav", ".hidden song.wav", "...And More/e.wav",
+            ".hidden/no.wav", "quiet/no.wav"};
         music.writeBytes("quiet/.nomedia", {});
         music.write("lost+found/no.wav", 8, "No");
         music.write("no.txt", 9, "No");
         music.writeBytes("._a.wav", "AppleDouble");
         music.makeFolder("folder.wav");
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        LibraryFixture fixture(music);
         QCOMPARE(songNames(fixture),
-                 (QList<QByteArray>{".hidden song.wav", "Caf\xe9.wav", "a.wav", "b.WAV", "e.wav"}));
+                 (QList<QByteArray>{".hidden song.wav", "Caf\xe9 \n.wav", "a.wav", "b.WAV", "e.wav"}));
         QCOMPARE(fixture.library().status()->problems, 0);
         music.remove("sub"); // QTemporaryDir cannot: the name is not UTF-8
     }
 
     void followsEachLinkOnce()
     {
-        const WavFolder music;
-        const WavFolder outside;
-        music.write("real/a.wav", 1, "A");
-        outside.write("far/b.wav", 2, "B");
-        (void)symlink(".", music.path("real/itself").constData());
-        (void)symlink("real", music.path("again").constData());
-        (void)symlink("/", music.path("everything").constData());
-        (void)symlink("..", music.path("parent").constData());
-        (void)symlink(outside.path("far").constData(), music.path("0 far").constData());
-        (void)symlink(outside.path("far").constData(), music.path("1 far").constData());
-        (void)symlink("real/a.wav", music.path("alias.wav").constData());
+        const WavFolder music{"real/a.wav"};
+        const WavFolder outside{"b.wav"};
+        music.run("ln -s . real/itself; ln -s real again; ln -s / everything; ln -s .. parent;"
+                  "ln -s real/a.wav alias.wav; ln -s '" +
+                  outside.root() + "' '0 far'; cp -P '0 far' '1 far'");
         LibraryFixture fixture({music.root(), music.path("real")});
         fixture.scan();
         QCOMPARE(songNames(fixture), (QList<QByteArray>{"a.wav", "alias.wav", "b.wav"}));
@@ -89,14 +76,11 @@ private Q_SLOTS:
 
     void remembersWhatCouldNotBeRead()
     {
-        const WavFolder music;
-        music.write("good.wav", 1, "Good");
+        const WavFolder music{"good.wav"};
         music.writeBytes("empty.mp3", {});
         music.writeBytes("garbage.flac", "no music at all "_ba.repeated(500));
         music.writeBytes("web.mp3", "<!DOCTYPE html><title>404</title>");
-        QCOMPARE(mkfifo(music.path("pipe.mp3").constData(), 0600), 0);
-        (void)symlink("nowhere.mp3", music.path("dangling.mp3").constData());
-        (void)symlink("loop.mp3", music.path("loop.mp3").constData());
+        music.run("mkfifo pipe.mp3; ln -s nowhere.mp3 dangling.mp3; ln -s loop.mp3 loop.mp3");
         LibraryFixture fixture({music.root()});
         const ScanSummary first = fixture.scan();
         QCOMPARE(first.songsRead, 1);
@@ -134,12 +118,9 @@ private Q_SLOTS:
     void readsAgainWhatHasChanged()
     {
         const auto readAgain = [](const Change &change, ScanScope scope = ScanScope::Changes) {
-            const WavFolder music;
-            music.write("one.wav", 1, "One");
-            music.write("else.wav", 2, "Else");
+            const WavFolder music{"one.wav", "else.wav"};
             music.writeBytes("one.lrc", "Old words");
-            LibraryFixture fixture({music.root()});
-            fixture.scan();
+            LibraryFixture fixture(music);
             change(music, fixture);
             const auto songsRead = fixture.scan(scope).songsRead;
             const MediaItem song = fixture.library().songForPath(music.path("one.wav"))->item;
@@ -156,22 +137,20 @@ private Q_SLOTS:
                 .execute("UPDATE files SET reader = reader - 1");
         };
         const auto silences = [](const WavFolder &music, LibraryFixture &) { music.remove("one.lrc"); };
-        QCOMPARE(readAgain(nothing), u"0 One, Old words"_s);
-        QCOMPARE(readAgain(nothing, ScanScope::Everything), u"2 One, Old words"_s);
-        QCOMPARE(readAgain(ages), u"2 One, Old words"_s); // read by an earlier version
+        QCOMPARE(readAgain(nothing), u"0 one, Old words"_s);
+        QCOMPARE(readAgain(nothing, ScanScope::Everything), u"2 one, Old words"_s);
+        QCOMPARE(readAgain(ages), u"2 one, Old words"_s); // read by an earlier version
         QCOMPARE(readAgain(retagUnnoticed), u"1 Two, Old words"_s);
-        QCOMPARE(readAgain(writes("one.lrc")), u"1 One, New"_s);
-        QCOMPARE(readAgain(writes("one.LRC")), u"0 One, Old words"_s); // .lrc comes first
-        QCOMPARE(readAgain(writes("else.txt")), u"1 One, Old words"_s);
-        QCOMPARE(readAgain(silences), u"1 One, -"_s);
+        QCOMPARE(readAgain(writes("one.lrc")), u"1 one, New"_s);
+        QCOMPARE(readAgain(writes("one.LRC")), u"0 one, Old words"_s); // .lrc comes first
+        QCOMPARE(readAgain(writes("else.txt")), u"1 one, Old words"_s);
+        QCOMPARE(readAgain(silences), u"1 one, -"_s);
     }
 
     void followsTheChoiceOfMusicFolders()
     {
-        const WavFolder one;
-        const WavFolder other;
-        one.write("a.wav", 1, "A");
-        other.write("b.wav", 2, "B");
+        const WavFolder one{"a.wav"};
+        const WavFolder other{"b.wav"};
         LibraryFixture fixture({one.root()});
         fixture.library().access().setStatus(LibraryAuthorizationStatus::Authorized);
         QSignalSpy finished(&fixture.library().scan(), &ScanController::finished);
@@ -195,10 +174,8 @@ private Q_SLOTS:
 
     void marksNothingWhenStopped()
     {
-        const WavFolder music;
-        music.write("a.wav", 1, "A");
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        const WavFolder music{"a.wav"};
+        LibraryFixture fixture(music);
         const PersistentID id = fixture.idAt(music.path("a.wav"));
         music.remove("a.wav");
         std::stop_source stop;
@@ -214,11 +191,9 @@ private Q_SLOTS:
         const QByteArray png = QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000000100000001080600000"
                                                    "01f15c4890000000d49444154789c6360606060000000050001"
                                                    "5e2a9d440000000049454e44ae426082");
-        const WavFolder music;
-        music.write("album/a.wav", 1, "A");
+        const WavFolder music{"album/a.wav"};
         music.writeBytes("album/Cover.PNG", png);
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        LibraryFixture fixture(music);
         const auto artwork = [&] {
             return fixture.library().songForPath(music.path("album/a.wav"))->item.artwork;
         };

@@ -4,7 +4,6 @@
 
 #include <QTest>
 
-#include <filesystem>
 #include <set>
 
 using namespace trackwise;
@@ -17,66 +16,31 @@ class tst_SongIdentity : public QObject
 private Q_SLOTS:
     void followsTheSound()
     {
-        // What is done to the files "a/one.wav" and "a/two.wav", and where the songs are then; empty:
-        // nowhere.
-        const std::tuple<const char *, const char *, const char *, void (*)(const WavFolder &)> rows[]{
-            {"nothing", "a/one.wav", "a/two.wav", [](const WavFolder &) {}},
-            {"retagged in place", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) { m.write("a/one.wav", 1, "Another Title", "Zoe"); }},
-            {"retagged through a new file", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) {
-                 m.write("a/new.tmp", 1, "Another Title", "Zoe");
-                 m.move("a/new.tmp", "a/one.wav");
-             }},
-            {"renamed", "a/zzz.wav", "a/two.wav",
-             [](const WavFolder &m) { m.move("a/one.wav", "a/zzz.wav"); }},
-            {"renamed and retagged", "a/zzz.wav", "a/two.wav",
-             [](const WavFolder &m) {
-                 m.move("a/one.wav", "a/zzz.wav");
-                 m.write("a/zzz.wav", 1, "Another Title");
-             }},
-            {"moved to another folder", "b/c/one.wav", "a/two.wav",
-             [](const WavFolder &m) { m.move("a/one.wav", "b/c/one.wav"); }},
-            {"folder renamed", "0/one.wav", "0/two.wav", [](const WavFolder &m) { m.move("a", "0"); }},
-            {"copied elsewhere and deleted", "b/one.wav", "a/two.wav",
-             [](const WavFolder &m) {
-                 m.copy("a/one.wav", "b/one.wav");
-                 m.remove("a/one.wav");
-             }},
-            {"names swapped", "a/two.wav", "a/one.wav",
-             [](const WavFolder &m) {
-                 m.move("a/one.wav", "a/x");
-                 m.move("a/two.wav", "a/one.wav");
-                 m.move("a/x", "a/two.wav");
-             }},
-            {"contents swapped", "a/two.wav", "a/one.wav",
-             [](const WavFolder &m) {
-                 m.write("a/one.wav", 2, "Two");
-                 m.write("a/two.wav", 1, "One");
-             }},
-            {"moved over the other", "a/two.wav", "",
-             [](const WavFolder &m) { m.move("a/one.wav", "a/two.wav"); }},
-            {"better copy under the same name", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) { m.write("a/one.wav", 77, "ONE", "ann"); }},
-            {"another song under the same name", "", "a/two.wav",
-             [](const WavFolder &m) { m.write("a/one.wav", 77, "Something Else"); }},
-            {"copied", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) { m.copy("a/one.wav", "a/0 copy.wav"); }},
-            {"linked hard", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) {
-                 std::filesystem::create_hard_link(m.path("a/one.wav").toStdString(),
-                                                   m.path("a/0 link.wav").toStdString());
-             }},
-            {"kept as a backup beside a new file", "a/one.wav", "a/two.wav",
-             [](const WavFolder &m) {
-                 m.move("a/one.wav", "a/0 backup.wav");
-                 m.write("a/one.wav", 1, "Another Title");
-             }},
-            {"deleted", "", "a/two.wav", [](const WavFolder &m) { m.remove("a/one.wav"); }}};
-        for (const auto &[name, oneIsAt, twoIsAt, step] : rows) {
-            const WavFolder music;
-            music.write("a/one.wav", 1, "One");
-            music.write("a/two.wav", 2, "Two");
+        // Where the songs of "a/one.wav" and "a/two.wav" are then (empty: nowhere), and what is done. Copies
+        // are written into the file that is there; "retagged" has the sound of the first song.
+        const std::tuple<const char *, const char *, const char *> rows[]{
+            {"a/one.wav", "a/two.wav", ":"},
+            {"a/one.wav", "a/two.wav", "cp ../retagged.wav a/one.wav"},
+            {"a/one.wav", "a/two.wav", "cp ../retagged.wav a/new.tmp; mv a/new.tmp a/one.wav"},
+            {"a/zzz.wav", "a/two.wav", "mv a/one.wav a/zzz.wav"},
+            {"a/zzz.wav", "a/two.wav", "mv a/one.wav a/zzz.wav; cp ../retagged.wav a/zzz.wav"},
+            {"b/c/one.wav", "a/two.wav", "mkdir -p b/c; mv a/one.wav b/c"},
+            {"0/one.wav", "0/two.wav", "mv a 0"},
+            {"b/one.wav", "a/two.wav", "mkdir b; cp a/one.wav b; rm a/one.wav"},
+            {"a/two.wav", "a/one.wav", "mv a/one.wav a/x; mv a/two.wav a/one.wav; mv a/x a/two.wav"},
+            {"a/two.wav", "a/one.wav", "cp a/one.wav ../x; cp a/two.wav a/one.wav; cp ../x a/two.wav"},
+            {"a/two.wav", "", "mv a/one.wav a/two.wav"},
+            {"a/one.wav", "a/two.wav", "cp ../better.wav a/one.wav"},
+            {"", "a/two.wav", "cp ../other.wav a/one.wav"},
+            {"a/one.wav", "a/two.wav", "cp a/one.wav 'a/0 copy.wav'"},
+            {"a/one.wav", "a/two.wav", "ln a/one.wav 'a/0 link.wav'"},
+            {"a/one.wav", "a/two.wav", "mv a/one.wav 'a/0 backup.wav'; cp ../retagged.wav a/one.wav"},
+            {"", "a/two.wav", "rm a/one.wav"}};
+        for (const auto &[oneIsAt, twoIsAt, commands] : rows) {
+            const WavFolder music{"a/one.wav", "a/two.wav"};
+            music.write("../retagged.wav", 1, "Another Title", "Zoe");
+            music.write("../better.wav", 77, "ONE", "ann"); // of the same song
+            music.write("../other.wav", 77, "Something Else");
             LibraryFixture fixture({music.root()});
             QCOMPARE(fixture.scan().songsRead, 2);
             const PersistentID one = fixture.idAt(music.path("a/one.wav"));
@@ -84,7 +48,7 @@ private Q_SLOTS:
             QVERIFY(one.isInLibrary() && two.isInLibrary() && one != two);
             QVERIFY(fixture.store().recordPlay(one, Instant(5s)));
 
-            step(music);
+            music.run(commands);
             QVERIFY(fixture.scan().isComplete);
 
             const auto check = [&](PersistentID song, const QByteArray &place) {
@@ -94,8 +58,8 @@ private Q_SLOTS:
                 return found.availability == Availability::Available &&
                        found.file.path() == music.path(place);
             };
-            QVERIFY2(check(one, oneIsAt), name);
-            QVERIFY2(check(two, twoIsAt), name);
+            QVERIFY2(check(one, oneIsAt), commands);
+            QVERIFY2(check(two, twoIsAt), commands);
             QCOMPARE(fixture.library().song(one)->item.playCount, 1U);
             QCOMPARE(fixture.library().song(one)->item.lastPlayedDate, Instant(5s));
 
@@ -110,10 +74,8 @@ private Q_SLOTS:
 
     void comesBackAsItself()
     {
-        const WavFolder music;
-        music.write("one.wav", 1, "One");
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        const WavFolder music{"one.wav"};
+        LibraryFixture fixture(music);
         const PersistentID one = fixture.idAt(music.path("one.wav"));
         music.remove("one.wav");
         QCOMPARE(fixture.scan().songsMissing, 1);
@@ -126,9 +88,7 @@ private Q_SLOTS:
 
     void keepsSongsOfAnAbsentFolder()
     {
-        const WavFolder music;
-        music.write("disk/one.wav", 1, "One");
-        music.write("other/two.wav", 2, "Two");
+        const WavFolder music{"disk/one.wav", "other/two.wav"};
         LibraryFixture fixture({music.path("disk"), music.path("other")});
         fixture.scan();
         const PersistentID one = fixture.idAt(music.path("disk/one.wav"));
@@ -149,8 +109,7 @@ private Q_SLOTS:
         for (const QByteArray &name : names)
             music.write("old/" + name, 1, "Same", "Ann");
         music.write("old/d/three.wav", 1, "Other", "Ann"); // the same sound under another title
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        LibraryFixture fixture(music);
         std::vector<PersistentID> before;
         for (const QByteArray &name : names)
             before.push_back(fixture.idAt(music.path("old/" + name)));
@@ -171,11 +130,9 @@ private Q_SLOTS:
 
     void doesNotGuessBetweenVanishedTwins()
     {
-        const WavFolder music;
-        music.write("a/one.wav", 1, "One");
+        const WavFolder music{"a/one.wav"};
         music.copy("a/one.wav", "b/one.wav");
-        LibraryFixture fixture({music.root()});
-        fixture.scan();
+        LibraryFixture fixture(music);
         const PersistentID a = fixture.idAt(music.path("a/one.wav"));
         const PersistentID b = fixture.idAt(music.path("b/one.wav"));
         music.copy("a/one.wav", "c/one.wav"); // before the others go: it must not get one of their inodes

@@ -131,22 +131,17 @@ private Q_SLOTS:
         QVERIFY(shouted.isInLibrary());
     }
 
-    void matchesWhatOtherPlayersSay()
+    void matchesTitlesThatOtherPlayersSay()
     {
         LibraryFixture fixture;
-        const PersistentID id = fixture.add(everything());
+        fixture.add(everything());
         const SongMatching &matching = fixture.library().matching();
-        QCOMPARE(matching.idOfPath("/music/1.flac"), id);
-        QCOMPARE(matching.idOfFile({1, 1}), id);
-        QCOMPARE(matching.idOfCatalogID(u"1234567890"_s), id);
-        QCOMPARE(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-A000-000000000000"_s), id);
         QCOMPARE(matching.songsTitled(u"title <b>"_s, 5).size(), 1U);
         QCOMPARE(matching.songsTitled(u"title b"_s, 5).size(), 0U);
         const auto prefixed = matching.songsWithTitlePrefix(u"tit"_s, 5);
         QCOMPARE(prefixed.size(), 1U);
         QCOMPARE(prefixed.front().foldedArtist, u"one, two"_s);
         QCOMPARE(prefixed.front().length, 61500ms);
-        QVERIFY(!matching.idOfPath("/music/other.flac"));
     }
 
     void answersWithSongsThatAreThere()
@@ -176,7 +171,7 @@ private Q_SLOTS:
                   library.songWithCatalogID(u"1234567890"_s)})
                 given.insert(item ? item->persistentID : PersistentID{});
             given.insert(matching.idOfCatalogID(u"1234567890"_s).value_or(PersistentID{}));
-            given.insert(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-a000-000000000000"_s)
+            given.insert(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-A000-000000000000"_s)
                              .value_or(PersistentID{}));
             return given;
         };

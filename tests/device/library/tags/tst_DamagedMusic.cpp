@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Whatever lies in a music folder under a music file's name ends in a reason or in a playable song.
+#include "device/library/WavFolder.h"
 #include "device/library/tags/TagReader.h"
 
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
@@ -113,19 +110,12 @@ QByteArray nestedBoxes(int depth)
     return boxes;
 }
 
-QByteArray frame23(const char *id, const QByteArray &content)
+QByteArray frame(int version, const char *id, const QByteArray &content)
 {
-    return id + big32(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
-}
-
-QByteArray frame24(const char *id, const QByteArray &content)
-{
-    return id + synchsafe(static_cast<quint32>(content.size())) + QByteArray(2, '\0') + content;
-}
-
-QByteArray frame22(const char *id, const QByteArray &content)
-{
-    return id + big32(static_cast<quint32>(content.size())).mid(1) + content;
+    const auto size = static_cast<quint32>(content.size());
+    if (version == 2)
+        return id + big32(size).mid(1) + content;
+    return id + (version == 4 ? synchsafe(size) : big32(size)) + QByteArray(2, '\0') + content;
 }
 
 /// A tag of these frames, and sound.
@@ -141,15 +131,6 @@ QByteArray utf16(const char *text)
     return {reinterpret_cast<const char *>(units.utf16()), units.size() * 2};
 }
 
-QByteArray manyFrames()
-{
-    QByteArray frames;
-    for (int i = 0; i < 20'000; ++i)
-        frames += "TXXX" + synchsafe(8) + QByteArray("\0\0\3k", 4) + QByteArray::number(1000 + i % 1000) +
-                  QByteArray("\0v", 2).left(2);
-    return id3(frames, static_cast<quint32>(frames.size()));
-}
-
 } // namespace
 
 class tst_DamagedMusic : public QObject
@@ -157,19 +138,13 @@ class tst_DamagedMusic : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
+    WavFolder m_folder;
 
-    [[nodiscard]] QByteArray path(const char *name = "song.mp3") const
-    {
-        return QFile::encodeName(m_folder.path()) + '/' + name;
-    }
+    [[nodiscard]] QByteArray path() const { return m_folder.path("song.mp3"); }
     [[nodiscard]] Result<SongTags> read(const QByteArray &bytes) const
     {
-        QFile file(QFile::decodeName(path()));
-        file.remove(); // writing over it would make the file system flush it each time
-        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the test file");
-        file.close();
+        m_folder.remove("song.mp3"); // writing over it would make the file system flush it each time
+        m_folder.writeBytes("song.mp3", bytes);
         return readTags(path());
     }
 
@@ -228,7 +203,7 @@ private Q_SLOTS:
              id3("APIC\x7f\x7f\x7f\x7f" + QByteArray("\0\0\0image/jpeg\0\3\0", 16) + QByteArray(6, '\0'),
                  30) +
                  bareMp3()},
-            {"ID3 of 20,000 frames", manyFrames() + bareMp3()},
+            {"ID3 of 20,000 frames", tagged(frame(4, "TXXX", QByteArray("\3key\0v", 6)).repeated(20'000), 4)},
             {"junk before the sound", QByteArray(5000, 'x') + bareMp3()},
             {"WAV that says 4 GiB", wav.replace(4, 4, QByteArray(4, '\xff'))},
             {"FLAC cut in the sound", fixture("xiph.flac").chopped(100)},
@@ -296,10 +271,12 @@ private Q_SLOTS:
                 .join(u'|');
         };
         const QByteArray nothing(1, '\0');
-        const auto title3 = frame23("TIT2", nothing + "Song");
-        const auto title4 = frame24("TIT2", nothing + "Song");
-        const auto genre = [&](const char *text) { return tagged(frame23("TCON", nothing + text) + title3); };
-        const auto comment = [&](const QByteArray &text) { return frame23("COMM", nothing + "eng" + text); };
+        const auto title3 = frame(3, "TIT2", nothing + "Song");
+        const auto title4 = frame(4, "TIT2", nothing + "Song");
+        const auto genre = [&](const char *text) {
+            return tagged(frame(3, "TCON", nothing + text) + title3);
+        };
+        const auto comment = [&](const QByteArray &text) { return frame(3, "COMM", nothing + "eng" + text); };
         const QByteArray anIcon("\0image/png\0\3\0", 13);
         const std::tuple<const char *, QByteArray, const char *> rows[]{
             {"extended header, 2.3", tagged(big32(6) + QByteArray(6, '\0') + title3, 3, 0x40), "Song|||"},
@@ -308,21 +285,21 @@ private Q_SLOTS:
             {"extended header that counts itself, 2.3",
              tagged(big32(10) + QByteArray(6, '\0') + title3, 3, 0x40), "Song|||"},
             {"extended header in name only", tagged(title3, 3, 0x40), "Song|||"},
-            {"frame of no length, 2.3", tagged(frame23("TALB", {}) + title3), "Song|||"},
-            {"frame of no length, 2.4", tagged(frame24("TALB", {}) + title4, 4), "Song|||"},
-            {"lower case", tagged(frame23("tcon", nothing + "Jazz") + title3), "Song|Jazz||"},
-            {"three letters in 2.3", tagged(frame23("TT2 ", nothing + "Song")), "Song|||"},
+            {"frame of no length, 2.3", tagged(frame(3, "TALB", {}) + title3), "Song|||"},
+            {"frame of no length, 2.4", tagged(frame(4, "TALB", {}) + title4, 4), "Song|||"},
+            {"lower case", tagged(frame(3, "tcon", nothing + "Jazz") + title3), "Song|Jazz||"},
+            {"three letters in 2.3", tagged(frame(3, "TT2 ", nothing + "Song")), "Song|||"},
             {"plain size in 2.4", tagged("TALB" + big32(201) + QByteArray(203, '\0') + title4, 4), "Song|||"},
-            {"UTF-16 without byte order", tagged(frame23("TIT2", "\1" + utf16("Größe"))), "Größe|||"},
-            {"the other way round", tagged(frame23("TIT2", QByteArray("\1\0S\0o", 5))), "So|||"},
+            {"UTF-16 without byte order", tagged(frame(3, "TIT2", "\1" + utf16("Größe"))), "Größe|||"},
+            {"the other way round", tagged(frame(3, "TIT2", QByteArray("\1\0S\0o", 5))), "So|||"},
             {"described in UTF-16",
-             tagged(frame23("COMM", "\1eng" + utf16("x") + QByteArray(2, '\0') + utf16("Hi"))), "||Hi|"},
+             tagged(frame(3, "COMM", "\1eng" + utf16("x") + QByteArray(2, '\0') + utf16("Hi"))), "||Hi|"},
             {"no sync bytes, 2.3",
-             tagged(frame23("TIT2", "\1\xff\xfe" + utf16("A")).replace("\xff", QByteArray("\xff\0", 2)), 3,
+             tagged(frame(3, "TIT2", "\1\xff\xfe" + utf16("A")).replace("\xff", QByteArray("\xff\0", 2)), 3,
                     char(0x80)),
              "A|||"},
             {"no sync bytes, 2.4",
-             tagged(frame24("TIT2", QByteArray("\1\xff\0\xfe", 4) + utf16("A")), 4, char(0x80)), "A|||"},
+             tagged(frame(4, "TIT2", QByteArray("\1\xff\0\xfe", 4) + utf16("A")), 4, char(0x80)), "A|||"},
             {"grouped, with a length, 2.4",
              tagged("TIT2" + synchsafe(10) + QByteArray("\0\x41g\0\0\0\5\0Song", 12), 4), "Song|||"},
             {"coded genre", genre("(17)"), "Song|Rock||"},
@@ -334,16 +311,16 @@ private Q_SLOTS:
             {"bracket in a genre", genre("((Foo) Bar"), "Song|(Foo) Bar||"},
             {"bracket that means nothing", genre("(Foo) Bar"), "Song|(Foo) Bar||"},
             {"bracket that does not close", genre("(RX"), "Song|(RX||"},
-            {"date of 2.2", tagged(frame22("TYE", nothing + "2021") + frame22("TDA", nothing + "0503"), 2),
+            {"date of 2.2", tagged(frame(2, "TYE", nothing + "2021") + frame(2, "TDA", nothing + "0503"), 2),
              "|||2021-03-05"},
             {"described comment alone", tagged(comment(QByteArray("by\0Hi", 5))), "||Hi|"},
             {"comment that a program wrote for itself", tagged(comment(QByteArray("iTunNORM\0 0A", 12))),
              "|||"},
             {"better comment last",
              tagged(comment(QByteArray("by\0Hi", 5)) + comment(QByteArray("\0Better", 7))), "||Better|"},
-            {"35 MB of picture", tagged(frame23("APIC", anIcon + QByteArray(35'000'000, 'x')) + title3),
+            {"35 MB of picture", tagged(frame(3, "APIC", anIcon + QByteArray(35'000'000, 'x')) + title3),
              "Song|||"},
-            {"two tags", id3(title3, 15, 3) + tagged(frame23("TCON", nothing + "Jazz")), "Song|Jazz||"}};
+            {"two tags", id3(title3, 15, 3) + tagged(frame(3, "TCON", nothing + "Jazz")), "Song|Jazz||"}};
         for (const auto &[name, bytes, expected] : rows)
             QCOMPARE(name + said(bytes).toUtf8(), QByteArray(name) + expected);
     }
@@ -354,15 +331,15 @@ private Q_SLOTS:
         const QByteArray front = QByteArray("\0image/png\0\3\0", 13) + "\x89PNG\r\n\x1a\nfront";
         const QByteArray back = QByteArray("\0image/png\0\4\0", 13) + "\x89PNG\r\n\x1a\nback";
         const std::pair<const char *, QByteArray> rows[]{
-            {"first", tagged(frame23("APIC", front) + frame23("APIC", back))},
-            {"second", tagged(frame23("APIC", back) + frame23("APIC", front))},
-            {"first of two", tagged(frame23("APIC", front) + frame23("APIC", front + "later"))},
-            {"of ID3v2.2", tagged(frame22("PIC", QByteArray("\0PNG\3\0", 6) + "\x89PNG\r\n\x1a\nfront"), 2)},
-            {"described in UTF-16",
-             tagged(frame23("APIC", QByteArray("\1image/png\0\3\xff\xfe", 14) + utf16("d") +
-                                        QByteArray(2, '\0') + front.mid(13)))},
+            {"first", tagged(frame(3, "APIC", front) + frame(3, "APIC", back))},
+            {"second", tagged(frame(3, "APIC", back) + frame(3, "APIC", front))},
+            {"first of two", tagged(frame(3, "APIC", front) + frame(3, "APIC", front + "later"))},
+            {"of ID3v2.2", tagged(frame(2, "PIC", QByteArray("\0PNG\3\0", 6) + "\x89PNG\r\n\x1a\nfront"), 2)},
+            {"described in UTF-16", tagged(frame(3, "APIC",
+                                                 QByteArray("\1image/png\0\3\xff\xfe", 14) + utf16("d") +
+                                                     QByteArray(2, '\0') + front.mid(13)))},
             {"no description in UTF-16, ended by half a zero",
-             tagged(frame23("APIC", QByteArray("\1image/png\0\3\0", 13) + front.mid(13)))}};
+             tagged(frame(3, "APIC", QByteArray("\1image/png\0\3\0", 13) + front.mid(13)))}};
         for (const auto &[name, bytes] : rows) {
             const auto tags = read(bytes);
             const auto cover = readEmbeddedArtwork(path());
@@ -372,27 +349,20 @@ private Q_SLOTS:
 
     void refusesWhatIsNoFile()
     {
-        QCOMPARE(readTags(path("absent.mp3")).failure().kind, FailureKind::NotFound);
-        QCOMPARE(symlink("nowhere", path("dangling.mp3").constData()), 0);
-        QCOMPARE(readTags(path("dangling.mp3")).failure().kind, FailureKind::NotFound);
-        QCOMPARE(symlink("loop.mp3", path("loop.mp3").constData()), 0);
-        QCOMPARE(readTags(path("loop.mp3")).failure().kind, FailureKind::NotFound);
-        QCOMPARE(mkfifo(path("pipe.mp3").constData(), 0600), 0); // would block whoever opens it plainly
-        QCOMPARE(readTags(path("pipe.mp3")).failure().kind, FailureKind::Unsupported);
-        QCOMPARE(mkdir(path("folder.mp3").constData(), 0700), 0);
-        QCOMPARE(readTags(path("folder.mp3")).failure().kind, FailureKind::Unsupported);
-        QCOMPARE(readTags("/dev/zero").failure().kind, FailureKind::Unsupported);
+        m_folder.run("ln -s nowhere dangling.mp3; ln -s loop.mp3 loop.mp3; mkdir folder.mp3");
+        m_folder.run("mkfifo pipe.mp3"); // would block whoever opens it plainly
+        for (const char *name : {"absent.mp3", "dangling.mp3", "loop.mp3"})
+            QCOMPARE(readTags(m_folder.path(name)).failure().kind, FailureKind::NotFound);
+        for (const QByteArray &file :
+             {m_folder.path("pipe.mp3"), m_folder.path("folder.mp3"), "/dev/zero"_ba})
+            QCOMPARE(readTags(file).failure().kind, FailureKind::Unsupported);
     }
 
     void refusesAHugeEmptyFileAtOnce()
     {
-        QFile file(QFile::decodeName(path()));
-        QVERIFY(file.open(QFile::WriteOnly));
-        file.write(QByteArray("RIFF\xf8\xff\xff\x3fWAVE", 12));
-        QVERIFY(file.resize(1 << 30));
-        file.close();
-        QCOMPARE(readTags(path()).failure().kind, FailureKind::Malformed);
-        QVERIFY(file.remove());
+        m_folder.writeBytes("huge.mp3", QByteArray("RIFF\xf8\xff\xff\x3fWAVE", 12));
+        m_folder.run("truncate -s 1G huge.mp3");
+        QCOMPARE(readTags(m_folder.path("huge.mp3")).failure().kind, FailureKind::Malformed);
     }
 
     /// Each file cut at many places, and with bytes changed in its headers: never a crash, never tags without

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/WavFolder.h"
 #include "device/library/tags/FileArtwork.h"
 #include "device/library/tags/FolderListing.h"
 #include "device/library/tags/TagReader.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -21,23 +20,7 @@ class tst_FolderListing : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
-
-    [[nodiscard]] QByteArray path(const char *name) const
-    {
-        return QFile::encodeName(m_folder.path()) + '/' + name;
-    }
-    void write(const char *name, const QByteArray &bytes) const
-    {
-        QFile file(QFile::decodeName(path(name)));
-        QVERIFY(file.open(QFile::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
-    void copySong(const char *fixture, const char *name) const
-    {
-        QVERIFY(QFile::copy(QStringLiteral(TRACKWISE_TEST_DATA "/") + QString::fromLatin1(fixture),
-                            QFile::decodeName(path(name))));
-    }
+    WavFolder m_folder;
 
 private Q_SLOTS:
     void choosesTheImage()
@@ -55,35 +38,31 @@ private Q_SLOTS:
 
     void givesAnImageByItsContent()
     {
-        write("cover.jpg", png); // the ending lies, the picture is one
-        const auto artwork = FolderListing::ofFolder(QFile::encodeName(m_folder.path())).artwork();
+        m_folder.writeBytes("cover.jpg", png); // the ending lies, the picture is one
+        const auto artwork = FolderListing::ofFolder(m_folder.root()).artwork();
         QVERIFY(artwork.has_value());
         QCOMPARE(artwork->place, ArtworkSummary::Place::FolderImage);
         QCOMPARE(FileArtwork::fromSummary(*artwork)->read()->bytes, png);
-        write("cover.jpg", "<html>not found</html>");
-        QVERIFY(!FolderListing::ofFolder(QFile::encodeName(m_folder.path())).artwork());
+        m_folder.writeBytes("cover.jpg", "<html>not found</html>");
+        QVERIFY(!FolderListing::ofFolder(m_folder.root()).artwork());
         QVERIFY(!FileArtwork::fromSummary(*artwork)->read());
-        QVERIFY(QFile::remove(QFile::decodeName(path("cover.jpg"))));
+        m_folder.remove("cover.jpg");
         QVERIFY(!FileArtwork::fromSummary(*artwork)->read());
     }
 
     void takesLyricsFromTheFileBesideTheSong()
     {
-        copySong("info.wav", "bare.wav");
-        write("bare.txt", "plain");
-        const auto folder = QFile::encodeName(m_folder.path());
-        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"plain"_s);
-        write("bare.LRC", "[00:01.00]w\xf6rds\r\n"); // goes before .txt; not UTF-8
-        QCOMPARE(readTags(path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"wörds"_s);
-        QCOMPARE(readTags(path("bare.wav"))->lyrics, std::nullopt);
-    }
-
-    void prefersEmbeddedLyrics()
-    {
-        copySong("xiph.flac", "full.flac");
-        write("full.lrc", "other words");
-        const auto listing = FolderListing::ofFolder(QFile::encodeName(m_folder.path()));
-        QCOMPARE(readTags(path("full.flac"), listing)->lyrics, u"First line\nSecond line"_s);
+        m_folder.run("cp " TRACKWISE_TEST_DATA "/info.wav bare.wav");
+        m_folder.writeBytes("bare.txt", "plain");
+        const auto folder = m_folder.root();
+        QCOMPARE(readTags(m_folder.path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"plain"_s);
+        m_folder.writeBytes("bare.LRC", "[00:01.00]w\xf6rds\r\n"); // goes before .txt; not UTF-8
+        QCOMPARE(readTags(m_folder.path("bare.wav"), FolderListing::ofFolder(folder))->lyrics, u"wörds"_s);
+        QCOMPARE(readTags(m_folder.path("bare.wav"))->lyrics, std::nullopt);
+        m_folder.run("cp " TRACKWISE_TEST_DATA "/xiph.flac full.flac"); // which has words of its own
+        m_folder.writeBytes("full.lrc", "other words");
+        const auto inside = readTags(m_folder.path("full.flac"), FolderListing::ofFolder(folder));
+        QCOMPARE(inside->lyrics, u"First line\nSecond line"_s);
     }
 };
 

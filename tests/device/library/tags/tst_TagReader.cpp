@@ -2,21 +2,16 @@
 //
 // The files under tests/data/tags hold the same song in every container and tag dialect; make_fixtures.py
 // there says what is in them.
+#include "device/library/WavFolder.h"
 #include "device/library/tags/FileArtwork.h"
 #include "device/library/tags/MusicFormats.h"
 #include "device/library/tags/TagReader.h"
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <cstdio>
 
 #include <taglib/fileref.h>
 #include <taglib/tag.h>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace trackwise;
@@ -68,13 +63,6 @@ SongTags everything()
     };
 }
 
-SongTags withMp4Numbers(const QString &catalogID)
-{
-    auto tags = everything();
-    tags.catalogID = catalogID;
-    return tags;
-}
-
 SongTags withOneArtistAndGenre(const QString &artist)
 {
     auto tags = everything();
@@ -122,13 +110,14 @@ private Q_SLOTS:
         };
         for (const auto *name : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "id3.dsf", "id3.dff",
                                  "id3.aac", "xiph.flac", "xiph.ogg", "xiph.opus", "xiph.spx", "xiph.oga",
-                                 "apev2.ape", "apev2.mpc", "apev2.wv", "apev2.mp3", "apev2.ac3"})
+                                 "apev2.ape", "apev2.mpc", "apev2.wv", "apev2.mp3", "apev2.ac3", "atoms.m4a"})
             check(name, everything());
         auto id3v23 = withOneArtistAndGenre(u"First/Second"_s);
         id3v23.titleSort = id3v23.artistSort = id3v23.albumSort = std::nullopt; // frames of ID3v2.4
         check("id3v23.mp3", id3v23);
-        check("atoms.m4a", withMp4Numbers(u"1440857781"_s));
-        check("alac.m4a", withMp4Numbers(u"2492863669"_s));
+        auto alac = everything();
+        alac.catalogID = u"2492863669"_s;
+        check("alac.m4a", alac);
         check("matroska.mka", matroska());
         auto asf = everything(); // keeps the second genre in a list of its own, which is read first
         asf.genres = {u"Rock"_s, u"Jazz"_s};
@@ -200,8 +189,8 @@ private Q_SLOTS:
 
     void stripsTheTimesFromLyrics()
     {
-        QCOMPARE(readFixture("synced-lyrics.mp3").lyrics, u"First line\nSecond line"_s);
-        QCOMPARE(readFixture("lrc-inside.mp3").lyrics, u"First line\nSecond line"_s);
+        for (const char *file : {"synced-lyrics.mp3", "lrc-inside.mp3"})
+            QCOMPARE(readFixture(file).lyrics, everything().lyrics);
     }
 
     void tellsEveryoneTheSameFormats()
@@ -232,25 +221,6 @@ private Q_SLOTS:
                  types);
     }
 
-    void doesNotBelieveTheName()
-    {
-        QTemporaryDir folder;
-        const auto path = QFile::encodeName(folder.filePath(u"really ogg.mp3"_s));
-        QVERIFY(QFile::copy(QFile::decodeName(fixture("xiph.ogg")), QFile::decodeName(path)));
-        QCOMPARE(readTags(path)->audioHash, readFixture("xiph.ogg").audioHash);
-        QCOMPARE(readTags(path)->title, everything().title);
-    }
-
-    void readsAFileWhoseNameIsNoText()
-    {
-        QTemporaryDir folder;
-        const auto path = QFile::encodeName(folder.path()) + "/Caf\xe9 \n.flac";
-        QVERIFY(QFile::copy(QFile::decodeName(fixture("xiph.flac")), folder.filePath(u"x"_s)));
-        QCOMPARE(rename((QFile::encodeName(folder.path()) + "/x").constData(), path.constData()), 0);
-        QVERIFY(readTags(path));
-        QCOMPARE(unlink(path.constData()), 0); // which QTemporaryDir cannot
-    }
-
     void hashesTheSoundWhateverTheTags()
     {
         for (const auto &[one, other] : {std::pair("id3v24.mp3", "id3v23.mp3"),
@@ -266,10 +236,9 @@ private Q_SLOTS:
         for (const auto *file : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "xiph.flac", "xiph.ogg",
                                  "xiph.opus", "xiph.spx", "xiph.oga", "apev2.ape", "apev2.mpc", "apev2.wv",
                                  "atoms.m4a", "alac.m4a", "asf.wma"}) {
-            QTemporaryDir folder;
-            const auto path = QFile::encodeName(folder.path()) + '/' + file;
-            QVERIFY(QFile::copy(QFile::decodeName(fixture(file)), QFile::decodeName(path)));
-            QFile::setPermissions(QFile::decodeName(path), QFile::ReadOwner | QFile::WriteOwner);
+            const WavFolder folder;
+            folder.run("cp " + fixture(file) + " .; chmod u+w *");
+            const auto path = folder.path(file);
             {
                 TagLib::FileRef retagged(path.constData());
                 retagged.tag()->setTitle("Another title");
