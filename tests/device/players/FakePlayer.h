@@ -22,9 +22,9 @@ public:
         Rambles, ///< replies with what nobody asked for
     };
 
-    explicit FakePlayer(const QString &name, Manners manners = Manners::Answers)
-        : m_name(QLatin1String(mprisPrefix) + name)
-        , m_manners(manners)
+    explicit FakePlayer(const QString &name, Manners initialManners = Manners::Answers)
+        : manners(initialManners)
+        , m_name(QLatin1String(mprisPrefix) + name)
     {
         m_bus.registerVirtualObject(QLatin1String(mprisPath), this);
     }
@@ -46,10 +46,6 @@ public:
         set(properties);
         sendChange({QLatin1String(mprisPlayerInterface), properties, QStringList()});
     }
-    void invalidate(const QStringList &properties)
-    {
-        sendChange({QLatin1String(mprisPlayerInterface), QVariantMap(), properties});
-    }
     void seekTo(qlonglong microseconds)
     {
         send(QLatin1String(mprisPlayerInterface), QStringLiteral("Seeked"), {microseconds});
@@ -60,22 +56,22 @@ public:
         send(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
              arguments);
     }
-    void setManners(Manners manners) { m_manners = manners; }
 
-    [[nodiscard]] int reads() const { return m_reads; }
-    [[nodiscard]] int raised() const { return m_raised; }
+    Manners manners;
+    int reads = 0;
+    int raised = 0;
 
     [[nodiscard]] QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
     {
         if (message.member() == QLatin1String("Raise"))
-            ++m_raised;
+            ++raised;
         if (message.member() != QLatin1String("GetAll"))
             return false;
         const bool isOfPlayer =
             message.arguments().value(0).toString() == QLatin1String(mprisPlayerInterface);
-        m_reads += isOfPlayer ? 1 : 0;
-        switch (m_manners) {
+        reads += isOfPlayer ? 1 : 0;
+        switch (manners) {
         case Manners::Hangs:
             message.setDelayedReply(true);
             return true;
@@ -102,12 +98,9 @@ private:
     static inline int connections = 0;
 
     QString m_name;
-    Manners m_manners;
     QDBusConnection m_bus = QDBusConnection::connectToBus(
         QDBusConnection::SessionBus, QStringLiteral("fake player %1").arg(++connections));
     QVariantMap m_properties;
-    int m_reads = 0;
-    int m_raised = 0;
 };
 
 /// The properties of a player that plays @p title by @p artist.

@@ -90,6 +90,7 @@ private Q_SLOTS:
     void playsPausesAndStops()
     {
         QCOMPARE(current(), 0u);
+        QCOMPARE(m_player->duration(), 0ms);
         m_player->play();
         QCOMPARE(m_player->playbackState(), PlaybackState::Stopped);
 

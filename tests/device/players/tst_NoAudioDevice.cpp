@@ -22,9 +22,7 @@ private Q_SLOTS:
         const QString tone = folder.filePath(u"tone.mp3"_s);
         QVERIFY(makeTone(tone, 30));
         ApplicationMusicPlayer player([tone](PersistentID) { return tone.toUtf8(); });
-        MediaItem song;
-        song.persistentID = PersistentID{1};
-        song.playbackDuration = 30;
+        const MediaItem song{.playbackDuration = 30, .persistentID = PersistentID{1}};
 
         player.setQueue({song});
         player.prepareToPlay();

@@ -120,6 +120,17 @@ private Q_SLOTS:
         }
     }
 
+    void findsIdentifiersInAddresses()
+    {
+        const std::pair<QString, QString> rows[]{{u"https://music.example.com/song/one/more"_s, {}},
+                                                 {u"https://music.example.com/song/a/1x"_s, {}},
+                                                 {u"https://music.example.com/song/a/7?i=x"_s, u"7"_s},
+                                                 {u"ftp://music.example.com/song/a/1"_s, {}},
+                                                 {u"http://music.example.com/song/a/09"_s, u"09"_s}};
+        for (const auto &[address, identifier] : rows)
+            QCOMPARE(catalogIdentifierIn(address), identifier);
+    }
+
     void stripsEditions()
     {
         for (const auto &title :

@@ -51,7 +51,12 @@ private Q_SLOTS:
             {"mpris:length", std::numeric_limits<double>::infinity(), nothing},
             {"xesam:trackNumber", 7, [](TrackMetadata &t) { t.trackNumber = 7; }},
             {"xesam:trackNumber", u"7"_s, [](TrackMetadata &t) { t.trackNumber = 7; }},
-            {"xesam:trackNumber", -1, nothing},
+            {"xesam:trackNumber", 0, nothing},
+            {"xesam:trackNumber", 1, [](TrackMetadata &t) { t.trackNumber = 1; }},
+            {"xesam:trackNumber", 1'000'000, [](TrackMetadata &t) { t.trackNumber = 1'000'000; }},
+            {"xesam:trackNumber", 1'000'001, nothing},
+            {"xesam:genre", QStringList(QList<QString>(65, u"G"_s)),
+             [](TrackMetadata &t) { t.genres = QStringList(QList<QString>(64, u"G"_s)); }},
             {"xesam:url", u"file:///m/A%20Song.ext.mp3"_s,
              [](TrackMetadata &t) {
                  t.url = u"file:///m/A%20Song.ext.mp3"_s;
@@ -72,15 +77,24 @@ private Q_SLOTS:
     {
         const TrackMetadata a = metadataFrom(
             {{u"mpris:trackid"_s, u"/constant"_s}, {u"xesam:title"_s, u"T"_s}, {u"xesam:artist"_s, u"A"_s}});
-        TrackMetadata b = a;
-        b.length = 3min;
-        b.albumTitle = u"later known"_s;
-        QVERIFY(isSameTrack(a, b));
-        TrackMetadata c = b;
-        c.length = 4min;
-        QVERIFY(!isSameTrack(b, c));
-        b.title = u"U"_s;
-        QVERIFY(!isSameTrack(a, b));
+        TrackMetadata timed = a;
+        timed.length = 3min;
+        const std::pair<bool, void (*)(TrackMetadata &)> rows[]{
+            {true, [](TrackMetadata &t) { t.albumTitle = u"later known"_s; }},
+            {true, [](TrackMetadata &t) { t.length = 0s; }},
+            {true, [](TrackMetadata &t) { t.length = 183s; }},
+            {false, [](TrackMetadata &t) { t.length = 183001ms; }},
+            {false, [](TrackMetadata &t) { t.trackId = u"/other"_s; }},
+            {false, [](TrackMetadata &t) { t.url = u"file:///b"_s; }},
+            {false, [](TrackMetadata &t) { t.title = u"U"_s; }},
+            {false, [](TrackMetadata &t) { t.artists = {u"B"_s}; }}};
+        QVERIFY(isSameTrack(a, timed));
+        for (const auto &[isSame, change] : rows) {
+            TrackMetadata other = timed;
+            change(other);
+            QCOMPARE(isSameTrack(timed, other), isSame);
+            QCOMPARE(isSameTrack(other, timed), isSame);
+        }
     }
 
     void findsLocalFiles()
