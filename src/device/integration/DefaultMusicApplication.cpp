@@ -52,7 +52,6 @@ void startHandlerOf(QStringList types, QObject *receiver)
     const QString type = types.takeFirst();
     auto *query = new QProcess(receiver);
     const auto goOn = [query, types, receiver] {
-        query->disconnect(receiver);
         query->deleteLater();
         const QString handler =
             QString::fromUtf8(query->readAllStandardOutput()).section(u'\n', 0, 0).trimmed();

@@ -29,8 +29,8 @@ HttpExchange::HttpExchange(QNetworkReply *reply, std::chrono::milliseconds timeo
     , m_reply(reply)
     , m_handler(std::move(handler))
 {
-    reply->setReadBufferSize(largestReply / 4); // else Qt takes in all it can get before we have looked
-    connect(reply, &QNetworkReply::readyRead, this, &HttpExchange::takeArrivedBytes);
+    reply->setReadBufferSize(largestReply + 1); // else Qt takes in all it can get before we have looked
+    connect(reply, &QNetworkReply::readyRead, this, &HttpExchange::limitSize);
     connect(reply, &QNetworkReply::redirected, this, &HttpExchange::followRedirect);
     connect(reply, &QNetworkReply::finished, this, &HttpExchange::finish);
     connect(&m_deadline, &QTimer::timeout, this, [this] {
@@ -49,10 +49,9 @@ HttpExchange::~HttpExchange()
     m_reply->deleteLater();
 }
 
-void HttpExchange::takeArrivedBytes()
+void HttpExchange::limitSize()
 {
-    m_body += m_reply->read(largestReply + 1 - m_body.size());
-    if (m_body.size() > largestReply)
+    if (m_reply->bytesAvailable() > largestReply)
         end(Failure{FailureKind::Unsupported, QStringLiteral("the reply is larger than 1 MiB")});
 }
 
@@ -66,9 +65,8 @@ void HttpExchange::followRedirect(const QUrl &address)
 
 void HttpExchange::finish()
 {
-    takeArrivedBytes();
     if (isAnswered(*m_reply))
-        end(std::move(m_body));
+        end(m_reply->readAll());
     else
         end(Failure{FailureKind::Unavailable, m_reply->errorString()});
 }

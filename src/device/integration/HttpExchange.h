@@ -10,8 +10,8 @@
 
 namespace trackwise {
 
-/// One request on its way: takes the body in as it arrives, and breaks off what takes too long, is too large
-/// or leads elsewhere. Belongs to the receiver of the answer, and deletes itself after having given it.
+/// One request on its way: gives the body when it is complete, and breaks off what takes too long, is too
+/// large or leads elsewhere. Belongs to the receiver of the answer, and deletes itself after having given it.
 class HttpExchange : public QObject
 {
     Q_OBJECT
@@ -22,14 +22,13 @@ public:
     ~HttpExchange() override;
 
 private:
-    void takeArrivedBytes();
+    void limitSize();
     void followRedirect(const QUrl &address);
     void finish();
     void end(Result<QByteArray> answer);
 
     QPointer<QNetworkReply> m_reply; // belongs to the network object, which may go first
     HttpClient::Handler m_handler;
-    QByteArray m_body;
     QTimer m_deadline;
 };
 

@@ -8,6 +8,9 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
+#include <algorithm>
+#include <array>
+
 namespace trackwise {
 
 namespace {
@@ -28,17 +31,15 @@ QVariant colour(const QDBusArgument &argument)
 {
     if (argument.currentSignature() != QLatin1StringView("(ddd)"))
         return {};
-    double red = -1;
-    double green = -1;
-    double blue = -1;
+    std::array<double, 3> parts{}; // red, green, blue
     argument.beginStructure();
-    argument >> red >> green >> blue;
+    for (double &part : parts)
+        argument >> part;
     argument.endStructure();
-    for (const double part : {red, green, blue}) {
-        if (!(part >= 0 && part <= 1))
-            return {};
-    }
-    return QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue));
+    if (!std::ranges::all_of(parts, [](double part) { return part >= 0 && part <= 1; }))
+        return {};
+    const auto at = [&parts](std::size_t i) { return static_cast<float>(parts.at(i)); };
+    return QColor::fromRgbF(at(0), at(1), at(2));
 }
 
 } // namespace

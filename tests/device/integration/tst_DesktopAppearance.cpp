@@ -15,6 +15,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
+#include <cmath>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -75,14 +77,7 @@ public:
     }
 
 public Q_SLOTS:
-    Spaces ReadAll(const QStringList &spaces)
-    {
-        Spaces answer;
-        for (const QString &space : spaces)
-            if (m_settings.contains(space))
-                answer.insert(space, m_settings.value(space));
-        return answer;
-    }
+    Spaces ReadAll(const QStringList &) { return m_settings; }
 
 private:
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"portal"_s);
@@ -147,17 +142,16 @@ private Q_SLOTS:
 
     void choosesTheNearestTextSize()
     {
-        for (const auto &[scale, size] : {std::pair(1.0, TextSize::Large),
-                                          {0.5, TextSize::ExtraSmall},
-                                          {1.05, TextSize::Large},
-                                          {1.1, TextSize::ExtraLarge},
-                                          {1.5, TextSize::Accessibility1},
-                                          {2.0, TextSize::Accessibility2},
-                                          {9.0, TextSize::Accessibility5},
-                                          {0.0, TextSize::Large},
-                                          {-1.0, TextSize::Large},
-                                          {qQNaN(), TextSize::Large}})
-            QCOMPARE(textSizeForScale(scale), size);
+        constexpr std::array scales{0.82, 0.88, 0.94, 1.0, 1.12, 1.24, 1.35, 1.64, 1.94, 2.35, 2.76, 3.12};
+        for (std::size_t i = 1; i < scales.size(); ++i) { // sizes are perceived by their ratio
+            const double middle = std::sqrt(scales[i - 1] * scales[i]);
+            QCOMPARE(textSizeForScale(middle * 0.999), TextSize(i - 1));
+            QCOMPARE(textSizeForScale(middle * 1.001), TextSize(i));
+        }
+        QCOMPARE(textSizeForScale(0.5), TextSize::ExtraSmall);
+        QCOMPARE(textSizeForScale(9), TextSize::Accessibility5);
+        for (const double scale : {0.0, -1.0, qQNaN()})
+            QCOMPARE(textSizeForScale(scale), TextSize::Large);
     }
 
     void followsThePortal()
