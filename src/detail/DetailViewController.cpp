@@ -27,7 +27,8 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
           },
           [this](const AlertMessage &m) { presentMessage(m); }, this))
     , m_picker(new SongPickerSource(presentation, services.makePicker, services.connectedScenes, this))
-    , m_linkDrop(new LinkDrop(services.library, services.catalog, services.searches, linkActions(), this))
+    , m_linkDrop(
+          new LinkDrop(*m_gate, services.library, services.catalog, services.searches, linkActions(), this))
 {
     connect(m_picker, &SongPickerSource::didPickSong, this,
             [this](const MediaItem &song) { displayMediaItem(song, false, true); });

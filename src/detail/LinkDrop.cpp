@@ -40,9 +40,10 @@ AlertMessage couldNotFindSong()
 
 } // namespace
 
-LinkDrop::LinkDrop(MediaLibrary &library, const CatalogLookup &catalog, QThreadPool &pool, Actions actions,
-                   QObject *parent)
+LinkDrop::LinkDrop(LibraryAccessGate &gate, MediaLibrary &library, const CatalogLookup &catalog,
+                   QThreadPool &pool, Actions actions, QObject *parent)
     : QObject(parent)
+    , m_gate(gate)
     , m_library(library)
     , m_catalog(catalog)
     , m_pool(pool)
@@ -56,27 +57,11 @@ void LinkDrop::handleDroppedURLs(const QStringList &addresses)
         m_actions.presentAlert(songNotFound(*problem));
         return;
     }
-    // The device may answer on any thread; this object is looked at on the main thread only.
-    m_library.requestAuthorization(
-        [self = QPointer(this),
-         identifier = std::get<CatalogLink>(link).identifier](LibraryAuthorizationStatus status) {
-            QMetaObject::invokeMethod(
-                QCoreApplication::instance(),
-                [self, identifier, status] {
-                    if (!self)
-                        return;
-                    switch (status) {
-                    case LibraryAuthorizationStatus::NotDetermined:
-                        return;
-                    case LibraryAuthorizationStatus::Denied:
-                        return self->m_actions.presentAlert(libraryAccessDenied());
-                    case LibraryAuthorizationStatus::Restricted:
-                        return self->m_actions.presentAlert(libraryAccessRestricted());
-                    case LibraryAuthorizationStatus::Authorized:
-                        return self->searchLibrary(identifier);
-                    }
-                },
-                Qt::QueuedConnection);
+    m_gate.requestLibraryAccess(
+        RefusalAlerts::Shown,
+        [self = QPointer(this), identifier = std::get<CatalogLink>(link).identifier](bool authorized) {
+            if (self && authorized)
+                self->searchLibrary(identifier);
         });
 }
 

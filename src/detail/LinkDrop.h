@@ -2,6 +2,7 @@
 #pragma once
 
 #include "detail/DetailAlerts.h"
+#include "detail/LibraryAccessGate.h"
 #include "lookup/CatalogReply.h"
 #include "platform/MediaLibrary.h"
 #include "platform/Result.h"
@@ -36,8 +37,8 @@ public:
     };
 
     /// Everything that is referred to must outlive this object and the work on @p pool.
-    LinkDrop(MediaLibrary &library, const CatalogLookup &catalog, QThreadPool &pool, Actions actions,
-             QObject *parent = nullptr);
+    LinkDrop(LibraryAccessGate &gate, MediaLibrary &library, const CatalogLookup &catalog, QThreadPool &pool,
+             Actions actions, QObject *parent = nullptr);
 
     void handleDroppedURLs(const QStringList &addresses);
     void lookUpCatalogSong(const QString &identifier);
@@ -47,6 +48,7 @@ private:
     void libraryWasSearched(const std::optional<MediaItem> &song, const QString &identifier);
     void catalogAnswered(const Result<CatalogSong> &answer);
 
+    LibraryAccessGate &m_gate;
     MediaLibrary &m_library;
     const CatalogLookup &m_catalog;
     QThreadPool &m_pool;

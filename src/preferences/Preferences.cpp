@@ -66,7 +66,6 @@ void Preferences::write()
                               stored.value(soundsViewedCountKey).toInt() + written.viewedSounds);
     for (auto value = written.values.cbegin(); value != written.values.cend(); ++value)
         stored.setValue(value.key(), value.value());
-    stored.sync();
 
     const QMutexLocker lock(&m_mutex);
     m_unwritten.viewedSounds -= written.viewedSounds;

@@ -101,11 +101,13 @@ struct WindowControllers : WindowDevice
         container.viewDidLoad();
         detail.viewDidLoad();
     }
-    /// Until the question whether the library may be used has been answered.
-    static void settle()
+    /// Until it has been answered whether the library may be used, and what was searched for then.
+    void settle()
     {
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
+        for (QThreadPool *pool : {QThreadPool::globalInstance(), &searches}) {
+            pool->waitForDone();
+            QCoreApplication::processEvents();
+        }
     }
     void choose(unsigned id) { detail.displayMediaItem(song(id), false, true); }
     /// Title, message, answers and the number of the preferred one; nothing without an alert.

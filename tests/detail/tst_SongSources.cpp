@@ -29,8 +29,27 @@ struct Window : PickersLibrary, WindowControllers
             s.openSettings = [this](Presentation &) { ++openedSettings; };
         })
     {
+        library.add(1, "First", "Band", "Album", "100");
+        library.add(2, "Second", "The Band", "Album");
+        library.add(0, "Elsewhere", "Band", "Album", "300");
         start();
         settle();
+    }
+    /// What comes of a drop: the alert, or else the number of the song that is shown.
+    QString drop(const QString &address)
+    {
+        detail.handleDroppedURLs({address});
+        return outcome();
+    }
+    QString answer(std::size_t request, const Result<QByteArray> &reply)
+    {
+        http.answer(request, reply);
+        return outcome();
+    }
+    QString outcome()
+    {
+        const QString alert = takeAlert();
+        return alert.isEmpty() ? QString::number(shown()) : alert;
     }
     /// Which picker stands then, of how many that were made; 0: none.
     std::pair<int, int> openPicker()
@@ -54,6 +73,14 @@ struct Window : PickersLibrary, WindowControllers
     int windows = 1;
     int openedSettings = 0;
 };
+
+QByteArray replyWith(const char *title)
+{
+    return QByteArray(R"({"results":[{"kind":"song","trackName":")") + title +
+           R"(","artistName":"Band","collectionName":"Album"}]})";
+}
+
+const QString songLink = u"https://music.apple.com/album/1?i=%1"_s;
 
 } // namespace
 
@@ -109,6 +136,71 @@ private Q_SLOTS:
         w.systemPlayer.item.reset();
         w.detail.selectSongFromNowPlaying(); // nothing is presented
         QVERIFY(w.takeAlert().startsWith(u"No Song Playing|"_s));
+    }
+
+    void dropsEndWithoutTheCatalog()
+    {
+        using enum LibraryAuthorizationStatus;
+        const std::tuple<QString, LibraryAuthorizationStatus, QString> rows[]{
+            // Before any question.
+            {u"https://x.org?i=1"_s, Denied,
+             u"Song Not Found|This doesn't seem to be an Apple Music song.|OK|0"_s},
+            {u"https://music.apple.com/album/1"_s, Authorized,
+             u"Song Not Found|This doesn't seem to be a valid song.|OK|0"_s},
+            {songLink.arg(100), NotDetermined, u"0"_s},
+            {songLink.arg(100), Denied,
+             u"No Music Access|Trackwise does not currently have access to your music library. Please turn "
+             "on Media & Apple Music access in the Settings app.|Open Settings,Cancel|0"_s},
+            {songLink.arg(100), Restricted,
+             u"No Music Access|Trackwise does not have access to your music library due to restrictions "
+             "enabled on your device.|Open Settings,Cancel|0"_s},
+            {songLink.arg(100), Authorized, u"1"_s},
+            {songLink.arg(300), Authorized,
+             u"Song Not Added to Library|This song needs to be added to your Music Library to access its "
+             "information. You can do this in the Music app.|Open Music,Cancel|0"_s},
+        };
+        for (const auto &[dropped, status, outcome] : rows) {
+            Window w;
+            w.library.status = status;
+            QCOMPARE(std::pair(dropped, w.drop(dropped)), std::pair(dropped, outcome));
+            QVERIFY(w.http.requests.empty());
+            QVERIFY(!w.detail.isTrackingNowPlaying());
+        }
+    }
+
+    void dropsAskTheCatalog()
+    {
+        const std::pair<Result<QByteArray>, QString> rows[]{
+            {replyWith("First"), u"1"_s},
+            {replyWith("Second"), u"2"_s}, // the artist is spelt otherwise
+            {replyWith("Elsewhere"), u"Song Not Added to Library"_s},
+            {replyWith("Third"),
+             u"Couldn't Find Song|Songs do need to be added to your library to get their info. If this song "
+             "isn't in your library, add it then try again.|OK|0"_s},
+            {QByteArray("<html>"), u"Failed to Look Up Song|You can try to find it via Select Song.|OK|0"_s},
+            {Failure{FailureKind::NotFound, {}},
+             u"Failed to Load Song|Please check your internet connection and try again. Or you can find it "
+             "via Select Song without an internet connection.|OK|0"_s},
+        };
+        for (const auto &[reply, outcome] : rows) {
+            Window w;
+            QCOMPARE(w.drop(songLink.arg(200)), u"0"_s);
+            QCOMPARE(w.http.requests.size(), 1u);
+            QCOMPARE(w.http.requests.front().address,
+                     QUrl(u"https://itunes.apple.com/lookup?id=200&entity=musicTrack"_s));
+            QCOMPARE(w.http.requests.front().timeout, std::chrono::milliseconds(60'000));
+            const QString came = w.answer(0, reply);
+            QVERIFY2(came.startsWith(outcome), qPrintable(came));
+        }
+    }
+
+    void twoDropsAreTwoChains()
+    {
+        Window w;
+        for (const int identifier : {201, 202})
+            QCOMPARE(w.drop(songLink.arg(identifier)), u"0"_s);
+        QCOMPARE(w.answer(1, replyWith("Second")), u"2"_s);
+        QCOMPARE(w.answer(0, replyWith("First")), u"1"_s);
     }
 
     void theMenuFollowsTheShownSong()
