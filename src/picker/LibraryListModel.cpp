@@ -211,17 +211,20 @@ int LibraryListModel::sectionOfRow(int row) const
     return static_cast<int>(next - sections().begin()) - 1;
 }
 
+SectionStart LibraryListModel::sectionAt(int section) const
+{
+    return section >= 0 && section < sectionCount() ? sections()[static_cast<size_t>(section)]
+                                                    : SectionStart{};
+}
+
 QString LibraryListModel::sectionLabel(int section) const
 {
-    return section >= 0 && section < sectionCount() ? sections()[static_cast<size_t>(section)].label
-                                                    : QString();
+    return sectionAt(section).label;
 }
 
 int LibraryListModel::firstRowOfSection(int section) const
 {
-    return section >= 0 && section < sectionCount()
-               ? static_cast<int>(sections()[static_cast<size_t>(section)].firstRow)
-               : 0;
+    return static_cast<int>(sectionAt(section).firstRow);
 }
 
 QStringList LibraryListModel::indexLabels(int places) const

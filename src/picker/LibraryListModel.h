@@ -106,6 +106,8 @@ private:
     void findHighlightAgain(std::uint64_t key);
     [[nodiscard]] const std::vector<SectionStart> &sections() const { return m_keys.order()->sections; }
     [[nodiscard]] int sectionOfRow(int row) const;
+    /// An empty one at row 0 where there is none.
+    [[nodiscard]] SectionStart sectionAt(int section) const;
 
     ListContent m_content;
     std::optional<ListContent> m_shown;

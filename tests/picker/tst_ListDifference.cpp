@@ -18,23 +18,17 @@ using Keys = std::vector<std::uint64_t>;
 /// What a list that follows the edits ends with: kept rows are those of @p before.
 Keys followed(const std::vector<ListEdit> &edits, const Keys &before, const Keys &after)
 {
+    using enum ListEdit::Kind;
     Keys result;
-    size_t taken = 0;
-    for (const ListEdit &edit : edits) {
-        const auto count = static_cast<size_t>(edit.count);
-        if (edit.kind == ListEdit::Kind::Insert || edit.kind == ListEdit::Kind::Replace) {
-            const auto from = after.begin() + static_cast<std::ptrdiff_t>(result.size());
-            result.insert(result.end(), from, from + edit.count);
-            taken += edit.kind == ListEdit::Kind::Replace ? count : 0;
-            continue;
-        }
-        if (edit.kind == ListEdit::Kind::Keep) {
-            const auto from = before.begin() + static_cast<std::ptrdiff_t>(taken);
-            result.insert(result.end(), from, from + edit.count);
-        }
-        taken += count;
+    std::ptrdiff_t taken = 0;
+    for (const auto &[kind, count] : edits) {
+        const auto from = kind == Keep ? before.begin() + taken : after.begin() + std::ssize(result);
+        if (kind != Remove)
+            result.insert(result.end(), from, from + count);
+        if (kind != Insert)
+            taken += count;
     }
-    return taken == before.size() ? result : Keys{};
+    return taken == std::ssize(before) ? result : Keys{};
 }
 
 int rowsOf(const std::vector<ListEdit> &edits, ListEdit::Kind kind)
