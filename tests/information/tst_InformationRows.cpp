@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "information/DateFormats.h"
 #include "information/InformationRows.h"
 
 #include <QProcess>
@@ -143,6 +144,7 @@ private Q_SLOTS:
         QCOMPARE(duration(-1), u"--"_s);
         QCOMPARE(duration(0), u"--"_s);
         QCOMPARE(duration(std::numeric_limits<double>::quiet_NaN()), u"--"_s);
+        QCOMPARE(positionalDuration(0, "en_US"), u"0:00"_s); // where it is known
         QCOMPARE(duration(0.4), u"0:00"_s);
         QCOMPARE(duration(45), u"0:45"_s);
         QCOMPARE(duration(59.9), u"0:59"_s);

@@ -195,13 +195,6 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QCOMPARE(list.window.activeFocusItem(), list.find(u"Title"_s));
         QCOMPARE(list.place(u"Title"_s), row);
-        list.press(Qt::Key_Tab); // the row below all that
-        QTRY_VERIFY(list.place(u"Artist"_s).bottom() <= 300);
-        list.press(Qt::Key_Backtab); // its end is still in sight
-        const qreal bottom = list.place(u"Title"_s).bottom();
-        QVERIFY(bottom > 0);
-        list.press(Qt::Key_Home);
-        QTRY_COMPARE(list.place(u"Title"_s), row);
     }
 
     void anotherSongStartsAtTheTop()
