@@ -87,7 +87,6 @@ void MediaPicker::setSearchText(const QString &text)
         m_results->clear();
     else
         m_results->show({.kind = SongScope::Kind::Matching, .searchText = words});
-    watchCurrentList();
     Q_EMIT searchTextChanged();
     Q_EMIT currentListChanged();
 }

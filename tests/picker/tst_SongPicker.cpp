@@ -38,10 +38,8 @@ struct PickerWindow : ShownPicker, ViewWindow
     }
     [[nodiscard]] PersistentID picked() const
     {
-        if (picks.size() != 1)
-            return {};
-        const auto items = picks.at(0).at(0).value<std::vector<MediaItem>>();
-        return items.size() == 1 ? items.front().persistentID : PersistentID{};
+        const auto items = picks.value(0).value(0).value<std::vector<MediaItem>>();
+        return picks.size() == 1 && items.size() == 1 ? items.front().persistentID : PersistentID{};
     }
     /// The visible list and its row's item.
     [[nodiscard]] QQuickItem *list() const { return listBelow(window.rootObject()); }
