@@ -36,21 +36,17 @@ struct Device
     [[nodiscard]] QString path(const char *name) const { return home.filePath(QString::fromLatin1(name)); }
     [[nodiscard]] SettingsServices services()
     {
-        return {.device = settings,
-                .appearance = appearance,
-                .folders = folders,
-                .library = library,
-                .scan = scan,
-                .setMusicAccess =
-                    [this](bool isAllowed) {
-                        library.status = isAllowed ? LibraryAuthorizationStatus::Authorized
-                                                   : LibraryAuthorizationStatus::Denied;
-                        Q_EMIT library.authorizationStatusDidChange();
-                    },
-                .players =
-                    [] {
-                        return std::vector{KnownPlayer{u"mpv"_s, u"mpv Media Player"_s}};
-                    }};
+        const auto players = [] { return std::vector{KnownPlayer{u"mpv"_s, u"mpv Media Player"_s}}; };
+        const auto setMusicAccess = [this](bool isAllowed) {
+            setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized
+                                : LibraryAuthorizationStatus::Denied);
+        };
+        return {settings, appearance, folders, library, scan, setMusicAccess, players};
+    }
+    void setStatus(LibraryAuthorizationStatus status)
+    {
+        library.status = status;
+        Q_EMIT library.authorizationStatusDidChange();
     }
 
     QTemporaryDir home;
@@ -170,7 +166,7 @@ private Q_SLOTS:
     void followsWhatChangesElsewhere()
     {
         OpenSettings at;
-        at.services().setMusicAccess(true);
+        at.setStatus(LibraryAuthorizationStatus::Authorized);
         QVERIFY(at.isChecked(u"Music access"_s));
         at.settings.setMicrophoneAccess(AccessChoice::Allowed);
         QVERIFY(at.isChecked(u"Microphone access"_s));
@@ -183,8 +179,7 @@ private Q_SLOTS:
         QVERIFY(at.isChecked(u"Ignore firefox"_s));
         at.press(u"Ignore firefox"_s); // it stays, as the user may think again
         QVERIFY(!at.isChecked(u"Ignore firefox"_s));
-        at.library.status = LibraryAuthorizationStatus::Restricted;
-        Q_EMIT at.library.authorizationStatusDidChange();
+        at.setStatus(LibraryAuthorizationStatus::Restricted);
         QVERIFY(!at.named(u"Music access"_s)->isEnabled());
     }
 
