@@ -44,7 +44,6 @@ class tst_InformationView : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-
     void theSwitchWorksFromTheKeyboardAndIsRemembered()
     {
         ListWindow list(shortSong);

@@ -16,9 +16,8 @@ std::shared_ptr<HostedView> view(const QString &title)
 
 std::unique_ptr<Alert> alert(const QString &title, std::function<void()> onOk = {})
 {
-    std::vector<AlertAction> actions;
-    actions.push_back({u"OK"_s, AlertAction::Style::Cancel, std::move(onOk)});
-    return std::make_unique<Alert>(title, QString(), std::move(actions), 0);
+    const AlertAction ok{u"OK"_s, AlertAction::Style::Cancel, std::move(onOk)};
+    return std::make_unique<Alert>(title, QString(), std::vector{ok}, 0);
 }
 
 } // namespace
