@@ -48,11 +48,8 @@ void MoreMenu::update(const MoreMenuState &state)
 
 void MoreMenu::trigger(int row)
 {
-    if (row < 0 || row >= rowCount())
-        return;
-    const MoreMenuItem &item = m_items[static_cast<size_t>(row)];
-    if (item.isEnabled)
-        m_perform(item.command);
+    if (index(row).data(EnabledRole).toBool())
+        m_perform(m_items[static_cast<size_t>(row)].command);
 }
 
 int MoreMenu::rowCount(const QModelIndex &parent) const

@@ -166,12 +166,13 @@ private Q_SLOTS:
         }
         const auto playback = [&window] {
             return std::tuple(window.detail.artworkView()->showsPlayButton(),
+                              window.detail.artworkView()->alignPlaybackWithArtwork(),
                               window.detail.informationView()->supportsPlayback(),
                               window.container.sidebar()->supportsPlayback());
         };
-        QCOMPARE(playback(), std::tuple(false, true, true)); // another player plays it
+        QCOMPARE(playback(), std::tuple(false, false, true, true)); // another player plays it
         window.choose(5);
-        QCOMPARE(playback(), std::tuple(true, true, true));
+        QCOMPARE(playback(), std::tuple(true, false, true, true));
         window.systemPlayer.change(song(3));
         QCOMPARE(window.takeAlert(), QString());
         QCOMPARE(window.shown(), 5U);

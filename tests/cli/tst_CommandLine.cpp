@@ -181,6 +181,8 @@ private Q_SLOTS:
     {
         QVERIFY(run(onDemo({"info", "Paper Kites", "--lyrics"})).output.startsWith("Newspaper, flour"));
         QCOMPARE(run(onDemo({"info", "Night Bus", "--lyrics"})).code, 3);
+        QCOMPARE(run(onDemo({"info", "low"})).errors, "trackwise: 1 more songs fit; this is the best\n"_ba);
+        QCOMPARE(run(onDemo({"info", "harbour"})).errors, ""_ba);
     }
 };
 

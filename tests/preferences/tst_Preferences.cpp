@@ -2,6 +2,7 @@
 #include "preferences/Preferences.h"
 #include "preferences/UserDefaultsStore.h"
 
+#include <QLockFile>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
@@ -52,6 +53,13 @@ private Q_SLOTS:
                 other.countViewedSound();
                 QVERIFY(one.soundsViewedCount() >= count);
             }
+            QTRY_COMPARE(QSettings(file(), QSettings::IniFormat).value(u"SoundsViewedCount"_s).toInt(), 42);
+            QLockFile counting(file() + u".counting"_s);
+            QVERIFY(counting.lock());
+            one.countViewedSound(); // once the other has counted
+            QSettings(file(), QSettings::IniFormat).setValue(u"SoundsViewedCount"_s, 100);
+            counting.unlock();
+            QTRY_VERIFY(other.soundsViewedCount() > 100);
             one.setShowMoreInformation(true);
             QVERIFY(one.showMoreInformation());
             QTRY_VERIFY(other.showMoreInformation());
@@ -60,7 +68,7 @@ private Q_SLOTS:
             one.setLastReviewRequestDate(QDateTime::currentDateTime());
         }
         const Preferences preferences(file());
-        QCOMPARE(preferences.soundsViewedCount(), 42);
+        QCOMPARE(preferences.soundsViewedCount(), 101);
         QVERIFY(!preferences.showMoreInformation());
         QVERIFY(preferences.lastReviewRequestDate());
     }
