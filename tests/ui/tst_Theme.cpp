@@ -97,13 +97,11 @@ private Q_SLOTS:
         component.setData(
             "import QtQuick\nimport Trackwise.Ui\nStyledText { style: Theme.title2; text: '<b>x</b>' }", {});
         const std::unique_ptr<QObject> text(component.create());
-        QCOMPARE(text->property("font").value<QFont>().pixelSize(), 22);
-        QCOMPARE(text->property("lineHeight").toReal(), 28.0);
-
         Theme *theme = &themeOf(engine);
         theme->setSettings({.isDark = true, .textSize = 11});
         QCOMPARE(text->property("color").value<QColor>(), theme->label());
-        QCOMPARE(text->property("font").value<QFont>().pixelSize(), theme->title2().font.pixelSize());
+        QCOMPARE(text->property("font").value<QFont>(), theme->title2().font);
+        QCOMPARE(text->property("lineHeight").toReal(), theme->title2().lineHeight);
     }
 };
 
