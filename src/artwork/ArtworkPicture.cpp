@@ -133,7 +133,7 @@ void ArtworkPicture::receive(const QImage &image, int side)
 QSGNode *ArtworkPicture::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
 {
     auto *node = static_cast<QSGImageNode *>(oldNode);
-    if (m_image.isNull() || width() <= 0 || height() <= 0) {
+    if (m_image.isNull() || boundingRect().isEmpty()) {
         delete node;
         return nullptr;
     }
