@@ -39,32 +39,6 @@ QString valueOf(const InformationRows &rows, const QString &title)
     return (lines(rows.main) + lines(rows.more)).filter(start).value(0).mid(start.size());
 }
 
-MediaItem songWithEverything()
-{
-    return {.title = u"Golden Hour Lines"_s,
-            .artist = u"The Quiet Machines"_s,
-            .albumTitle = u"Paper Satellites"_s,
-            .albumArtist = u"Various"_s,
-            .composer = u"I. Vale"_s,
-            .genre = u"Electronic"_s,
-            .userGrouping = u"Evening"_s,
-            .comments = u"Two\nlines"_s,
-            .lyrics = u"La"_s,
-            .releaseDate = sys_days{2021y / 3 / 5},
-            .lastPlayedDate = sys_days{2021y / 3 / 5} + 15h + 4min,
-            .dateAddedForReal = sys_days{2020y / 12 / 31} + 9h,
-            .playbackDuration = 205.9,
-            .playCount = 1234567,
-            .skipCount = 2,
-            .rating = 4,
-            .beatsPerMinute = 1118,
-            .albumTrackNumber = 3,
-            .albumTrackCount = 12,
-            .discNumber = 1,
-            .discCount = 1,
-            .isExplicitItem = true};
-}
-
 } // namespace
 
 class tst_InformationRows : public QObject
@@ -74,7 +48,28 @@ class tst_InformationRows : public QObject
 private Q_SLOTS:
     void showsEverythingInOrder()
     {
-        const InformationRows rows = rowsOf(songWithEverything());
+        const InformationRows rows = rowsOf({.title = u"Golden Hour Lines"_s,
+                                             .artist = u"The Quiet Machines"_s,
+                                             .albumTitle = u"Paper Satellites"_s,
+                                             .albumArtist = u"Various"_s,
+                                             .composer = u"I. Vale"_s,
+                                             .genre = u"Electronic"_s,
+                                             .userGrouping = u"Evening"_s,
+                                             .comments = u"Two\nlines"_s,
+                                             .lyrics = u"La"_s,
+                                             .releaseDate = sys_days{2021y / 3 / 5},
+                                             .lastPlayedDate = sys_days{2021y / 3 / 5} + 15h + 4min,
+                                             .dateAddedForReal = sys_days{2020y / 12 / 31} + 9h,
+                                             .playbackDuration = 205.9,
+                                             .playCount = 1234567,
+                                             .skipCount = 2,
+                                             .rating = 4,
+                                             .beatsPerMinute = 1118,
+                                             .albumTrackNumber = 3,
+                                             .albumTrackCount = 12,
+                                             .discNumber = 1,
+                                             .discCount = 1,
+                                             .isExplicitItem = true});
         QCOMPARE(lines(rows.main).join(u'\n'),
                  u"Title: Golden Hour Lines\nArtist: The Quiet Machines\nAlbum: Paper Satellites\n"
                  "Album artist: Various\nComposer: I. Vale\nGenre: Electronic\n"
