@@ -74,6 +74,11 @@ private Q_SLOTS:
         QCOMPARE(fetched(), std::set<std::uint64_t>{page - 64});
         (void)f.title(page + 44);
         QCOMPARE(fetched(), std::set<std::uint64_t>{page + 64});
+        f.library.insert({5}); // with which rows that are there may look different
+        QTRY_COMPARE(f.list.count(), 100001);
+        (void)fetched();
+        QCOMPARE(f.title(page + 30), Fixture::titleOf((page + 30) * 10));
+        QCOMPARE(fetched(), std::set<std::uint64_t>{page - 1});
     }
 
     void fetchesTheRowsWhereALongFlickEnds()
