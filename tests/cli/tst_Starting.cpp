@@ -6,16 +6,10 @@
 
 using namespace Qt::StringLiterals;
 
-// What a start says where it cannot go on, and that it leaves nothing behind then.
+// What a start says where it cannot go on, that it leaves nothing behind then, and the picture that it saves.
 class tst_Starting : public QObject, private Program
 {
     Q_OBJECT
-
-    [[nodiscard]] QByteArrayList onDemo() const
-    {
-        return {"--library",    inScratch("library.db"), "--folder", DEMO_LIBRARY_FOLDER, "--size", "500x400",
-                "--screenshot", inScratch("picture.png")};
-    }
 
 private Q_SLOTS:
     void cleanup() { std::filesystem::remove_all(inScratch("home").constData()); }
@@ -56,20 +50,22 @@ private Q_SLOTS:
 
     void savesAPictureOfASong()
     {
+        const QByteArrayList picture{"--size", "500x400", "--screenshot", inScratch("picture.png")};
         std::vector<QImage> pictures;
-        for (const QByteArrayList &shown : {QByteArrayList{"--demo"}, {"--show", "harbour lights"}}) {
-            const Outcome outcome = run(onDemo() + shown);
+        for (const QByteArrayList &shown :
+             {QByteArrayList{"--demo"}, {"--folder", DEMO_LIBRARY_FOLDER, "--show", "harbour lights"}}) {
+            const Outcome outcome = run(picture + shown);
             QCOMPARE(std::pair(outcome.code, outcome.errors), std::pair(0, ""_ba));
             pictures.emplace_back(QString::fromUtf8(inScratch("picture.png")));
             QCOMPARE(pictures.back().size(), QSize(500, 400));
         }
         QVERIFY(pictures.front() != pictures.back());
         const std::pair<QByteArrayList, QByteArray> rows[]{
-            {{"--show", "qqqq"}, "no file and no song of the library: qqqq"},
-            {{"--screenshot", "/nowhere/picture.png"}, "cannot write /nowhere/picture.png"},
+            {{"--demo", "--show", "qqqq"}, "no file and no song of the library: qqqq"},
+            {{"--demo", "--screenshot", "/nowhere/picture.png"}, "cannot write /nowhere/picture.png"},
             {{"--library", TRACKWISE_PROGRAM}, "the library cannot be opened: " TRACKWISE_PROGRAM ": "}};
         for (const auto &[arguments, says] : rows) {
-            const Outcome outcome = run(onDemo() + arguments);
+            const Outcome outcome = run(picture + arguments);
             QVERIFY2(outcome.errors.startsWith("trackwise: " + says), outcome.errors);
             QCOMPARE(outcome.code, 1);
         }
