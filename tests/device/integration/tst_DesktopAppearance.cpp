@@ -84,11 +84,6 @@ private:
     Spaces m_settings;
 };
 
-QVariant inVariant(const QVariant &value)
-{
-    return QVariant::fromValue(QDBusVariant(value));
-}
-
 } // namespace
 
 class tst_DesktopAppearance : public QObject
@@ -158,7 +153,7 @@ private Q_SLOTS:
     {
         Portal portal({{appearance,
                         {{u"color-scheme"_s, 1u}, {u"accent-color"_s, QVariant::fromValue(Rgb{0, 0.5, 1})}}},
-                       {gnome, {{u"text-scaling-factor"_s, inVariant(1.25)}}}});
+                       {gnome, {{u"text-scaling-factor"_s, QVariant::fromValue(QDBusVariant(1.25))}}}});
         const DesktopAppearance look(*m_settings);
         QVERIFY(!look.isDark()); // nobody has waited for the answer
         QTRY_VERIFY(look.isDark());
@@ -175,7 +170,7 @@ private Q_SLOTS:
         portal.change(appearance, u"accent-color"_s, QVariant::fromValue(Rgb{-1, -1, -1}));
         QTRY_COMPARE(look.accent(), std::nullopt);
         portal.change(gnome, u"font-name"_s, u"Sans 11"_s);
-        portal.change(gnome, u"enable-animations"_s, inVariant(false));
+        portal.change(gnome, u"enable-animations"_s, QVariant::fromValue(QDBusVariant(false)));
         QTRY_VERIFY(look.prefersReducedMotion());
         QCOMPARE(changes.size(), 3); // the font changes nothing here
         QTRY_COMPARE(told.size(), 5);

@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <concepts>
 
 namespace trackwise {
@@ -56,7 +57,7 @@ public:
     /// Writes one song; its file is said to be "/music/<n>.flac", and gets indexed at once.
     PersistentID add(SongTags tags)
     {
-        const auto number = static_cast<std::uint64_t>(m_count + 1);
+        const auto number = static_cast<std::uint64_t>(m_count) + 1;
         if (tags.audioHash == 0)
             tags.audioHash = number;
         const QByteArray name = QByteArray::number(m_count + 1) + ".flac";
@@ -94,6 +95,18 @@ public:
     [[nodiscard]] Availability availability(PersistentID id) const
     {
         return m_library->song(id)->availability;
+    }
+    /// Of the songs that can be played now, the paths within the folder.
+    [[nodiscard]] QByteArray available(const WavFolder &music) const
+    {
+        QByteArrayList paths;
+        (void)m_library->forEachSong([&](const LibrarySong &song) {
+            if (song.availability == Availability::Available)
+                paths << song.file.path().mid(music.root().size() + 1);
+            return true;
+        });
+        std::sort(paths.begin(), paths.end());
+        return paths.join(' ');
     }
 
 private:

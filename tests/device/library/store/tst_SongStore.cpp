@@ -157,18 +157,17 @@ private Q_SLOTS:
         };
         const MediaLibrary &library = fixture.library().mediaLibrary();
         const SongMatching &matching = fixture.library().matching();
-        const auto first = [](const std::vector<MediaItem> &items) {
-            return items.empty() ? std::nullopt : std::optional(items.front());
-        };
         const auto answers = [&] {
             std::set<PersistentID> given;
-            for (const std::optional<MediaItem> &item :
-                 {first(library.songs({u"Title <b>"_s, u"One, Two"_s, {}}, 9)),
-                  first(library.songs({u"Title <b>"_s, {}, u"Album"_s}, 9)),
-                  first(library.songs({u"Title <b>"_s, {}, {}}, 9)),
-                  first(library.songs({{}, {}, u"Album"_s}, 9)),
-                  library.songIgnoringCase(u"TITLE <B>"_s, u"ONE, TWO"_s),
-                  library.songWithCatalogID(u"1234567890"_s)})
+            for (const SongQuery &query : {SongQuery{u"Title <b>"_s, u"One, Two"_s, {}},
+                                           {u"Title <b>"_s, {}, u"Album"_s},
+                                           {u"Title <b>"_s, {}, {}},
+                                           {{}, {}, u"Album"_s}}) {
+                const auto items = library.songs(query, 9);
+                given.insert(items.empty() ? PersistentID{} : items.front().persistentID);
+            }
+            for (const auto &item : {library.songIgnoringCase(u"TITLE <B>"_s, u"ONE, TWO"_s),
+                                     library.songWithCatalogID(u"1234567890"_s)})
                 given.insert(item ? item->persistentID : PersistentID{});
             given.insert(matching.idOfCatalogID(u"1234567890"_s).value_or(PersistentID{}));
             given.insert(matching.idOfMusicBrainzID(u"abcdef00-0000-4000-A000-000000000000"_s)
