@@ -8,6 +8,8 @@
 #include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"
+#include "ui/Engine.h"
+#include "ui/Theme.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -239,6 +241,10 @@ private Q_SLOTS:
         Q_EMIT first.detail().newWindowWanted();
         WindowScene &second = *program.app.scenes().back();
         QVERIFY(&second != &first);
+        for (const ThemeChoice choice : {ThemeChoice::Dark, ThemeChoice::Light}) {
+            program.device->settings().setAppearance({.theme = choice});
+            QTRY_COMPARE(themeOf(*qmlEngine(&first.window())).isDark(), choice == ThemeChoice::Dark);
+        }
         for (WindowScene *asking : {&first, &second, &second}) // impatiently
             asking->detail().selectSongFromLibrary();
         QCOMPARE(answers.size(), 1u);
@@ -267,6 +273,9 @@ private Q_SLOTS:
         Launch launch(
             program.app, *program.device,
             {.show = u"Song 3"_s, .size = QSize(500, 400), .addresses = {u"https://elsewhere.example"_s}});
+        std::optional<LibraryAuthorizationStatus> answer;
+        access.request([&answer](LibraryAuthorizationStatus status) { answer = status; });
+        QTRY_COMPARE(answer, LibraryAuthorizationStatus::NotDetermined); // there is no window to ask in
         launch.run();
         WindowScene &first = *program.app.scenes().front();
         QCOMPARE(first.window().size(), QSize(500, 400));
