@@ -89,7 +89,7 @@ void MprisPlayerAdaptor::Seek(qlonglong offset)
         return;
     // Bounded before the sum, which any program may try to overflow.
     const qlonglong length = inMicroseconds(m_player.duration());
-    const qlonglong target = position() + std::clamp(offset, -length - 1, length + 1);
+    const qlonglong target = position() + std::clamp(offset, -length, length + 1);
     if (target > length)
         m_player.skipToNextItem();
     else

@@ -2,6 +2,7 @@
 #include "device/integration/NetworkHttpClient.h"
 #include "device/integration/WebServer.h"
 
+#include <QNetworkDiskCache>
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QTcpSocket>
@@ -80,9 +81,10 @@ private Q_SLOTS:
 
     void keepsWhatMayBeKept()
     {
+        const QByteArray kept(1'000'000, 'x');
         const WebServer server(
-            [](QTcpSocket &socket, const QByteArray &path) {
-                WebServer::reply(socket, "200 OK\r\nCache-Control: " + path.mid(1), "kept");
+            [&kept](QTcpSocket &socket, const QByteArray &path) {
+                WebServer::reply(socket, "200 OK\r\nCache-Control: " + path.mid(1), kept);
             },
             m_serverTls);
         const QTemporaryDir cache;
@@ -91,10 +93,16 @@ private Q_SLOTS:
             const auto before = server.requests().size();
             for (int i = 0; i < 2; ++i) {
                 NetworkHttpClient client(cache.path(), m_trusting);
-                QCOMPARE(*fetch(client, server.address(u'/' + QLatin1StringView(control))), "kept"_ba);
+                QCOMPARE(*fetch(client, server.address(u'/' + QLatin1StringView(control))), kept);
             }
             QCOMPARE(server.requests().size() - before, expected);
         }
+        NetworkHttpClient client(cache.path(), m_trusting);
+        for (int i = 0; i < 5; ++i)
+            QVERIFY(fetch(client, server.address(u"/max-age=6%1"_s.arg(i))));
+        QNetworkDiskCache files;
+        files.setCacheDirectory(cache.path());
+        QVERIFY(files.cacheSize() > 1 << 20 && files.cacheSize() <= 2 << 20);
     }
 
     void waitsForALateAnswerButNotForeverNorTakesAHalf()

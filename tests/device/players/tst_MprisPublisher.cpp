@@ -264,6 +264,8 @@ private Q_SLOTS:
         QCOMPARE(m_player->playbackState(), PlaybackState::Playing);
         QVERIFY(setPosition(own, 30'000'000));
         QTRY_VERIFY(m_player->position() >= 30s);
+        QVERIFY(setPosition(own, 0));
+        QTRY_VERIFY(m_player->position() < 20s);
         QVERIFY(call(mprisPlayerInterface, "Seek", {std::numeric_limits<qlonglong>::max()}));
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
         QVERIFY(call(mprisRootInterface, "Raise") && call(mprisRootInterface, "Quit"));
