@@ -31,8 +31,6 @@ MediaItem fullSong()
     return {.title = u"Tonleiter"_s,
             .artist = u"Die Prüfer"_s,
             .albumTitle = u"Proben"_s,
-            .albumArtist = u"Verschiedene"_s,
-            .genre = u"Übung"_s,
             .lyrics = u"do re mi\nfa so"_s,
             .releaseDate = Instant(std::chrono::milliseconds(86'400'000)),
             .playbackDuration = 60,
@@ -130,7 +128,6 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QVERIFY2(QDBusConnection::sessionBus().isConnected(), "run inside dbus-run-session");
         QVERIFY(m_sound.start());
         QVERIFY(makeTone(m_folder.filePath(u"tone #1 100%20 ü?.m4a"_s), 60));
     }
@@ -156,13 +153,9 @@ private Q_SLOTS:
         QCOMPARE(playerctl({u"status"_s}), u"Stopped"_s);
         playerctl({u"play"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Playing"_s);
-        for (const auto &[command, title] : {std::pair("Next", u"Second"_s),
-                                             {"Next", u"Second"_s},
-                                             {"Previous", u"Tonleiter"_s},
-                                             {"Previous", u"Tonleiter"_s},
-                                             {"Next", u"Second"_s}}) {
+        for (const char *command : {"Next", "Next", "Previous", "Previous", "Next"}) {
             QVERIFY(call(mprisPlayerInterface, command)); // where there is none, it stays
-            QCOMPARE(metadata("xesam:title"), title);
+            QCOMPARE(metadata("xesam:title"), *command == 'N' ? u"Second"_s : u"Tonleiter"_s);
             QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         }
         playerctl({u"play-pause"_s});
@@ -171,12 +164,10 @@ private Q_SLOTS:
         const auto isAbout = [this](std::chrono::milliseconds position) {
             return m_player->position() > position - 1s && m_player->position() < position + 1s;
         };
-        playerctl({u"position"_s, u"30"_s});
-        QTRY_VERIFY(isAbout(30s));
-        playerctl({u"position"_s, u"10+"_s});
-        QTRY_VERIFY(isAbout(40s));
-        playerctl({u"position"_s, u"100-"_s});
-        QTRY_VERIFY(isAbout(0s));
+        for (const auto &[target, position] : {std::pair(u"30"_s, 30s), {u"10+"_s, 40s}, {u"100-"_s, 0s}}) {
+            playerctl({u"position"_s, target});
+            QTRY_VERIFY(isAbout(position));
+        }
         playerctl({u"position"_s, u"100"_s}); // beyond the end
         playerctl({u"volume"_s, u"0.25"_s});
         QTRY_COMPARE(m_player->volume(), 0.25);

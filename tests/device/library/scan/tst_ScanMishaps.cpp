@@ -13,8 +13,6 @@
 #include <csignal>
 #include <map>
 
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 using namespace trackwise;
 using namespace std::chrono_literals;
