@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 find_package(Qt6 6.4 REQUIRED COMPONENTS
-    Core Gui DBus Network Qml Quick QuickControls2 Multimedia Svg LinguistTools ShaderTools)
+    Core Gui DBus Network Qml Quick Multimedia Svg LinguistTools ShaderTools)
 if(BUILD_TESTING)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Test QuickTest)
 endif()

@@ -90,11 +90,7 @@ void Device::connectCounts()
 
 void Device::followIgnoredPlayers()
 {
-    const auto ignore = [this] {
-        PlayerPreferences preferences;
-        preferences.ignored = m_settings.ignoredPlayers();
-        m_systemPlayer.setPreferences(preferences);
-    };
+    const auto ignore = [this] { m_systemPlayer.setIgnored(m_settings.ignoredPlayers()); };
     ignore();
     QObject::connect(&m_settings, &DeviceSettings::ignoredPlayersDidChange, &m_systemPlayer, ignore);
 }

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "artwork/ArtworkImageProvider.h"
 #include "artwork/ArtworkLoader.h"
 #include "support/Covers.h"
 
-#include <QSemaphore>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -12,17 +9,21 @@ using namespace trackwise;
 
 namespace {
 
-/// What has no library behind it.
 struct Loader : ArtworkLoader
 {
-    explicit Loader(qsizetype cacheBytes = ArtworkCache::defaultLimit)
-        : ArtworkLoader([](PersistentID) { return ArtworkPtr(); }, cacheBytes)
+    /// As it is made, without a library behind it.
+    explicit Loader(
+        qsizetype cacheBytes = ArtworkCache::defaultLimit,
+        Resolver resolver = [](PersistentID) { return ArtworkPtr(); })
+        : ArtworkLoader(std::move(resolver), cacheBytes)
     {}
-    /// The cover of @p song, by its address.
+    QImage squareAt(const QString &address, int side, bool isCancelled = false)
+    {
+        return square(*artworkReference(address), side, std::make_shared<std::atomic<bool>>(isCancelled));
+    }
     QImage squareOf(const MediaItem &song, int side, bool isCancelled = false)
     {
-        return square(*artworkReference(address(song)), side,
-                      std::make_shared<std::atomic<bool>>(isCancelled));
+        return squareAt(address(song), side, isCancelled);
     }
 };
 
@@ -41,18 +42,6 @@ QColor middle(const QImage &image)
     return image.pixelColor(image.rect().center());
 }
 
-/// Waits for the answer as the engine does.
-QImage answerOf(ArtworkImageProvider &provider, const QString &address, QSize size = {64, 64})
-{
-    const QString id = address.mid(u"image://artwork/"_s.size());
-    const std::unique_ptr<QQuickImageResponse> response(provider.requestImageResponse(id, size));
-    QSignalSpy finished(response.get(), &QQuickImageResponse::finished);
-    if (!finished.wait())
-        return {};
-    const std::unique_ptr<QQuickTextureFactory> factory(response->textureFactory());
-    return factory ? factory->image() : QImage();
-}
-
 } // namespace
 
 class tst_ArtworkLoader : public QObject
@@ -63,19 +52,17 @@ private Q_SLOTS:
     void givesTheCoversOfTheLibraryAndOfSongsThatAreHeld()
     {
         const ArtworkPtr red = cover(Qt::red);
-        ArtworkLoader loader([red](PersistentID id) { return id.value == 1 ? red : nullptr; });
-        ArtworkImageProvider provider(loader);
-        QCOMPARE(middle(answerOf(provider, artworkAddress({PersistentID{1}, red->key()}))), QColor(Qt::red));
+        Loader loader(ArtworkCache::defaultLimit,
+                      [red](PersistentID id) { return id.value == 1 ? red : nullptr; });
+        QCOMPARE(middle(loader.squareAt(artworkAddress({PersistentID{1}, red->key()}), 64)), QColor(Qt::red));
+        QVERIFY(loader.squareAt(artworkAddress({PersistentID{2}, "unknown"}), 64).isNull());
 
         std::optional<MediaItem> stranger = songWith(0, cover(Qt::blue, {500, 500}));
         const QString address = loader.address(*stranger);
-        const QImage unsized = answerOf(provider, address, {});
-        QCOMPARE(middle(unsized), QColor(Qt::blue));
-        QCOMPARE(unsized.width(), 384);
+        QCOMPARE(middle(loader.squareAt(address, 384)), QColor(Qt::blue));
         stranger.reset(); // its cover goes with it
-        QVERIFY(answerOf(provider, address).isNull());
-        QVERIFY(answerOf(provider, artworkAddress({PersistentID{2}, "unknown"})).isNull());
-        QVERIFY(answerOf(provider, u"image://artwork/nonsense"_s).isNull());
+        QVERIFY(loader.squareAt(address, 64).isNull());
+        QVERIFY(!artworkReference(u"image://artwork/nonsense"_s));
         QCOMPARE(loader.address(songWith(1, nullptr)), QString());
     }
 
@@ -124,32 +111,6 @@ private Q_SLOTS:
         const auto artwork = cover(Qt::red);
         QVERIFY(Loader().squareOf(songWith(1, artwork), 64, true).isNull());
         QCOMPARE(artwork->reads.load(), 0);
-    }
-
-    void aResponseMayGoWhileItsCoverIsBeingRead()
-    {
-        QSemaphore reading;
-        QSemaphore goOn;
-        const auto slow = cover(Qt::red);
-        slow->beforeRead = [&] {
-            reading.release();
-            goOn.acquire();
-        };
-        Loader loader;
-        ArtworkImageProvider provider(loader);
-        const MediaItem song = songWith(1, slow);
-        const QString id = loader.address(song).mid(u"image://artwork/"_s.size());
-        std::unique_ptr<QQuickImageResponse> dropped(provider.requestImageResponse(id, {64, 64}));
-        const std::unique_ptr<QQuickImageResponse> cancelled(provider.requestImageResponse(id, {64, 64}));
-        QSignalSpy finished(cancelled.get(), &QQuickImageResponse::finished);
-        reading.acquire(2);
-        dropped.reset();
-        cancelled->cancel();
-        goOn.release(2);
-        QVERIFY(finished.wait()); // the engine waits for it even so
-        QCOMPARE(cancelled->textureFactory(), nullptr);
-        QVERIFY(loader.pool().waitForDone());
-        QCOMPARE(loader.cache().usedBytes(), 0); // neither was decoded
     }
 };
 

@@ -47,9 +47,9 @@ std::vector<PlayerDescription> MprisFollower::players() const
     return descriptions;
 }
 
-void MprisFollower::setPreferences(PlayerPreferences preferences)
+void MprisFollower::setIgnored(QStringList kinds)
 {
-    m_preferences = std::move(preferences);
+    m_ignored = std::move(kinds);
     choose();
 }
 
@@ -63,17 +63,15 @@ bool MprisFollower::raisePlayer()
 
 void MprisFollower::take(const QString &name, const QVariantMap &properties)
 {
-    const auto [player, isNew] = m_players.try_emplace(name);
-    FollowedPlayer &state = player->second.state;
+    Player &player = m_players[name];
+    FollowedPlayer &state = player.state;
     const PlaybackState before = state.status();
     if (state.take(properties, now())) {
-        player->second.wantsSettling = true;
+        player.wantsSettling = true;
         waitForMore();
     }
     if (state.status() != before)
-        player->second.lastChange = ++m_changes;
-    if (isNew)
-        Q_EMIT playersDidChange();
+        player.lastChange = ++m_changes;
 }
 
 void MprisFollower::takePosition(const QString &name, std::chrono::microseconds position)
@@ -87,7 +85,6 @@ void MprisFollower::takeIdentity(const QString &name, const QString &identity, b
     Player &player = m_players[name];
     player.identity = identity;
     player.canRaise = canRaise;
-    Q_EMIT playersDidChange();
 }
 
 void MprisFollower::remove(const QString &name)
@@ -100,7 +97,6 @@ void MprisFollower::remove(const QString &name)
         played = player->second.state.quit(now());
     m_players.erase(player);
     noteIfPlayed(name, played);
-    Q_EMIT playersDidChange();
     waitForMore(); // it may be back at once, under another owner
 }
 
@@ -139,7 +135,7 @@ void MprisFollower::choose()
         const TrackMetadata &track = player.state.track();
         facts.push_back({name, player.state.status(), track.isTrack(), track.title, player.lastChange});
     }
-    const auto chosen = choosePlayer(facts, m_preferences);
+    const auto chosen = choosePlayer(facts, m_ignored);
     std::optional<CurrentTrack> current;
     if (chosen)
         current = CurrentTrack{*chosen, m_players[*chosen].state.track()};

@@ -51,7 +51,8 @@ public:
     /// Whether current() may be about to change, since players are being asked or have just answered.
     [[nodiscard]] bool isUnsettled() const { return m_bus.isAsking() || m_quiet.isActive(); }
     [[nodiscard]] std::vector<PlayerDescription> players() const;
-    void setPreferences(PlayerPreferences preferences);
+    /// Kinds of players (see playerKind()) that are not followed.
+    void setIgnored(QStringList kinds);
     /// Asks the player of the current track to show itself. False when there is none, or it says it cannot.
     bool raisePlayer();
 
@@ -63,7 +64,6 @@ Q_SIGNALS:
     void trackWasPlayed(const trackwise::TrackMetadata &track);
     /// The players that were there at the start are known, and so is the current track.
     void surveyDidEnd();
-    void playersDidChange();
 
 private:
     struct Player
@@ -85,7 +85,7 @@ private:
     void noteIfPlayed(const QString &name, const FollowedPlayer::PlayedTrack &track);
 
     PlayerBus m_bus;
-    PlayerPreferences m_preferences;
+    QStringList m_ignored;
     std::map<QString, Player> m_players;
     std::optional<CurrentTrack> m_current;
     std::uint64_t m_changes = 0;

@@ -35,7 +35,6 @@ MprisSystemMusicPlayer::MprisSystemMusicPlayer(const SongMatching &library, cons
     , m_follower(bus, appId)
 {
     m_workers.setMaxThreadCount(mostLookUps);
-    connect(&m_follower, &MprisFollower::playersDidChange, this, &MprisSystemMusicPlayer::playersDidChange);
     connect(&m_follower, &MprisFollower::trackWasPlayed, this, &MprisSystemMusicPlayer::countPlay);
     connect(&m_follower, &MprisFollower::currentDidChange, this, &MprisSystemMusicPlayer::lookUpCurrent);
     connect(&m_follower, &MprisFollower::surveyDidEnd, this, [this] {

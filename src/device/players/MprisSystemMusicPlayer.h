@@ -40,12 +40,11 @@ public:
     void refresh();
 
     [[nodiscard]] std::vector<PlayerDescription> players() const { return m_follower.players(); }
-    void setPreferences(PlayerPreferences preferences) { m_follower.setPreferences(std::move(preferences)); }
+    void setIgnored(QStringList kinds) { m_follower.setIgnored(std::move(kinds)); }
     /// Shows the window of the player that plays. False when there is none or it has no window to show.
     bool raisePlayer() { return m_follower.raisePlayer(); }
 
 Q_SIGNALS:
-    void playersDidChange();
     /// A song of the library was played to its end in the followed player. Sent whether or not
     /// notifications are being generated.
     void songWasPlayed(trackwise::PersistentID song);

@@ -37,7 +37,7 @@ bool hasSong(const PlayerFacts &facts)
     return facts.status != PlaybackState::Stopped && facts.hasTrack;
 }
 
-/// The players of a connected phone are another device's; they are followed only when picked.
+/// The players of a connected phone are another device's.
 bool isIgnored(const QString &player, const QStringList &ignored)
 {
     const QString kind = playerKind(player);
@@ -59,22 +59,14 @@ bool isOtherPlayer(const QString &player, const QString &appId)
     return kind != appId && kind != QLatin1String("playerctld");
 }
 
-std::optional<QString> choosePlayer(const std::vector<PlayerFacts> &players,
-                                    const PlayerPreferences &preferences)
+std::optional<QString> choosePlayer(const std::vector<PlayerFacts> &players, const QStringList &ignored)
 {
-    const auto picked =
-        std::find_if(players.begin(), players.end(),
-                     [&preferences](const PlayerFacts &facts) { return facts.player == preferences.picked; });
-    if (picked != players.end())
-        return hasSong(*picked) ? std::optional(picked->player) : std::nullopt;
-
     const auto rank = [](const PlayerFacts &facts) {
         return std::tuple(facts.status == PlaybackState::Playing, !isBrowser(facts.player), facts.lastChange);
     };
     const PlayerFacts *best = nullptr;
     for (const PlayerFacts &facts : players) {
-        if (!hasSong(facts) || isIgnored(facts.player, preferences.ignored) ||
-            isShownByIntegration(facts, players))
+        if (!hasSong(facts) || isIgnored(facts.player, ignored) || isShownByIntegration(facts, players))
             continue;
         if (!best || rank(facts) > rank(*best))
             best = &facts;

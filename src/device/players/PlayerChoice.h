@@ -22,13 +22,6 @@ struct PlayerFacts
     std::uint64_t lastChange = 0; ///< greater: its status or track changed later
 };
 
-/// What the user has decided about other players.
-struct PlayerPreferences
-{
-    QString picked;      ///< the player to stay with as long as it is there; empty: none
-    QStringList ignored; ///< kinds of players that are never followed, unless picked
-};
-
 /// "vlc" of "vlc.instance4711" and of "vlc": what settings name a player by.
 [[nodiscard]] QString playerKind(const QString &player);
 
@@ -36,10 +29,10 @@ struct PlayerPreferences
 /// other players say.
 [[nodiscard]] bool isOtherPlayer(const QString &player, const QString &appId);
 
-/// The player whose track is the one that plays now: the picked one as long as it is there; else one that
-/// plays before one that pauses, music players before browsers, the last to change first. Stopped players and
-/// those without a track are never it.
+/// The player whose track is the one that plays now: one that plays before one that pauses, music players
+/// before browsers, the last to change first. Stopped players, those without a track and those of the @p
+/// ignored kinds are never it.
 [[nodiscard]] std::optional<QString> choosePlayer(const std::vector<PlayerFacts> &players,
-                                                  const PlayerPreferences &preferences);
+                                                  const QStringList &ignored);
 
 } // namespace trackwise

@@ -138,9 +138,9 @@ private Q_SLOTS:
         QTRY_COMPARE(title(), u"First"_s);
         two.change({{u"PlaybackStatus"_s, u"Playing"_s}});
         QTRY_COMPARE(title(), u"Second"_s);
-        m_system->setPreferences({{}, {u"two"_s}});
+        m_system->setIgnored({u"two"_s});
         QTRY_COMPARE(title(), u"First"_s);
-        m_system->setPreferences({});
+        m_system->setIgnored({});
         QTRY_COMPARE(title(), u"Second"_s);
         two.vanish();
         QTRY_COMPARE(title(), u"First"_s);
