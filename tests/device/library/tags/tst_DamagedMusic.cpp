@@ -23,7 +23,8 @@ QByteArray fixture(const char *name)
 
 QByteArray little32(quint32 value)
 {
-    return {reinterpret_cast<const char *>(&(value = qToLittleEndian(value))), sizeof value};
+    const quint32 bytes = qToLittleEndian(value);
+    return {reinterpret_cast<const char *>(&bytes), sizeof bytes};
 }
 
 QByteArray big32(quint32 value)
