@@ -58,7 +58,7 @@ ExitCode showInformation(const Call &call)
     const auto library = readLibrary(call, isFile ? Absent::CountsAsEmpty : Absent::Fails);
     if (!library)
         return giveUp(library.failure());
-    const auto found = findSong(*library->library, call.operands.front());
+    const auto found = findOrReadSong(*library->library, call.operands.front());
     if (!found)
         return giveUp(found.failure());
     if (found->others > 0)

@@ -39,16 +39,8 @@ Result<FoundSong> asFound(Result<LibrarySong> song, int others)
 
 Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &words)
 {
-    const QByteArray path = absolutePath(words);
-    if (!resolvedPath(path).isEmpty()) {
-        auto song = library.songForPath(path);
-        if (isUnreadable(song))
-            return song.failure();
-        return song && song->availability == Availability::Available ? asFound(std::move(song), 0)
-                                                                     : readSong(path);
-    }
     // Its file may be gone, what is known about it is not.
-    if (auto song = library.songForPath(path); song || isUnreadable(song))
+    if (auto song = library.songForPath(absolutePath(words)); song || isUnreadable(song))
         return asFound(std::move(song), 0);
 
     const QString typed = QFile::decodeName(words);
@@ -61,6 +53,18 @@ Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &wo
     if (matches->empty())
         return Failure{FailureKind::NotFound, QStringLiteral("no file and no song of the library: ") + typed};
     return asFound(library.song(matches->front()), static_cast<int>(matches->size()) - 1);
+}
+
+Result<FoundSong> findOrReadSong(const LibraryQuestions &library, const QByteArray &words)
+{
+    const QByteArray path = absolutePath(words);
+    if (resolvedPath(path).isEmpty())
+        return findSong(library, words);
+    auto song = library.songForPath(path);
+    if (isUnreadable(song))
+        return song.failure();
+    return song && song->availability == Availability::Available ? asFound(std::move(song), 0)
+                                                                 : readSong(path);
 }
 
 } // namespace trackwise

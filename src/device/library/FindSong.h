@@ -12,8 +12,11 @@ struct FoundSong
     int others = 0; ///< how many more songs the words fit, up to a few
 };
 
-/// The song that the user means by @p words: a file (in the library or, if it is not, read now), a persistent
-/// identifier, or words to search for. The detail of a failure is a sentence for the user.
+/// The song of the library that the user means by @p words: a file of it, a persistent identifier, or words
+/// to search for. The detail of a failure is a sentence for the user.
 [[nodiscard]] Result<FoundSong> findSong(const LibraryQuestions &library, const QByteArray &words);
+/// The same, or what the file of that name says, where the library does not have it. Reads the file: not for
+/// the main thread of a window.
+[[nodiscard]] Result<FoundSong> findOrReadSong(const LibraryQuestions &library, const QByteArray &words);
 
 } // namespace trackwise
