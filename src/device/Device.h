@@ -7,9 +7,9 @@
 #include "device/integration/StoredDeviceSettings.h"
 #include "device/library/LinuxLibrary.h"
 #include "device/library/StoredMusicFolders.h"
-#include "device/players/ApplicationMusicPlayer.h"
-#include "device/players/MprisPublisher.h"
-#include "device/players/MprisSystemMusicPlayer.h"
+#include "device/players/following/MprisSystemMusicPlayer.h"
+#include "device/players/playing/ApplicationMusicPlayer.h"
+#include "device/players/publishing/MprisPublisher.h"
 #include "platform/Result.h"
 
 #include <QSettings>

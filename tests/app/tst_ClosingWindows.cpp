@@ -4,7 +4,7 @@
 #include "device/Device.h"
 #include "device/integration/WebServer.h"
 #include "device/library/WavFolder.h"
-#include "device/players/FakePlayer.h"
+#include "device/players/following/FakePlayer.h"
 #include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+#include "device/players/following/NowPlayingMatcher.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace trackwise;
+using namespace std::chrono_literals;
+
+namespace {
+
+TrackMetadata said(const char *title, const char *artist, const char *album = "",
+                   std::chrono::milliseconds length = 0ms)
+{
+    TrackMetadata track;
+    track.title = QString::fromUtf8(title);
+    if (*artist)
+        track.artists = {QString::fromUtf8(artist)};
+    track.albumTitle = QString::fromUtf8(album);
+    track.length = length;
+    return track;
+}
+
+} // namespace
+
+class tst_NowPlayingMatcher : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    LibraryFixture m_library;
+    QList<PersistentID> m_songs; ///< number 1 first
+
+    void add(const QString &title, const QString &artist, const QString &album, double seconds)
+    {
+        m_songs << m_library.add(songTags(title, artist, album, seconds));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QFile file(m_folder.filePath(u"song one.flac"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(QFile::link(u"song one.flac"_s, m_folder.filePath(u"link.flac"_s)));
+        QCOMPARE(::link(QFile::encodeName(file.fileName()).constData(),
+                        QFile::encodeName(m_folder.filePath(u"hard.flac"_s)).constData()),
+                 0);
+        SongTags one = songTags(u"Song One"_s, u"Band"_s, u"First"_s, 200);
+        one.catalogID = u"1440833098"_s;
+        one.recordingMBID = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
+        m_songs << m_library.addFile(QDir(m_folder.path()).canonicalPath() + u"/song one.flac"_s, one);
+        add(u"Intro"_s, u"Band"_s, u"First"_s, 60);                          // 2
+        add(u"Intro"_s, u"Band"_s, u"Second"_s, 61);                         // 3
+        add(u"Intro"_s, u"Choir"_s, u"Third"_s, 62);                         // 4
+        add(u"Café del Mar"_s, u"Énergie"_s, u"Été"_s, 300);                 // 5
+        add(u"Duet"_s, u"Anna & Otto"_s, u"Pairs"_s, 100);                   // 6
+        add(u"Evergreen (Remastered 2011)"_s, u"Old Man"_s, u"Best"_s, 240); // 7
+        add(u"Hymn"_s, u"Old Man"_s, u"Best"_s, 180);                        // 8
+        add(u"Same"_s, u"Twin"_s, u"Album"_s, 180);                          // 9
+        add(u"Same"_s, u"Twin"_s, u"Album"_s, 182);                          // 10
+        add(u"Untitled"_s, QString(), QString(), 50);                        // 11
+    }
+
+    void finds()
+    {
+        using enum MatchedBy;
+        const auto at = [this](const char *file) {
+            TrackMetadata track = said("Intro", "Choir"); // what it says otherwise is not looked at
+            track.url = u"file://"_s + m_folder.filePath(QString::fromUtf8(file));
+            return track;
+        };
+        const auto withUrl = [](const char *url) {
+            TrackMetadata track = said("x", "y");
+            track.url = QString::fromUtf8(url);
+            return track;
+        };
+        TrackMetadata tagged = said("x", "y");
+        tagged.musicBrainzId = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
+        const std::tuple<const char *, TrackMetadata, qsizetype, MatchedBy> rows[]{
+            {"file", at("song%20one.flac"), 1, File},
+            {"symbolic link", at("link.flac"), 1, File},
+            {"hard link", at("hard.flac"), 1, File},
+            {"file that is elsewhere", at("copy.flac"), 4, Texts},
+            {"album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1,
+             Identifier},
+            {"song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1, Identifier},
+            {"album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0, File},
+            {"MusicBrainz", tagged, 1, Identifier},
+            {"album decides", said("INTRO", "band", "Second", 60s), 3, AlbumTexts},
+            {"album without length", said("intro", "Band", "first"), 2, AlbumTexts},
+            {"album, wrong length", said("Intro", "Band", "First", 70s), 0, File},
+            {"not unique", said("Intro", "Band", "", 60s), 0, File},
+            {"unknown album, not unique", said("Intro", "Band", "Live", 60s), 0, File},
+            {"unique by artist", said("Intro", "Choir", "", 64s), 4, Texts},
+            {"three seconds", said("Song One", "Band", "", 203s), 1, Texts},
+            {"more than three", said("Song One", "Band", "", 203001ms), 0, File},
+            {"closest copy", said("Same", "Twin", "Album", 183s), 10, AlbumTexts},
+            {"diacritics", said("cafe\xcc\x81 DEL mar", "Energie", "ete", 300s), 5, AlbumTexts},
+            {"one of two artists", said("Duet", "Otto", "", 100s), 6, Texts},
+            {"more artists", said("Song One", "Band feat. Guest", "", 200s), 1, Texts},
+            {"other artist", said("Song One", "Bandana", "", 200s), 0, File},
+            {"no artist said", said("Song One", "", "", 200s), 0, File},
+            {"no artist anywhere", said("Untitled", "", "", 50s), 11, Texts},
+            {"stream", said("Band - Song One", ""), 1, Texts},
+            {"theirs is remastered", said("Hymn - Remastered 2009", "Old Man", "Best", 181s), 8,
+             SimilarTitle},
+            {"ours is remastered", said("Evergreen", "Old Man", "", 240s), 7, SimilarTitle},
+            {"guest in the title", said("Hymn (feat. Choir) [Live]", "Old Man", "", 180s), 8, SimilarTitle},
+            {"another length", said("Hymn (Live)", "Old Man", "", 300s), 0, File},
+            {"another song", said("Evergreen Hills", "Old Man", "", 240s), 0, File},
+            {"nothing", {}, 0, File}};
+        for (const auto &[name, track, song, by] : rows) {
+            const auto match = NowPlayingMatcher(m_library.library().matching()).match(track);
+            QVERIFY2((match ? m_songs.indexOf(match->song) + 1 : 0) == song, name);
+            QVERIFY2(!match || match->by == by, name);
+        }
+    }
+
+    void findsIdentifiersInAddresses()
+    {
+        const std::pair<QString, QString> rows[]{{u"https://music.example.com/song/one/more"_s, {}},
+                                                 {u"https://music.example.com/song/a/1x"_s, {}},
+                                                 {u"https://music.example.com/song/a/7?i=x"_s, u"7"_s},
+                                                 {u"ftp://music.example.com/song/a/1"_s, {}},
+                                                 {u"http://music.example.com/song/a/09"_s, u"09"_s}};
+        for (const auto &[address, identifier] : rows)
+            QCOMPARE(catalogIdentifierIn(address), identifier);
+    }
+
+    void stripsEditions()
+    {
+        for (const auto &title :
+             {u"song (remastered 2011)"_s, u"song - 2009 remaster"_s, u"song - live at the hall"_s,
+              u"song [deluxe edition]"_s, u"song feat. x & y"_s, u"song (feat. x) - single version"_s,
+              u"song - 2004 digital remaster"_s, u"song (mono) (live)"_s})
+            QCOMPARE(withoutEdition(title), u"song"_s);
+        for (const auto &title : {u"live"_s, u"alive (and well)"_s, u"song - part two"_s, u"(live) song"_s,
+                                  u"featured song"_s, u"song (club remix)"_s})
+            QCOMPARE(withoutEdition(title), title);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_NowPlayingMatcher)
+#include "tst_NowPlayingMatcher.moc"
