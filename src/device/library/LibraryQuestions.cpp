@@ -43,9 +43,9 @@ Result<std::unique_ptr<LibraryQuestions>> LibraryQuestions::open(const QByteArra
 
 Result<LibraryStatus> LibraryQuestions::status() const
 {
-    return m_readers.read([](Reader &reader) {
+    return m_connections.read([](ReadConnection &connection) {
         LibraryStatus status;
-        auto &songs = reader.statement("SELECT availability, count(*) FROM files GROUP BY availability");
+        auto &songs = connection.statement("SELECT availability, count(*) FROM files GROUP BY availability");
         while (songs.step()) {
             const auto count = static_cast<qsizetype>(songs.integer(1));
             switch (static_cast<Availability>(songs.integer(0))) {
@@ -60,7 +60,7 @@ Result<LibraryStatus> LibraryQuestions::status() const
                 break;
             }
         }
-        auto &problems = reader.statement("SELECT count(*) FROM problems");
+        auto &problems = connection.statement("SELECT count(*) FROM problems");
         status.problems = problems.step() ? static_cast<qsizetype>(problems.integer(0)) : 0;
         return status;
     });
@@ -68,10 +68,10 @@ Result<LibraryStatus> LibraryQuestions::status() const
 
 Result<std::vector<ScanProblem>> LibraryQuestions::problems() const
 {
-    return m_readers.read([](Reader &reader) {
-        auto &row =
-            reader.statement("SELECT folders.path, name, inode, size, modified, kind, reason FROM problems"
-                             " JOIN folders ON folders.id = problems.folder ORDER BY folders.path, name");
+    return m_connections.read([](ReadConnection &connection) {
+        auto &row = connection.statement(
+            "SELECT folders.path, name, inode, size, modified, kind, reason FROM problems"
+            " JOIN folders ON folders.id = problems.folder ORDER BY folders.path, name");
         std::vector<ScanProblem> problems;
         while (row.step()) {
             problems.push_back(
@@ -86,23 +86,26 @@ Result<std::vector<ScanProblem>> LibraryQuestions::problems() const
 
 Result<LibrarySong> LibraryQuestions::songForPath(const QByteArray &path) const
 {
-    return found(m_readers.read([&](Reader &reader) { return SongLookup(reader).songAt(path); }));
+    return found(
+        m_connections.read([&](ReadConnection &connection) { return SongLookup(connection).songAt(path); }));
 }
 
 Result<LibrarySong> LibraryQuestions::song(PersistentID id) const
 {
-    return found(m_readers.read([id](Reader &reader) { return SongLookup(reader).song(id); }));
+    return found(
+        m_connections.read([id](ReadConnection &connection) { return SongLookup(connection).song(id); }));
 }
 
 Result<std::vector<PersistentID>> LibraryQuestions::search(const QString &typed, int limit) const
 {
-    return m_readers.read([&](Reader &reader) { return searchSongs(reader, typed, limit); });
+    return m_connections.read(
+        [&](ReadConnection &connection) { return searchSongs(connection, typed, limit); });
 }
 
 Result<Done> LibraryQuestions::forEachSong(const std::function<bool(const LibrarySong &)> &visit) const
 {
-    return m_readers.read([&](Reader &reader) {
-        SongLookup(reader).visitSongs(visit);
+    return m_connections.read([&](ReadConnection &connection) {
+        SongLookup(connection).visitSongs(visit);
         return Done{};
     });
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 #include "device/library/store/SongLookup.h"
 #include "device/library/store/SongRecord.h"
 #include "platform/Result.h"
@@ -43,12 +43,12 @@ public:
 protected:
     /// @p didFail is called for each failure, on the thread that asked.
     explicit LibraryQuestions(const QByteArray &path, std::function<void(const Failure &)> didFail = {})
-        : m_readers(path, std::move(didFail))
+        : m_connections(path, std::move(didFail))
     {}
-    [[nodiscard]] const ReaderPool &readers() const { return m_readers; }
+    [[nodiscard]] const ConnectionPool &connections() const { return m_connections; }
 
 private:
-    ReaderPool m_readers;
+    ConnectionPool m_connections;
 };
 
 } // namespace trackwise

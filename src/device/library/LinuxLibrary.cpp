@@ -18,8 +18,8 @@ LinuxLibrary::LinuxLibrary(LibraryConfiguration configuration, std::shared_ptr<S
     , m_configuration(std::move(configuration))
     , m_store(std::move(store))
     , m_access(deviceSettings, m_configuration.musicFolders)
-    , m_mediaLibrary(m_store, readers(), m_access)
-    , m_lists(readers())
+    , m_mediaLibrary(m_store, connections(), m_access)
+    , m_lists(connections())
     , m_scan(m_store, m_configuration.musicFolders)
 {
     QObject::connect(&m_scan, &ScanController::libraryDidChange, &m_mediaLibrary,

@@ -13,11 +13,11 @@ namespace {
 Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
 } // namespace
 
-LinuxMediaLibrary::LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ReaderPool &readers,
+LinuxMediaLibrary::LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ConnectionPool &connections,
                                      LibraryAccess &access, QObject *parent)
     : MediaLibrary(parent)
     , m_store(std::move(store))
-    , m_readers(readers)
+    , m_connections(connections)
     , m_access(access)
 {
     m_writing.setMaxThreadCount(1);
@@ -43,7 +43,8 @@ void LinuxMediaLibrary::requestAuthorization(AuthorizationHandler handler)
 template <typename Question, typename... Values>
 auto LinuxMediaLibrary::ask(Question question, const Values &...values) const
 {
-    return m_readers.read([&](Reader &reader) { return (SongLookup(reader).*question)(values...); })
+    return m_connections
+        .read([&](ReadConnection &connection) { return (SongLookup(connection).*question)(values...); })
         .valueOr({});
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "device/library/LibraryAccess.h"
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 #include "device/library/store/SongStore.h"
 #include "platform/MediaLibrary.h"
 #include "platform/SongMatching.h"
@@ -20,9 +20,9 @@ class LinuxMediaLibrary final : public MediaLibrary, public SongMatching
     Q_OBJECT
 
 public:
-    /// @p readers and @p access must outlive this object.
-    LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ReaderPool &readers, LibraryAccess &access,
-                      QObject *parent = nullptr);
+    /// @p connections and @p access must outlive this object.
+    LinuxMediaLibrary(std::shared_ptr<SongStore> store, const ConnectionPool &connections,
+                      LibraryAccess &access, QObject *parent = nullptr);
     /// Waits for the counts that are still to be written.
     ~LinuxMediaLibrary() override;
 
@@ -55,7 +55,7 @@ private:
     void changeInBackground(PersistentID id, Change change);
 
     std::shared_ptr<SongStore> m_store;
-    const ReaderPool &m_readers;
+    const ConnectionPool &m_connections;
     LibraryAccess &m_access;
     QThreadPool m_writing; ///< one thread: the changes happen in their order
 };

@@ -107,7 +107,7 @@ std::int64_t FileChanges::sidecarOf(const QByteArray &name, const FolderListing 
     return sidecarSignature(QByteArrayView(*path).sliced(path->lastIndexOf('/') + 1), *file);
 }
 
-void FileChanges::take(FoundFolder folder)
+std::vector<ScanTask> FileChanges::compare(FoundFolder folder)
 {
     m_monitor.noteFound(std::ssize(folder.music));
     m_monitor.noteFolder(folder.path);
@@ -115,10 +115,10 @@ void FileChanges::take(FoundFolder folder)
     if (!folder.isUncertain)
         noteReadable(folder.path);
     if (folder.music.empty())
-        return;
+        return {};
     const KnownFolder *known = m_known.folder(folder.path);
     const auto companions = std::make_shared<const FolderListing>(folder.path, folder.companions);
-    bool hasChanges = false;
+    std::vector<ScanTask> tasks;
     qsizetype unchanged = 0;
     for (FoundFile &file : folder.music) {
         const std::uint64_t device = file.signature.identity.device;
@@ -130,35 +130,34 @@ void FileChanges::take(FoundFolder folder)
             ++unchanged;
             continue;
         }
-        hasChanges = true;
         FileName name{folder.path, std::move(file.name)};
-        if (file.failure) {
-            m_needs.problem({std::move(name), file.signature, *file.failure, file.reason});
-            continue;
-        }
-        if (!m_needs.file({std::move(name), file.signature, sidecar, companions}))
-            return;
+        if (file.failure)
+            tasks.emplace_back(ScanProblem{std::move(name), file.signature, *file.failure, file.reason});
+        else
+            tasks.emplace_back(ReadFile{std::move(name), file.signature, sidecar, companions});
     }
     m_monitor.noteHandled(unchanged);
-    takeImage(folder.path, known, hasChanges, companions);
+    if (auto image = compareImage(folder.path, known, !tasks.empty(), companions))
+        tasks.emplace_back(*std::move(image));
+    return tasks;
 }
 
-void FileChanges::takeUnreadable(const QByteArray &folder, int error)
+std::vector<ScanTask> FileChanges::compareUnreadable(const QByteArray &folder, int error)
 {
     m_unreadable.push_back(folder);
     if (error == ENOENT)
-        return; // a music folder that is not there: its disk is absent
+        return {}; // a music folder that is not there: its disk is absent
     if (std::find(m_musicFolders.begin(), m_musicFolders.end(), folder) != m_musicFolders.end())
         m_unreadableRoots.push_back(folder);
     FileName name = FileName::ofPath(folder);
     for (KnownFiles::Entry &entry : m_known.find(m_known.folder(name.folder), name.name))
         entry.isSeen = true;
     m_monitor.noteFound(1);
-    m_needs.problem(
-        {std::move(name),
-         {},
-         FailureKind::Unreadable,
-         QStringLiteral("The folder cannot be read: %1.").arg(QString::fromLocal8Bit(strerror(error)))});
+    return {ScanProblem{
+        std::move(name),
+        {},
+        FailureKind::Unreadable,
+        QStringLiteral("The folder cannot be read: %1.").arg(QString::fromLocal8Bit(strerror(error)))}};
 }
 
 void FileChanges::noteReadable(const QByteArray &folder)
@@ -172,24 +171,22 @@ void FileChanges::noteReadable(const QByteArray &folder)
     }
 }
 
-void FileChanges::takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
-                            const std::shared_ptr<const FolderListing> &companions)
+std::optional<ReadImage> FileChanges::compareImage(const QByteArray &folder, const KnownFolder *known,
+                                                   bool hasChanges,
+                                                   const std::shared_ptr<const FolderListing> &companions)
 {
     const bool wasThere = known && !known->imageName.isEmpty();
     const std::optional<QByteArray> image = companions->imageFile();
-    if (!image) {
-        if (wasThere)
-            (void)m_needs.image({{folder, {}, 0, {}}, nullptr});
-        return;
-    }
+    if (!image)
+        return wasThere ? std::optional(ReadImage{{folder, {}, 0, {}}, nullptr}) : std::nullopt;
     const QByteArray name = image->mid(image->lastIndexOf('/') + 1);
     const auto file = signatureAt(*image);
     if (!file)
-        return; // not there any more
+        return std::nullopt; // not there any more
     const std::int64_t modified = file->modified;
     const bool isSame = wasThere && known->imageName == name && known->imageModified == modified;
-    if (hasChanges || !isSame)
-        (void)m_needs.image({{folder, name, modified, {}}, companions});
+    return hasChanges || !isSame ? std::optional(ReadImage{{folder, name, modified, {}}, companions})
+                                 : std::nullopt;
 }
 
 FileChanges::Missing FileChanges::missing() const

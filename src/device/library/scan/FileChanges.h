@@ -8,9 +8,9 @@
 #include "device/library/scan/ScanMonitor.h"
 #include "device/library/tags/FolderListing.h"
 
-#include <functional>
 #include <map>
 #include <memory>
+#include <variant>
 
 namespace trackwise {
 
@@ -29,33 +29,28 @@ struct ReadImage
     std::shared_ptr<const FolderListing> companions;
 };
 
+/// What there is to do about something that the walk has found.
+using ScanTask = std::variant<ReadFile, ReadImage, ScanProblem>;
+
 /// Compares what a walk finds with what the library knows. Used by the walk's thread, then by one other.
 class FileChanges
 {
 public:
-    struct Needs
-    {
-        /// Each gives false when the scan has ended.
-        std::function<bool(ReadFile)> file;
-        std::function<bool(ReadImage)> image;
-        std::function<void(ScanProblem)> problem;
-    };
-
     /// To be made before @p musicFolders are walked; they and @p known must outlive it.
     FileChanges(const std::vector<QByteArray> &musicFolders, KnownFiles &known, ScanScope scope,
-                ScanMonitor &monitor, Needs needs)
+                ScanMonitor &monitor)
         : m_musicFolders(musicFolders)
         , m_known(known)
         , m_scope(scope)
         , m_monitor(monitor)
-        , m_needs(std::move(needs))
         , m_disks(musicFolders)
     {}
 
-    void take(FoundFolder folder);
+    /// What is to be read of @p folder.
+    [[nodiscard]] std::vector<ScanTask> compare(FoundFolder folder);
     /// See FolderWalk::Visitor.
-    void takeUnreadable(const QByteArray &folder, int error);
-    void takePassedOver(const QByteArray &path, FileIdentity folder) { m_disks.notePassedOver(path, folder); }
+    [[nodiscard]] std::vector<ScanTask> compareUnreadable(const QByteArray &folder, int error);
+    void notePassedOver(const QByteArray &path, FileIdentity folder) { m_disks.notePassedOver(path, folder); }
     /// Those that are there and could not be listed.
     [[nodiscard]] const std::vector<QByteArray> &unreadableMusicFolders() const { return m_unreadableRoots; }
 
@@ -81,8 +76,9 @@ private:
     [[nodiscard]] std::int64_t sidecarOf(const QByteArray &name, const FolderListing &companions,
                                          std::uint64_t device) const;
     [[nodiscard]] bool hasStableInodes(std::uint64_t device, const QByteArray &folder);
-    void takeImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
-                   const std::shared_ptr<const FolderListing> &companions);
+    [[nodiscard]] static std::optional<ReadImage>
+    compareImage(const QByteArray &folder, const KnownFolder *known, bool hasChanges,
+                 const std::shared_ptr<const FolderListing> &companions);
     void noteReadable(const QByteArray &folder);
     void noteDisks(const FoundFolder &folder, const FoundFile &file, std::span<KnownFiles::Entry> known);
 
@@ -90,7 +86,6 @@ private:
     KnownFiles &m_known;
     ScanScope m_scope;
     ScanMonitor &m_monitor;
-    Needs m_needs;
     std::vector<QByteArray> m_unreadable;
     std::vector<QByteArray> m_unreadableRoots;
     std::vector<SongPlace> m_returned;

@@ -150,17 +150,17 @@ private:
         std::sort(entries.begin(), entries.end());
         const auto firstNew = std::ssize(waiting);
         for (const auto &[name, type] : entries)
-            take(descriptor, name, type, found, waiting);
+            addEntry(descriptor, name, type, found, waiting);
         std::reverse(waiting.begin() + firstNew, waiting.end()); // the last one is visited first
         m_visitor.folder(std::move(found));
     }
 
-    void take(int folder, const QByteArray &name, unsigned char type, FoundFolder &found,
-              std::vector<QByteArray> &waiting)
+    void addEntry(int folder, const QByteArray &name, unsigned char type, FoundFolder &found,
+                  std::vector<QByteArray> &waiting)
     {
         const bool isMusic = isMusicName(name);
         if (type == DT_DIR) {
-            takeFolder(name, found, waiting);
+            addFolder(name, found, waiting);
             return;
         }
         if (!isMusic && (type == DT_REG || type == DT_FIFO || type == DT_SOCK)) {
@@ -172,7 +172,7 @@ private:
         if (fstatat(folder, name.constData(), &status, 0) != 0) {
             found.hasLinks |= type == DT_LNK && !isMusic;
             if (isMusic)
-                takeUnseen(folder, name, found);
+                addUnseen(folder, name, found);
             return;
         }
         if (S_ISDIR(status.st_mode)) {
@@ -180,7 +180,7 @@ private:
             if (type == DT_LNK)
                 m_links.push_back(found.path + '/' + name);
             else
-                takeFolder(name, found, waiting);
+                addFolder(name, found, waiting);
         } else if (isMusic) {
             FoundFile file{name, signatureOf(status), {}, {}, false};
             if (!S_ISREG(status.st_mode)) {
@@ -199,7 +199,7 @@ private:
             m_visitor.passedOver(path, folder);
     }
 
-    static void takeFolder(const QByteArray &name, FoundFolder &found, std::vector<QByteArray> &waiting)
+    static void addFolder(const QByteArray &name, FoundFolder &found, std::vector<QByteArray> &waiting)
     {
         if (isPassedOver(name))
             return;
@@ -207,7 +207,7 @@ private:
         waiting.push_back(found.path == "/" ? '/' + name : found.path + '/' + name);
     }
 
-    void takeUnseen(int folder, const QByteArray &name, FoundFolder &found)
+    void addUnseen(int folder, const QByteArray &name, FoundFolder &found)
     {
         const int error = errno;
         struct stat link = {};

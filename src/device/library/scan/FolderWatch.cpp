@@ -181,11 +181,11 @@ void FolderWatch::run()
         restsUntil.reset();
         if (woken.byEvents) {
             for (const FolderEvent &event : m_folders.takeEvents())
-                take(event);
+                handle(event);
             restsUntil = Clock::now() + rest;
         }
         if (woken.byMounts)
-            takeMounts();
+            handleMounts();
         if (const Time begin = Clock::now(); nextPoll && *nextPoll <= begin) {
             pollFolders();
             const auto took = Clock::now() - begin;
@@ -234,7 +234,7 @@ void FolderWatch::handOn()
 
 // --- What happens ---
 
-void FolderWatch::take(const FolderEvent &event)
+void FolderWatch::handle(const FolderEvent &event)
 {
     if (event.folder.isEmpty() || event.is(IN_UNMOUNT | IN_Q_OVERFLOW)) {
         addEverything();
@@ -243,13 +243,13 @@ void FolderWatch::take(const FolderEvent &event)
         if (event.is(IN_DELETE_SELF | IN_MOVE_SELF) && !m_folders.isKnown(folderAbove(event.folder)))
             addEverything();
     } else if (event.is(IN_ISDIR)) {
-        takeFolderEvent(event);
+        handleFolderEvent(event);
     } else {
-        takeFileEvent(event);
+        handleFileEvent(event);
     }
 }
 
-void FolderWatch::takeFolderEvent(const FolderEvent &event)
+void FolderWatch::handleFolderEvent(const FolderEvent &event)
 {
     const QByteArray path = event.path();
     if (isPassedOver(event.name))
@@ -261,7 +261,7 @@ void FolderWatch::takeFolderEvent(const FolderEvent &event)
         addNew(path);
 }
 
-void FolderWatch::takeFileEvent(const FolderEvent &event)
+void FolderWatch::handleFileEvent(const FolderEvent &event)
 {
     const FileName file{event.folder, event.name};
     const bool isComing = event.is(IN_CREATE | IN_MOVED_TO);
@@ -282,7 +282,7 @@ void FolderWatch::takeFileEvent(const FolderEvent &event)
         m_changes.addChanged(file, Clock::now());
 }
 
-void FolderWatch::takeMounts()
+void FolderWatch::handleMounts()
 {
     if (std::ranges::any_of(m_mounts.takeChangedPlaces(),
                             [this](const QByteArray &place) { return concernsLibrary(place); }))

@@ -63,10 +63,10 @@ private:
     void wake() const;
     void handOn();
 
-    void take(const FolderEvent &event);
-    void takeFolderEvent(const FolderEvent &event);
-    void takeFileEvent(const FolderEvent &event);
-    void takeMounts();
+    void handle(const FolderEvent &event);
+    void handleFolderEvent(const FolderEvent &event);
+    void handleFileEvent(const FolderEvent &event);
+    void handleMounts();
     void pollFolders();
     void pollFolder(const QByteArray &path, std::int64_t modified);
 

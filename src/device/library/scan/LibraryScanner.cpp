@@ -39,21 +39,6 @@ Instant now()
     return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
 }
 
-using Task = std::variant<ReadFile, ReadImage, ScanProblem>;
-/// What was there when the walk came by, and is not any more or is something else: the next scan's matter.
-struct HasMoved
-{
-    FileName file;
-};
-using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem, HasMoved>;
-
-// By what every disk keeps: some make up inodes, and with them the time of their change, anew each time.
-bool isStill(const QByteArray &path, std::int64_t size, std::int64_t modified)
-{
-    const auto now = signatureAt(path);
-    return now && now->size == size && now->modified == modified;
-}
-
 /// How the scan reads files: those that have ended the program before are put aside.
 struct FileReading
 {
@@ -66,7 +51,119 @@ struct FileReading
         const ReadingRecord::Reading reading(record, path);
         return read(path, folder);
     }
+    /// See HeardSounds.
+    [[nodiscard]] std::uint64_t sound(const QByteArray &path)
+    {
+        if (suspects.contains(path))
+            return 0;
+        const Result<SongTags> found = tags(path, {});
+        return found ? found->audioHash : 0;
+    }
 };
+
+/// What the last process was reading when it died becomes suspect, with what has been so before.
+Result<Done> learnSuspects(SongStore &store, FileReading &files)
+{
+    if (!files.record.leftBehind().empty()) {
+        if (const auto noted = store.noteSuspects(files.record.leftBehind()); !noted)
+            return noted;
+    }
+    files.record.startAnew();
+    const auto suspects = store.suspects();
+    if (!suspects)
+        return suspects.failure();
+    for (const FileName &file : *suspects)
+        files.suspects.insert(file.path());
+    return Done{};
+}
+
+// --- Walk, and compare with what is known ---
+
+using TaskQueue = BoundedQueue<std::vector<ScanTask>>;
+
+/// What the walk's thread does: it hands on what is to be read, and keeps back the files that are suspect.
+class Walking
+{
+public:
+    Walking(const std::vector<QByteArray> &musicFolders, const ScanRequest &request,
+            const std::set<QByteArray> &suspects, FileChanges &changes)
+        : m_musicFolders(musicFolders)
+        , m_part(request.part)
+        , m_watch(request.watch)
+        , m_suspectPaths(suspects)
+        , m_changes(changes)
+    {}
+
+    void run(TaskQueue &tasks, const std::stop_token &stop)
+    {
+        FolderWalk::Visitor visitor{
+            [&](FoundFolder folder) {
+                if (m_watch)
+                    m_watch->didRead(folder);
+                handOn(m_changes.compare(std::move(folder)), tasks, stop);
+            },
+            [&](const QByteArray &folder, int error) {
+                handOn(m_changes.compareUnreadable(folder, error), tasks, stop);
+            },
+            {},
+            [this](const QByteArray &path, FileIdentity folder) { m_changes.notePassedOver(path, folder); }};
+        if (m_watch) {
+            visitor.willRead = [this](const FoundFolder &folder) { m_watch->willRead(folder); };
+            m_watch->willScan(m_part, m_musicFolders);
+        }
+        m_isComplete = m_part.isEverything() ? FolderWalk::walk(m_musicFolders, visitor, stop)
+                                             : FolderWalk::walkPart(m_part, visitor, stop);
+        if (m_watch && m_isComplete)
+            m_watch->didScan(m_part);
+        (void)tasks.push(std::move(m_gathered), stop);
+        tasks.close();
+    }
+
+    // After run():
+    [[nodiscard]] bool isComplete() const { return m_isComplete; }
+    [[nodiscard]] std::vector<ReadFile> &suspects() { return m_suspects; }
+
+private:
+    void handOn(std::vector<ScanTask> found, TaskQueue &tasks, const std::stop_token &stop)
+    {
+        for (ScanTask &task : found) {
+            auto *file = std::get_if<ReadFile>(&task);
+            if (file && m_suspectPaths.contains(file->file.path())) {
+                m_suspects.push_back(std::move(*file));
+                continue;
+            }
+            m_gathered.push_back(std::move(task));
+            if (m_gathered.size() == handful && !tasks.push(std::exchange(m_gathered, {}), stop))
+                return;
+        }
+    }
+
+    const std::vector<QByteArray> &m_musicFolders;
+    const ScanPart &m_part;
+    FolderWatch *m_watch;
+    const std::set<QByteArray> &m_suspectPaths;
+    FileChanges &m_changes;
+    std::vector<ScanTask> m_gathered;
+    std::vector<ReadFile> m_suspects;
+    bool m_isComplete = false;
+};
+
+// --- Read ---
+
+/// What was there when the walk came by, and is not any more or is something else: the next scan's matter.
+struct HasMoved
+{
+    FileName file;
+};
+using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem, HasMoved>;
+using OutcomeQueue = BoundedQueue<std::vector<Outcome>>;
+
+// By what every disk keeps: some make up inodes, and with them the time of their change, anew each time.
+bool isStill(const QByteArray &path, std::int64_t size, std::int64_t modified)
+{
+    const auto now = signatureAt(path);
+    return now && now->size == size && now->modified == modified;
+}
 
 Outcome performed(ReadFile task, FileReading &files)
 {
@@ -116,128 +213,41 @@ Outcome performedWithCare(ReadFile task, FileReading &files)
     return HasMoved{std::move(task.file)};
 }
 
-/// The threads between the music folders and the writer.
-class Pipeline
+/// What each of the reading threads does, until there is nothing more to do.
+void readFrom(TaskQueue &tasks, OutcomeQueue &outcomes, FileReading &files, FolderWatch *watch,
+              const std::stop_token &stop)
 {
-public:
-    Pipeline(const std::vector<QByteArray> &roots, const ScanRequest &request, FileReading &files,
-             FileChanges::Needs &needs)
-        : m_roots(roots)
-        , m_part(request.part)
-        , m_watch(request.watch)
-        , m_files(files)
-    {
-        const auto hand = [this](auto task) {
-            m_gathered.emplace_back(std::move(task));
-            return m_gathered.size() < handful || handOver();
-        };
-        const auto handFile = [this, hand](ReadFile task) {
-            if (!m_files.suspects.contains(task.file.path()))
-                return hand(std::move(task));
-            m_suspects.push_back(std::move(task));
-            return true;
-        };
-        needs = {handFile, hand, [hand](ScanProblem problem) { (void)hand(std::move(problem)); }};
-    }
-
-    void start(FileChanges &changes, ScanMonitor &monitor, unsigned readers)
-    {
-        m_threads.emplace_back([this, &changes, &monitor] {
-            m_isWalkComplete = walk(changes);
-            monitor.noteAllFound();
-            (void)handOver();
-            m_tasks.close();
-        });
-        m_readersAtWork = readers;
-        for (unsigned i = 0; i < readers; ++i)
-            m_threads.emplace_back([this] { read(); });
-    }
-
-    [[nodiscard]] std::optional<std::vector<Outcome>> next() { return m_outcomes.pop(m_stop.get_token()); }
-    void stop() { m_stop.request_stop(); }
-    [[nodiscard]] bool isStopped() const { return m_stop.stop_requested(); }
-    /// Whether all folders were walked. Waits for the threads.
-    [[nodiscard]] bool finish()
-    {
-        m_threads.clear();
-        return m_isWalkComplete && !isStopped();
-    }
-    /// Files for which nobody has looked yet; after finish().
-    [[nodiscard]] std::vector<ReadFile> takeSuspects() { return std::move(m_suspects); }
-    ~Pipeline() { stop(); }
-
-private:
-    bool handOver() { return m_tasks.push(std::exchange(m_gathered, {}), m_stop.get_token()); }
-
-    [[nodiscard]] bool walk(FileChanges &changes)
-    {
-        FolderWalk::Visitor visitor{
-            [&](FoundFolder folder) {
-                if (m_watch)
-                    m_watch->didRead(folder);
-                changes.take(std::move(folder));
-            },
-            [&](const QByteArray &folder, int error) { changes.takeUnreadable(folder, error); },
-            {},
-            [&](const QByteArray &path, FileIdentity folder) { changes.takePassedOver(path, folder); }};
-        if (m_watch) {
-            visitor.willRead = [this](const FoundFolder &folder) { m_watch->willRead(folder); };
-            m_watch->willScan(m_part, m_roots);
+    while (std::optional<std::vector<ScanTask>> some = tasks.pop(stop)) {
+        std::vector<Outcome> done;
+        done.reserve(some->size());
+        for (ScanTask &task : *some) {
+            if (stop.stop_requested())
+                return;
+            done.push_back(
+                std::visit([&files](auto &&t) { return performed(std::forward<decltype(t)>(t), files); },
+                           std::move(task)));
+            const auto *moved = std::get_if<HasMoved>(&done.back());
+            if (moved && watch)
+                watch->didFindGrowing(moved->file);
         }
-        const bool isComplete = m_part.isEverything()
-                                    ? FolderWalk::walk(m_roots, visitor, m_stop.get_token())
-                                    : FolderWalk::walkPart(m_part, visitor, m_stop.get_token());
-        if (m_watch && isComplete)
-            m_watch->didScan(m_part);
-        return isComplete;
+        if (!outcomes.push(std::move(done), stop))
+            return;
     }
+}
 
-    void read()
-    {
-        while (std::optional<std::vector<Task>> tasks = m_tasks.pop(m_stop.get_token())) {
-            std::vector<Outcome> outcomes;
-            outcomes.reserve(tasks->size());
-            for (Task &task : *tasks) {
-                if (m_stop.stop_requested())
-                    break;
-                outcomes.push_back(
-                    std::visit([this](auto &&t) { return performed(std::forward<decltype(t)>(t), m_files); },
-                               std::move(task)));
-                const auto *moved = std::get_if<HasMoved>(&outcomes.back());
-                if (moved && m_watch)
-                    m_watch->didFindGrowing(moved->file);
-            }
-            if (!m_outcomes.push(std::move(outcomes), m_stop.get_token()))
-                break;
-        }
-        if (--m_readersAtWork == 0)
-            m_outcomes.close();
-    }
-
-    const std::vector<QByteArray> &m_roots;
-    const ScanPart &m_part;
-    FolderWatch *m_watch;
-    FileReading &m_files;
-    std::vector<ReadFile> m_suspects; ///< by the walk
-    std::stop_source m_stop;
-    std::vector<Task> m_gathered; ///< by the walk
-    BoundedQueue<std::vector<Task>> m_tasks{queueLength};
-    BoundedQueue<std::vector<Outcome>> m_outcomes{queueLength};
-    std::atomic<unsigned> m_readersAtWork = 0;
-    bool m_isWalkComplete = false;
-    std::vector<std::jthread> m_threads; ///< last: they end before what they use
-};
+// --- Write ---
 
 /// Gathers what was read and writes it in batches.
 class BatchWriter
 {
 public:
-    BatchWriter(SongStore &store, ScanMonitor &monitor)
+    BatchWriter(SongStore &store, FileReading &files, ScanMonitor &monitor)
         : m_store(store)
+        , m_files(files)
         , m_monitor(monitor)
     {}
 
-    [[nodiscard]] Result<Done> take(std::vector<Outcome> outcomes)
+    [[nodiscard]] Result<Done> add(std::vector<Outcome> outcomes)
     {
         for (Outcome &outcome : outcomes)
             gather(std::move(outcome));
@@ -266,7 +276,13 @@ public:
         std::sort(m_songs.begin(), m_songs.end(), [](const ScannedSong &a, const ScannedSong &b) {
             return std::tie(a.file.folder, a.file.name) < std::tie(b.file.folder, b.file.name);
         });
-        if (const Result<Done> written = m_store.write(m_songs, m_problems, now()); !written)
+        const Result<std::set<QByteArray>> unheard = m_store.unheard(m_songs);
+        if (!unheard)
+            return unheard.failure();
+        HeardSounds heard;
+        for (const QByteArray &path : *unheard)
+            heard.emplace(path, m_files.sound(path));
+        if (const auto written = m_store.write(m_songs, m_problems, now(), std::move(heard)); !written)
             return written;
         m_summary.songsRead += std::ssize(m_songs);
         m_summary.filesFailed += std::ssize(m_problems);
@@ -278,27 +294,16 @@ public:
         return m_sinceIndexing >= songsBetweenIndexing ? index({}) : Done{};
     }
 
+    /// Takes what was written into the full-text index.
     [[nodiscard]] Result<Done> index(const std::stop_token &stop)
     {
         m_sinceIndexing = 0;
-        for (;;) {
-            const Result<bool> isMoreWaiting = m_store.indexNext(indexStep);
-            if (!isMoreWaiting)
-                return isMoreWaiting.failure();
-            if (!*isMoreWaiting || stop.stop_requested())
-                return Done{};
-        }
+        return untilDone([this] { return m_store.indexNext(indexStep); }, stop);
     }
 
     [[nodiscard]] Result<Done> renewTexts(const std::stop_token &stop)
     {
-        for (;;) {
-            const Result<bool> isMoreWaiting = m_store.renewNext(renewStep);
-            if (!isMoreWaiting)
-                return isMoreWaiting.failure();
-            if (!*isMoreWaiting || stop.stop_requested())
-                return Done{};
-        }
+        return untilDone([this] { return m_store.renewNext(renewStep); }, stop);
     }
 
     [[nodiscard]] Result<Done> writeImages()
@@ -309,7 +314,21 @@ public:
     [[nodiscard]] ScanSummary &summary() { return m_summary; }
 
 private:
+    /// @p step: whether more is waiting behind it.
+    [[nodiscard]] static Result<Done> untilDone(const std::function<Result<bool>()> &step,
+                                                const std::stop_token &stop)
+    {
+        for (;;) {
+            const Result<bool> isMoreWaiting = step();
+            if (!isMoreWaiting)
+                return isMoreWaiting.failure();
+            if (!*isMoreWaiting || stop.stop_requested())
+                return Done{};
+        }
+    }
+
     SongStore &m_store;
+    FileReading &m_files;
     ScanMonitor &m_monitor;
     std::vector<ScannedSong> m_songs;
     std::vector<ScanProblem> m_problems;
@@ -317,45 +336,6 @@ private:
     ScanSummary m_summary;
     qsizetype m_sinceIndexing = 0;
     Clock::time_point m_lastWrite = Clock::now();
-};
-
-/// What the last process was reading when it died becomes suspect, with what has been so before.
-Result<Done> learnSuspects(SongStore &store, FileReading &files)
-{
-    if (!files.record.leftBehind().empty()) {
-        if (const auto noted = store.noteSuspects(files.record.leftBehind()); !noted)
-            return noted;
-    }
-    files.record.startAnew();
-    const auto suspects = store.suspects();
-    if (!suspects)
-        return suspects.failure();
-    for (const FileName &file : *suspects)
-        files.suspects.insert(file.path());
-    return Done{};
-}
-
-/// While the writer writes, it reads as the scan does.
-class WriterReading
-{
-public:
-    WriterReading(SongStore &store, FileReading &files)
-        : m_store(store)
-    {
-        m_store.setReading([&files](const QByteArray &path) {
-            return files.suspects.contains(path) ? Failure{FailureKind::Unreadable, {}}
-                                                 : files.tags(path, {});
-        });
-    }
-    WriterReading(const WriterReading &) = delete;
-    WriterReading &operator=(const WriterReading &) = delete;
-    ~WriterReading()
-    {
-        m_store.setReading([](const QByteArray &path) { return readTags(path); });
-    }
-
-private:
-    SongStore &m_store;
 };
 
 Result<Done> writeMissing(SongStore &store, const FileChanges::Missing &missing)
@@ -371,6 +351,103 @@ Result<Done> writeMissing(SongStore &store, const FileChanges::Missing &missing)
     }
     return missing.problems.empty() ? Done{} : store.forgetProblems(missing.problems);
 }
+
+/// One scan: what its threads share, and the order of its steps.
+class Scan
+{
+public:
+    Scan(SongStore &store, const std::vector<QByteArray> &musicFolders, const ScanRequest &request,
+         FileReading &files, KnownFiles &known, ScanMonitor &monitor)
+        : m_store(store)
+        , m_request(request)
+        , m_files(files)
+        , m_monitor(monitor)
+        , m_changes(musicFolders, known, request.scope, monitor)
+        , m_walk(musicFolders, request, files.suspects, m_changes)
+        , m_writer(store, files, monitor)
+    {}
+
+    [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, unsigned readers)
+    {
+        if (const Result<Done> brought = bringIn(stop, readers); !brought)
+            return brought.failure();
+        ScanSummary &summary = m_writer.summary();
+        summary.isComplete = m_walk.isComplete() && !stop.stop_requested();
+        summary.unreadableMusicFolders = m_changes.unreadableMusicFolders();
+        if (summary.isComplete) {
+            for (ReadFile &suspect : m_walk.suspects())
+                m_writer.gather(performedWithCare(std::move(suspect), m_files));
+        }
+        Result<Done> written = m_writer.write(); // what was read before a cancellation is kept as well
+        if (written && !m_changes.returned().empty())
+            written = m_store.setAvailability(m_changes.returned(), Availability::Available);
+        if (written && summary.isComplete)
+            written = writeWhatIsOver();
+        if (written)
+            written = m_writer.index(stop);
+        if (written)
+            written = m_writer.renewTexts(stop);
+        if (written)
+            written = m_store.checkIsThere();
+        if (!written)
+            return written.failure();
+        if (summary.songsRead + summary.songsMissing + std::ssize(m_changes.returned()) > 0)
+            m_monitor.noteLibraryChange();
+        return summary;
+    }
+
+private:
+    /// Walks, reads and writes at the same time.
+    [[nodiscard]] Result<Done> bringIn(const std::stop_token &stop, unsigned readers)
+    {
+        std::stop_source ending;
+        const std::stop_callback forward(stop, [&ending] { ending.request_stop(); });
+        TaskQueue tasks(queueLength);
+        OutcomeQueue outcomes(queueLength);
+        std::atomic<unsigned> atWork = readers;
+        std::vector<std::jthread> threads; // last: they end before what they use
+        threads.emplace_back([&] {
+            m_walk.run(tasks, ending.get_token());
+            m_monitor.noteAllFound();
+        });
+        for (unsigned i = 0; i < readers; ++i) {
+            threads.emplace_back([&] {
+                readFrom(tasks, outcomes, m_files, m_request.watch, ending.get_token());
+                if (--atWork == 0)
+                    outcomes.close();
+            });
+        }
+        while (std::optional<std::vector<Outcome>> some = outcomes.pop(ending.get_token())) {
+            if (const Result<Done> added = m_writer.add(*std::move(some)); !added) {
+                ending.request_stop();
+                return added;
+            }
+        }
+        return Done{};
+    }
+
+    /// What is known when all has been walked.
+    [[nodiscard]] Result<Done> writeWhatIsOver()
+    {
+        const FileChanges::Missing missing = m_changes.missing();
+        m_writer.summary().songsMissing = std::ssize(missing.gone) + std::ssize(missing.diskAbsent);
+        m_writer.summary().wasDisturbed = missing.hasReturned;
+        Result<Done> written = writeMissing(m_store, missing);
+        if (written)
+            written = m_writer.writeImages();
+        if (written && !m_files.suspects.empty() && m_request.part.isEverything())
+            written = m_store.clearSuspects();
+        return written;
+    }
+
+    SongStore &m_store;
+    const ScanRequest &m_request;
+    FileReading &m_files;
+    ScanMonitor &m_monitor;
+    FileChanges m_changes;
+    Walking m_walk;
+    BatchWriter m_writer;
+};
 } // namespace
 
 LibraryScanner::LibraryScanner(SongStore &store, std::vector<QByteArray> musicFolders, unsigned readers)
@@ -386,56 +463,14 @@ Result<ScanSummary> LibraryScanner::run(const std::stop_token &stop, ScanMonitor
     FileReading files{m_read, ReadingRecord(m_store.path() + "-reading"), {}};
     if (const Result<Done> learnt = learnSuspects(m_store, files); !learnt)
         return learnt.failure();
-    const WriterReading reading(m_store, files);
     Result<KnownFiles> known = KnownFiles::load(m_store, request.part);
     if (!known)
         return known.failure();
-    BatchWriter writer(m_store, monitor);
-    FileChanges::Needs needs;
-    Pipeline pipeline(m_musicFolders, request, files, needs);
-    FileChanges changes(m_musicFolders, *known, request.scope, monitor, needs);
-    const std::stop_callback forward(stop, [&pipeline] { pipeline.stop(); });
-    pipeline.start(changes, monitor, m_readers);
-
-    while (std::optional<std::vector<Outcome>> outcomes = pipeline.next()) {
-        if (const Result<Done> taken = writer.take(std::move(*outcomes)); !taken) {
-            pipeline.stop();
-            (void)pipeline.finish();
-            return taken.failure();
-        }
-    }
-    writer.summary().isComplete = pipeline.finish();
-    writer.summary().unreadableMusicFolders = changes.unreadableMusicFolders();
-    if (writer.summary().isComplete) {
-        for (ReadFile &suspect : pipeline.takeSuspects())
-            writer.gather(performedWithCare(std::move(suspect), files));
-    }
-    Result<Done> written = writer.write(); // what was read before a cancellation is kept as well
-    if (written && !changes.returned().empty())
-        written = m_store.setAvailability(changes.returned(), Availability::Available);
-    if (written && writer.summary().isComplete) {
-        const FileChanges::Missing missing = changes.missing();
-        writer.summary().songsMissing = std::ssize(missing.gone) + std::ssize(missing.diskAbsent);
-        writer.summary().wasDisturbed = missing.hasReturned;
-        written = writeMissing(m_store, missing);
-        if (written)
-            written = writer.writeImages();
-        if (written && !files.suspects.empty() && request.part.isEverything())
-            written = m_store.clearSuspects();
-    }
-    if (written)
-        written = writer.index(stop);
-    if (written)
-        written = writer.renewTexts(stop);
-    if (written)
-        written = m_store.checkIsThere();
-    if (!written)
-        return written.failure();
-    if (writer.summary().songsRead + writer.summary().songsMissing + std::ssize(changes.returned()) > 0)
-        monitor.noteLibraryChange();
+    Result<ScanSummary> summary =
+        Scan(m_store, m_musicFolders, request, files, *known, monitor).run(stop, m_readers);
     m_store.releaseMemory();
-    malloc_trim(0); // the readers' heaps would stay with the process otherwise
-    return writer.summary();
+    malloc_trim(0); // the heaps of the readers would stay with the process otherwise
+    return summary;
 }
 
 } // namespace trackwise

@@ -3,7 +3,6 @@
 
 #include "device/library/store/FileSignature.h"
 #include "device/library/store/TextFolding.h"
-#include "device/library/tags/TagReader.h"
 
 #include <algorithm>
 #include <functional>
@@ -46,8 +45,7 @@ QString foldedText(const std::optional<QString> &text)
 } // namespace
 
 SongIdentity::SongIdentity(const sqlite::Connection &connection)
-    : m_read([](const QByteArray &path) { return readTags(path); })
-    , m_withIdentity(connection.prepare(candidatesWhere("inode = ? AND device = ?")))
+    : m_withIdentity(connection.prepare(candidatesWhere("inode = ? AND device = ?")))
     , m_withHash(connection.prepare(candidatesWhere("audio_hash = ?")))
     , m_withHashAndName(connection.prepare(candidatesWhere("audio_hash = ? AND name = ?")))
     // Of songs that were here one after the other, the present one goes first, then the latest.
@@ -57,14 +55,17 @@ SongIdentity::SongIdentity(const sqlite::Connection &connection)
           "SELECT title, artist, album_title, track_number, disc_number FROM songs WHERE id = ?"))
 {}
 
-bool SongIdentity::holdsSound(const QByteArray &path, std::uint64_t audioHash) const
+bool SongIdentity::holdsSound(const QByteArray &path, std::uint64_t audioHash)
 {
-    const Result<SongTags> tags = m_read(path);
-    return tags && tags->audioHash == audioHash;
+    const auto heard = m_heard.find(path);
+    if (heard != m_heard.end())
+        return heard->second == audioHash;
+    m_unheard.insert(path);
+    return true;
 }
 
 /// Whether the sound that the candidate had is no longer where the library says.
-bool SongIdentity::hasLeft(const Candidate &candidate) const
+bool SongIdentity::hasLeft(const Candidate &candidate)
 {
     if (candidate.availability != Availability::Available)
         return candidate.availability == Availability::FileGone;
@@ -144,7 +145,7 @@ int SongIdentity::sharedTags(SongRowID song, const SongTags &tags)
 }
 
 std::vector<SongIdentity::Candidate> SongIdentity::closestThatLeft(std::vector<Candidate> twins,
-                                                                   const QByteArray &path) const
+                                                                   const QByteArray &path)
 {
     std::vector<std::pair<std::ptrdiff_t, Candidate>> ranked;
     ranked.reserve(twins.size());

@@ -4,8 +4,9 @@
 #include "device/library/store/SongRecord.h"
 #include "device/library/store/Sqlite.h"
 
-#include <functional>
+#include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace trackwise {
@@ -13,9 +14,13 @@ namespace trackwise {
 /// Number of a song's row: its place in the library's order. Not the identity that the program shows.
 enum class SongRowID : std::int64_t {};
 
+/// What files sound like now (SongTags::audioHash), by their paths; zero where it cannot be told.
+using HeardSounds = std::map<QByteArray, std::uint64_t>;
+
 /// Decides which song of the library a file is. Identities follow the sound: a file that was moved, renamed,
-/// retagged or rewritten stays the song it was, and a copy is a song of its own. Worker threads only, since
-/// it may have to look at other files.
+/// retagged or rewritten stays the song it was, and a copy is a song of its own. It asks the disk which files
+/// are there, and opens none: where another file has to be listened to, somebody else does so. Worker threads
+/// only.
 class SongIdentity
 {
 public:
@@ -26,9 +31,19 @@ public:
     /// The song whose file is at this place according to the library.
     [[nodiscard]] std::optional<SongRowID> occupant(std::int64_t folderID, const QByteArray &name);
 
-    using TagReading = std::function<Result<SongTags>(const QByteArray &path)>;
-    /// How other files are read; readTags() unless somebody has to know of it.
-    void setReading(TagReading read) { m_read = std::move(read); }
+    /// What songOf() knows of other files from now on; those it does not know are what they were.
+    void setHeard(HeardSounds heard)
+    {
+        m_heard = std::move(heard);
+        m_unheard.clear();
+    }
+    /// The files that songOf() would have listened to since then.
+    [[nodiscard]] const std::set<QByteArray> &unheard() const { return m_unheard; }
+    /// Whether other songs sound so: without any, songOf() has nothing to listen to.
+    [[nodiscard]] bool hasTwins(std::uint64_t audioHash)
+    {
+        return audioHash != 0 && !withHash(audioHash).empty();
+    }
 
 private:
     struct Candidate
@@ -51,14 +66,15 @@ private:
     /// Of songs with one sound those whose file has left its place, and whose path ends as @p path for
     /// longest.
     [[nodiscard]] std::vector<Candidate> closestThatLeft(std::vector<Candidate> twins,
-                                                         const QByteArray &path) const;
+                                                         const QByteArray &path);
     /// The song with this sound whose file has left its place, if it is clear which.
     [[nodiscard]] std::optional<SongRowID> vanishedTwin(const ScannedSong &scanned);
 
-    [[nodiscard]] bool holdsSound(const QByteArray &path, std::uint64_t audioHash) const;
-    [[nodiscard]] bool hasLeft(const Candidate &candidate) const;
+    [[nodiscard]] bool holdsSound(const QByteArray &path, std::uint64_t audioHash);
+    [[nodiscard]] bool hasLeft(const Candidate &candidate);
 
-    TagReading m_read;
+    HeardSounds m_heard;
+    std::set<QByteArray> m_unheard;
     sqlite::Statement m_withIdentity;
     sqlite::Statement m_withHash;
     sqlite::Statement m_withHashAndName;

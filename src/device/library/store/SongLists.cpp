@@ -84,9 +84,9 @@ std::vector<PersistentID> identifiers(Statement &statement)
     return songs;
 }
 
-SongIndex songsByTitle(Reader &reader)
+SongIndex songsByTitle(ReadConnection &connection)
 {
-    Statement &statement = reader.statement(byTitle);
+    Statement &statement = connection.statement(byTitle);
     SongIndex index;
     Sections sections;
     while (statement.step()) {
@@ -97,9 +97,9 @@ SongIndex songsByTitle(Reader &reader)
     return index;
 }
 
-SongRow readSongRow(Reader &reader, PersistentID id)
+SongRow readSongRow(ReadConnection &connection, PersistentID id)
 {
-    Statement &statement = reader.statement(songRow);
+    Statement &statement = connection.statement(songRow);
     SongRow row{id, {}, {}, {}, {}, false, false};
     if (!statement.bind(static_cast<std::int64_t>(id.value)).step())
         return row;
@@ -114,9 +114,9 @@ SongRow readSongRow(Reader &reader, PersistentID id)
     return row;
 }
 
-GroupIndex groups(Reader &reader, const char *sql)
+GroupIndex groups(ReadConnection &connection, const char *sql)
 {
-    Statement &statement = reader.statement(sql);
+    Statement &statement = connection.statement(sql);
     GroupIndex index;
     Sections sections;
     while (statement.step()) {
@@ -127,17 +127,17 @@ GroupIndex groups(Reader &reader, const char *sql)
     return index;
 }
 
-GroupRow readGroupRow(Reader &reader, GroupKey key, const char *rowSql, const char *artworkSql)
+GroupRow readGroupRow(ReadConnection &connection, GroupKey key, const char *rowSql, const char *artworkSql)
 {
     GroupRow row;
     row.key = key;
-    Statement &statement = reader.statement(rowSql);
+    Statement &statement = connection.statement(rowSql);
     if (statement.bind(static_cast<std::int64_t>(key)).step()) {
         row.name = statement.text(0);
         row.artist = statement.text(1);
         row.songCount = static_cast<int>(statement.integer(2));
     }
-    Statement &artwork = reader.statement(artworkSql);
+    Statement &artwork = connection.statement(artworkSql);
     if (artwork.bind(static_cast<std::int64_t>(key)).step()) {
         row.artworkSong = identifier(artwork);
         row.artworkKey = artwork.text(1);
@@ -145,15 +145,15 @@ GroupRow readGroupRow(Reader &reader, GroupKey key, const char *rowSql, const ch
     return row;
 }
 
-std::vector<GroupRow> groupRows(const ReaderPool &readers, std::span<const GroupKey> keys, const char *rowSql,
-                                const char *artworkSql)
+std::vector<GroupRow> groupRows(const ConnectionPool &connections, std::span<const GroupKey> keys,
+                                const char *rowSql, const char *artworkSql)
 {
-    return readers
-        .read([&](Reader &reader) {
+    return connections
+        .read([&](ReadConnection &connection) {
             std::vector<GroupRow> rows;
             rows.reserve(keys.size());
             for (const GroupKey key : keys)
-                rows.push_back(readGroupRow(reader, key, rowSql, artworkSql));
+                rows.push_back(readGroupRow(connection, key, rowSql, artworkSql));
             return rows;
         })
         .valueOr(std::vector<GroupRow>(keys.size()));
@@ -162,9 +162,9 @@ std::vector<GroupRow> groupRows(const ReaderPool &readers, std::span<const Group
 
 qsizetype SongLists::songCount() const
 {
-    return m_readers
-        .read([](Reader &reader) {
-            Statement &statement = reader.statement(
+    return m_connections
+        .read([](ReadConnection &connection) {
+            Statement &statement = connection.statement(
                 "SELECT count(*) FROM songs INDEXED BY songs_by_artist_group WHERE availability < 2");
             return statement.step() ? static_cast<qsizetype>(statement.integer(0)) : 0;
         })
@@ -173,20 +173,20 @@ qsizetype SongLists::songCount() const
 
 SongIndex SongLists::songs(const SongScope &scope) const
 {
-    return m_readers
-        .read([&scope](Reader &reader) -> SongIndex {
+    return m_connections
+        .read([&scope](ReadConnection &connection) -> SongIndex {
             const auto group = static_cast<std::int64_t>(scope.group);
             switch (scope.kind) {
             case SongScope::Kind::All:
-                return songsByTitle(reader);
+                return songsByTitle(connection);
             case SongScope::Kind::RecentlyAdded:
-                return {identifiers(reader.statement(newestFirst)), {}};
+                return {identifiers(connection.statement(newestFirst)), {}};
             case SongScope::Kind::OfArtist:
-                return {identifiers(reader.statement(ofArtist).bind(group)), {}};
+                return {identifiers(connection.statement(ofArtist).bind(group)), {}};
             case SongScope::Kind::OfAlbum:
-                return {identifiers(reader.statement(ofAlbum).bind(group)), {}};
+                return {identifiers(connection.statement(ofAlbum).bind(group)), {}};
             case SongScope::Kind::Matching:
-                return {searchSongs(reader, scope.searchText, mostMatches), {}};
+                return {searchSongs(connection, scope.searchText, mostMatches), {}};
             }
             return {};
         })
@@ -195,12 +195,12 @@ SongIndex SongLists::songs(const SongScope &scope) const
 
 std::vector<SongRow> SongLists::songRows(std::span<const PersistentID> songs) const
 {
-    return m_readers
-        .read([songs](Reader &reader) {
+    return m_connections
+        .read([songs](ReadConnection &connection) {
             std::vector<SongRow> rows;
             rows.reserve(songs.size());
             for (const PersistentID id : songs)
-                rows.push_back(readSongRow(reader, id));
+                rows.push_back(readSongRow(connection, id));
             return rows;
         })
         .valueOr(std::vector<SongRow>(songs.size()));
@@ -208,22 +208,24 @@ std::vector<SongRow> SongLists::songRows(std::span<const PersistentID> songs) co
 
 GroupIndex SongLists::artists() const
 {
-    return m_readers.read([](Reader &reader) { return groups(reader, artistsByName); }).valueOr({});
+    return m_connections.read([](ReadConnection &connection) { return groups(connection, artistsByName); })
+        .valueOr({});
 }
 
 GroupIndex SongLists::albums() const
 {
-    return m_readers.read([](Reader &reader) { return groups(reader, albumsByTitle); }).valueOr({});
+    return m_connections.read([](ReadConnection &connection) { return groups(connection, albumsByTitle); })
+        .valueOr({});
 }
 
 std::vector<GroupRow> SongLists::artistRows(std::span<const GroupKey> artists) const
 {
-    return groupRows(m_readers, artists, artistRow, artistArtwork);
+    return groupRows(m_connections, artists, artistRow, artistArtwork);
 }
 
 std::vector<GroupRow> SongLists::albumRows(std::span<const GroupKey> albums) const
 {
-    return groupRows(m_readers, albums, albumRow, albumArtwork);
+    return groupRows(m_connections, albums, albumRow, albumArtwork);
 }
 
 } // namespace trackwise

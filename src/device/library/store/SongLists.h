@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 #include "platform/LibraryBrowser.h"
 
 namespace trackwise {
@@ -10,9 +10,9 @@ namespace trackwise {
 class SongLists final : public LibraryBrowser
 {
 public:
-    /// @p readers must outlive this.
-    explicit SongLists(const ReaderPool &readers)
-        : m_readers(readers)
+    /// @p connections must outlive this.
+    explicit SongLists(const ConnectionPool &connections)
+        : m_connections(connections)
     {}
 
     [[nodiscard]] qsizetype songCount() const override;
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] std::vector<GroupRow> albumRows(std::span<const GroupKey> albums) const override;
 
 private:
-    const ReaderPool &m_readers;
+    const ConnectionPool &m_connections;
 };
 
 } // namespace trackwise

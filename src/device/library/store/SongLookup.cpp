@@ -125,7 +125,7 @@ std::optional<LibrarySong> SongLookup::firstSong(Statement &statement) const
 
 std::optional<LibrarySong> SongLookup::song(PersistentID id) const
 {
-    Statement &statement = m_reader.statement(byIdentifier.c_str());
+    Statement &statement = m_connection.statement(byIdentifier.c_str());
     statement.bind(static_cast<std::int64_t>(id.value));
     return firstSong(statement);
 }
@@ -148,25 +148,25 @@ std::vector<MediaItem> SongLookup::songs(const SongQuery &query, int limit) cons
     };
     if (!query.title) {
         for (const Availability availability : {Availability::Available, Availability::DiskAbsent})
-            takeFrom(
-                m_reader.statement(withAvailability.c_str()).bind(static_cast<std::int64_t>(availability)));
+            takeFrom(m_connection.statement(withAvailability.c_str())
+                         .bind(static_cast<std::int64_t>(availability)));
     } else if (query.artist) {
-        takeFrom(m_reader.statement(byTitleAndArtist.c_str())
+        takeFrom(m_connection.statement(byTitleAndArtist.c_str())
                      .bind(caselessKey(*query.title))
                      .bind(caselessKey(*query.artist)));
     } else if (query.albumTitle) {
-        takeFrom(m_reader.statement(byTitleAndAlbum.c_str())
+        takeFrom(m_connection.statement(byTitleAndAlbum.c_str())
                      .bind(caselessKey(*query.title))
                      .bind(caselessKey(*query.albumTitle)));
     } else {
-        takeFrom(m_reader.statement(byTitle.c_str()).bind(caselessKey(*query.title)));
+        takeFrom(m_connection.statement(byTitle.c_str()).bind(caselessKey(*query.title)));
     }
     return found;
 }
 
 std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, const QString &artist) const
 {
-    Statement &statement = m_reader.statement(byTitleAndArtist.c_str());
+    Statement &statement = m_connection.statement(byTitleAndArtist.c_str());
     statement.bind(caselessKey(title)).bind(caselessKey(artist));
     const QString wantedTitle = withoutCase(title);
     const QString wantedArtist = withoutCase(artist);
@@ -181,7 +181,7 @@ std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, cons
 
 std::optional<MediaItem> SongLookup::songWithCatalogID(const QString &identifier) const
 {
-    auto found = firstSong(m_reader.statement(byCatalogID.c_str()).bind(identifier));
+    auto found = firstSong(m_connection.statement(byCatalogID.c_str()).bind(identifier));
     return found ? std::optional(std::move(found->item)) : std::nullopt;
 }
 
@@ -194,7 +194,7 @@ std::optional<PersistentID> SongLookup::firstID(Statement &statement)
 std::optional<PersistentID> SongLookup::idOfPath(const QByteArray &path) const
 {
     const auto songAt = [this](const FileName &file) {
-        Statement &statement = m_reader.statement(
+        Statement &statement = m_connection.statement(
             "SELECT persistent_id FROM folders CROSS JOIN files ON files.folder = folders.id"
             " JOIN songs ON songs.id = files.song WHERE folders.path = ? AND files.name = ?" IN_LIBRARY
             "LIMIT 1");
@@ -209,8 +209,8 @@ std::optional<PersistentID> SongLookup::idOfPath(const QByteArray &path) const
 std::optional<PersistentID> SongLookup::idOfFile(FileIdentity file) const
 {
     Statement &statement =
-        m_reader.statement("SELECT persistent_id FROM files JOIN songs ON songs.id = files.song"
-                           " WHERE inode = ? AND device = ?" IN_LIBRARY "LIMIT 1");
+        m_connection.statement("SELECT persistent_id FROM files JOIN songs ON songs.id = files.song"
+                               " WHERE inode = ? AND device = ?" IN_LIBRARY "LIMIT 1");
     statement.bind(static_cast<std::int64_t>(file.inode)).bind(static_cast<std::int64_t>(file.device));
     return firstID(statement);
 }
@@ -218,21 +218,22 @@ std::optional<PersistentID> SongLookup::idOfFile(FileIdentity file) const
 std::optional<PersistentID> SongLookup::idOfCatalogID(const QString &identifier) const
 {
     return firstID(
-        m_reader.statement("SELECT persistent_id FROM songs WHERE catalog_id = ?" IN_LIBRARY "LIMIT 1")
+        m_connection.statement("SELECT persistent_id FROM songs WHERE catalog_id = ?" IN_LIBRARY "LIMIT 1")
             .bind(identifier));
 }
 
 std::optional<PersistentID> SongLookup::idOfRecording(const QString &lowerCaseMBID) const
 {
     return firstID(
-        m_reader.statement("SELECT persistent_id FROM songs WHERE recording_mbid = ?" IN_LIBRARY "LIMIT 1")
+        m_connection
+            .statement("SELECT persistent_id FROM songs WHERE recording_mbid = ?" IN_LIBRARY "LIMIT 1")
             .bind(lowerCaseMBID));
 }
 
 std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, int limit) const
 {
     const std::string words = searchText(foldedTitle);
-    Statement &statement = m_reader.statement(candidatesFrom);
+    Statement &statement = m_connection.statement(candidatesFrom);
     // The words alone, or with others behind a line feed: what has more words has a blank there.
     statement.bindText(words).bindText(words + '\x0b').bind(mostCompared);
     std::vector<SongCandidate> found;
@@ -247,7 +248,7 @@ std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, i
 std::vector<SongCandidate> SongLookup::songsWithTitlePrefix(const QString &foldedPrefix, int limit) const
 {
     const std::string words = searchText(foldedPrefix);
-    Statement &statement = m_reader.statement(candidatesFrom);
+    Statement &statement = m_connection.statement(candidatesFrom);
     statement.bindText(words).bindText(words + '\xff').bind(mostCompared);
     std::vector<SongCandidate> found;
     while (std::ssize(found) < limit && statement.step()) {
@@ -260,7 +261,7 @@ std::vector<SongCandidate> SongLookup::songsWithTitlePrefix(const QString &folde
 
 void SongLookup::visitSongs(const std::function<bool(const LibrarySong &)> &visit) const
 {
-    Statement &statement = m_reader.statement(allSongs.c_str());
+    Statement &statement = m_connection.statement(allSongs.c_str());
     while (statement.step()) {
         if (!visit(readSong(statement)))
             return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 #include "device/library/store/SongRecord.h"
 #include "platform/MediaLibrary.h"
 #include "platform/SongMatching.h"
@@ -12,12 +12,12 @@ namespace trackwise {
 
 /// Exact questions to the library, each answered from an index: songs whose file is there first, then those
 /// of absent disks, each in the order in which they were added. Songs whose file is gone answer to their
-/// identifier only. Short-lived: made for one use of a reader.
+/// identifier only. Short-lived: made for one use of a connection.
 class SongLookup
 {
 public:
-    explicit SongLookup(Reader &reader)
-        : m_reader(reader)
+    explicit SongLookup(ReadConnection &connection)
+        : m_connection(connection)
     {}
 
     [[nodiscard]] std::optional<LibrarySong> song(PersistentID id) const;
@@ -42,7 +42,7 @@ private:
     [[nodiscard]] std::optional<LibrarySong> firstSong(sqlite::Statement &statement) const;
     [[nodiscard]] static std::optional<PersistentID> firstID(sqlite::Statement &statement);
 
-    Reader &m_reader;
+    ReadConnection &m_connection;
 };
 
 } // namespace trackwise

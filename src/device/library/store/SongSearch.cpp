@@ -262,18 +262,18 @@ constexpr const char *byWords =
     " CROSS JOIN search_texts t ON t.song = search_index.rowid WHERE search_index MATCH ? LIMIT ?";
 } // namespace
 
-std::vector<PersistentID> searchSongs(Reader &reader, const QString &text, int limit)
+std::vector<PersistentID> searchSongs(ReadConnection &connection, const QString &text, int limit)
 {
     const Typed typed = understood(text);
     if (typed.spellings.empty())
         return {};
     std::vector<Found> found;
     const std::string &asTyped = typed.spellings.front().text;
-    collect(reader.statement(byTitle).bindText(asTyped).bindText(asTyped + '\xff').bind(mostByTitle), typed,
-            found);
+    collect(connection.statement(byTitle).bindText(asTyped).bindText(asTyped + '\xff').bind(mostByTitle),
+            typed, found);
     if (const std::string query = indexQuery(typed); !query.empty()) {
         const auto find = [&](const std::string &words, std::int64_t most) {
-            return collect(reader.statement(byWords).bindText(words).bind(most), typed, found);
+            return collect(connection.statement(byWords).bindText(words).bind(most), typed, found);
         };
         const std::string ofArtists = "{artist album_artist} : (";
         // There may be more; those of a fitting artist must be among the ones looked at.
@@ -286,7 +286,7 @@ std::vector<PersistentID> searchSongs(Reader &reader, const QString &text, int l
     std::vector<PersistentID> songs;
     songs.reserve(found.size());
     for (const Found &match : found) {
-        Statement &identifier = reader.statement("SELECT persistent_id FROM songs WHERE id = ?");
+        Statement &identifier = connection.statement("SELECT persistent_id FROM songs WHERE id = ?");
         if (identifier.bind(match.song).step())
             songs.push_back({static_cast<std::uint64_t>(identifier.integer(0))});
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 #include "song/PersistentID.h"
 
 #include <QString>
@@ -15,6 +15,7 @@ namespace trackwise {
 /// the words, artists that do, the rest. Each word may be the beginning of one, in title, artist, album,
 /// album artist or composer. The time it takes hardly depends on how many songs fit: it looks at some
 /// thousand of them.
-[[nodiscard]] std::vector<PersistentID> searchSongs(Reader &reader, const QString &typed, int limit);
+[[nodiscard]] std::vector<PersistentID> searchSongs(ReadConnection &connection, const QString &typed,
+                                                    int limit);
 
 } // namespace trackwise

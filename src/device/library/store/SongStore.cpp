@@ -123,10 +123,26 @@ Result<Done> SongStore::inTransaction(const std::function<void()> &change)
     }
 }
 
+Result<std::set<QByteArray>> SongStore::unheard(std::span<const ScannedSong> songs)
+{
+    std::set<QByteArray> unheard;
+    const Result<Done> asked = inTransaction([&] {
+        SongIdentity &identity = m_writer.identity();
+        identity.setHeard({});
+        for (const ScannedSong &song : songs) {
+            if (identity.hasTwins(song.tags.audioHash))
+                (void)identity.songOf(song, m_writer.folderID(song.file.folder));
+        }
+        unheard = identity.unheard();
+    });
+    return asked ? Result(std::move(unheard)) : asked.failure();
+}
+
 Result<Done> SongStore::write(std::span<const ScannedSong> songs, std::span<const ScanProblem> problems,
-                              Instant now)
+                              Instant now, HeardSounds heard)
 {
     return inTransaction([&] {
+        m_writer.identity().setHeard(std::move(heard));
         for (const ScannedSong &song : songs)
             m_writer.write(song, now);
         for (const ScanProblem &problem : problems)
@@ -205,12 +221,6 @@ Result<Done> SongStore::clearSuspects()
         m_connection.execute("DELETE FROM suspects WHERE NOT EXISTS (SELECT 1 FROM problems"
                              " WHERE problems.folder = suspects.folder AND problems.name = suspects.name)");
     });
-}
-
-void SongStore::setReading(SongIdentity::TagReading read)
-{
-    const std::scoped_lock lock(m_mutex);
-    m_writer.identity().setReading(std::move(read));
 }
 
 Result<Done> SongStore::checkIsThere() const

@@ -10,6 +10,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <span>
 #include <stop_token>
 
@@ -58,7 +59,8 @@ struct FolderImage
 };
 
 /// The one writer of the library's database. Any thread; every call is one transaction and blocks on the
-/// disk, so that worker threads make them. Reading is the matter of SongReader.
+/// disk, so that worker threads make them. It opens no music file.
+/// Questions are answered by SongLists, SongLookup and SongSearch.
 class SongStore
 {
 public:
@@ -71,9 +73,14 @@ public:
 
     [[nodiscard]] const QByteArray &path() const { return m_path; }
 
-    /// Writes what a scan has read: all of it or, on failure, none.
+    /// The other files that have to be listened to before write() can tell which songs these are: what they
+    /// hold may still be what the library has from there.
+    [[nodiscard]] Result<std::set<QByteArray>> unheard(std::span<const ScannedSong> songs);
+    /// Writes what a scan has read: all of it or, on failure, none. @p heard: of the files that unheard()
+    /// named; another file is taken for what it was.
     [[nodiscard]] Result<Done> write(std::span<const ScannedSong> songs,
-                                     std::span<const ScanProblem> problems, Instant now);
+                                     std::span<const ScanProblem> problems, Instant now,
+                                     HeardSounds heard = {});
     [[nodiscard]] Result<Done> setAvailability(std::span<const SongPlace> places, Availability availability);
     /// Forgets problems of files that are not there any more.
     [[nodiscard]] Result<Done> forgetProblems(std::span<const SongPlace> places);
@@ -84,8 +91,6 @@ public:
     [[nodiscard]] Result<std::vector<FileName>> suspects() const;
     /// Forgets the suspects that have turned out to be songs, or are not there any more.
     [[nodiscard]] Result<Done> clearSuspects();
-    /// How write() reads files other than those that it is given.
-    void setReading(SongIdentity::TagReading read);
 
     /// Fails when the database was deleted, moved or replaced while it is open: what is written then is lost.
     [[nodiscard]] Result<Done> checkIsThere() const;

@@ -32,6 +32,7 @@ private Q_SLOTS:
             {"a/two.wav", "", "mv a/one.wav a/two.wav"},
             {"a/one.wav", "a/two.wav", "cp ../better.wav a/one.wav"},
             {"", "a/two.wav", "cp ../other.wav a/one.wav"},
+            {"a/0 copy.wav", "a/two.wav", "cp a/one.wav 'a/0 copy.wav'; cp ../other.wav a/one.wav"},
             {"a/one.wav", "a/two.wav", "cp a/one.wav 'a/0 copy.wav'"},
             {"a/one.wav", "a/two.wav", "ln a/one.wav 'a/0 link.wav'"},
             {"a/one.wav", "a/two.wav", "mv a/one.wav 'a/0 backup.wav'; cp ../retagged.wav a/one.wav"},

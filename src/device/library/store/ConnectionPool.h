@@ -13,10 +13,10 @@
 namespace trackwise {
 
 /// A read-only connection with the statements that were prepared on it. Used by one thread at a time.
-class Reader
+class ReadConnection
 {
 public:
-    explicit Reader(const QByteArray &path);
+    explicit ReadConnection(const QByteArray &path);
 
     /// The statement, ready for its values. @p sql must stay where it is, as a literal does: it is told by
     /// its address. The statement is in use until it is asked for again.
@@ -29,24 +29,25 @@ private:
     std::unordered_map<const char *, sqlite::Statement> m_statements;
 };
 
-/// Lends readers to any thread: as many as ask at the same time, a few of which are kept. A lock is held for
-/// the handing over only.
-class ReaderPool
+/// Lends connections to any thread: as many as ask at the same time, a few of which are kept. A lock is held
+/// for the handing over only.
+class ConnectionPool
 {
 public:
     /// @p didFail is called for each failure, on the thread that reads.
-    explicit ReaderPool(QByteArray path, std::function<void(const Failure &)> didFail = {})
+    explicit ConnectionPool(QByteArray path, std::function<void(const Failure &)> didFail = {})
         : m_path(std::move(path))
         , m_didFail(std::move(didFail))
     {}
 
-    /// What @p read answers with a reader; a failure, which names the file, when the database cannot be read.
+    /// What @p read answers with a connection; a failure, which names the file, when the database cannot be
+    /// read.
     template <typename Read>
-    [[nodiscard]] Result<std::invoke_result_t<Read, Reader &>> read(Read read) const
+    [[nodiscard]] Result<std::invoke_result_t<Read, ReadConnection &>> read(Read read) const
     {
         try {
             const Lease lease(*this);
-            return read(lease.reader());
+            return read(lease.connection());
         } catch (const sqlite::Error &error) {
             return failed(error);
         }
@@ -56,28 +57,28 @@ private:
     class Lease
     {
     public:
-        explicit Lease(const ReaderPool &pool)
+        explicit Lease(const ConnectionPool &pool)
             : m_pool(pool)
-            , m_reader(pool.take())
+            , m_connection(pool.take())
         {}
         Lease(const Lease &) = delete;
         Lease &operator=(const Lease &) = delete;
-        ~Lease() { m_pool.giveBack(std::move(m_reader)); }
-        [[nodiscard]] Reader &reader() const { return *m_reader; }
+        ~Lease() { m_pool.giveBack(std::move(m_connection)); }
+        [[nodiscard]] ReadConnection &connection() const { return *m_connection; }
 
     private:
-        const ReaderPool &m_pool;
-        std::unique_ptr<Reader> m_reader;
+        const ConnectionPool &m_pool;
+        std::unique_ptr<ReadConnection> m_connection;
     };
 
-    [[nodiscard]] std::unique_ptr<Reader> take() const;
-    void giveBack(std::unique_ptr<Reader> reader) const;
+    [[nodiscard]] std::unique_ptr<ReadConnection> take() const;
+    void giveBack(std::unique_ptr<ReadConnection> connection) const;
     [[nodiscard]] Failure failed(const sqlite::Error &error) const;
 
     QByteArray m_path;
     std::function<void(const Failure &)> m_didFail;
     mutable std::mutex m_mutex;
-    mutable std::vector<std::unique_ptr<Reader>> m_idle;
+    mutable std::vector<std::unique_ptr<ReadConnection>> m_idle;
 };
 
 } // namespace trackwise

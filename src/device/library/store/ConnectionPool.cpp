@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "device/library/store/ReaderPool.h"
+#include "device/library/store/ConnectionPool.h"
 
 #include <QLoggingCategory>
 
@@ -8,10 +8,10 @@ namespace trackwise {
 namespace {
 Q_LOGGING_CATEGORY(log, "trackwise.library", QtFatalMsg)
 
-constexpr std::size_t mostIdleReaders = 3;
+constexpr std::size_t mostIdle = 3;
 
-// Not mapped: every reader would count the whole database towards the memory of the program.
-constexpr const char *readerPragmas = R"sql(
+// Not mapped: every connection would count the whole database towards the memory of the program.
+constexpr const char *readPragmas = R"sql(
 PRAGMA cell_size_check = ON;
 PRAGMA mmap_size = 0;
 PRAGMA cache_size = -4096;
@@ -19,13 +19,13 @@ PRAGMA temp_store = MEMORY;
 )sql";
 } // namespace
 
-Reader::Reader(const QByteArray &path)
+ReadConnection::ReadConnection(const QByteArray &path)
     : m_connection(path, sqlite::Access::ReadOnly)
 {
-    m_connection.execute(readerPragmas);
+    m_connection.execute(readPragmas);
 }
 
-sqlite::Statement &Reader::statement(const char *sql)
+sqlite::Statement &ReadConnection::statement(const char *sql)
 {
     auto found = m_statements.find(sql);
     if (found == m_statements.end())
@@ -33,34 +33,34 @@ sqlite::Statement &Reader::statement(const char *sql)
     return found->second.reset();
 }
 
-void Reader::rest()
+void ReadConnection::rest()
 {
     for (auto &[sql, statement] : m_statements)
         statement.reset();
 }
 
-std::unique_ptr<Reader> ReaderPool::take() const
+std::unique_ptr<ReadConnection> ConnectionPool::take() const
 {
     {
         const std::scoped_lock lock(m_mutex);
         if (!m_idle.empty()) {
-            std::unique_ptr<Reader> reader = std::move(m_idle.back());
+            std::unique_ptr<ReadConnection> connection = std::move(m_idle.back());
             m_idle.pop_back();
-            return reader;
+            return connection;
         }
     }
-    return std::make_unique<Reader>(m_path);
+    return std::make_unique<ReadConnection>(m_path);
 }
 
-void ReaderPool::giveBack(std::unique_ptr<Reader> reader) const
+void ConnectionPool::giveBack(std::unique_ptr<ReadConnection> connection) const
 {
-    reader->rest();
+    connection->rest();
     const std::scoped_lock lock(m_mutex);
-    if (m_idle.size() < mostIdleReaders)
-        m_idle.push_back(std::move(reader));
+    if (m_idle.size() < mostIdle)
+        m_idle.push_back(std::move(connection));
 }
 
-Failure ReaderPool::failed(const sqlite::Error &error) const
+Failure ConnectionPool::failed(const sqlite::Error &error) const
 {
     Failure failure = sqlite::inDatabase(m_path, sqlite::asFailure(error));
     qCWarning(log) << "reading the library:" << failure.detail;
