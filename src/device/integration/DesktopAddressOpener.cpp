@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopAddressOpener.h"
 
+#include "device/bus/BusCalls.h"
 #include "device/integration/DefaultMusicApplication.h"
 #include "device/integration/DetachedProgram.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 
 namespace trackwise {
@@ -54,10 +53,8 @@ void DesktopAddressOpener::openThroughPortal(const QUrl &address)
         QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
         QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
     call << QString() /* no parent window */ << address.toString(QUrl::FullyEncoded) << QVariantMap();
-    const auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, portalPatienceMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [address](QDBusPendingCallWatcher *finished) {
-        finished->deleteLater();
-        if (finished->isError()) // no portal, or one that refuses this kind of address
+    whenReplied(m_bus.asyncCall(call, portalPatienceMs), this, [address](const QDBusMessage &reply) {
+        if (reply.type() == QDBusMessage::ErrorMessage) // no portal, or one that refuses this kind of address
             openWithoutPortal(address);
     });
 }

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopApplication.h"
 
+#include "device/bus/BusCalls.h"
 #include "device/integration/DesktopApplicationAdaptor.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QLoggingCategory>
 
 #include <utility>
@@ -16,11 +14,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "trackwise.integration", QtFatalMsg)
 
-// A flag and an answer of org.freedesktop.DBus.RequestName.
-constexpr uint doNotQueue = 4;
-constexpr uint nameExists = 3;
-
-constexpr int busPatienceMs = 2'000;
 // One that is just starting reads its library before it answers.
 constexpr int applicationPatienceMs = 5'000;
 
@@ -28,17 +21,6 @@ constexpr const char *applicationInterface = "org.freedesktop.Application";
 constexpr const char *tokenKey = "activation-token";
 // Where Qt looks for the leave to bring a window to the front under Wayland.
 constexpr const char *tokenVariable = "XDG_ACTIVATION_TOKEN";
-
-template <typename Done>
-void await(const QDBusPendingCall &call, QObject *receiver, Done done)
-{
-    const auto *watcher = new QDBusPendingCallWatcher(call, receiver);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, receiver,
-                     [done = std::move(done)](QDBusPendingCallWatcher *finished) {
-                         finished->deleteLater();
-                         done(*finished);
-                     });
-}
 
 } // namespace
 
@@ -71,18 +53,12 @@ void DesktopApplication::start(const QStringList &addresses, Handler handler)
     }
     // The object comes before the name: whoever finds the name finds it.
     m_bus.registerObject(path(), this, QDBusConnection::ExportAdaptors);
-    const QDBusMessage request =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                       QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"))
-        << m_appId << doNotQueue;
-    await(m_bus.asyncCall(request, busPatienceMs), this,
-          [this, addresses, handler = std::move(handler)](const QDBusPendingReply<uint> &reply) {
-              if (!reply.isError() && reply.value() == nameExists)
-                  handOver(addresses, handler);
-              else
-                  handler(Standing::Running);
-          });
+    requestName(m_bus, m_appId, this, [this, addresses, handler = std::move(handler)](bool isTaken) {
+        if (isTaken)
+            handOver(addresses, handler);
+        else
+            handler(Standing::Running);
+    });
 }
 
 void DesktopApplication::handOver(const QStringList &addresses, const Handler &handler)
@@ -97,10 +73,11 @@ void DesktopApplication::handOver(const QStringList &addresses, const Handler &h
     if (const QString token = qEnvironmentVariable(tokenVariable); !token.isEmpty())
         platformData.insert(QLatin1StringView(tokenKey), token);
     request << platformData;
-    await(m_bus.asyncCall(request, applicationPatienceMs), this, [handler](const QDBusPendingReply<> &reply) {
-        if (reply.isError())
-            qCWarning(log) << "handing over to the app that runs:" << reply.error().message();
-        handler(reply.isError() ? Standing::Running : Standing::HandedOver);
+    whenReplied(m_bus.asyncCall(request, applicationPatienceMs), this, [handler](const QDBusMessage &reply) {
+        const bool hasFailed = reply.type() == QDBusMessage::ErrorMessage;
+        if (hasFailed)
+            qCWarning(log) << "handing over to the app that runs:" << reply.errorMessage();
+        handler(hasFailed ? Standing::Running : Standing::HandedOver);
     });
 }
 

@@ -56,6 +56,19 @@ bool prefersReducedMotion(const DesktopSettings &settings)
     return isNumber && factor <= 0;
 }
 
+// Red, green and blue from 0 to 1. Numbers outside that range say that there is none.
+std::optional<QColor> colour(const QVariant &value)
+{
+    const QVariantList parts = value.toList();
+    const bool isColour =
+        parts.size() == 3 && std::ranges::all_of(parts, [](const QVariant &part) {
+            return part.typeId() == QMetaType::Double && part.toDouble() >= 0 && part.toDouble() <= 1;
+        });
+    if (!isColour)
+        return std::nullopt;
+    return QColor::fromRgbF(parts[0].toFloat(), parts[1].toFloat(), parts[2].toFloat());
+}
+
 } // namespace
 
 TextSize textSizeForScale(double scale)
@@ -78,9 +91,7 @@ DesktopLook desktopLook(const DesktopSettings &settings)
     const QVariant scale = valueOf(settings, gnomeInterface, "text-scaling-factor");
     if (scale.typeId() == QMetaType::Double)
         look.textSize = textSizeForScale(scale.toDouble());
-    const QVariant accent = valueOf(settings, appearance, "accent-color");
-    if (accent.typeId() == QMetaType::QColor)
-        look.accent = accent.value<QColor>();
+    look.accent = colour(valueOf(settings, appearance, "accent-color"));
     return look;
 }
 

@@ -11,8 +11,7 @@
 
 namespace trackwise {
 
-/// The desktop's settings as its portal names them: (namespace, key) to value, already free of the
-/// variants and D-Bus arguments they travelled in. Colours are QColor.
+/// The desktop's settings as its portal names them: (namespace, key) to plain value.
 using DesktopSettings = QHash<std::pair<QString, QString>, QVariant>;
 
 /// How the desktop wants programs to look; what it does not say is absent.

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/PortalSettings.h"
 
-#include <QColor>
-#include <QDBusArgument>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusVariant>
+#include "device/bus/BusCalls.h"
+#include "device/bus/PlainValue.h"
 
-#include <algorithm>
-#include <array>
+#include <QDBusArgument>
+#include <QDBusVariant>
 
 namespace trackwise {
 
@@ -27,32 +23,7 @@ QStringList followedSpaces()
             QStringLiteral("org.gnome.desktop.a11y.interface"), QStringLiteral("org.kde.kdeglobals.KDE")};
 }
 
-QVariant colour(const QDBusArgument &argument)
-{
-    if (argument.currentSignature() != QLatin1StringView("(ddd)"))
-        return {};
-    std::array<double, 3> parts{}; // red, green, blue
-    argument.beginStructure();
-    for (double &part : parts)
-        argument >> part;
-    argument.endStructure();
-    if (!std::ranges::all_of(parts, [](double part) { return part >= 0 && part <= 1; }))
-        return {};
-    const auto at = [&parts](std::size_t i) { return static_cast<float>(parts.at(i)); };
-    return QColor::fromRgbF(at(0), at(1), at(2));
-}
-
 } // namespace
-
-QVariant plainSettingValue(const QVariant &value)
-{
-    QVariant plain = value;
-    while (plain.metaType() == QMetaType::fromType<QDBusVariant>())
-        plain = plain.value<QDBusVariant>().variant();
-    if (plain.metaType() == QMetaType::fromType<QDBusArgument>())
-        return colour(plain.value<QDBusArgument>());
-    return plain;
-}
 
 PortalSettings::PortalSettings(const QDBusConnection &bus, QObject *parent)
     : QObject(parent)
@@ -68,22 +39,17 @@ PortalSettings::PortalSettings(const QDBusConnection &bus, QObject *parent)
     QDBusMessage question =
         QDBusMessage::createMethodCall(portalName, portalPath, settingsInterface, QStringLiteral("ReadAll"));
     question << followedSpaces();
-    const auto *watcher = new QDBusPendingCallWatcher(connection.asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
-        finished->deleteLater();
-        takeAll(*finished);
-    });
+    whenReplied(connection.asyncCall(question), this, [this](const QDBusMessage &reply) { takeAll(reply); });
 }
 
-void PortalSettings::takeAll(const QDBusPendingCallWatcher &reply)
+void PortalSettings::takeAll(const QDBusMessage &reply)
 {
-    const QDBusMessage message = reply.reply();
-    if (message.signature() != QLatin1StringView("a{sa{sv}}"))
+    if (reply.signature() != QLatin1StringView("a{sa{sv}}"))
         return; // no portal, or none that knows settings: the palette has to do
-    const auto spaces = qdbus_cast<SettingsOfSpaces>(message.arguments().constFirst());
+    const auto spaces = qdbus_cast<SettingsOfSpaces>(reply.arguments().constFirst());
     for (auto space = spaces.begin(); space != spaces.end(); ++space) {
         for (auto setting = space->begin(); setting != space->end(); ++setting)
-            m_values.insert({space.key(), setting.key()}, plainSettingValue(setting.value()));
+            m_values.insert({space.key(), setting.key()}, plainValue(setting.value()));
     }
     Q_EMIT didChange();
 }
@@ -92,7 +58,7 @@ void PortalSettings::settingChanged(const QString &space, const QString &key, co
 {
     if (!followedSpaces().contains(space))
         return;
-    m_values.insert({space, key}, plainSettingValue(value.variant()));
+    m_values.insert({space, key}, plainValue(value.variant()));
     Q_EMIT didChange();
 }
 

@@ -6,7 +6,7 @@
 #include <QDBusConnection>
 #include <QObject>
 
-class QDBusPendingCallWatcher;
+class QDBusMessage;
 class QDBusVariant;
 
 namespace trackwise {
@@ -30,13 +30,9 @@ private Q_SLOTS:
     void settingChanged(const QString &space, const QString &key, const QDBusVariant &value);
 
 private:
-    void takeAll(const QDBusPendingCallWatcher &reply);
+    void takeAll(const QDBusMessage &reply);
 
     DesktopSettings m_values;
 };
-
-/// What a portal's value is without the one or more variants around it. Three doubles from 0 to 1 are a
-/// colour, as "accent-color" is; outside that range they say that there is none, and the result is invalid.
-[[nodiscard]] QVariant plainSettingValue(const QVariant &value);
 
 } // namespace trackwise

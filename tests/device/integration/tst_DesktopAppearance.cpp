@@ -127,8 +127,8 @@ private Q_SLOTS:
             {kde, u"AnimationDurationFactor"_s, QString(), {}},
             {gnome, u"text-scaling-factor"_s, 1.25, {.textSize = TextSize::ExtraExtraLarge}},
             {gnome, u"text-scaling-factor"_s, u"2"_s, {}},
-            {appearance, u"accent-color"_s, QColor(Qt::blue), {.accent = QColor(Qt::blue)}},
-            {appearance, u"accent-color"_s, QVariant(), {}},
+            {appearance, u"accent-color"_s, QVariantList{0.0, 0.0, 1.0}, {.accent = QColor(Qt::blue)}},
+            {appearance, u"accent-color"_s, QVariantList{0.0, 0.0}, {}},
         };
         QVERIFY(desktopLook({}) == DesktopLook());
         for (const auto &[space, key, value, look] : rows)

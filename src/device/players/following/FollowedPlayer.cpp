@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/following/FollowedPlayer.h"
 
+#include "device/bus/PlainValue.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -32,12 +34,13 @@ milliseconds positionOf(microseconds position)
 bool FollowedPlayer::take(const QVariantMap &properties, Time now)
 {
     bool isChanged = false;
-    if (const auto metadata = properties.constFind(QStringLiteral("Metadata"));
-        metadata != properties.constEnd() && metadata->toMap() != m_metadata) {
-        m_metadata = metadata->toMap();
-        if (!m_metadataChanged)
-            m_metadataChanged = now;
-        isChanged = true;
+    if (const auto said = properties.constFind(QStringLiteral("Metadata")); said != properties.constEnd()) {
+        QVariantMap metadata = plainValue(*said).toMap();
+        if (metadata != m_metadata) {
+            m_metadata = std::move(metadata);
+            m_metadataChanged = m_metadataChanged.value_or(now);
+            isChanged = true;
+        }
     }
     if (const auto speed = properties.constFind(QStringLiteral("Rate")); speed != properties.constEnd())
         m_speed = std::clamp(speed->toDouble(), 0.0, fastest);

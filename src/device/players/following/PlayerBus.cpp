@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/following/PlayerBus.h"
 
+#include "device/bus/BusCalls.h"
+#include "device/bus/PlainValue.h"
 #include "device/players/MprisNames.h"
-
-#include <QDBusArgument>
-#include <QDBusPendingCallWatcher>
-#include <QDBusVariant>
 
 #include <utility>
 
@@ -25,43 +23,12 @@ constexpr int mostFailures = 3;
 
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString metadataKey = QStringLiteral("Metadata");
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-
-QDBusMessage busCall(const QString &method)
-{
-    return QDBusMessage::createMethodCall(busService, QStringLiteral("/org/freedesktop/DBus"), busService,
-                                          method);
-}
 
 QDBusMessage playerCall(const QString &owner, const QString &interface, const QString &method)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(owner, mprisPath, interface, method);
     message.setAutoStartService(false);
     return message;
-}
-
-/// The map in @p value, however it came; empty when there is none.
-QVariantMap mapIn(const QVariant &value)
-{
-    if (value.metaType() == QMetaType::fromType<QDBusVariant>())
-        return mapIn(value.value<QDBusVariant>().variant());
-    if (value.metaType() == QMetaType::fromType<QVariantMap>())
-        return value.toMap();
-    if (value.metaType() == QMetaType::fromType<QDBusArgument>()) {
-        const auto argument = value.value<QDBusArgument>();
-        if (argument.currentSignature() == QLatin1String("a{sv}"))
-            return qdbus_cast<QVariantMap>(argument);
-    }
-    return {};
-}
-
-/// The properties in @p value, with the metadata as a map.
-QVariantMap propertiesIn(const QVariant &value)
-{
-    QVariantMap properties = mapIn(value);
-    if (properties.contains(metadataKey))
-        properties[metadataKey] = mapIn(properties.value(metadataKey));
-    return properties;
 }
 
 } // namespace
@@ -87,7 +54,8 @@ void PlayerBus::start()
     }
     // One subscription for all players: a sender's messages are told apart by its unique name. A
     // subscription by well-known name would ask the bus for its owner, and wait.
-    m_bus.connect(busService, QString(), busService, QStringLiteral("NameOwnerChanged"), this,
+    const QString busItself = QStringLiteral("org.freedesktop.DBus");
+    m_bus.connect(busItself, QString(), busItself, QStringLiteral("NameOwnerChanged"), this,
                   SLOT(ownerDidChange(QString, QString, QString)));
     m_bus.connect(QString(), mprisPath, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
                   SLOT(propertiesDidChange(QDBusMessage)));
@@ -129,7 +97,7 @@ void PlayerBus::propertiesDidChange(const QDBusMessage &signal)
     const QVariantList arguments = signal.arguments();
     if (players.isEmpty() || arguments.value(0).toString() != mprisPlayerInterface)
         return;
-    const QVariantMap properties = propertiesIn(arguments.value(1));
+    const QVariantMap properties = plainValue(arguments.value(1)).toMap();
     const QStringList invalidated = arguments.value(2).toStringList();
     for (const QString &player : players) {
         if (!properties.isEmpty())
@@ -158,13 +126,12 @@ void PlayerBus::call(const QDBusMessage &message, ReplyHandler handler)
 {
     const auto timeout = std::chrono::milliseconds(callTimeout).count();
     ++m_callsPending;
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, int(timeout)), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, handler = std::move(handler)] {
-        watcher->deleteLater();
-        handler(watcher->reply()); // may ask the next question
-        if (--m_callsPending == 0)
-            Q_EMIT didFinishAsking();
-    });
+    whenReplied(m_bus.asyncCall(message, int(timeout)), this,
+                [this, handler = std::move(handler)](const QDBusMessage &reply) {
+                    handler(reply); // may ask the next question
+                    if (--m_callsPending == 0)
+                        Q_EMIT didFinishAsking();
+                });
 }
 
 void PlayerBus::findOwner(const QString &player)
@@ -225,7 +192,7 @@ void PlayerBus::readIdentity(const QString &player)
     call(message, [this, player, owner](const QDBusMessage &reply) {
         if (reply.type() != QDBusMessage::ReplyMessage || m_players.value(player).owner != owner)
             return;
-        const QVariantMap properties = propertiesIn(reply.arguments().value(0));
+        const QVariantMap properties = plainValue(reply.arguments().value(0)).toMap();
         Q_EMIT identityDidArrive(player, properties.value(QStringLiteral("Identity")).toString(),
                                  properties.value(QStringLiteral("CanRaise")).toBool());
     });
@@ -240,8 +207,9 @@ void PlayerBus::didRead(const QString &player, const QString &owner, const QDBus
     if (reply.type() == QDBusMessage::ReplyMessage) {
         found->failures = 0;
         const bool readAgain = found->wantsReading;
-        QVariantMap properties = propertiesIn(reply.arguments().value(0));
-        properties.insert(metadataKey, properties.value(metadataKey).toMap()); // none said: none there
+        QVariantMap properties = plainValue(reply.arguments().value(0)).toMap();
+        if (!properties.contains(metadataKey))
+            properties.insert(metadataKey, QVariantMap()); // none said: none there
         Q_EMIT propertiesDidArrive(player, properties);
         if (readAgain && m_players.contains(player))
             read(player);

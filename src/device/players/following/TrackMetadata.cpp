@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/following/TrackMetadata.h"
 
-#include <QDBusArgument>
+#include "device/bus/PlainValue.h"
+
 #include <QDBusObjectPath>
-#include <QDBusVariant>
 #include <QDateTime>
 #include <QFile>
 #include <QMetaType>
@@ -23,27 +23,6 @@ constexpr qsizetype longestLyrics = 1 << 20;
 constexpr qsizetype mostNames = 64;
 constexpr milliseconds sameLength{3000};
 
-/// The value within wrappers that D-Bus allows around it.
-QVariant unwrapped(QVariant value)
-{
-    for (int depth = 0; depth < 4; ++depth) {
-        if (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
-            value = value.value<QDBusVariant>().variant();
-        } else if (value.metaType() == QMetaType::fromType<QDBusArgument>()) {
-            const auto argument = value.value<QDBusArgument>();
-            const QString signature = argument.currentSignature();
-            if (signature == QLatin1String("as"))
-                return qdbus_cast<QStringList>(argument);
-            if (signature == QLatin1String("av"))
-                return qdbus_cast<QVariantList>(argument);
-            return {};
-        } else {
-            break;
-        }
-    }
-    return value;
-}
-
 bool isText(const QVariant &value)
 {
     return value.metaType() == QMetaType::fromType<QString>();
@@ -51,7 +30,7 @@ bool isText(const QVariant &value)
 
 QStringList textsIn(const QVariant &wrapped)
 {
-    const QVariant value = unwrapped(wrapped);
+    const QVariant value = plainValue(wrapped);
     QStringList texts;
     if (isText(value))
         texts << value.toString();
@@ -63,7 +42,7 @@ QStringList textsIn(const QVariant &wrapped)
         texts << QString::fromUtf8(value.toByteArray());
     else if (value.metaType() == QMetaType::fromType<QVariantList>()) {
         for (const QVariant &element : value.toList().mid(0, mostNames)) {
-            if (const QVariant inner = unwrapped(element); isText(inner))
+            if (const QVariant inner = plainValue(element); isText(inner))
                 texts << inner.toString();
         }
     }
@@ -83,7 +62,7 @@ QString textIn(const QVariant &value)
 /// Any kind of number, or the text of one; nothing else (a bool is no number here).
 std::optional<double> numberIn(const QVariant &wrapped)
 {
-    const QVariant value = unwrapped(wrapped);
+    const QVariant value = plainValue(wrapped);
     switch (value.typeId()) {
     case QMetaType::Int:
     case QMetaType::UInt:
@@ -142,7 +121,7 @@ TrackMetadata metadataFrom(const QVariantMap &map)
     track.comment = textIn(value("xesam:comment"));
     track.contentCreated = textIn(value("xesam:contentCreated"));
     track.musicBrainzId = textIn(value("xesam:musicBrainzTrackID"));
-    if (const QVariant lyrics = unwrapped(value("xesam:asText")); isText(lyrics))
+    if (const QVariant lyrics = plainValue(value("xesam:asText")); isText(lyrics))
         track.lyrics = lyrics.toString().left(longestLyrics);
     track.length = lengthIn(value("mpris:length"));
     track.trackNumber = countIn(value("xesam:trackNumber"));

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/publishing/MprisPublisher.h"
 
+#include "device/bus/BusCalls.h"
 #include "device/players/MprisNames.h"
 #include "device/players/publishing/ArtworkFile.h"
 #include "device/players/publishing/MprisAdaptors.h"
 #include "platform/Background.h"
 
 #include <QCoreApplication>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QUrl>
 
 #include <utility>
@@ -17,17 +15,6 @@
 namespace trackwise {
 
 namespace {
-
-// Answers and flags of org.freedesktop.DBus.RequestName.
-constexpr uint doNotQueue = 4;
-constexpr uint nameExists = 3;
-
-QDBusMessage busCall(const QString &method)
-{
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
-}
 
 QString textOf(PlaybackState state)
 {
@@ -116,7 +103,7 @@ void MprisPublisher::update()
     m_isUpdateScheduled = false;
     loadArtwork();
     if (m_requestedName.isEmpty() && m_player.nowPlayingItem())
-        requestName(mprisPrefix + m_settings.appId);
+        takeName(mprisPrefix + m_settings.appId);
 
     const QVariantMap properties = playerProperties();
     QVariantMap changed;
@@ -133,17 +120,13 @@ void MprisPublisher::update()
     m_bus.send(signal);
 }
 
-void MprisPublisher::requestName(const QString &name)
+void MprisPublisher::takeName(const QString &name)
 {
     m_requestedName = name;
-    auto *watcher = new QDBusPendingCallWatcher(
-        m_bus.asyncCall(busCall(QStringLiteral("RequestName")) << name << doNotQueue), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, name] {
-        watcher->deleteLater();
-        const QDBusPendingReply<uint> reply = *watcher;
+    requestName(m_bus, name, this, [this, name](bool isTaken) {
         const QString instance = QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid());
-        if (!reply.isError() && reply.value() == nameExists && !name.endsWith(instance))
-            requestName(name + instance); // another process of the app was here first
+        if (isTaken && !name.endsWith(instance))
+            takeName(name + instance); // another process of the app was here first
     });
 }
 

@@ -45,7 +45,7 @@ private:
     [[nodiscard]] std::optional<PublishedTrack> track() const;
     void scheduleUpdate();
     void update();
-    void requestName(const QString &name);
+    void takeName(const QString &name);
     void loadArtwork();
 
     ApplicationMusicPlayer &m_player;
