@@ -1,44 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkDecoder.h"
 
+#include "song/PictureFormat.h"
+
 #include <QBuffer>
 #include <QColorSpace>
 #include <QImageReader>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <string_view>
 
 namespace trackwise {
 
 namespace {
-
-struct FormatFacts
-{
-    PictureFormat format;
-    std::string_view start;
-    const char *readerName;
-    const char *mimeType;
-    const char *suffix;
-};
-
-using namespace std::string_view_literals;
-constexpr std::array formatTable{
-    FormatFacts{PictureFormat::Jpeg, "\xff\xd8\xff"sv, "jpeg", "image/jpeg", "jpg"},
-    FormatFacts{PictureFormat::Png, "\x89PNG\r\n\x1a\n"sv, "png", "image/png", "png"},
-    FormatFacts{PictureFormat::Gif, "GIF8"sv, "gif", "image/gif", "gif"},
-    FormatFacts{PictureFormat::Bmp, "BM"sv, "bmp", "image/bmp", "bmp"},
-    FormatFacts{PictureFormat::WebP, "RIFF"sv, "webp", "image/webp", "webp"},
-};
-
-constexpr int webPTagOffset = 8; // "RIFF", four bytes of length, "WEBP"
-
-const FormatFacts &facts(PictureFormat format)
-{
-    return *std::find_if(formatTable.begin(), formatTable.end(),
-                         [format](const FormatFacts &f) { return f.format == format; });
-}
 
 /// What the markers of a JPEG file say about the work it makes (ITU-T T.81, annex B).
 struct JpegShape
@@ -103,7 +77,7 @@ Result<QImage> decode(const QByteArray &bytes, const DecodeLimits &limits, Targe
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, facts(*format).readerName);
+    QImageReader reader(&buffer, fileSuffix(*format).toLatin1());
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
@@ -131,29 +105,6 @@ Result<QImage> decode(const QByteArray &bytes, const DecodeLimits &limits, Targe
 }
 
 } // namespace
-
-std::optional<PictureFormat> pictureFormat(const QByteArray &bytes)
-{
-    const std::string_view view(bytes.constData(), static_cast<size_t>(bytes.size()));
-    for (const FormatFacts &f : formatTable) {
-        if (!view.starts_with(f.start))
-            continue;
-        if (f.format == PictureFormat::WebP && bytes.mid(webPTagOffset, 4) != "WEBP")
-            return std::nullopt;
-        return f.format;
-    }
-    return std::nullopt;
-}
-
-QString mimeType(PictureFormat format)
-{
-    return QString::fromLatin1(facts(format).mimeType);
-}
-
-QString fileSuffix(PictureFormat format)
-{
-    return QString::fromLatin1(facts(format).suffix);
-}
 
 Result<QImage> decodeSquare(const QByteArray &bytes, int side, const DecodeLimits &limits)
 {

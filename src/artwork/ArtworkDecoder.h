@@ -6,20 +6,7 @@
 #include <QByteArray>
 #include <QImage>
 
-#include <optional>
-
 namespace trackwise {
-
-/// The kinds of picture that covers come in. Others (vector drawings above all, which may refer to
-/// further files) are never opened.
-enum class PictureFormat { Jpeg, Png, Gif, Bmp, WebP };
-
-/// What the first bytes say; file names and declared types are not trusted.
-[[nodiscard]] std::optional<PictureFormat> pictureFormat(const QByteArray &bytes);
-/// "image/jpeg" and its like.
-[[nodiscard]] QString mimeType(PictureFormat format);
-/// "jpg" and its like, without the dot.
-[[nodiscard]] QString fileSuffix(PictureFormat format);
 
 /// What a cover may cost to look at. Beyond this it is refused before a pixel is decoded.
 struct DecodeLimits

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkMimeData.h"
 
+#include "artwork/ArtworkDecoder.h"
+
 #include <QBuffer>
 
 namespace trackwise {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "artwork/ArtworkDecoder.h"
+#include "song/PictureFormat.h"
 
 #include <QMimeData>
 #include <QUrl>

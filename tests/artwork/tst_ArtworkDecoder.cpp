@@ -51,26 +51,13 @@ class tst_ArtworkDecoder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void looksAtTheBytes()
+    void decodesWhatItKnows()
     {
-        const auto seen = [](const QByteArray &bytes) {
-            const std::optional<PictureFormat> format = pictureFormat(bytes);
-            return format ? mimeType(*format) + u' ' + fileSuffix(*format) : QString();
-        };
-        for (const char *format : {"jpg", "png", "bmp"}) {
-            const QByteArray bytes = coverBytes({4, 4}, Qt::red, format);
-            QVERIFY(seen(bytes).endsWith(QLatin1StringView(format)));
-            QCOMPARE(decodeSquare(bytes, 4)->format(), QImage::Format_RGB32);
-        }
-        QCOMPARE(seen(coverBytes({4, 4}, Qt::red, "jpg")), u"image/jpeg jpg"_s);
-        QCOMPARE(seen("GIF89a"), u"image/gif gif"_s);
-        QCOMPARE(seen(QByteArray("RIFF\4\0\0\0WEBPVP8 ", 16)), u"image/webp webp"_s);
+        for (const char *format : {"jpg", "png", "bmp"})
+            QCOMPARE(decodeSquare(coverBytes({4, 4}, Qt::red, format), 4)->format(), QImage::Format_RGB32);
         const QByteArray drawing("<svg xmlns='http://www.w3.org/2000/svg'/>");
-        const QByteArray sound("RIFF\4\0\0\0WAVEfmt ", 16);
-        for (const QByteArray &bytes : {drawing, sound, QByteArray("<html>not found</html>"), QByteArray()}) {
-            QCOMPARE(seen(bytes), QString());
+        for (const QByteArray &bytes : {drawing, QByteArray()})
             QCOMPARE(decodeSquare(bytes, 4).failure().kind, FailureKind::Unsupported);
-        }
     }
 
     void givesTheMiddleSquare()

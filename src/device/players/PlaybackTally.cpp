@@ -65,13 +65,6 @@ PlaybackTally::Verdict PlaybackTally::finish(Ending ending, Time now)
     return m_heard >= skipFrom && m_position <= skipUntil ? Verdict::Skipped : Verdict::Neither;
 }
 
-PlaybackTally::Milliseconds PlaybackTally::position(Time now) const
-{
-    PlaybackTally later = *this;
-    later.advance(now);
-    return later.m_position;
-}
-
 void PlaybackTally::advance(Time now)
 {
     const auto elapsed = std::chrono::duration<double, std::milli>(std::max(now, m_reckoned) - m_reckoned);

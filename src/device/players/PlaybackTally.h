@@ -35,7 +35,6 @@ public:
     Verdict finish(Ending ending, Time now);
 
     [[nodiscard]] bool isOn() const { return m_isOn; }
-    [[nodiscard]] Milliseconds position(Time now) const;
 
 private:
     void advance(Time now);

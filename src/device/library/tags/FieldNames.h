@@ -14,7 +14,7 @@ namespace trackwise {
 
 /// To be raised with every change after which some file gives other tags, or can be read that could not be:
 /// what an earlier version has read is then read again, once.
-inline constexpr int readerVersion = 2;
+inline constexpr int readerVersion = 3;
 
 /// What a tag of any dialect can say, before it is understood. Ratings come in kinds, since formats count
 /// them differently.

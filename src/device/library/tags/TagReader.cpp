@@ -6,10 +6,9 @@
 #include "device/library/tags/MusicContent.h"
 #include "device/library/tags/MusicFile.h"
 #include "device/library/tags/MusicLayout.h"
+#include "song/PictureFormat.h"
 
-#include <algorithm>
 #include <exception>
-#include <string_view>
 
 namespace trackwise {
 
@@ -21,20 +20,6 @@ constexpr qint64 largestSidecar = qint64{1024} * 1024;
 QByteArrayView viewOf(const TagLib::ByteVector &bytes)
 {
     return {bytes.data(), static_cast<qsizetype>(bytes.size())};
-}
-
-/// By the first bytes: what tags and names claim is often wrong.
-bool isImage(QByteArrayView bytes)
-{
-    using namespace std::string_view_literals;
-    const std::string_view start(bytes.data(),
-                                 static_cast<std::size_t>(std::min<qsizetype>(bytes.size(), 16)));
-    const auto brand = start.size() >= 12 ? start.substr(4, 8) : std::string_view();
-    return start.starts_with("\xff\xd8\xff"sv) || start.starts_with("\x89PNG\r\n\x1a\n"sv) ||
-           start.starts_with("GIF8"sv) || start.starts_with("BM"sv) || start.starts_with("II*\0"sv) ||
-           start.starts_with("MM\0*"sv) ||
-           (start.starts_with("RIFF"sv) && start.size() >= 12 && start.substr(8, 4) == "WEBP"sv) ||
-           brand == "ftypavif"sv || brand.starts_with("ftyphei"sv);
 }
 
 std::optional<QByteArray> wholeFile(const QByteArray &path, qint64 largest)
@@ -82,7 +67,7 @@ Result<SongTags> tagsOf(MusicFile &file, const QByteArray &path, const FolderLis
     auto tags = songTags(content->fields);
     tags.durationSeconds = content->durationSeconds;
     tags.audioHash = audioHash(file, layout->sound, layout->soundSalt);
-    if (const auto picture = viewOf(content->picture); isImage(picture))
+    if (const auto picture = viewOf(content->picture); pictureFormat(picture))
         tags.artwork = {ArtworkSummary::Place::Embedded, path, pictureKey(picture)};
     if (!tags.lyrics)
         tags.lyrics = sidecarLyrics(path, folder);
@@ -109,7 +94,7 @@ std::optional<EncodedImage> readEmbeddedArtwork(const QByteArray &path)
         return std::nullopt;
     const auto layout = musicLayout(*file);
     const auto content = layout ? readContent(*file, *layout) : layout.failure();
-    if (!content || !isImage(viewOf(content->picture)))
+    if (!content || !pictureFormat(viewOf(content->picture)))
         return std::nullopt;
     return EncodedImage{viewOf(content->picture).toByteArray()};
 }
@@ -117,7 +102,7 @@ std::optional<EncodedImage> readEmbeddedArtwork(const QByteArray &path)
 std::optional<EncodedImage> readImageFile(const QByteArray &path)
 {
     auto bytes = wholeFile(path, largestImage);
-    if (!bytes || !isImage(*bytes))
+    if (!bytes || !pictureFormat(*bytes))
         return std::nullopt;
     return EncodedImage{std::move(*bytes)};
 }

@@ -22,7 +22,8 @@ namespace trackwise {
 /// duration above zero; nothing is thrown, and no file can make it wait or take memory without bounds.
 [[nodiscard]] Result<SongTags> readTags(const QByteArray &path, const FolderListing &folder = {});
 
-/// The picture that is embedded in a music file, front cover before any other, in its original bytes.
+/// The picture that is embedded in a music file, front cover before any other, in its original bytes; none of
+/// a kind that cannot be shown, which would hide the picture of the folder.
 /// Worker threads only.
 [[nodiscard]] std::optional<EncodedImage> readEmbeddedArtwork(const QByteArray &path);
 

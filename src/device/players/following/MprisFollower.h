@@ -30,8 +30,6 @@ struct PlayerDescription
 {
     QString player;
     QString identity; ///< its own name for people; its bus name where it gives none
-
-    friend bool operator==(const PlayerDescription &, const PlayerDescription &) = default;
 };
 
 /// Follows the other players on the session bus (MPRIS): which one counts, and what it plays. Changes are

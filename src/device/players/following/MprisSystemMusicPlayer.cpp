@@ -19,8 +19,8 @@ constexpr auto longestAnswer = 3s; // the question to a player, the pause after 
 
 MediaItem lookUp(const SongMatching &library, const TrackMetadata &track)
 {
-    if (const auto match = NowPlayingMatcher(library).match(track)) {
-        if (auto song = library.song(match->song))
+    if (const auto id = NowPlayingMatcher(library).match(track)) {
+        if (auto song = library.song(*id))
             return *std::move(song);
     }
     return itemFrom(track);
@@ -145,14 +145,10 @@ void MprisSystemMusicPlayer::becomeReady()
 void MprisSystemMusicPlayer::countPlay(const TrackMetadata &track)
 {
     runInBackground(
-        m_workers, this,
-        [&library = m_library, track]() -> PersistentID {
-            const auto match = NowPlayingMatcher(library).match(track);
-            return match ? match->song : PersistentID{};
-        },
-        [this](PersistentID song) {
-            if (song.isInLibrary())
-                Q_EMIT songWasPlayed(song);
+        m_workers, this, [&library = m_library, track] { return NowPlayingMatcher(library).match(track); },
+        [this](std::optional<PersistentID> song) {
+            if (song)
+                Q_EMIT songWasPlayed(*song);
         });
 }
 

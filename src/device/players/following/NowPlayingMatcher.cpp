@@ -55,7 +55,7 @@ milliseconds lengthDifference(const Wanted &wanted, const SongCandidate &song)
     return std::chrono::abs(wanted.length - song.length);
 }
 
-std::optional<SongMatch> bestOf(const Wanted &wanted, std::vector<SongCandidate> songs)
+std::optional<PersistentID> bestOf(const Wanted &wanted, std::vector<SongCandidate> songs)
 {
     std::erase_if(songs, [&wanted](const SongCandidate &song) {
         return !artistsAgree(wanted, song) || lengthDifference(wanted, song) > lengthTolerance;
@@ -69,11 +69,9 @@ std::optional<SongMatch> bestOf(const Wanted &wanted, std::vector<SongCandidate>
                       [&wanted](const SongCandidate &song) { return song.foldedAlbum != wanted.album; });
         const auto best = std::min_element(onAlbum.begin(), onAlbum.end(), closer); // copies: the closest
         if (best != onAlbum.end())
-            return SongMatch{best->id, MatchedBy::AlbumTexts};
+            return best->id;
     }
-    if (songs.size() == 1)
-        return SongMatch{songs.front().id, MatchedBy::Texts};
-    return std::nullopt;
+    return songs.size() == 1 ? std::optional(songs.front().id) : std::nullopt;
 }
 
 /// The parts of "Artist - Title", which streams put into the title.
@@ -91,12 +89,12 @@ std::optional<Wanted> splitTitle(const Wanted &wanted)
 
 } // namespace
 
-std::optional<SongMatch> NowPlayingMatcher::match(const TrackMetadata &track) const
+std::optional<PersistentID> NowPlayingMatcher::match(const TrackMetadata &track) const
 {
     if (const auto song = byFile(track))
-        return SongMatch{*song, MatchedBy::File};
+        return song;
     if (const auto song = byIdentifier(track))
-        return SongMatch{*song, MatchedBy::Identifier};
+        return song;
     return byTexts(track);
 }
 
@@ -123,7 +121,7 @@ std::optional<PersistentID> NowPlayingMatcher::byIdentifier(const TrackMetadata 
     return track.musicBrainzId.isEmpty() ? std::nullopt : m_library.idOfMusicBrainzID(track.musicBrainzId);
 }
 
-std::optional<SongMatch> NowPlayingMatcher::byTexts(const TrackMetadata &track) const
+std::optional<PersistentID> NowPlayingMatcher::byTexts(const TrackMetadata &track) const
 {
     Wanted wanted{m_library.folded(track.title), {}, m_library.folded(track.albumTitle), track.length};
     if (wanted.title.isEmpty())
@@ -131,17 +129,17 @@ std::optional<SongMatch> NowPlayingMatcher::byTexts(const TrackMetadata &track) 
     for (const QString &artist : track.artists.isEmpty() ? track.albumArtists : track.artists)
         wanted.artists += namesIn(m_library.folded(artist));
 
-    if (const auto match = bestOf(wanted, m_library.songsTitled(wanted.title, mostCandidates)))
-        return match;
+    if (const auto song = bestOf(wanted, m_library.songsTitled(wanted.title, mostCandidates)))
+        return song;
     const auto split = splitTitle(wanted);
     if (split) {
-        if (const auto match = bestOf(*split, m_library.songsTitled(split->title, mostCandidates)))
-            return match;
+        if (const auto song = bestOf(*split, m_library.songsTitled(split->title, mostCandidates)))
+            return song;
     }
     for (const Wanted &similar : {wanted, split.value_or(wanted)}) {
         const QString stripped = withoutEdition(similar.title);
-        if (auto match = bestOf(similar, similarlyTitled(stripped)))
-            return SongMatch{match->song, MatchedBy::SimilarTitle};
+        if (const auto song = bestOf(similar, similarlyTitled(stripped)))
+            return song;
     }
     return std::nullopt;
 }

@@ -8,25 +8,10 @@
 
 namespace trackwise {
 
-/// How sure it is that a song of the library is the track that a player plays.
-enum class MatchedBy {
-    File,         ///< the player names the very file
-    Identifier,   ///< of a catalog or of MusicBrainz
-    AlbumTexts,   ///< title, artist, album and length
-    Texts,        ///< title, artist and length, and no other song has them
-    SimilarTitle, ///< as before, but one title has an addition such as "(Remastered 2011)": probable
-};
-
-struct SongMatch
-{
-    PersistentID song;
-    MatchedBy by = MatchedBy::File;
-
-    friend bool operator==(const SongMatch &, const SongMatch &) = default;
-};
-
-/// Finds a player's track in the library; the surest way that gives a song wins. Looks at files: worker
-/// threads only.
+/// Finds the song of the library that a player's track is: by the very file, by an identifier (of a catalog
+/// or of MusicBrainz), by title, artist, album and length, by those without an album where no other song has
+/// them, and at last where one title has an addition such as "(Remastered 2011)". The first way that gives a
+/// song wins. Looks at files: worker threads only.
 class NowPlayingMatcher
 {
 public:
@@ -35,12 +20,12 @@ public:
         : m_library(library)
     {}
 
-    [[nodiscard]] std::optional<SongMatch> match(const TrackMetadata &track) const;
+    [[nodiscard]] std::optional<PersistentID> match(const TrackMetadata &track) const;
 
 private:
     [[nodiscard]] std::optional<PersistentID> byFile(const TrackMetadata &track) const;
     [[nodiscard]] std::optional<PersistentID> byIdentifier(const TrackMetadata &track) const;
-    [[nodiscard]] std::optional<SongMatch> byTexts(const TrackMetadata &track) const;
+    [[nodiscard]] std::optional<PersistentID> byTexts(const TrackMetadata &track) const;
     [[nodiscard]] std::vector<SongCandidate> similarlyTitled(const QString &strippedTitle) const;
 
     const SongMatching &m_library;

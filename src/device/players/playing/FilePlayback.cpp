@@ -244,7 +244,6 @@ void FilePlayback::followDefaultOutput()
         return;
     }
     m_output->setDevice(*wanted);
-    Q_EMIT outputDidChange(m_wantedOutput);
 }
 
 /// The sound server has gone. The song stands where it was, without an output, until the library has

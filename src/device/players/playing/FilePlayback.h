@@ -53,9 +53,8 @@ public:
 Q_SIGNALS:
     void stateDidChange();
     void durationDidChange();
-    void didReachEnd();                           ///< the state is Stopped
-    void didFail();                               ///< the file is unloaded
-    void outputDidChange(const QByteArray &name); ///< the default output is another, and followed
+    void didReachEnd(); ///< the state is Stopped
+    void didFail();     ///< the file is unloaded
 
 private:
     void ensurePlayer();

@@ -346,6 +346,8 @@ private Q_SLOTS:
             const auto cover = readEmbeddedArtwork(path());
             QVERIFY2(tags && cover && cover->bytes == "\x89PNG\r\n\x1a\nfront"_ba, name);
         }
+        const auto tiff = read(tagged(frame(3, "APIC", QByteArray("\0image/tiff\0\3\0II*\0", 18))));
+        QVERIFY(tiff && tiff->artwork.place == ArtworkSummary::Place::None); // would hide the folder's
     }
 
     void refusesWhatIsNoFile()

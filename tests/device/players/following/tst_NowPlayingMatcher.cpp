@@ -67,7 +67,6 @@ private Q_SLOTS:
 
     void finds()
     {
-        using enum MatchedBy;
         const auto at = [this](const char *file) {
             TrackMetadata track = said("Intro", "Choir"); // what it says otherwise is not looked at
             track.url = u"file://"_s + m_folder.filePath(QString::fromUtf8(file));
@@ -80,43 +79,40 @@ private Q_SLOTS:
         };
         TrackMetadata tagged = said("x", "y");
         tagged.musicBrainzId = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
-        const std::tuple<const char *, TrackMetadata, qsizetype, MatchedBy> rows[]{
-            {"file", at("song%20one.flac"), 1, File},
-            {"symbolic link", at("link.flac"), 1, File},
-            {"hard link", at("hard.flac"), 1, File},
-            {"file that is elsewhere", at("copy.flac"), 4, Texts},
-            {"album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1,
-             Identifier},
-            {"song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1, Identifier},
-            {"album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0, File},
-            {"MusicBrainz", tagged, 1, Identifier},
-            {"album decides", said("INTRO", "band", "Second", 60s), 3, AlbumTexts},
-            {"album without length", said("intro", "Band", "first"), 2, AlbumTexts},
-            {"album, wrong length", said("Intro", "Band", "First", 70s), 0, File},
-            {"not unique", said("Intro", "Band", "", 60s), 0, File},
-            {"unknown album, not unique", said("Intro", "Band", "Live", 60s), 0, File},
-            {"unique by artist", said("Intro", "Choir", "", 64s), 4, Texts},
-            {"three seconds", said("Song One", "Band", "", 203s), 1, Texts},
-            {"more than three", said("Song One", "Band", "", 203001ms), 0, File},
-            {"closest copy", said("Same", "Twin", "Album", 183s), 10, AlbumTexts},
-            {"diacritics", said("cafe\xcc\x81 DEL mar", "Energie", "ete", 300s), 5, AlbumTexts},
-            {"one of two artists", said("Duet", "Otto", "", 100s), 6, Texts},
-            {"more artists", said("Song One", "Band feat. Guest", "", 200s), 1, Texts},
-            {"other artist", said("Song One", "Bandana", "", 200s), 0, File},
-            {"no artist said", said("Song One", "", "", 200s), 0, File},
-            {"no artist anywhere", said("Untitled", "", "", 50s), 11, Texts},
-            {"stream", said("Band - Song One", ""), 1, Texts},
-            {"theirs is remastered", said("Hymn - Remastered 2009", "Old Man", "Best", 181s), 8,
-             SimilarTitle},
-            {"ours is remastered", said("Evergreen", "Old Man", "", 240s), 7, SimilarTitle},
-            {"guest in the title", said("Hymn (feat. Choir) [Live]", "Old Man", "", 180s), 8, SimilarTitle},
-            {"another length", said("Hymn (Live)", "Old Man", "", 300s), 0, File},
-            {"another song", said("Evergreen Hills", "Old Man", "", 240s), 0, File},
-            {"nothing", {}, 0, File}};
-        for (const auto &[name, track, song, by] : rows) {
+        const std::tuple<const char *, TrackMetadata, qsizetype> rows[]{
+            {"file", at("song%20one.flac"), 1},
+            {"symbolic link", at("link.flac"), 1},
+            {"hard link", at("hard.flac"), 1},
+            {"file that is elsewhere", at("copy.flac"), 4},
+            {"album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1},
+            {"song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1},
+            {"album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0},
+            {"MusicBrainz", tagged, 1},
+            {"album decides", said("INTRO", "band", "Second", 60s), 3},
+            {"album without length", said("intro", "Band", "first"), 2},
+            {"album, wrong length", said("Intro", "Band", "First", 70s), 0},
+            {"not unique", said("Intro", "Band", "", 60s), 0},
+            {"unknown album, not unique", said("Intro", "Band", "Live", 60s), 0},
+            {"unique by artist", said("Intro", "Choir", "", 64s), 4},
+            {"three seconds", said("Song One", "Band", "", 203s), 1},
+            {"more than three", said("Song One", "Band", "", 203001ms), 0},
+            {"closest copy", said("Same", "Twin", "Album", 183s), 10},
+            {"diacritics", said("cafe\xcc\x81 DEL mar", "Energie", "ete", 300s), 5},
+            {"one of two artists", said("Duet", "Otto", "", 100s), 6},
+            {"more artists", said("Song One", "Band feat. Guest", "", 200s), 1},
+            {"other artist", said("Song One", "Bandana", "", 200s), 0},
+            {"no artist said", said("Song One", "", "", 200s), 0},
+            {"no artist anywhere", said("Untitled", "", "", 50s), 11},
+            {"stream", said("Band - Song One", ""), 1},
+            {"theirs is remastered", said("Hymn - Remastered 2009", "Old Man", "Best", 181s), 8},
+            {"ours is remastered", said("Evergreen", "Old Man", "", 240s), 7},
+            {"guest in the title", said("Hymn (feat. Choir) [Live]", "Old Man", "", 180s), 8},
+            {"another length", said("Hymn (Live)", "Old Man", "", 300s), 0},
+            {"another song", said("Evergreen Hills", "Old Man", "", 240s), 0},
+            {"nothing", {}, 0}};
+        for (const auto &[name, track, song] : rows) {
             const auto match = NowPlayingMatcher(m_library.library().matching()).match(track);
-            QVERIFY2((match ? m_songs.indexOf(match->song) + 1 : 0) == song, name);
-            QVERIFY2(!match || match->by == by, name);
+            QVERIFY2((match ? m_songs.indexOf(*match) + 1 : 0) == song, name);
         }
     }
 

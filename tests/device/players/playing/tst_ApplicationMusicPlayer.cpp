@@ -221,11 +221,8 @@ private Q_SLOTS:
         const QString before = sinkOfStream();
         QVERIFY(!before.isEmpty());
 
-        QSignalSpy outputs(&playback, &FilePlayback::outputDidChange);
         m_sound.control("load-module module-null-sink sink_name=headphones");
         m_sound.control("set-default-sink headphones");
-        QTRY_COMPARE(outputs.size(), 1);
-        QCOMPARE(outputs.front().front().toByteArray(), "headphones"_ba);
         QTRY_VERIFY(!sinkOfStream().isEmpty() && sinkOfStream() != before);
         QTRY_COMPARE(streams().count(u'\n'), 1);
         QCOMPARE(playback.state(), FilePlayback::State::Playing);
