@@ -148,9 +148,10 @@ void AppDelegate::removeScene(WindowScene *scene)
 void AppDelegate::applyAppearance()
 {
     const Appearance &appearance = m_device.appearance;
+    const TextSize size = appearance.textSize();
     themeOf(m_engine).setSettings({appearance.isDark(), appearance.prefersHighContrast(),
-                                   appearance.prefersReducedMotion(), static_cast<int>(appearance.textSize()),
-                                   appearance.accent()});
+                                   appearance.prefersReducedMotion(), textScale(size),
+                                   isAccessibilitySize(size), appearance.accent()});
 }
 
 } // namespace trackwise

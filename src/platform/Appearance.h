@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 
+#include <array>
 #include <optional>
 
 namespace trackwise {
@@ -25,6 +26,13 @@ enum class TextSize {
     Accessibility5,
 };
 
+/// How high letters are at each of them, as a share of those at the default.
+inline constexpr std::array textScales{0.82, 0.88, 0.94, 1.0, 1.12, 1.24, 1.35, 1.64, 1.94, 2.35, 2.76, 3.12};
+
+[[nodiscard]] constexpr double textScale(TextSize size)
+{
+    return textScales.at(static_cast<std::size_t>(size));
+}
 [[nodiscard]] constexpr bool isAccessibilitySize(TextSize size)
 {
     return size >= TextSize::Accessibility1;

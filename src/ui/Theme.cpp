@@ -4,17 +4,11 @@
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace trackwise {
 
 namespace {
-
-// Scale of the text styles at each of the twelve text sizes; "large" is 1.
-constexpr std::array<qreal, 12> textScales{0.82, 0.88, 0.94, 1.0,  1.12, 1.24,
-                                           1.35, 1.64, 1.94, 2.35, 2.76, 3.12};
-constexpr int firstAccessibilitySize = 7;
 
 constexpr double readableTextContrast = 4.5; // WCAG 2.1, level AA, text of normal size
 constexpr int crossFadeMs = 150;
@@ -39,12 +33,11 @@ double relativeLuminance(const QColor &c)
 TextStyle textStyle(const ThemeSettings &settings, qreal points, qreal lineHeight,
                     QFont::Weight weight = QFont::Normal)
 {
-    const qreal scale = textScales.at(static_cast<size_t>(settings.textSize));
     TextStyle style;
     style.font = QGuiApplication::font();
-    style.font.setPixelSize(qRound(points * scale));
+    style.font.setPixelSize(qRound(points * settings.textScale));
     style.font.setWeight(weight);
-    style.lineHeight = std::round(lineHeight * scale);
+    style.lineHeight = std::round(lineHeight * settings.textScale);
     return style;
 }
 
@@ -86,22 +79,15 @@ Theme::Theme(QObject *parent)
 
 void Theme::setSettings(const ThemeSettings &settings)
 {
-    ThemeSettings valid = settings;
-    valid.textSize = std::clamp(settings.textSize, 0, static_cast<int>(textScales.size()) - 1);
-    if (valid == m_settings)
+    if (settings == m_settings)
         return;
-    m_settings = valid;
+    m_settings = settings;
     Q_EMIT changed();
 }
 
 bool Theme::isRightToLeft() const
 {
     return QGuiApplication::layoutDirection() == Qt::RightToLeft;
-}
-
-bool Theme::isAccessibilitySize() const
-{
-    return m_settings.textSize >= firstAccessibilitySize;
 }
 
 QColor Theme::systemBackground() const

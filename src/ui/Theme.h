@@ -39,7 +39,8 @@ struct ThemeSettings
     bool isDark = false;
     bool isHighContrast = false;
     bool reducesMotion = false;
-    int textSize = 3; ///< 0 (extra small) to 11 (accessibility 5); 3 is the default, "large"
+    qreal textScale = 1; ///< how high letters are, as a share of those at the default size
+    bool isAccessibilitySize = false;
     std::optional<QColor> accent;
 
     friend bool operator==(const ThemeSettings &, const ThemeSettings &) = default;
@@ -101,7 +102,7 @@ public:
     [[nodiscard]] bool reducesMotion() const { return m_settings.reducesMotion; }
     /// Whether the user's language is written from right to left.
     [[nodiscard]] bool isRightToLeft() const;
-    [[nodiscard]] bool isAccessibilitySize() const;
+    [[nodiscard]] bool isAccessibilitySize() const { return m_settings.isAccessibilitySize; }
 
     [[nodiscard]] QColor systemBackground() const;
     [[nodiscard]] QColor secondarySystemBackground() const;

@@ -242,8 +242,13 @@ private Q_SLOTS:
         WindowScene &second = *program.app.scenes().back();
         QVERIFY(&second != &first);
         for (const ThemeChoice choice : {ThemeChoice::Dark, ThemeChoice::Light}) {
-            program.device->settings().setAppearance({.theme = choice});
-            QTRY_COMPARE(themeOf(*qmlEngine(&first.window())).isDark(), choice == ThemeChoice::Dark);
+            const bool isDark = choice == ThemeChoice::Dark;
+            const TextSize size = isDark ? TextSize::Accessibility1 : TextSize::ExtraExtraExtraLarge;
+            program.device->settings().setAppearance({.theme = choice, .textSize = size});
+            const Theme &theme = themeOf(*qmlEngine(&first.window()));
+            QTRY_COMPARE(theme.isDark(), isDark);
+            QCOMPARE(theme.settings().textScale, isDark ? 1.64 : 1.35);
+            QCOMPARE(theme.isAccessibilitySize(), isDark);
         }
         for (WindowScene *asking : {&first, &second, &second}) // impatiently
             asking->detail().selectSongFromLibrary();

@@ -131,9 +131,9 @@ private Q_SLOTS:
     {
         ListWindow list(shortSong, {1024, 768});
         list.information.toggleShowMoreInformation();
-        for (const int size : {7, 6, 7}) { // there and back while it is shown
-            const bool stacks = size == 7;
-            themeOf(*list.window.engine()).setSettings({.textSize = size});
+        for (const bool stacks : {true, false, true}) { // there and back while it is shown
+            themeOf(*list.window.engine())
+                .setSettings({.textScale = stacks ? 1.64 : 1.35, .isAccessibilitySize = stacks});
             const qreal line = captionHeight(list);
             const QRectF switchPlace = list.place(u"Show Less"_s);
             const QRectF heading = list.place(u"Information"_s);

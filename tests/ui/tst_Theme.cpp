@@ -41,8 +41,8 @@ private Q_SLOTS:
     void textGrowsWithTheSetting()
     {
         Theme theme;
-        const auto sizes = [&theme](int setting) {
-            theme.setSettings({.textSize = setting});
+        const auto sizes = [&theme](qreal scale) {
+            theme.setSettings({.textScale = scale});
             QList<int> found;
             for (const TextStyle &style :
                  {theme.largeTitle(), theme.title(), theme.title2(), theme.title3(), theme.headline(),
@@ -51,17 +51,10 @@ private Q_SLOTS:
                 found << style.font.pixelSize() << qRound(style.lineHeight);
             return found;
         };
-        QCOMPARE(sizes(3), QList({34, 41, 28, 34, 22, 28, 20, 25, 17, 22, 17, 22, 16,
+        QCOMPARE(sizes(1), QList({34, 41, 28, 34, 22, 28, 20, 25, 17, 22, 17, 22, 16,
                                   21, 15, 20, 13, 18, 12, 16, 11, 13, 17, 22, 15, 20}));
-        QCOMPARE(sizes(9).mid(22), QList({24, 31, 24, 32})); // a bar has no room for more
-        QList<int> titles;
-        for (int setting = -1; setting <= 12; ++setting)
-            titles << sizes(setting).first();
-        QCOMPARE(titles, QList({28, 28, 30, 32, 34, 38, 42, 46, 56, 66, 80, 94, 106, 106}));
-        theme.setSettings({.textSize = 6});
-        QVERIFY(!theme.isAccessibilitySize());
-        theme.setSettings({.textSize = 7});
-        QVERIFY(theme.isAccessibilitySize());
+        QCOMPARE(sizes(2.35).mid(22), QList({24, 31, 24, 32})); // a bar has no room for more
+        QCOMPARE(sizes(0.82).mid(0, 6), QList({28, 34, 23, 28, 18, 23}));
     }
 
     void takesTheDesktopsAccentOnlyWhereItCanBeRead()
@@ -98,7 +91,7 @@ private Q_SLOTS:
             "import QtQuick\nimport Trackwise.Ui\nStyledText { style: Theme.title2; text: '<b>x</b>' }", {});
         const std::unique_ptr<QObject> text(component.create());
         Theme *theme = &themeOf(engine);
-        theme->setSettings({.isDark = true, .textSize = 11});
+        theme->setSettings({.isDark = true, .textScale = 3.12});
         QCOMPARE(text->property("color").value<QColor>(), theme->label());
         QCOMPARE(text->property("font").value<QFont>(), theme->title2().font);
         QCOMPARE(text->property("lineHeight").toReal(), theme->title2().lineHeight);

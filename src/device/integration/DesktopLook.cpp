@@ -2,7 +2,6 @@
 #include "device/integration/DesktopLook.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace trackwise {
@@ -73,13 +72,12 @@ std::optional<QColor> colour(const QVariant &value)
 
 TextSize textSizeForScale(double scale)
 {
-    constexpr std::array scales{0.82, 0.88, 0.94, 1.0, 1.12, 1.24, 1.35, 1.64, 1.94, 2.35, 2.76, 3.12};
     if (!std::isfinite(scale) || scale <= 0)
         return TextSize::Large;
     // Sizes are perceived by their ratio, so the nearest one is the nearest in logarithm.
     const auto nearest = std::ranges::min_element(
-        scales, {}, [scale](double s) { return std::abs(std::log(s) - std::log(scale)); });
-    return static_cast<TextSize>(nearest - scales.begin());
+        textScales, {}, [scale](double s) { return std::abs(std::log(s) - std::log(scale)); });
+    return static_cast<TextSize>(nearest - textScales.begin());
 }
 
 DesktopLook desktopLook(const DesktopSettings &settings)

@@ -30,9 +30,7 @@ struct DesktopLook
 /// and KDE. A value of the wrong type or out of range counts as not said.
 [[nodiscard]] DesktopLook desktopLook(const DesktopSettings &settings);
 
-/// The text size whose scale is nearest to the desktop's text scale: 0.82 extra small, 0.88 small, 0.94
-/// medium, 1 large, 1.12, 1.24, 1.35 the three larger ones, 1.64, 1.94, 2.35, 2.76, 3.12 the five
-/// accessibility sizes. So GNOME's "Large Text" (1.25) is extra extra large.
+/// The text size whose scale is nearest to the desktop's; GNOME's "Large Text" (1.25) is extra extra large.
 [[nodiscard]] TextSize textSizeForScale(double scale);
 
 } // namespace trackwise
