@@ -4,6 +4,7 @@
 #include "device/bus/PlainValue.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace trackwise {
@@ -33,30 +34,27 @@ milliseconds positionOf(microseconds position)
 
 bool FollowedPlayer::take(const QVariantMap &properties, Time now)
 {
+    const auto said = [&properties](const char *name) -> std::optional<QVariant> {
+        const auto found = properties.constFind(QLatin1StringView(name));
+        return found != properties.constEnd() ? std::optional(plainValue(*found)) : std::nullopt;
+    };
     bool isChanged = false;
-    if (const auto said = properties.constFind(QStringLiteral("Metadata")); said != properties.constEnd()) {
-        QVariantMap metadata = plainValue(*said).toMap();
-        if (metadata != m_metadata) {
-            m_metadata = std::move(metadata);
-            m_metadataChanged = m_metadataChanged.value_or(now);
-            isChanged = true;
-        }
+    if (const auto metadata = said("Metadata"); metadata && metadata->toMap() != m_metadata) {
+        m_metadata = metadata->toMap();
+        m_metadataChanged = m_metadataChanged.value_or(now);
+        isChanged = true;
     }
-    if (const auto speed = properties.constFind(QStringLiteral("Rate")); speed != properties.constEnd())
-        m_speed = std::clamp(speed->toDouble(), 0.0, fastest);
-    if (const auto status = properties.constFind(QStringLiteral("PlaybackStatus"));
-        status != properties.constEnd() && statusOf(status->toString()) != m_status) {
+    if (const auto speed = said("Rate"))
+        m_speed = std::fmin(std::fmax(speed->toDouble(), 0), fastest); // NaN counts as 0
+    if (const auto status = said("PlaybackStatus"); status && statusOf(status->toString()) != m_status) {
         m_status = statusOf(status->toString());
         m_stopped = m_status == PlaybackState::Stopped ? std::optional(now) : std::nullopt;
         isChanged = true;
     }
     m_tally.setRate(rate(), now);
-    if (const auto position = properties.constFind(QStringLiteral("Position"));
-        position != properties.constEnd()) {
-        // Of a read. A jump back to the start found this way is no repetition: only signals are timely.
-        if (m_metadataChanged || !m_tally.isOn())
-            m_reported = ReportedPosition{positionOf(microseconds(position->toLongLong())), now};
-    }
+    // Of a read. A jump back to the start found this way is no repetition: only signals are timely.
+    if (const auto position = said("Position"); position && (m_metadataChanged || !m_tally.isOn()))
+        m_reported = ReportedPosition{positionOf(microseconds(position->toLongLong())), now};
     return isChanged;
 }
 

@@ -36,7 +36,7 @@ MprisSystemMusicPlayer::MprisSystemMusicPlayer(const SongMatching &library, cons
 {
     m_workers.setMaxThreadCount(mostLookUps);
     connect(&m_follower, &MprisFollower::trackWasPlayed, this, &MprisSystemMusicPlayer::countPlay);
-    connect(&m_follower, &MprisFollower::currentDidChange, this, &MprisSystemMusicPlayer::lookUpCurrent);
+    connect(&m_follower, &MprisFollower::currentDidChange, this, &MprisSystemMusicPlayer::refresh);
     connect(&m_follower, &MprisFollower::surveyDidEnd, this, [this] {
         m_hasSurveyed = true;
         if (m_follower.current())
@@ -49,8 +49,6 @@ MprisSystemMusicPlayer::MprisSystemMusicPlayer(const SongMatching &library, cons
     connect(&m_answerLimit, &QTimer::timeout, this, &MprisSystemMusicPlayer::tellAnswer);
     m_follower.start();
 }
-
-MprisSystemMusicPlayer::~MprisSystemMusicPlayer() = default;
 
 void MprisSystemMusicPlayer::beginGeneratingPlaybackNotifications()
 {
@@ -101,11 +99,6 @@ void MprisSystemMusicPlayer::tellAnswer()
 }
 
 void MprisSystemMusicPlayer::refresh()
-{
-    lookUpCurrent();
-}
-
-void MprisSystemMusicPlayer::lookUpCurrent()
 {
     const auto request = ++m_latestLookUp;
     m_isLookingUp = m_follower.current().has_value();

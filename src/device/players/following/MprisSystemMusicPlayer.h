@@ -25,7 +25,6 @@ public:
     /// on the bus.
     MprisSystemMusicPlayer(const SongMatching &library, const QDBusConnection &bus, const QString &appId,
                            QObject *parent = nullptr);
-    ~MprisSystemMusicPlayer() override;
 
     [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return m_item; }
     void beginGeneratingPlaybackNotifications() override;
@@ -50,7 +49,6 @@ Q_SIGNALS:
     void songWasPlayed(trackwise::PersistentID song);
 
 private:
-    void lookUpCurrent();
     void show(std::optional<MediaItem> item);
     void becomeReady();
     [[nodiscard]] bool isAnswerAwaited() const;

@@ -46,12 +46,11 @@ PlayerBus::PlayerBus(const QDBusConnection &bus, Filter isWanted, QObject *paren
 
 void PlayerBus::start()
 {
-    m_isSurveying = true;
     if (!m_bus.isConnected()) {
-        m_isSurveying = false;
         Q_EMIT surveyDidEnd();
         return;
     }
+    m_isSurveying = true;
     // One subscription for all players: a sender's messages are told apart by its unique name. A
     // subscription by well-known name would ask the bus for its owner, and wait.
     const QString busItself = QStringLiteral("org.freedesktop.DBus");

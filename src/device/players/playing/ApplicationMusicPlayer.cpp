@@ -7,19 +7,6 @@ namespace trackwise {
 
 namespace {
 
-PlaybackState stateOf(FilePlayback::State state)
-{
-    switch (state) {
-    case FilePlayback::State::Playing:
-        return PlaybackState::Playing;
-    case FilePlayback::State::Paused:
-        return PlaybackState::Paused;
-    case FilePlayback::State::Stopped:
-        break;
-    }
-    return PlaybackState::Stopped;
-}
-
 PlaybackTally::Time now()
 {
     return std::chrono::steady_clock::now();
@@ -181,7 +168,7 @@ void ApplicationMusicPlayer::continueAfter(PlaybackTally::Ending ending)
 
 void ApplicationMusicPlayer::refreshState()
 {
-    const PlaybackState state = stateOf(m_playback.state());
+    const PlaybackState state = m_playback.state();
     m_tally.setRate(state == PlaybackState::Playing ? 1 : 0, now());
     if (state == PlaybackState::Paused)
         m_wantsToPlay = false; // by whomever: the output may be gone

@@ -20,6 +20,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <cmath>
 
 namespace trackwise {
 
@@ -50,6 +51,14 @@ std::unique_ptr<QFile> openRegularFile(const QByteArray &path)
         return nullptr;
     }
     return file;
+}
+
+/// Null where the library does not know it, or not yet.
+QAudioDevice outputNamed(const QByteArray &name)
+{
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    const auto found = std::ranges::find(outputs, name, &QAudioDevice::id);
+    return found == outputs.end() ? QAudioDevice() : *found;
 }
 
 } // namespace
@@ -122,7 +131,7 @@ void FilePlayback::openAgain()
 void FilePlayback::pause()
 {
     m_playUntil = {};
-    if (m_file && state() == State::Playing)
+    if (m_file && state() == PlaybackState::Playing)
         m_player->pause();
 }
 
@@ -139,24 +148,24 @@ void FilePlayback::seek(Milliseconds position)
         m_player->setPosition(std::clamp(position, Milliseconds(0), duration()).count());
 }
 
-FilePlayback::State FilePlayback::state() const
+PlaybackState FilePlayback::state() const
 {
     if (!m_file)
-        return State::Stopped;
+        return PlaybackState::Stopped;
     switch (m_player->playbackState()) {
     case QMediaPlayer::PlayingState:
-        return State::Playing;
+        return PlaybackState::Playing;
     case QMediaPlayer::PausedState:
-        return State::Paused;
+        return PlaybackState::Paused;
     case QMediaPlayer::StoppedState:
         break;
     }
-    return State::Stopped;
+    return PlaybackState::Stopped;
 }
 
 FilePlayback::Milliseconds FilePlayback::position() const
 {
-    if (state() == State::Stopped)
+    if (state() == PlaybackState::Stopped)
         return Milliseconds(0);
     return std::clamp(Milliseconds(m_player->position()), Milliseconds(0), duration());
 }
@@ -168,7 +177,7 @@ FilePlayback::Milliseconds FilePlayback::duration() const
 
 void FilePlayback::setVolume(double volume)
 {
-    m_volume = std::clamp(volume, 0.0, 1.0);
+    m_volume = std::fmin(std::fmax(volume, 0), 1); // NaN counts as 0
     applyVolume();
 }
 
@@ -191,10 +200,10 @@ void FilePlayback::ensurePlayer()
             });
     // Queued: the player must not lose its file from within its own signal.
     const auto fail = [this] {
-        if (!m_file || m_player->error() == QMediaPlayer::NoError)
-            return;
-        unload();
-        Q_EMIT didFail();
+        if (m_file && m_player->error() != QMediaPlayer::NoError) {
+            unload();
+            Q_EMIT didFail();
+        }
     };
     connect(m_player.get(), &QMediaPlayer::errorOccurred, this, fail, Qt::QueuedConnection);
 }
@@ -220,11 +229,7 @@ bool FilePlayback::hasOutput()
         returnToServer();
     if (m_isServerLost)
         return false;
-    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
-    const bool isThere = std::any_of(outputs.begin(), outputs.end(), [this](const QAudioDevice &output) {
-        return output.id() == m_output->device().id();
-    });
-    if (!isThere)
+    if (outputNamed(m_output->device().id()).isNull())
         m_output->setDevice(QMediaDevices::defaultAudioOutput());
     return !m_output->device().isNull();
 }
@@ -234,16 +239,10 @@ void FilePlayback::followDefaultOutput()
 {
     if (m_output->device().id() == m_wantedOutput)
         return;
-    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
-    const auto wanted = std::find_if(outputs.begin(), outputs.end(), [this](const QAudioDevice &output) {
-        return output.id() == m_wantedOutput;
-    });
-    if (wanted == outputs.end()) {
-        if (++m_attempts < mostOutputAttempts)
-            m_nextAttempt.start();
-        return;
-    }
-    m_output->setDevice(*wanted);
+    if (const QAudioDevice wanted = outputNamed(m_wantedOutput); !wanted.isNull())
+        m_output->setDevice(wanted);
+    else if (++m_attempts < mostOutputAttempts)
+        m_nextAttempt.start();
 }
 
 /// The sound server has gone. The song stands where it was, without an output, until the library has

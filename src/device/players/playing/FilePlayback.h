@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/MusicPlayer.h"
+
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
@@ -26,7 +28,6 @@ class FilePlayback : public QObject
 
 public:
     using Milliseconds = std::chrono::milliseconds;
-    enum class State { Stopped, Playing, Paused };
 
     explicit FilePlayback(QObject *parent = nullptr);
     ~FilePlayback() override;
@@ -44,7 +45,7 @@ public:
     void stop(); ///< and goes back to the beginning
     void seek(Milliseconds position);
 
-    [[nodiscard]] State state() const;
+    [[nodiscard]] PlaybackState state() const;
     [[nodiscard]] Milliseconds position() const;             ///< never beyond the duration
     [[nodiscard]] Milliseconds duration() const;             ///< zero: not known yet
     [[nodiscard]] double volume() const { return m_volume; } ///< 0 to 1, as ears judge loudness

@@ -21,16 +21,6 @@ MprisRootAdaptor::MprisRootAdaptor(MprisPublisher &publisher)
     , m_publisher(publisher)
 {}
 
-QStringList MprisRootAdaptor::supportedUriSchemes() const
-{
-    return {};
-}
-
-QStringList MprisRootAdaptor::supportedMimeTypes() const
-{
-    return {};
-}
-
 void MprisRootAdaptor::Raise()
 {
     if (canRaise())

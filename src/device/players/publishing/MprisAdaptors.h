@@ -30,8 +30,8 @@ public:
     [[nodiscard]] bool hasTrackList() const { return false; }
     [[nodiscard]] QString identity() const { return m_publisher.settings().name; }
     [[nodiscard]] QString desktopEntry() const { return m_publisher.settings().appId; }
-    [[nodiscard]] QStringList supportedUriSchemes() const;
-    [[nodiscard]] QStringList supportedMimeTypes() const;
+    [[nodiscard]] QStringList supportedUriSchemes() const { return {}; }
+    [[nodiscard]] QStringList supportedMimeTypes() const { return {}; }
 
 public Q_SLOTS:
     void Raise();

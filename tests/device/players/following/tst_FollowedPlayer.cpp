@@ -54,6 +54,16 @@ private Q_SLOTS:
         followed.settle(now);
         now += 80s;
         QCOMPARE(titleOf(followed.quit(now)), u"Four"_s);
+
+        followed.take(properties(u"Five"_s, u"Playing"_s, 0), now);
+        followed.take({{u"Rate"_s, qQNaN()}}, now); // stands still
+        followed.settle(now);
+        now += 200s;
+        followed.take({{u"Rate"_s, 1}}, now);
+        followed.take(properties(u"Five"_s, u"Playing"_s), now);
+        followed.settle(now);
+        now += 199s;
+        QCOMPARE(titleOf(followed.quit(now)), u"Five"_s);
     }
 };
 

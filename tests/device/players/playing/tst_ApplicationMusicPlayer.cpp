@@ -225,7 +225,7 @@ private Q_SLOTS:
         m_sound.control("set-default-sink headphones");
         QTRY_VERIFY(!sinkOfStream().isEmpty() && sinkOfStream() != before);
         QTRY_COMPARE(streams().count(u'\n'), 1);
-        QCOMPARE(playback.state(), FilePlayback::State::Playing);
+        QCOMPARE(playback.state(), PlaybackState::Playing);
         const auto position = playback.position();
         QTRY_VERIFY(playback.position() > position + 100ms);
         QVERIFY(playback.position() < position + 5s);

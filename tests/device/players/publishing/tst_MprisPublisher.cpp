@@ -176,8 +176,13 @@ private Q_SLOTS:
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Stopped);
         playerctl({u"play"_s});
         QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
-        const QVariant noSpeed = QVariant::fromValue(QDBusVariant(0.0));
-        QVERIFY(call(propertiesInterface, "Set", {QString(mprisPlayerInterface), u"Rate"_s, noSpeed}));
+        const auto set = [](const QString &property, double value) {
+            return call(propertiesInterface, "Set",
+                        {QString(mprisPlayerInterface), property, QVariant::fromValue(QDBusVariant(value))});
+        };
+        QVERIFY(set(u"Volume"_s, qQNaN()));
+        QCOMPARE(m_player->volume(), 0.0);
+        QVERIFY(set(u"Rate"_s, 0));
         QTRY_COMPARE(playerctl({u"status"_s}), u"Paused"_s);
         playerctl({u"stop"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Stopped"_s);
