@@ -270,7 +270,7 @@ bool measureSwitching(App &app, const std::vector<MediaItem> &songs, const std::
     key.setTimerType(Qt::PreciseTimer);
     QObject::connect(&key, &QTimer::timeout, &app.window(), [&] {
         const double start = threadCpuSeconds() * 1e3;
-        app.detail().displayMediaItem(songs.at(shown), false, false);
+        app.detail().displayMediaItem(songs.at(shown), {.showsNotInLibraryAlert = false});
         commands.push_back(threadCpuSeconds() * 1e3 - start);
         if (++shown == songs.size())
             loop.quit();
@@ -306,7 +306,7 @@ int main(int argc, char *argv[])
     const QTemporaryDir folder;
     const std::vector<MediaItem> songs = makeSongs(folder);
     App app(songs);
-    app.detail().displayMediaItem(songs.front(), false, false);
+    app.detail().displayMediaItem(songs.front(), {.showsNotInLibraryAlert = false});
     wait(1000);
     constexpr QSize phone(360, 720);
     constexpr QSize tablet(1024, 768);

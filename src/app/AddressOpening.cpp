@@ -39,10 +39,8 @@ std::optional<QByteArray> fileOfAddress(const QString &address)
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
 }
 
-AddressOpening::AddressOpening(MediaLibrary &library, LibraryScan &scan, SongOfFile songOfFile,
-                               QObject *parent)
+AddressOpening::AddressOpening(LibraryScan &scan, SongOfFile songOfFile, QObject *parent)
     : QObject(parent)
-    , m_library(library)
     , m_scan(scan)
     , m_songOfFile(std::move(songOfFile))
 {
@@ -60,16 +58,8 @@ void AddressOpening::open(const QStringList &addresses, DetailViewController &de
         detail.handleDroppedURLs(addresses);
         return;
     }
-    // It goes with the window, and the request with it.
-    auto *gate = new LibraryAccessGate(
-        m_library,
-        [&detail](const AlertMessage &m) {
-            detail.presentAlert(m.title, m.message, m.includesOpenMusic, m.includesOpenSettings);
-        },
-        &detail);
     const Wanted wanted{*fileOfAddress(addresses.front()), &detail};
-    gate->requestLibraryAccess(RefusalAlerts::Shown, [this, gate, wanted](bool authorized) {
-        gate->deleteLater();
+    detail.requestLibraryAccess([this, wanted](bool authorized) {
         if (authorized)
             show(wanted);
     });
@@ -80,18 +70,19 @@ void AddressOpening::show(const Wanted &wanted)
     if (!wanted.detail)
         return;
     if (const std::optional<MediaItem> song = m_songOfFile(wanted.file)) {
-        wanted.detail->displayMediaItem(*song, false, true);
+        wanted.detail->displayMediaItem(*song, {});
     } else if (m_scan.progress().isRunning) {
         m_wanted = wanted;
     } else {
         const QString path = QFile::decodeName(wanted.file);
+        const bool isThere = QFile::exists(path);
         wanted.detail->presentAlert(
-            tr("Song Not Found"),
-            QFile::exists(path) ? tr("There is no song “%1” in your music library. Music folders are chosen "
+            {.title = tr("Song Not Found"),
+             .message = isThere ? tr("There is no song “%1” in your music library. Music folders are chosen "
                                      "in the settings.")
                                       .arg(path)
                                 : tr("There is no file “%1”.").arg(path),
-            false, QFile::exists(path));
+             .includesOpenSettings = isThere});
     }
 }
 

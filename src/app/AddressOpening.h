@@ -14,7 +14,6 @@ namespace trackwise {
 
 class DetailViewController;
 class LibraryScan;
-class MediaLibrary;
 
 /// Whether an operand of a start has a scheme, rather than being the path of a file.
 [[nodiscard]] bool isAddress(const QString &operand);
@@ -36,8 +35,7 @@ public:
     using SongOfFile = std::function<std::optional<MediaItem>(const QByteArray &path)>;
 
     /// Must outlive the windows; what it is given must outlive this object.
-    AddressOpening(MediaLibrary &library, LibraryScan &scan, SongOfFile songOfFile,
-                   QObject *parent = nullptr);
+    AddressOpening(LibraryScan &scan, SongOfFile songOfFile, QObject *parent = nullptr);
 
     void open(const QStringList &addresses, DetailViewController &detail);
 
@@ -50,7 +48,6 @@ private:
 
     void show(const Wanted &wanted);
 
-    MediaLibrary &m_library;
     LibraryScan &m_scan;
     SongOfFile m_songOfFile;
     std::optional<Wanted> m_wanted; ///< may still come, with the scan that runs

@@ -65,7 +65,7 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
           QTimeZone::systemTimeZone()}
     , m_containerServices{device.player,    preferences,      m_artworkServices,
                           device.addresses, device.storePage, [] { return QDateTime::currentDateTime(); }}
-    , m_opening(device.library, device.scan, device.songOfFile)
+    , m_opening(device.scan, device.songOfFile)
 {
     prepareEngine(m_engine);
     m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));

@@ -30,35 +30,36 @@ std::unique_ptr<Alert> makeAlert(const AlertMessage &message, const AlertDestina
 AlertMessage songNotAddedToLibrary()
 {
     return {
-        Texts::tr("Song Not Added to Library"),
-        Texts::tr(
+        .title = Texts::tr("Song Not Added to Library"),
+        .message = Texts::tr(
             "This song needs to be added to your Music Library to access its information. You can do this "
             "in the Music app."),
-        true, false};
+        .includesOpenMusic = true};
 }
 
 AlertMessage libraryAccessDenied()
 {
     return {
-        Texts::tr("No Music Access"),
-        Texts::tr(
+        .title = Texts::tr("No Music Access"),
+        .message = Texts::tr(
             "Trackwise does not currently have access to your music library. Please turn on Media & Apple "
             "Music access in the Settings app."),
-        false, true};
+        .includesOpenSettings = true};
 }
 
 AlertMessage libraryAccessRestricted()
 {
-    return {
-        Texts::tr("No Music Access"),
-        Texts::tr("Trackwise does not have access to your music library due to restrictions enabled on your "
-                  "device."),
-        false, true};
+    return {.title = Texts::tr("No Music Access"),
+            .message = Texts::tr("Trackwise does not have access to your music library due to restrictions "
+                                 "enabled on your device."),
+            .includesOpenSettings = true};
 }
 
 AlertMessage noSongPlaying()
 {
-    return {Texts::tr("No Song Playing"), Texts::tr("Would you like to play something?"), true, false};
+    return {.title = Texts::tr("No Song Playing"),
+            .message = Texts::tr("Would you like to play something?"),
+            .includesOpenMusic = true};
 }
 
 } // namespace trackwise

@@ -10,6 +10,8 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include <utility>
+
 namespace trackwise {
 
 DetailViewController::DetailViewController(const DetailServices &services, Presentation &presentation,
@@ -19,19 +21,22 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
     , m_presentation(presentation)
     , m_moreMenu(new MoreMenu([this](MoreCommand command) { perform(command); }, this))
     , m_gate(new LibraryAccessGate(
-          services.library, [this](const AlertMessage &m) { presentMessage(m); }, this))
+          services.library, [this](const AlertMessage &message) { presentAlert(message); }, this))
     , m_nowPlaying(new NowPlayingSource(
           services.systemPlayer, *m_gate,
           [this](const MediaItem &song, bool showsNotInLibraryAlert, const Completion &completion) {
-              displayMediaItem(song, true, showsNotInLibraryAlert, completion);
+              displayMediaItem(song, {.isNowPlaying = true, .showsNotInLibraryAlert = showsNotInLibraryAlert},
+                               completion);
           },
-          [this](const AlertMessage &m) { presentMessage(m); }, this))
+          [this](const AlertMessage &message) { presentAlert(message); }, this))
     , m_picker(new SongPickerSource(presentation, services.makePicker, services.connectedScenes, this))
-    , m_linkDrop(
-          new LinkDrop(*m_gate, services.library, services.catalog, services.searches, linkActions(), this))
+    , m_linkDrop(new LinkDrop(*m_gate, services.library, services.catalog, services.searches,
+                              {.presentAlert = [this](const AlertMessage &message) { presentAlert(message); },
+                               .display = [this](const MediaItem &song) { displayMediaItem(song, {}); }},
+                              this))
 {
     connect(m_picker, &SongPickerSource::didPickSong, this,
-            [this](const MediaItem &song) { displayMediaItem(song, false, true); });
+            [this](const MediaItem &song) { displayMediaItem(song, {}); });
     connect(m_picker, &SongPickerSource::folderWanted, this, [this] {
         m_presentation.dismiss([controller = QPointer(this)] {
             if (controller)
@@ -73,13 +78,6 @@ void DetailViewController::showPlayingSongAtStart()
     setNoSongLabelVisible(true);
 }
 
-LinkDrop::Actions DetailViewController::linkActions()
-{
-    return {[this](const AlertMessage &message) { presentMessage(message); },
-            [this](const MediaItem &song) { show(song, false); },
-            [this](const MediaItem &song) { displayMediaItem(song, false, true); }};
-}
-
 void DetailViewController::handleDroppedURLs(const QStringList &addresses)
 {
     m_linkDrop->handleDroppedURLs(addresses);
@@ -92,79 +90,74 @@ void DetailViewController::pasteLink()
         m_linkDrop->handleDroppedURLs(droppedUrls(*pasted));
 }
 
-void DetailViewController::displayMediaItem(const MediaItem &mediaItem, bool isNowPlaying,
-                                            bool showsNotInLibraryAlert, const Completion &completion)
+void DetailViewController::displayMediaItem(const MediaItem &mediaItem, const Display &display,
+                                            const Completion &completion)
 {
     const bool isInLibrary = mediaItem.persistentID.isInLibrary();
-    if (isInLibrary)
-        show(mediaItem, isNowPlaying);
-    else if (showsNotInLibraryAlert)
-        presentMessage(songNotAddedToLibrary());
+    if (isInLibrary) {
+        if (!display.isNowPlaying)
+            m_nowPlaying->dropSilentRequests();
+        m_isTrackingNowPlaying = display.isNowPlaying;
+        showInformationView(mediaItem);
+        updateMoreMenu();
+        if (m_tellDelegate)
+            m_tellDelegate(mediaItem, display.isNowPlaying);
+    } else if (display.showsNotInLibraryAlert) {
+        presentAlert(songNotAddedToLibrary());
+    }
     if (completion)
         completion(isInLibrary);
-}
-
-void DetailViewController::show(const MediaItem &mediaItem, bool isNowPlaying)
-{
-    if (!isNowPlaying)
-        m_nowPlaying->dropSilentRequests();
-    m_isTrackingNowPlaying = isNowPlaying;
-    showInformationView(mediaItem);
-    updateMoreMenu();
-    tellDelegate(mediaItem, isNowPlaying);
 }
 
 void DetailViewController::showInformationView(const MediaItem &mediaItem)
 {
     setNoSongLabelVisible(false);
-    // The old view is taken off the screen before what it shows goes.
-    const std::unique_ptr<ArtworkView> oldArtwork = std::move(m_artworkView);
-    const std::unique_ptr<InformationView> old = std::move(m_informationView);
-    m_artworkView = std::make_unique<ArtworkView>(
-        ArtworkContent{mediaItem, m_isTrackingNowPlaying, true, false}, m_services.artwork);
-    m_informationView = makeInformationView(mediaItem);
+    // The old views are taken off the screen before what they show goes.
+    const auto old = std::exchange(m_views, {});
+    m_views.artwork = std::make_unique<ArtworkView>(ArtworkContent{.mediaItem = mediaItem,
+                                                                   .isNowPlaying = m_isTrackingNowPlaying,
+                                                                   .supportsPlayback = true},
+                                                    m_services.artwork);
+    m_views.information = makeInformationView(mediaItem);
     m_visibleMediaItem = mediaItem;
     Q_EMIT songDidChange();
 }
 
 std::unique_ptr<InformationView> DetailViewController::makeInformationView(const MediaItem &mediaItem)
 {
-    InformationView::Song song{mediaItem, m_isTrackingNowPlaying, true, {}};
-    song.lyricsAction = [controller = QPointer(this)] {
-        if (controller && controller->m_visibleMediaItem)
-            controller->presentLyrics(*controller->m_visibleMediaItem);
-    };
+    InformationView::Song song{.mediaItem = mediaItem,
+                               .isNowPlaying = m_isTrackingNowPlaying,
+                               .supportsPlayback = true,
+                               .lyricsAction = [controller = QPointer(this)] {
+                                   if (controller && controller->m_visibleMediaItem)
+                                       controller->presentLyrics(*controller->m_visibleMediaItem);
+                               }};
     return std::make_unique<InformationView>(std::move(song), m_services.preferences, m_services.locale,
                                              m_services.zone);
 }
 
 void DetailViewController::clearSelectedSong()
 {
-    if (!m_informationView)
+    if (!m_visibleMediaItem)
         return;
     m_nowPlaying->dropSilentRequests();
     setNoSongLabelVisible(true);
-    const std::unique_ptr<ArtworkView> oldArtwork = std::move(m_artworkView);
-    const std::unique_ptr<InformationView> old = std::move(m_informationView);
+    const auto old = std::exchange(m_views, {});
     m_isTrackingNowPlaying = false;
     m_visibleMediaItem.reset();
     Q_EMIT songDidChange();
-    tellDelegate(std::nullopt, false);
+    if (m_tellDelegate)
+        m_tellDelegate(std::nullopt, false);
     updateMoreMenu();
 }
 
 void DetailViewController::updateMoreMenu()
 {
-    m_moreMenu->update({m_informationView != nullptr, m_services.openSettings != nullptr});
+    m_moreMenu->update(
+        {.showsSong = m_visibleMediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr});
 }
 
-void DetailViewController::presentAlert(const QString &title, const QString &message, bool includesOpenMusic,
-                                        bool includesOpenSettings)
-{
-    presentMessage({title, message, includesOpenMusic, includesOpenSettings});
-}
-
-void DetailViewController::presentMessage(const AlertMessage &message)
+void DetailViewController::presentAlert(const AlertMessage &message)
 {
     AlertDestinations destinations;
     destinations.openMusic = [&addresses = m_services.addresses] {
@@ -179,10 +172,14 @@ void DetailViewController::presentMessage(const AlertMessage &message)
     m_presentation.presentAlert(makeAlert(message, destinations));
 }
 
+void DetailViewController::requestLibraryAccess(std::function<void(bool)> then)
+{
+    m_gate->requestLibraryAccess(RefusalAlerts::Shown, std::move(then));
+}
+
 void DetailViewController::selectSongFromLibrary()
 {
-    m_gate->requestLibraryAccess(RefusalAlerts::Shown,
-                                 [this](bool authorized) { m_picker->presentMediaPicker(authorized); });
+    requestLibraryAccess([this](bool authorized) { m_picker->presentMediaPicker(authorized); });
 }
 
 void DetailViewController::selectNowPlayingSong(bool showsAlerts, Completion completion)
@@ -204,8 +201,7 @@ void DetailViewController::selectSongFromNowPlaying()
 
 void DetailViewController::systemNowPlayingItemDidChange()
 {
-    if (m_isTrackingNowPlaying || m_nowPlaying->stopWaitingForSongOfStart())
-        selectNowPlayingSong(false);
+    m_nowPlaying->nowPlayingItemDidChange(m_isTrackingNowPlaying);
 }
 
 // A play of the shown song was counted, or its file was retagged. It is the same song: nobody has chosen
@@ -218,16 +214,16 @@ void DetailViewController::refreshVisibleMediaItem()
     if (!now || *now == *m_visibleMediaItem)
         return;
     m_visibleMediaItem = now;
-    m_artworkView->setMediaItem(*now);
-    m_informationView->setMediaItem(*now);
+    m_views.artwork->setMediaItem(*now);
+    m_views.information->setMediaItem(*now);
     Q_EMIT visibleMediaItemDidChange();
 }
 
 void DetailViewController::timeZoneDidChange()
 {
     refreshVisibleMediaItem(); // a release date is the start of a day in the time zone
-    if (m_informationView)
-        m_informationView->setTimeZone(m_services.zone);
+    if (m_views.information)
+        m_views.information->setTimeZone(m_services.zone);
 }
 
 void DetailViewController::presentLyrics(const MediaItem &mediaItem)
@@ -261,12 +257,6 @@ void DetailViewController::setNoSongLabelVisible(bool visible)
         return;
     m_noSongLabelVisible = visible;
     Q_EMIT noSongLabelDidChange();
-}
-
-void DetailViewController::tellDelegate(const std::optional<MediaItem> &mediaItem, bool isNowPlaying)
-{
-    if (m_delegateObject)
-        m_delegate->detailViewControllerDidChangeMediaItem(mediaItem, isNowPlaying);
 }
 
 } // namespace trackwise

@@ -46,24 +46,31 @@ public:
     template <typename Delegate>
     void setDelegate(Delegate *delegate)
     {
-        m_delegate = delegate;
-        m_delegateObject = delegate;
+        m_tellDelegate = [object = QPointer(delegate)](const auto &mediaItem, bool isNowPlaying) {
+            if (object)
+                object->detailViewControllerDidChangeMediaItem(mediaItem, isNowPlaying);
+        };
     }
 
     /// To be called once, when the view is there: shows what is playing now, and follows it.
     void viewDidLoad();
 
+    /// How a song comes on the screen.
+    struct Display
+    {
+        bool isNowPlaying = false; ///< it follows the system's player
+        bool showsNotInLibraryAlert = true;
+    };
     /// Shows a song of the library. One that is not in it (persistent identifier 0) is refused: the song
     /// shown before stays. @p completion, which may be empty, is told whether the song was shown.
-    void displayMediaItem(const MediaItem &mediaItem, bool isNowPlaying, bool showsNotInLibraryAlert,
+    void displayMediaItem(const MediaItem &mediaItem, const Display &display,
                           const Completion &completion = {});
-    /// Rebuilds the information view. For displayMediaItem() and the search for a dropped link only.
-    void showInformationView(const MediaItem &mediaItem);
     void updateMoreMenu();
     /// The time zone of the services is another one: the dates shown follow.
     void timeZoneDidChange();
-    void presentAlert(const QString &title, const QString &message, bool includesOpenMusic,
-                      bool includesOpenSettings);
+    void presentAlert(const AlertMessage &message);
+    /// Asks for access to the library, says why there is none, then calls @p then with whether there is.
+    void requestLibraryAccess(std::function<void(bool authorized)> then);
 
     void selectNowPlayingSong(bool showsAlerts, Completion completion = {});
     void selectSongFromNowPlaying();
@@ -78,9 +85,9 @@ public:
 
     [[nodiscard]] const std::optional<MediaItem> &visibleMediaItem() const { return m_visibleMediaItem; }
     [[nodiscard]] bool isTrackingNowPlaying() const { return m_isTrackingNowPlaying; }
-    [[nodiscard]] InformationView *informationView() const { return m_informationView.get(); }
+    [[nodiscard]] InformationView *informationView() const { return m_views.information.get(); }
     /// Stands above the list in narrow windows; there while the list is.
-    [[nodiscard]] ArtworkView *artworkView() const { return m_artworkView.get(); }
+    [[nodiscard]] ArtworkView *artworkView() const { return m_views.artwork.get(); }
     [[nodiscard]] bool isNoSongLabelVisible() const { return m_noSongLabelVisible; }
     [[nodiscard]] MoreMenu *moreMenu() const { return m_moreMenu; }
     [[nodiscard]] Presentation *presentation() const { return &m_presentation; }
@@ -94,25 +101,24 @@ Q_SIGNALS:
 
 private:
     void showPlayingSongAtStart();
-    void show(const MediaItem &mediaItem, bool isNowPlaying);
+    void showInformationView(const MediaItem &mediaItem);
     void systemNowPlayingItemDidChange();
-    [[nodiscard]] LinkDrop::Actions linkActions();
     void refreshVisibleMediaItem();
-    void presentMessage(const AlertMessage &message);
     void perform(MoreCommand command);
     void setNoSongLabelVisible(bool visible);
-    void tellDelegate(const std::optional<MediaItem> &mediaItem, bool isNowPlaying);
     [[nodiscard]] std::unique_ptr<InformationView> makeInformationView(const MediaItem &mediaItem);
 
     const DetailServices &m_services;
     Presentation &m_presentation;
-    DetailViewControllerDelegate *m_delegate = nullptr;
-    QPointer<QObject> m_delegateObject;
+    std::function<void(const std::optional<MediaItem> &, bool isNowPlaying)> m_tellDelegate;
     std::optional<MediaItem> m_visibleMediaItem;
     bool m_isTrackingNowPlaying = false;
     bool m_noSongLabelVisible = false;
-    std::unique_ptr<ArtworkView> m_artworkView;
-    std::unique_ptr<InformationView> m_informationView;
+    struct
+    {
+        std::unique_ptr<ArtworkView> artwork;
+        std::unique_ptr<InformationView> information;
+    } m_views; ///< of the visible song
     MoreMenu *m_moreMenu;
     LibraryAccessGate *m_gate;
     NowPlayingSource *m_nowPlaying;

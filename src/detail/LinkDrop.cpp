@@ -75,12 +75,10 @@ void LinkDrop::searchLibrary(const QString &identifier)
 
 void LinkDrop::libraryWasSearched(const std::optional<MediaItem> &song, const QString &identifier)
 {
-    if (!song)
-        lookUpCatalogSong(identifier);
-    else if (!song->persistentID.isInLibrary())
-        m_actions.presentAlert(songNotAddedToLibrary());
+    if (song)
+        m_actions.display(*song);
     else
-        m_actions.showLibrarySong(*song);
+        lookUpCatalogSong(identifier);
 }
 
 void LinkDrop::lookUpCatalogSong(const QString &identifier)
@@ -102,7 +100,7 @@ void LinkDrop::catalogAnswered(const Result<CatalogSong> &answer)
         },
         [this](const std::optional<MediaItem> &song) {
             if (song)
-                m_actions.displayCatalogSong(*song);
+                m_actions.display(*song);
             else
                 m_actions.presentAlert(couldNotFindSong());
         });

@@ -30,10 +30,7 @@ public:
     struct Actions
     {
         std::function<void(const AlertMessage &)> presentAlert;
-        /// Shows a song of the library that has the link's catalog identifier.
-        std::function<void(const MediaItem &)> showLibrarySong;
-        /// Displays a song that was found by the catalog's title, artist and album.
-        std::function<void(const MediaItem &)> displayCatalogSong;
+        std::function<void(const MediaItem &)> display; ///< the song that was found
     };
 
     /// Everything that is referred to must outlive this object and the work on @p pool.

@@ -18,33 +18,33 @@ NowPlayingSource::NowPlayingSource(SystemMusicPlayer &player, LibraryAccessGate 
 
 void NowPlayingSource::selectNowPlayingSong(bool showsAlerts, Completion completion)
 {
-    m_gate.requestLibraryAccess(showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
-                                [source = QPointer(this), showsAlerts, choices = m_choices,
-                                 completion = std::move(completion)](bool authorized) {
-                                    NowPlayingSource *self = source;
-                                    if (!self || !authorized)
-                                        return;
-                                    if (showsAlerts)
-                                        self->takeAnswer(completion);
-                                    else if (choices == self->m_choices)
-                                        self->take(false, completion);
-                                });
+    ask(showsAlerts, [this, showsAlerts, completion = std::move(completion)](const Answer &song) {
+        take(song, showsAlerts, completion);
+    });
 }
 
 void NowPlayingSource::selectSongOfStart()
 {
-    selectNowPlayingSong(false, [this](bool shown) {
-        if (!shown)
-            m_unknownSongOfStart = m_player.nowPlayingItem();
+    ask(false, [this](const Answer &song) {
+        take(song, false, [this, song](bool shown) {
+            if (!shown)
+                m_unknownSongOfStart = song;
+        });
     });
 }
 
-bool NowPlayingSource::stopWaitingForSongOfStart()
+void NowPlayingSource::nowPlayingItemDidChange(bool isFollowed)
 {
-    const auto awaited = std::exchange(m_unknownSongOfStart, std::nullopt);
-    const std::optional<MediaItem> now = m_player.nowPlayingItem();
-    return awaited && now && now->persistentID.isInLibrary() && now->title == awaited->title &&
-           now->artist == awaited->artist;
+    const bool isAwaited = isSongOfStart(m_player.nowPlayingItem());
+    m_unknownSongOfStart.reset();
+    if (isFollowed || isAwaited)
+        selectNowPlayingSong(false, {});
+}
+
+bool NowPlayingSource::isSongOfStart(const Answer &song) const
+{
+    return m_unknownSongOfStart && song && song->persistentID.isInLibrary() &&
+           song->title == m_unknownSongOfStart->title && song->artist == m_unknownSongOfStart->artist;
 }
 
 void NowPlayingSource::dropSilentRequests()
@@ -54,17 +54,28 @@ void NowPlayingSource::dropSilentRequests()
     m_unknownSongOfStart.reset();
 }
 
-void NowPlayingSource::takeAnswer(const Completion &completion)
+void NowPlayingSource::ask(bool showsAlerts, SystemMusicPlayer::AnswerHandler then)
 {
-    m_player.whenAnswered([source = QPointer(this), request = ++m_requests, completion] {
-        if (source && request == source->m_requests)
-            source->take(true, completion);
-    });
+    m_gate.requestLibraryAccess(
+        showsAlerts ? RefusalAlerts::Shown : RefusalAlerts::Silent,
+        [source = QPointer(this), showsAlerts, choices = m_choices, then = std::move(then)](bool authorized) {
+            if (!source || !authorized)
+                return;
+            if (!showsAlerts) {
+                if (choices == source->m_choices)
+                    then(source->m_player.nowPlayingItem());
+                return;
+            }
+            source->m_player.whenAnswered([source, request = ++source->m_requests, then](const Answer &song) {
+                if (source && request == source->m_requests)
+                    then(song);
+            });
+        });
 }
 
-void NowPlayingSource::take(bool showsAlerts, const Completion &completion)
+void NowPlayingSource::take(const Answer &song, bool showsAlerts, const Completion &completion)
 {
-    if (const std::optional<MediaItem> song = m_player.nowPlayingItem()) {
+    if (song) {
         m_display(*song, showsAlerts, completion);
         return;
     }

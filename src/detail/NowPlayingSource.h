@@ -31,23 +31,27 @@ public:
     /// The silent request of a window that has just opened. A song that the library does not have yet, since
     /// it is being read for the first time, is waited for.
     void selectSongOfStart();
-    /// Ends the waiting; whether what plays now is the song that was waited for, known by now.
-    [[nodiscard]] bool stopWaitingForSongOfStart();
+    /// The player has another song, or the library knows more about it: it is shown where the player is
+    /// followed, or where it is the song of the start.
+    void nowPlayingItemDidChange(bool isFollowed);
     /// The user has chosen otherwise: silent requests that are under way come to nothing.
     void dropSilentRequests();
     [[nodiscard]] bool hasUserChosen() const { return m_choices > 0; }
 
 private:
-    void takeAnswer(const Completion &completion);
-    void take(bool showsAlerts, const Completion &completion);
+    using Answer = std::optional<MediaItem>;
+
+    void ask(bool showsAlerts, SystemMusicPlayer::AnswerHandler then);
+    void take(const Answer &song, bool showsAlerts, const Completion &completion);
+    [[nodiscard]] bool isSongOfStart(const Answer &song) const;
 
     SystemMusicPlayer &m_player;
     LibraryAccessGate &m_gate;
     Display m_display;
     LibraryAccessGate::PresentAlert m_presentAlert;
-    unsigned m_choices = 0;                        ///< of the user, while requests were under way
-    unsigned m_requests = 0;                       ///< that wait for players, or that need not any more
-    std::optional<MediaItem> m_unknownSongOfStart; ///< as the player describes it
+    unsigned m_choices = 0;      ///< of the user, while requests were under way
+    unsigned m_requests = 0;     ///< that wait for players, or that need not any more
+    Answer m_unknownSongOfStart; ///< as the player describes it
 };
 
 } // namespace trackwise

@@ -17,6 +17,7 @@ class SystemMusicPlayer : public QObject
 
 public:
     using QObject::QObject;
+    using AnswerHandler = std::function<void(const std::optional<MediaItem> &nowPlayingItem)>;
 
     /// The library's record of what is playing, or one with persistent identifier 0 and what the player
     /// says when the library does not have the song. Nothing when no player has a song.
@@ -26,10 +27,10 @@ public:
     /// Not called when the player goes first.
     virtual void whenReady(std::function<void()> handler) = 0;
 
-    /// Calls @p handler when nowPlayingItem() is the answer of the players to somebody who asks now: at once
-    /// where there is a song or nobody is being asked, else when those that are have answered or been waited
-    /// for in vain, which takes some seconds at most. Not called when the player goes first.
-    virtual void whenAnswered(std::function<void()> handler) = 0;
+    /// Calls @p handler with nowPlayingItem() as the players answer somebody who asks now: at once where
+    /// there is a song or nobody is being asked, else when those that are have answered or been waited for in
+    /// vain, which takes some seconds at most. Not called when the player goes first.
+    virtual void whenAnswered(AnswerHandler handler) = 0;
 
     /// The change signal is sent only between these two; calls nest.
     virtual void beginGeneratingPlaybackNotifications() = 0;

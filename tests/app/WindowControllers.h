@@ -27,7 +27,7 @@ public:
     int listeners = 0;
     bool isReady = true;
     std::function<void()> ready; ///< what waits for it
-    std::function<void()> answered;
+    AnswerHandler answered;
 
     [[nodiscard]] std::optional<MediaItem> nowPlayingItem() const override { return item; }
     void whenReady(std::function<void()> handler) override
@@ -37,10 +37,10 @@ public:
         else
             ready = std::move(handler);
     }
-    void whenAnswered(std::function<void()> handler) override
+    void whenAnswered(AnswerHandler handler) override
     {
         if (isReady)
-            handler();
+            handler(item);
         else
             answered = std::move(handler);
     }
@@ -109,7 +109,7 @@ struct WindowControllers : WindowDevice
             QCoreApplication::processEvents();
         }
     }
-    void choose(unsigned id) { detail.displayMediaItem(song(id), false, true); }
+    void choose(unsigned id) { detail.displayMediaItem(song(id), {}); }
     /// Title, message, answers and the number of the preferred one; nothing without an alert.
     QString takeAlert()
     {

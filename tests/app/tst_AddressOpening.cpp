@@ -38,7 +38,7 @@ private Q_SLOTS:
         WindowControllers window;
         ScriptedScan scan;
         std::map<QByteArray, MediaItem> songs{{"/m/a", song(1)}, {"/m/unknown", song(0)}};
-        AddressOpening opening(window.library, scan, [&](const QByteArray &path) {
+        AddressOpening opening(scan, [&](const QByteArray &path) {
             const auto found = songs.find(path);
             return found == songs.end() ? std::nullopt : std::optional(found->second);
         });

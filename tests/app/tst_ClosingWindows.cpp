@@ -106,7 +106,7 @@ struct Program
         for (const QString &identifier : {inTheLibrary, answeredLate, neverAnswered})
             detail.handleDroppedURLs({link(identifier)});
         const auto songs = library.search(u"Song %1"_s.arg(round % songCount), 1);
-        detail.displayMediaItem(library.song(songs->at(0))->item, false, true);
+        detail.displayMediaItem(library.song(songs->at(0))->item, {});
         detail.selectSongFromLibrary();
         detail.selectNowPlayingSong(true);
         library.scan().start();

@@ -68,7 +68,7 @@ private Q_SLOTS:
     {
         Window window;
         window.library.list = {song(1), song(2)};
-        window.detail.displayMediaItem(song(1), true, true);
+        window.detail.displayMediaItem(song(1), {.isNowPlaying = true});
         window.player.setItem(song(1));
         window.player.commands.clear();
         const InformationView *list = window.detail.informationView();
@@ -103,7 +103,7 @@ private Q_SLOTS:
         window.library.list = {song(1)};
         window.detail.timeZoneDidChange(); // with no song
         window.library.list.front().lastPlayedDate = Instant(std::chrono::hours(20));
-        window.detail.displayMediaItem(window.library.list.front(), false, true);
+        window.detail.displayMediaItem(window.library.list.front(), {});
         const auto shows = [&](const QString &date) {
             const InformationRows rows = window.detail.informationView()->rows();
             return std::ranges::any_of(rows.main,
@@ -120,8 +120,8 @@ private Q_SLOTS:
         Window window;
         QString told;
         const auto tell = [&told](bool wasShown) { told += wasShown ? u'1' : u'0'; };
-        window.detail.displayMediaItem(song(1), true, true, tell);
-        window.detail.displayMediaItem(song(0), false, false, tell);
+        window.detail.displayMediaItem(song(1), {.isNowPlaying = true}, tell);
+        window.detail.displayMediaItem(song(0), {.showsNotInLibraryAlert = false}, tell);
         QCOMPARE(window.takeAlert(), QString());
         window.choose(0);
         QCOMPARE(window.takeAlert(),
@@ -141,7 +141,7 @@ private Q_SLOTS:
         QSignalSpy sidebars(&window.container, &ContainerViewController::sidebarDidChange);
         for (const bool shows : {false, true, true, false, false}) {
             if (shows)
-                window.detail.displayMediaItem(song(1), true, true);
+                window.detail.displayMediaItem(song(1), {.isNowPlaying = true});
             else
                 window.detail.clearSelectedSong();
             QCOMPARE(window.detail.moreMenu()->items().at(1).isEnabled, shows);
@@ -284,7 +284,7 @@ private Q_SLOTS:
             if (chosen)
                 window.choose(chosen);
             window.systemPlayer.item = answer ? std::optional(song(answer)) : std::nullopt;
-            window.systemPlayer.answered();
+            window.systemPlayer.answered(window.systemPlayer.item);
             QCOMPARE(std::pair(window.shown(), window.takeAlert().section(u'|', 0, 0)),
                      std::pair(shown, alert));
         }

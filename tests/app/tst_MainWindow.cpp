@@ -86,8 +86,9 @@ struct Window : WindowDevice
     }
     void presentAlert(const char *title, bool includesOpenMusic)
     {
-        scene->detail().presentAlert(QString::fromUtf8(title), u"What to do about it."_s, includesOpenMusic,
-                                     false);
+        scene->detail().presentAlert({.title = QString::fromUtf8(title),
+                                      .message = u"What to do about it."_s,
+                                      .includesOpenMusic = includesOpenMusic});
     }
     [[nodiscard]] bool waitForAlert(const char *title) const
     {
@@ -183,7 +184,7 @@ private Q_SLOTS:
             return wanted.size();
         };
         QCOMPARE(open(), 1);
-        w.scene->detail().displayMediaItem(song, false, false);
+        w.scene->detail().displayMediaItem(song, {.showsNotInLibraryAlert = false});
         for (int click = 0; click < 2; ++click)
             w.scene->detail().presentLyrics(song);
         QCOMPARE(presentation.pushedViews().size(), 1u);
@@ -281,7 +282,7 @@ private Q_SLOTS:
         QTRY_COMPARE(w.dropTarget()->width(), 360);
         w.preferences.setShowMoreInformation(true);
         const MediaItem song = w.library.list.front();
-        w.scene->detail().displayMediaItem(song, false, false);
+        w.scene->detail().displayMediaItem(song, {.showsNotInLibraryAlert = false});
         QQuickItem *list = nullptr;
         const auto property = [&list](const char *name) { return list->property(name).toReal(); };
         QTRY_VERIFY((list = Window::findBelow(w.window().contentItem(), [](QQuickItem *item) {

@@ -239,7 +239,7 @@ private Q_SLOTS:
         Window w;
         MediaItem sung = song(1);
         sung.lyrics = u"La"_s;
-        w.detail.displayMediaItem(sung, false, true);
+        w.detail.displayMediaItem(sung, {});
         InformationView &list = *w.detail.informationView();
         for (int click = 0; click < 2; ++click)
             list.run(list.rows().more.back());

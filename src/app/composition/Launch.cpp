@@ -117,7 +117,7 @@ void Launch::showSong()
     m_options.show.clear();
     if (m_app.scenes().empty())
         return;
-    m_app.scenes().back()->detail().displayMediaItem(found->song.item, false, true);
+    m_app.scenes().back()->detail().displayMediaItem(found->song.item, {});
     if (!m_options.screenshotFile.isEmpty())
         saveScreenshotSoon();
 }

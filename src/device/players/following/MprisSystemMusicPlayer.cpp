@@ -69,10 +69,10 @@ void MprisSystemMusicPlayer::whenReady(std::function<void()> handler)
         m_waitingForReady.push_back(std::move(handler));
 }
 
-void MprisSystemMusicPlayer::whenAnswered(std::function<void()> handler)
+void MprisSystemMusicPlayer::whenAnswered(AnswerHandler handler)
 {
     if (!isAnswerAwaited()) {
-        handler();
+        handler(m_item);
         return;
     }
     m_waitingForAnswer.push_back(std::move(handler));
@@ -94,8 +94,8 @@ void MprisSystemMusicPlayer::tellIfAnswered()
 void MprisSystemMusicPlayer::tellAnswer()
 {
     m_answerLimit.stop();
-    for (const auto &handler : std::exchange(m_waitingForAnswer, {}))
-        handler();
+    for (const AnswerHandler &handler : std::exchange(m_waitingForAnswer, {}))
+        handler(m_item);
 }
 
 void MprisSystemMusicPlayer::refresh()

@@ -33,7 +33,7 @@ public:
     /// Calls @p handler once nowPlayingItem() tells what was playing when this was made: at once or within
     /// about a second. Before that it tells nothing. Not called when the player goes first.
     void whenReady(std::function<void()> handler) override;
-    void whenAnswered(std::function<void()> handler) override;
+    void whenAnswered(AnswerHandler handler) override;
     /// Looks the track up again; for when the library has changed. The change signal is sent only if it is
     /// another song now: a play counted since is none.
     void refresh();
@@ -65,7 +65,7 @@ private:
     bool m_isReady = false;
     bool m_isLookingUp = false;
     std::vector<std::function<void()>> m_waitingForReady;
-    std::vector<std::function<void()>> m_waitingForAnswer;
+    std::vector<AnswerHandler> m_waitingForAnswer;
     QTimer m_answerLimit;
     QThreadPool m_workers; ///< last: waits for its work before the rest goes
 };

@@ -214,7 +214,11 @@ private Q_SLOTS:
         QVERIFY(hanging.appear());
         startFollowing();
         QString answer;
-        const auto ask = [this, &answer] { m_system->whenAnswered([this, &answer] { answer = title(); }); };
+        const auto ask = [this, &answer] {
+            m_system->whenAnswered([&answer](const std::optional<MediaItem> &item) {
+                answer = item ? item->title.value_or(u"untitled"_s) : u"nothing"_s;
+            });
+        };
         ask();
         QVERIFY(becomesReady()); // a window that opens does not wait for it
         QVERIFY(answer.isEmpty());
