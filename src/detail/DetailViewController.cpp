@@ -5,6 +5,7 @@
 #include "detail/DetailAlerts.h"
 #include "lookup/DroppedUrls.h"
 #include "platform/AddressOpener.h"
+#include "platform/Background.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -44,7 +45,7 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
         });
     });
     connect(&services.library, &MediaLibrary::songDidChange, this, [this](PersistentID song) {
-        if (m_visibleMediaItem && m_visibleMediaItem->persistentID == song)
+        if (m_visible.mediaItem && m_visible.mediaItem->persistentID == song)
             refreshVisibleMediaItem();
     });
     connect(&services.library, &MediaLibrary::libraryDidChange, this,
@@ -71,7 +72,7 @@ void DetailViewController::viewDidLoad()
 void DetailViewController::showPlayingSongAtStart()
 {
     // A song may have been asked for, or cleared, while the device was looking for players.
-    if (m_visibleMediaItem || m_nowPlaying->hasUserChosen())
+    if (m_visible.mediaItem || m_nowPlaying->hasUserChosen())
         return;
     m_nowPlaying->selectSongOfStart();
     // The answer to a first request for access may take the user a while: until then there is no song.
@@ -97,7 +98,7 @@ void DetailViewController::displayMediaItem(const MediaItem &mediaItem, const Di
     if (isInLibrary) {
         if (!display.isNowPlaying)
             m_nowPlaying->dropSilentRequests();
-        m_isTrackingNowPlaying = display.isNowPlaying;
+        m_visible.isTrackingNowPlaying = display.isNowPlaying;
         showInformationView(mediaItem);
         updateMoreMenu();
         if (m_tellDelegate)
@@ -113,24 +114,25 @@ void DetailViewController::showInformationView(const MediaItem &mediaItem)
 {
     setNoSongLabelVisible(false);
     // The old views are taken off the screen before what they show goes.
-    const auto old = std::exchange(m_views, {});
-    m_views.artwork = std::make_unique<ArtworkView>(ArtworkContent{.mediaItem = mediaItem,
-                                                                   .isNowPlaying = m_isTrackingNowPlaying,
-                                                                   .supportsPlayback = true},
-                                                    m_services.artwork);
-    m_views.information = makeInformationView(mediaItem);
-    m_visibleMediaItem = mediaItem;
+    const auto oldArtwork = std::move(m_visible.artworkView);
+    const auto oldInformation = std::move(m_visible.informationView);
+    m_visible.artworkView = std::make_unique<ArtworkView>(
+        ArtworkContent{
+            .mediaItem = mediaItem, .isNowPlaying = m_visible.isTrackingNowPlaying, .supportsPlayback = true},
+        m_services.artwork);
+    m_visible.informationView = makeInformationView(mediaItem);
+    m_visible.mediaItem = mediaItem;
     Q_EMIT songDidChange();
 }
 
 std::unique_ptr<InformationView> DetailViewController::makeInformationView(const MediaItem &mediaItem)
 {
     InformationView::Song song{.mediaItem = mediaItem,
-                               .isNowPlaying = m_isTrackingNowPlaying,
+                               .isNowPlaying = m_visible.isTrackingNowPlaying,
                                .supportsPlayback = true,
                                .lyricsAction = [controller = QPointer(this)] {
-                                   if (controller && controller->m_visibleMediaItem)
-                                       controller->presentLyrics(*controller->m_visibleMediaItem);
+                                   if (controller && controller->m_visible.mediaItem)
+                                       controller->presentLyrics(*controller->m_visible.mediaItem);
                                }};
     return std::make_unique<InformationView>(std::move(song), m_services.preferences, m_services.locale,
                                              m_services.zone);
@@ -138,13 +140,11 @@ std::unique_ptr<InformationView> DetailViewController::makeInformationView(const
 
 void DetailViewController::clearSelectedSong()
 {
-    if (!m_visibleMediaItem)
+    if (!m_visible.mediaItem)
         return;
     m_nowPlaying->dropSilentRequests();
     setNoSongLabelVisible(true);
-    const auto old = std::exchange(m_views, {});
-    m_isTrackingNowPlaying = false;
-    m_visibleMediaItem.reset();
+    const auto old = std::exchange(m_visible, {});
     Q_EMIT songDidChange();
     if (m_tellDelegate)
         m_tellDelegate(std::nullopt, false);
@@ -154,7 +154,7 @@ void DetailViewController::clearSelectedSong()
 void DetailViewController::updateMoreMenu()
 {
     m_moreMenu->update(
-        {.showsSong = m_visibleMediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr});
+        {.showsSong = m_visible.mediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr});
 }
 
 void DetailViewController::presentAlert(const AlertMessage &message)
@@ -201,29 +201,42 @@ void DetailViewController::selectSongFromNowPlaying()
 
 void DetailViewController::systemNowPlayingItemDidChange()
 {
-    m_nowPlaying->nowPlayingItemDidChange(m_isTrackingNowPlaying);
+    m_nowPlaying->nowPlayingItemDidChange(m_visible.isTrackingNowPlaying);
 }
 
 // A play of the shown song was counted, or its file was retagged. It is the same song: nobody has chosen
 // anything, so what is shown stays and its values follow.
 void DetailViewController::refreshVisibleMediaItem()
 {
-    if (!m_visibleMediaItem)
+    if (!m_visible.mediaItem)
         return;
-    const std::optional<MediaItem> now = m_services.library.song(m_visibleMediaItem->persistentID);
-    if (!now || *now == *m_visibleMediaItem)
+    runInBackground(
+        m_services.searches, this,
+        [&library = m_services.library, song = m_visible.mediaItem->persistentID] {
+            return library.song(song);
+        },
+        [this, refresh = ++m_latestRefresh](const std::optional<MediaItem> &now) {
+            if (now && refresh == m_latestRefresh)
+                visibleMediaItemWasRead(*now);
+        });
+}
+
+void DetailViewController::visibleMediaItemWasRead(const MediaItem &now)
+{
+    const std::optional<MediaItem> &shown = m_visible.mediaItem;
+    if (!shown || now.persistentID != shown->persistentID || now == *shown)
         return;
-    m_visibleMediaItem = now;
-    m_views.artwork->setMediaItem(*now);
-    m_views.information->setMediaItem(*now);
+    m_visible.mediaItem = now;
+    m_visible.artworkView->setMediaItem(now);
+    m_visible.informationView->setMediaItem(now);
     Q_EMIT visibleMediaItemDidChange();
 }
 
 void DetailViewController::timeZoneDidChange()
 {
     refreshVisibleMediaItem(); // a release date is the start of a day in the time zone
-    if (m_views.information)
-        m_views.information->setTimeZone(m_services.zone);
+    if (m_visible.informationView)
+        m_visible.informationView->setTimeZone(m_services.zone);
 }
 
 void DetailViewController::presentLyrics(const MediaItem &mediaItem)

@@ -83,11 +83,11 @@ public:
     Q_INVOKABLE void handleDroppedURLs(const QStringList &addresses);
     Q_INVOKABLE void pasteLink();
 
-    [[nodiscard]] const std::optional<MediaItem> &visibleMediaItem() const { return m_visibleMediaItem; }
-    [[nodiscard]] bool isTrackingNowPlaying() const { return m_isTrackingNowPlaying; }
-    [[nodiscard]] InformationView *informationView() const { return m_views.information.get(); }
+    [[nodiscard]] const std::optional<MediaItem> &visibleMediaItem() const { return m_visible.mediaItem; }
+    [[nodiscard]] bool isTrackingNowPlaying() const { return m_visible.isTrackingNowPlaying; }
+    [[nodiscard]] InformationView *informationView() const { return m_visible.informationView.get(); }
     /// Stands above the list in narrow windows; there while the list is.
-    [[nodiscard]] ArtworkView *artworkView() const { return m_views.artwork.get(); }
+    [[nodiscard]] ArtworkView *artworkView() const { return m_visible.artworkView.get(); }
     [[nodiscard]] bool isNoSongLabelVisible() const { return m_noSongLabelVisible; }
     [[nodiscard]] MoreMenu *moreMenu() const { return m_moreMenu; }
     [[nodiscard]] Presentation *presentation() const { return &m_presentation; }
@@ -104,6 +104,7 @@ private:
     void showInformationView(const MediaItem &mediaItem);
     void systemNowPlayingItemDidChange();
     void refreshVisibleMediaItem();
+    void visibleMediaItemWasRead(const MediaItem &now);
     void perform(MoreCommand command);
     void setNoSongLabelVisible(bool visible);
     [[nodiscard]] std::unique_ptr<InformationView> makeInformationView(const MediaItem &mediaItem);
@@ -111,14 +112,15 @@ private:
     const DetailServices &m_services;
     Presentation &m_presentation;
     std::function<void(const std::optional<MediaItem> &, bool isNowPlaying)> m_tellDelegate;
-    std::optional<MediaItem> m_visibleMediaItem;
-    bool m_isTrackingNowPlaying = false;
-    bool m_noSongLabelVisible = false;
     struct
     {
-        std::unique_ptr<ArtworkView> artwork;
-        std::unique_ptr<InformationView> information;
-    } m_views; ///< of the visible song
+        std::optional<MediaItem> mediaItem;
+        bool isTrackingNowPlaying = false;
+        std::unique_ptr<ArtworkView> artworkView;
+        std::unique_ptr<InformationView> informationView;
+    } m_visible; ///< the song, and its views
+    unsigned m_latestRefresh = 0;
+    bool m_noSongLabelVisible = false;
     MoreMenu *m_moreMenu;
     LibraryAccessGate *m_gate;
     NowPlayingSource *m_nowPlaying;

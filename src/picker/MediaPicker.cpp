@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/MediaPicker.h"
 
+#include "platform/Background.h"
 #include "platform/MediaLibrary.h"
 
 #include <algorithm>
@@ -144,16 +145,15 @@ void MediaPicker::activate(int row)
     LibraryListModel *list = currentList();
     if (!m_isPresented || row < 0 || row >= list->count())
         return;
-    const std::uint64_t key = list->keyAt(row);
     switch (list->content().kind) {
     case ListContent::Kind::Songs:
-        pick(PersistentID{key});
+        pick(PersistentID{list->keyAt(row)});
         break;
     case ListContent::Kind::Artists:
-        openGroup(SongScope::Kind::OfArtist, key);
+        openGroup(SongScope::Kind::OfArtist, row);
         break;
     case ListContent::Kind::Albums:
-        openGroup(SongScope::Kind::OfAlbum, key);
+        openGroup(SongScope::Kind::OfAlbum, row);
         break;
     }
 }
@@ -179,12 +179,28 @@ void MediaPicker::pick(PersistentID song)
     Q_EMIT didPick(items);
 }
 
-void MediaPicker::openGroup(SongScope::Kind kind, std::uint64_t key)
+void MediaPicker::openGroup(SongScope::Kind kind, int row)
 {
-    m_groupTitle = rowsOf(m_browser, currentList()->content().kind, std::span(&key, 1)).front().title;
+    const LibraryListModel *list = currentList();
+    const std::uint64_t key = list->keyAt(row);
+    const SongScope scope{.kind = kind, .group = GroupKey(key)};
+    m_groupTitle = list->index(row).data().toString();
+    if (m_groupTitle.isEmpty()) { // the keyboard was faster than the row
+        runInBackground(
+            m_pool, this,
+            [&browser = m_browser, rows = list->content().kind, key] {
+                return rowsOf(browser, rows, std::span(&key, 1)).front().title;
+            },
+            [this, scope](const QString &title) {
+                if (m_groupSongs->content().scope != scope)
+                    return;
+                m_groupTitle = title;
+                Q_EMIT currentListChanged();
+            });
+    }
     m_isShowingGroup = true;
     m_groupSongs->clear();
-    m_groupSongs->show({.kind = kind, .group = GroupKey(key)});
+    m_groupSongs->show(scope);
     watchCurrentList();
     Q_EMIT currentListChanged();
 }

@@ -111,7 +111,7 @@ private:
     void resultsDidLoad();
     void activateHighlighted();
     void pick(PersistentID song);
-    void openGroup(SongScope::Kind kind, std::uint64_t key);
+    void openGroup(SongScope::Kind kind, int row);
     void escape();
 
     MediaLibrary &m_library;
