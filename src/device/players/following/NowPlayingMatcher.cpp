@@ -129,16 +129,15 @@ std::optional<PersistentID> NowPlayingMatcher::byTexts(const TrackMetadata &trac
     for (const QString &artist : track.artists.isEmpty() ? track.albumArtists : track.artists)
         wanted.artists += namesIn(m_library.folded(artist));
 
-    if (const auto song = bestOf(wanted, m_library.songsTitled(wanted.title, mostCandidates)))
-        return song;
-    const auto split = splitTitle(wanted);
-    if (split) {
-        if (const auto song = bestOf(*split, m_library.songsTitled(split->title, mostCandidates)))
+    std::vector<Wanted> readings{wanted};
+    if (auto split = splitTitle(wanted))
+        readings.push_back(*std::move(split));
+    for (const Wanted &reading : readings) {
+        if (const auto song = bestOf(reading, m_library.songsTitled(reading.title, mostCandidates)))
             return song;
     }
-    for (const Wanted &similar : {wanted, split.value_or(wanted)}) {
-        const QString stripped = withoutEdition(similar.title);
-        if (const auto song = bestOf(similar, similarlyTitled(stripped)))
+    for (const Wanted &reading : readings) {
+        if (const auto song = bestOf(reading, similarlyTitled(withoutEdition(reading.title))))
             return song;
     }
     return std::nullopt;
