@@ -243,7 +243,7 @@ void LibraryListModel::moveHighlight(int rows)
     if (m_highlightedRow == none)
         highlight(rows > 0 ? m_firstInView : m_lastInView);
     else
-        highlight(std::clamp(m_highlightedRow + rows, 0, count() - 1));
+        highlight(std::max(m_highlightedRow + rows, 0));
 }
 
 void LibraryListModel::highlight(int row)

@@ -31,7 +31,7 @@ ScanController::ScanController(std::shared_ptr<SongStore> store, std::vector<QBy
 
 ScanController::~ScanController()
 {
-    m_stop.request_stop();
+    m_scan.stop.request_stop();
     m_pool.waitForDone();
     m_watch.reset();
 }
@@ -51,21 +51,21 @@ void ScanController::setFollowing(bool isFollowing)
                 this, [this, part] { scanQuietly(part); }, Qt::QueuedConnection);
         });
     }
-    if (isFollowing && m_isRunning) // which knows nothing of the watch
-        m_waiting = ScanPart::everything();
+    if (isFollowing && m_scan.isRunning) // which knows nothing of the watch
+        m_next.part = ScanPart::everything();
 }
 
 void ScanController::start()
 {
     m_isAskedFor = true;
-    m_waiting = ScanPart::everything();
-    if (!m_isRunning)
+    m_next.part = ScanPart::everything();
+    if (!m_scan.isRunning)
         run();
 }
 
 void ScanController::lookForChanges()
 {
-    if (m_isFollowing && !m_isRunning && !m_watch->seesEverything())
+    if (m_isFollowing && !m_scan.isRunning && !m_watch->seesEverything())
         scanQuietly(ScanPart::everything());
 }
 
@@ -73,47 +73,44 @@ void ScanController::scanQuietly(const ScanPart &part)
 {
     if (!m_isFollowing)
         return;
-    m_waiting.add(part);
-    if (!m_isRunning)
+    m_next.part.add(part);
+    if (!m_scan.isRunning)
         run();
 }
 
 void ScanController::readEverythingAgain()
 {
-    m_nextScope = ScanScope::Everything;
+    m_next.scope = ScanScope::Everything;
     start();
 }
 
 void ScanController::cancel()
 {
-    m_nextScope = ScanScope::Changes;
-    m_waiting = {};
-    m_stop.request_stop();
+    m_next = {};
+    m_scan.stop.request_stop();
 }
 
 ScanProgress ScanController::progress() const
 {
-    if (!m_monitor)
+    if (!m_scan.monitor)
         return {};
-    ScanProgress progress = m_monitor->progress(m_isRunning);
-    progress.isQuiet = !m_isAskedFor && !m_sinceStart.hasExpired(quietTime.count());
+    ScanProgress progress = m_scan.monitor->progress(m_scan.isRunning);
+    progress.isQuiet = !m_isAskedFor && !m_scan.sinceStart.hasExpired(quietTime.count());
     return progress;
 }
 
 void ScanController::run()
 {
-    m_isRunning = true;
     m_failure.reset();
-    m_stop = {};
-    m_changesTold = 0;
-    m_monitor = std::make_shared<ScanMonitor>();
-    m_scanned = std::exchange(m_waiting, {});
-    m_sinceStart.start();
+    m_scan = {.isRunning = true,
+              .monitor = std::make_shared<ScanMonitor>(),
+              .part = std::exchange(m_next.part, {})};
+    m_scan.sinceStart.start();
     m_timer.start();
     runInBackground(
         m_pool, this,
-        [store = m_store, folders = m_musicFolders, monitor = m_monitor, stop = m_stop.get_token(),
-         request = ScanRequest{std::exchange(m_nextScope, ScanScope::Changes), m_scanned,
+        [store = m_store, folders = m_musicFolders, monitor = m_scan.monitor, stop = m_scan.stop.get_token(),
+         request = ScanRequest{std::exchange(m_next.scope, ScanScope::Changes), m_scan.part,
                                m_isFollowing ? m_watch.get() : nullptr}] {
             return LibraryScanner(*store, folders).run(stop, *monitor, request);
         },
@@ -123,9 +120,9 @@ void ScanController::run()
 
 void ScanController::look()
 {
-    const unsigned changes = m_monitor->libraryChanges();
-    if (changes != m_changesTold) {
-        m_changesTold = changes;
+    const unsigned changes = m_scan.monitor->libraryChanges();
+    if (changes != m_scan.changesTold) {
+        m_scan.changesTold = changes;
         Q_EMIT libraryDidChange();
     }
     Q_EMIT progressDidChange();
@@ -140,7 +137,7 @@ bool ScanController::isWorthRepeating(const Result<ScanSummary> &result)
 
 void ScanController::end(const Result<ScanSummary> &result)
 {
-    m_isRunning = false;
+    m_scan.isRunning = false;
     m_timer.stop();
     if (result) {
         m_summary = *result;
@@ -152,8 +149,8 @@ void ScanController::end(const Result<ScanSummary> &result)
         m_watch->clear(); // of what the scan came past since
     look();
     if (isWorthRepeating(result))
-        m_waiting.add(m_scanned);
-    if (!m_waiting.isEmpty())
+        m_next.part.add(m_scan.part);
+    if (!m_next.part.isEmpty())
         run();
     else if (std::exchange(m_isAskedFor, false))
         Q_EMIT finished();

@@ -60,19 +60,25 @@ private:
 
     std::shared_ptr<SongStore> m_store;
     std::vector<QByteArray> m_musicFolders;
-    std::shared_ptr<ScanMonitor> m_monitor; ///< of the scan that runs or ran last
+    struct
+    {
+        bool isRunning = false;
+        std::shared_ptr<ScanMonitor> monitor;
+        ScanPart part;
+        std::stop_source stop;
+        QElapsedTimer sinceStart;
+        unsigned changesTold = 0;
+    } m_scan; ///< that runs or ran last
+    struct
+    {
+        ScanScope scope = ScanScope::Changes;
+        ScanPart part;
+    } m_next; ///< scan; nothing where its part is empty
     std::optional<Failure> m_failure;
     ScanSummary m_summary;
-    std::stop_source m_stop;
-    ScanScope m_nextScope = ScanScope::Changes;
-    bool m_isRunning = false;
-    bool m_isAskedFor = false; ///< the one that runs, or one before it without a pause
+    bool m_isAskedFor = false; ///< the scan that runs, or one before it without a pause
     bool m_isFollowing = false;
-    ScanPart m_waiting; ///< for the next scan
-    ScanPart m_scanned; ///< by the one that runs or ran last
-    int m_repeats = 0;  ///< of it, since it was disturbed
-    QElapsedTimer m_sinceStart;
-    unsigned m_changesTold = 0;
+    int m_repeats = 0; ///< of the last scan, since it was disturbed
     QTimer m_timer;
     std::unique_ptr<FolderWatch> m_watch; ///< scans use it, and it calls this object
     QThreadPool m_pool;
