@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/scan/LibraryScanner.h"
 
+#include "device/library/scan/BatchWriter.h"
 #include "device/library/scan/BoundedQueue.h"
 #include "device/library/scan/FileChanges.h"
 #include "device/library/scan/FolderWatch.h"
@@ -22,22 +23,11 @@ namespace trackwise {
 
 namespace {
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t handful =
     16; ///< files that change threads together: waking a thread for each costs more
 constexpr std::size_t queueLength = 8; ///< handfuls
-constexpr std::size_t batchSize = 500;
-constexpr auto longestWait = 1s;   ///< until songs that have been read are seen
-constexpr auto longestTrial = 60s; ///< for a file that may be to blame for the program's death
-constexpr int indexStep = 4000;    ///< songs; about a tenth of a second of writing
-constexpr int renewStep = 1000;    ///< songs whose words are both taken out and put in
-constexpr qsizetype songsBetweenIndexing = 20'000;
-
-Instant now()
-{
-    return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
-}
+constexpr auto longestTrial = 60s;     ///< for a file that may be to blame for the program's death
 
 /// How the scan reads files: those that have ended the program before are put aside.
 struct FileReading
@@ -150,12 +140,6 @@ private:
 
 // --- Read ---
 
-/// What was there when the walk came by, and is not any more or is something else: the next scan's matter.
-struct HasMoved
-{
-    FileName file;
-};
-using Outcome = std::variant<ScannedSong, FolderImage, ScanProblem, HasMoved>;
 using OutcomeQueue = BoundedQueue<std::vector<Outcome>>;
 
 // By what every disk keeps: some make up inodes, and with them the time of their change, anew each time.
@@ -235,109 +219,6 @@ void readFrom(TaskQueue &tasks, OutcomeQueue &outcomes, FileReading &files, Fold
     }
 }
 
-// --- Write ---
-
-/// Gathers what was read and writes it in batches.
-class BatchWriter
-{
-public:
-    BatchWriter(SongStore &store, FileReading &files, ScanMonitor &monitor)
-        : m_store(store)
-        , m_files(files)
-        , m_monitor(monitor)
-    {}
-
-    [[nodiscard]] Result<Done> add(std::vector<Outcome> outcomes)
-    {
-        for (Outcome &outcome : outcomes)
-            gather(std::move(outcome));
-        const bool isFull = m_songs.size() + m_problems.size() >= batchSize;
-        return isFull || Clock::now() - m_lastWrite > longestWait ? write() : Done{};
-    }
-
-    void gather(Outcome outcome)
-    {
-        if (auto *song = std::get_if<ScannedSong>(&outcome))
-            m_songs.push_back(std::move(*song));
-        else if (auto *problem = std::get_if<ScanProblem>(&outcome))
-            m_problems.push_back(std::move(*problem));
-        else if (std::holds_alternative<HasMoved>(outcome))
-            m_monitor.noteHandled(1);
-        else
-            m_images.push_back(std::get<FolderImage>(std::move(outcome)));
-    }
-
-    [[nodiscard]] Result<Done> write()
-    {
-        m_lastWrite = Clock::now();
-        if (m_songs.empty() && m_problems.empty())
-            return Done{};
-        // The readers finish out of order; the library's order is that of the names.
-        std::sort(m_songs.begin(), m_songs.end(), [](const ScannedSong &a, const ScannedSong &b) {
-            return std::tie(a.file.folder, a.file.name) < std::tie(b.file.folder, b.file.name);
-        });
-        const Result<std::set<QByteArray>> unheard = m_store.unheard(m_songs);
-        if (!unheard)
-            return unheard.failure();
-        HeardSounds heard;
-        for (const QByteArray &path : *unheard)
-            heard.emplace(path, m_files.sound(path));
-        if (const auto written = m_store.write(m_songs, m_problems, now(), std::move(heard)); !written)
-            return written;
-        m_summary.songsRead += std::ssize(m_songs);
-        m_summary.filesFailed += std::ssize(m_problems);
-        m_sinceIndexing += std::ssize(m_songs);
-        m_monitor.noteHandled(std::ssize(m_songs) + std::ssize(m_problems));
-        m_monitor.noteLibraryChange();
-        m_songs.clear();
-        m_problems.clear();
-        return m_sinceIndexing >= songsBetweenIndexing ? index({}) : Done{};
-    }
-
-    /// Takes what was written into the full-text index.
-    [[nodiscard]] Result<Done> index(const std::stop_token &stop)
-    {
-        m_sinceIndexing = 0;
-        return untilDone([this] { return m_store.indexNext(indexStep); }, stop);
-    }
-
-    [[nodiscard]] Result<Done> renewTexts(const std::stop_token &stop)
-    {
-        return untilDone([this] { return m_store.renewNext(renewStep); }, stop);
-    }
-
-    [[nodiscard]] Result<Done> writeImages()
-    {
-        return m_images.empty() ? Done{} : m_store.writeFolderImages(m_images);
-    }
-
-    [[nodiscard]] ScanSummary &summary() { return m_summary; }
-
-private:
-    /// @p step: whether more is waiting behind it.
-    [[nodiscard]] static Result<Done> untilDone(const std::function<Result<bool>()> &step,
-                                                const std::stop_token &stop)
-    {
-        for (;;) {
-            const Result<bool> isMoreWaiting = step();
-            if (!isMoreWaiting)
-                return isMoreWaiting.failure();
-            if (!*isMoreWaiting || stop.stop_requested())
-                return Done{};
-        }
-    }
-
-    SongStore &m_store;
-    FileReading &m_files;
-    ScanMonitor &m_monitor;
-    std::vector<ScannedSong> m_songs;
-    std::vector<ScanProblem> m_problems;
-    std::vector<FolderImage> m_images; ///< written last, when it is known how many albums a folder holds
-    ScanSummary m_summary;
-    qsizetype m_sinceIndexing = 0;
-    Clock::time_point m_lastWrite = Clock::now();
-};
-
 Result<Done> writeMissing(SongStore &store, const FileChanges::Missing &missing)
 {
     if (!missing.gone.empty()) {
@@ -364,7 +245,8 @@ public:
         , m_monitor(monitor)
         , m_changes(musicFolders, known, request.scope, monitor)
         , m_walk(musicFolders, request, files.suspects, m_changes)
-        , m_writer(store, files, monitor)
+        , m_writer(
+              store, [&files](const QByteArray &path) { return files.sound(path); }, monitor)
     {}
 
     [[nodiscard]] Result<ScanSummary> run(const std::stop_token &stop, unsigned readers)
@@ -384,9 +266,7 @@ public:
         if (written && summary.isComplete)
             written = writeWhatIsOver();
         if (written)
-            written = m_writer.index(stop);
-        if (written)
-            written = m_writer.renewTexts(stop);
+            written = m_writer.finishIndex(stop);
         if (written)
             written = m_store.checkIsThere();
         if (!written)
@@ -418,9 +298,11 @@ private:
             });
         }
         while (std::optional<std::vector<Outcome>> some = outcomes.pop(ending.get_token())) {
-            if (const Result<Done> added = m_writer.add(*std::move(some)); !added) {
+            for (Outcome &outcome : *some)
+                m_writer.gather(std::move(outcome));
+            if (const Result<Done> written = m_writer.writeIfDue(); !written) {
                 ending.request_stop();
-                return added;
+                return written;
             }
         }
         return Done{};
