@@ -25,7 +25,6 @@ public:
 
     /// Does nothing without authorization, or while the picker stands in this window already.
     void presentMediaPicker(bool authorized);
-    [[nodiscard]] const MediaPicker *mediaPickerController() const { return m_mediaPickerController.get(); }
 
 Q_SIGNALS:
     void didPickSong(const trackwise::MediaItem &song);

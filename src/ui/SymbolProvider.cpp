@@ -27,7 +27,6 @@ QImage SymbolProvider::requestImage(const QString &id, QSize *size, const QSize 
     QImage image(requestedSize.isEmpty() ? naturalSize : requestedSize, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, image.rect());
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(image.rect(), colour);

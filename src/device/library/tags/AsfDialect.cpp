@@ -72,11 +72,12 @@ TagLib::ByteVector bestPicture(const TagLib::ASF::Tag &tag)
     TagLib::ByteVector best;
     for (const auto &attribute : tag.attribute("WM/Picture")) {
         const auto picture = attribute.toPicture();
-        const bool isFront = picture.type() == TagLib::ASF::Picture::FrontCover;
-        if (picture.isValid() && (best.isEmpty() || isFront))
+        if (!picture.isValid() || picture.picture().isEmpty())
+            continue;
+        if (picture.type() == TagLib::ASF::Picture::FrontCover)
+            return picture.picture();
+        if (best.isEmpty())
             best = picture.picture();
-        if (isFront && !best.isEmpty())
-            break;
     }
     return best;
 }

@@ -350,6 +350,22 @@ private Q_SLOTS:
         QVERIFY(tiff && tiff->artwork.place == ArtworkSummary::Place::None); // would hide the folder's
     }
 
+    /// By the player that wrote it: its value, and percent.
+    void understandsTheStarsThatPlayersStore()
+    {
+        const QByteArray linear("a@b.example\0", 12);
+        const QByteArray stepped("Windows Media Player 9 Series\0", 30);
+        const std::tuple<QByteArray, int, int> rows[]{
+            {linear, 1, 20},   {linear, 13, 10},   {linear, 31, 20},   {linear, 32, 40},  {linear, 54, 30},
+            {linear, 95, 40},  {linear, 96, 60},   {linear, 118, 50},  {linear, 159, 60}, {linear, 160, 80},
+            {linear, 186, 70}, {linear, 223, 80},  {linear, 224, 100}, {linear, 242, 90}, {linear, 255, 100},
+            {linear, 51, 20},  {linear, 102, 40},  {linear, 204, 80},  {stepped, 51, 40}, {stepped, 102, 60},
+            {stepped, 64, 40}, {stepped, 128, 60}, {stepped, 196, 80}};
+        for (const auto &[player, value, percent] : rows)
+            QCOMPARE(read(tagged(frame(3, "POPM", player + static_cast<char>(value))))->ratingPercent,
+                     percent);
+    }
+
     void refusesWhatIsNoFile()
     {
         m_folder.run("ln -s nowhere dangling.mp3; ln -s loop.mp3 loop.mp3; mkdir folder.mp3");
