@@ -58,23 +58,10 @@ PersistentID identifier(const Statement &row)
     return {static_cast<std::uint64_t>(row.integer(0))};
 }
 
-/// Notes where in a list a new letter begins.
-class Sections
+GroupKey groupKey(const Statement &row)
 {
-public:
-    void add(std::string_view label, qsizetype row)
-    {
-        if (m_starts.empty() || label != m_last) {
-            m_last = label;
-            m_starts.push_back({QString::fromUtf8(label.data(), static_cast<qsizetype>(label.size())), row});
-        }
-    }
-    [[nodiscard]] std::vector<SectionStart> starts() && { return std::move(m_starts); }
-
-private:
-    std::string m_last;
-    std::vector<SectionStart> m_starts;
-};
+    return GroupKey{row.integer(0)};
+}
 
 std::vector<PersistentID> identifiers(Statement &statement)
 {
@@ -84,17 +71,22 @@ std::vector<PersistentID> identifiers(Statement &statement)
     return songs;
 }
 
-SongIndex songsByTitle(ReadConnection &connection)
+/// Reads keys and their letters, and notes where a new letter begins.
+template <typename Key>
+std::vector<SectionStart> readSections(Statement &statement, std::vector<Key> &keys,
+                                       Key (*keyOf)(const Statement &))
 {
-    Statement &statement = connection.statement(byTitle);
-    SongIndex index;
-    Sections sections;
+    std::vector<SectionStart> sections;
+    std::string last;
     while (statement.step()) {
-        sections.add(statement.utf8(1), std::ssize(index.songs));
-        index.songs.push_back(identifier(statement));
+        const std::string_view label = statement.utf8(1);
+        if (sections.empty() || label != last) {
+            last = label;
+            sections.push_back({statement.text(1), std::ssize(keys)});
+        }
+        keys.push_back(keyOf(statement));
     }
-    index.sections = std::move(sections).starts();
-    return index;
+    return sections;
 }
 
 SongRow readSongRow(ReadConnection &connection, PersistentID id)
@@ -112,19 +104,6 @@ SongRow readSongRow(ReadConnection &connection, PersistentID id)
     row.isExplicit = statement.integer(4) != 0;
     row.isAvailable = static_cast<Availability>(statement.integer(5)) == Availability::Available;
     return row;
-}
-
-GroupIndex groups(ReadConnection &connection, const char *sql)
-{
-    Statement &statement = connection.statement(sql);
-    GroupIndex index;
-    Sections sections;
-    while (statement.step()) {
-        sections.add(statement.utf8(1), std::ssize(index.groups));
-        index.groups.push_back(GroupKey{statement.integer(0)});
-    }
-    index.sections = std::move(sections).starts();
-    return index;
 }
 
 GroupRow readGroupRow(ReadConnection &connection, GroupKey key, const char *rowSql, const char *artworkSql)
@@ -145,18 +124,38 @@ GroupRow readGroupRow(ReadConnection &connection, GroupKey key, const char *rowS
     return row;
 }
 
-std::vector<GroupRow> groupRows(const ConnectionPool &connections, std::span<const GroupKey> keys,
-                                const char *rowSql, const char *artworkSql)
+/// A row for each key, in their order; empty ones where the library cannot be read.
+template <typename Row, typename Key, typename Read>
+std::vector<Row> rowsOf(const ConnectionPool &connections, std::span<const Key> keys, Read readRow)
 {
     return connections
         .read([&](ReadConnection &connection) {
-            std::vector<GroupRow> rows;
+            std::vector<Row> rows;
             rows.reserve(keys.size());
-            for (const GroupKey key : keys)
-                rows.push_back(readGroupRow(connection, key, rowSql, artworkSql));
+            for (const Key key : keys)
+                rows.push_back(readRow(connection, key));
             return rows;
         })
-        .valueOr(std::vector<GroupRow>(keys.size()));
+        .valueOr(std::vector<Row>(keys.size()));
+}
+
+std::vector<GroupRow> groupRows(const ConnectionPool &connections, std::span<const GroupKey> keys,
+                                const char *rowSql, const char *artworkSql)
+{
+    return rowsOf<GroupRow>(connections, keys, [=](ReadConnection &connection, GroupKey key) {
+        return readGroupRow(connection, key, rowSql, artworkSql);
+    });
+}
+
+GroupIndex groups(const ConnectionPool &connections, const char *sql)
+{
+    return connections
+        .read([sql](ReadConnection &connection) {
+            GroupIndex index;
+            index.sections = readSections(connection.statement(sql), index.groups, groupKey);
+            return index;
+        })
+        .valueOr({});
 }
 } // namespace
 
@@ -177,8 +176,11 @@ SongIndex SongLists::songs(const SongScope &scope) const
         .read([&scope](ReadConnection &connection) -> SongIndex {
             const auto group = static_cast<std::int64_t>(scope.group);
             switch (scope.kind) {
-            case SongScope::Kind::All:
-                return songsByTitle(connection);
+            case SongScope::Kind::All: {
+                SongIndex index;
+                index.sections = readSections(connection.statement(byTitle), index.songs, identifier);
+                return index;
+            }
             case SongScope::Kind::RecentlyAdded:
                 return {identifiers(connection.statement(newestFirst)), {}};
             case SongScope::Kind::OfArtist:
@@ -195,27 +197,17 @@ SongIndex SongLists::songs(const SongScope &scope) const
 
 std::vector<SongRow> SongLists::songRows(std::span<const PersistentID> songs) const
 {
-    return m_connections
-        .read([songs](ReadConnection &connection) {
-            std::vector<SongRow> rows;
-            rows.reserve(songs.size());
-            for (const PersistentID id : songs)
-                rows.push_back(readSongRow(connection, id));
-            return rows;
-        })
-        .valueOr(std::vector<SongRow>(songs.size()));
+    return rowsOf<SongRow>(m_connections, songs, readSongRow);
 }
 
 GroupIndex SongLists::artists() const
 {
-    return m_connections.read([](ReadConnection &connection) { return groups(connection, artistsByName); })
-        .valueOr({});
+    return groups(m_connections, artistsByName);
 }
 
 GroupIndex SongLists::albums() const
 {
-    return m_connections.read([](ReadConnection &connection) { return groups(connection, albumsByTitle); })
-        .valueOr({});
+    return groups(m_connections, albumsByTitle);
 }
 
 std::vector<GroupRow> SongLists::artistRows(std::span<const GroupKey> artists) const

@@ -86,7 +86,6 @@ const std::string byTitleAndAlbum = selectSong("songs INDEXED BY songs_by_title_
                                                "WHERE title_key = ? AND album_key = ?" IN_LIBRARY);
 const std::string byTitle =
     selectSong("songs INDEXED BY songs_by_title_and_artist", "WHERE title_key = ?" IN_LIBRARY);
-const std::string byCatalogID = selectSong("songs", "WHERE songs.catalog_id = ?" IN_LIBRARY "LIMIT 1");
 const std::string byIdentifier = selectSong("songs", "WHERE songs.persistent_id = ?");
 const std::string withAvailability =
     selectSong("songs", "WHERE songs.availability = ? ORDER BY songs.id"); // all of them, so not sorted
@@ -118,16 +117,11 @@ SongCandidate readCandidate(const Statement &row)
 constexpr std::int64_t mostCompared = 500;
 } // namespace
 
-std::optional<LibrarySong> SongLookup::firstSong(Statement &statement) const
-{
-    return statement.step() ? std::optional(readSong(statement)) : std::nullopt;
-}
-
 std::optional<LibrarySong> SongLookup::song(PersistentID id) const
 {
     Statement &statement = m_connection.statement(byIdentifier.c_str());
     statement.bind(static_cast<std::int64_t>(id.value));
-    return firstSong(statement);
+    return statement.step() ? std::optional(readSong(statement)) : std::nullopt;
 }
 
 std::optional<LibrarySong> SongLookup::songAt(const QByteArray &path) const
@@ -181,8 +175,9 @@ std::optional<MediaItem> SongLookup::songIgnoringCase(const QString &title, cons
 
 std::optional<MediaItem> SongLookup::songWithCatalogID(const QString &identifier) const
 {
-    auto found = firstSong(m_connection.statement(byCatalogID.c_str()).bind(identifier));
-    return found ? std::optional(std::move(found->item)) : std::nullopt;
+    const auto id = idOfCatalogID(identifier);
+    const auto found = id ? song(*id) : std::nullopt;
+    return found ? std::optional(found->item) : std::nullopt;
 }
 
 std::optional<PersistentID> SongLookup::firstID(Statement &statement)
@@ -230,33 +225,32 @@ std::optional<PersistentID> SongLookup::idOfRecording(const QString &lowerCaseMB
             .bind(lowerCaseMBID));
 }
 
-std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, int limit) const
+template <typename Fits>
+std::vector<SongCandidate> SongLookup::candidates(const QString &folded, char end, int limit, Fits fits) const
 {
-    const std::string words = searchText(foldedTitle);
+    const std::string words = searchText(folded);
     Statement &statement = m_connection.statement(candidatesFrom);
-    // The words alone, or with others behind a line feed: what has more words has a blank there.
-    statement.bindText(words).bindText(words + '\x0b').bind(mostCompared);
+    statement.bindText(words).bindText(words + end).bind(mostCompared);
     std::vector<SongCandidate> found;
     while (std::ssize(found) < limit && statement.step()) {
         SongCandidate candidate = readCandidate(statement);
-        if (candidate.foldedTitle == foldedTitle)
+        if (fits(candidate.foldedTitle))
             found.push_back(std::move(candidate));
     }
     return found;
 }
 
+std::vector<SongCandidate> SongLookup::songsTitled(const QString &foldedTitle, int limit) const
+{
+    // The words alone, or with others behind a line feed: what has more words has a blank there.
+    return candidates(foldedTitle, '\x0b', limit,
+                      [&](const QString &candidate) { return candidate == foldedTitle; });
+}
+
 std::vector<SongCandidate> SongLookup::songsWithTitlePrefix(const QString &foldedPrefix, int limit) const
 {
-    const std::string words = searchText(foldedPrefix);
-    Statement &statement = m_connection.statement(candidatesFrom);
-    statement.bindText(words).bindText(words + '\xff').bind(mostCompared);
-    std::vector<SongCandidate> found;
-    while (std::ssize(found) < limit && statement.step()) {
-        SongCandidate candidate = readCandidate(statement);
-        if (candidate.foldedTitle.startsWith(foldedPrefix))
-            found.push_back(std::move(candidate));
-    }
-    return found;
+    return candidates(foldedPrefix, '\xff', limit,
+                      [&](const QString &candidate) { return candidate.startsWith(foldedPrefix); });
 }
 
 void SongLookup::visitSongs(const std::function<bool(const LibrarySong &)> &visit) const

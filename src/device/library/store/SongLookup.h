@@ -39,8 +39,11 @@ public:
     void visitSongs(const std::function<bool(const LibrarySong &)> &visit) const;
 
 private:
-    [[nodiscard]] std::optional<LibrarySong> firstSong(sqlite::Statement &statement) const;
     [[nodiscard]] static std::optional<PersistentID> firstID(sqlite::Statement &statement);
+    /// Songs whose title's words lie between @p folded and @p folded with @p end behind it.
+    template <typename Fits>
+    [[nodiscard]] std::vector<SongCandidate> candidates(const QString &folded, char end, int limit,
+                                                        Fits fits) const;
 
     ReadConnection &m_connection;
 };
