@@ -98,8 +98,8 @@ Result<QImage> decode(const QByteArray &bytes, const DecodeLimits &limits, Targe
     if (!reader.read(&image) || image.isNull())
         return Failure{FailureKind::Malformed, reader.errorString()};
     const QColorSpace sRgb(QColorSpace::SRgb);
-    if (image.colorSpace().isValid() && image.colorSpace() != sRgb)
-        image.convertToColorSpace(sRgb);
+    if (image.colorSpace() != sRgb)
+        image.convertToColorSpace(sRgb); // which leaves one of no colour space as it is
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     return image;
 }

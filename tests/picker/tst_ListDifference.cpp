@@ -51,7 +51,7 @@ private Q_SLOTS:
         for (const auto &[before, after, kept] :
              {Case{{}, {}, 0}, Case{{}, {1, 2}, 0}, Case{{1, 2}, {}, 0}, Case{{1, 2, 3}, {1, 2, 3}, 3},
               Case{{1, 4}, {1, 2, 3, 4}, 2}, Case{{2, 3}, {1, 2, 3, 4}, 2}, Case{{1, 2, 3, 4}, {1, 5, 4}, 2},
-              Case{{1, 2, 3, 4}, {4, 1, 2, 3}, 3}, Case{{1, 2, 3}, {3, 2, 1}, 1},
+              Case{{1, 2, 3, 4}, {4, 1, 2, 3}, 3}, Case{{1, 2, 3}, {3, 2, 1}, 1}, Case{{9, 1, 2}, {1, 2}, 2},
               Case{{1, 2}, {1, 2, 1}, 2}}) {
             const auto edits = difference(before, after);
             QCOMPARE(followed(edits, before, after), after);
@@ -91,6 +91,13 @@ private Q_SLOTS:
             }
             QVERIFY(rowsOf(coarse, ListEdit::Kind::Keep) >= keptVisible);
         }
+    }
+
+    void whatComesAboveTheFirstVisibleRowStaysAbove()
+    {
+        using enum ListEdit::Kind;
+        const std::vector<ListEdit> coarse = coarsened({{Keep, 5}, {Insert, 1}, {Keep, 20}}, 5, 9);
+        QVERIFY(coarse == (std::vector<ListEdit>{{Insert, 1}, {Replace, 5}, {Keep, 20}}));
     }
 
     void fitsLettersIntoTheIndex()

@@ -104,6 +104,8 @@ private Q_SLOTS:
         QTest::keyClick(&lyrics.window, Qt::Key_Home);
         QTRY_COMPARE(lyrics.place().top(), 16 + 9.0);
         QCOMPARE(lyrics.text()->property("selectedText").toString(), QString());
+        lyrics.window.rootObject()->setProperty("lyrics", u"Other words"_s);
+        QCOMPARE(lyrics.text()->property("text").toString(), u"Other words"_s);
     }
 };
 
