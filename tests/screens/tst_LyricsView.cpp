@@ -84,6 +84,15 @@ private Q_SLOTS:
         QCOMPARE(lyrics.place().width(), 700.0 - 44);
     }
 
+    void everyParagraphFollowsTheTextSize()
+    {
+        const ThemeSettings large{.textScale = 2};
+        LyricsWindow lyrics(verses(5));
+        themeOf(*lyrics.window.engine()).setSettings(large);
+        LyricsWindow other(verses(5), large);
+        QTRY_COMPARE(lyrics.place().height(), other.place().height());
+    }
+
     void veryLongLyricsComeInPiecesAndKeysReachBothEnds()
     {
         const QString text = u"\U0001F3B5 in one line "_s.repeated(1500) + u'\n' + verses(300);
