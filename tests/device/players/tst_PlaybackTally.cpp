@@ -61,7 +61,7 @@ private Q_SLOTS:
         QCOMPARE(Song(200s).listen(198s).leave().verdicts, played);
         QCOMPARE(Song(200s).listen(190s).leave().verdicts, nothing);
         QCOMPARE(Song(200s).listen(100s).rate(0).listen(2h).rate(1).listen(100s).leave().verdicts, played);
-        QCOMPARE(Song(200s).listen(1s).rate(0).listen(200s).leave().verdicts, nothing);
+        QCOMPARE(Song(200s).listen(1s).rate(0).listen(2h).leave().verdicts, nothing);
         QCOMPARE(Song(200s).rate(2).listen(99s).leave().verdicts, played);
         QCOMPARE(Song(200s).listen(50s).seek(195s).listen(5s).end().verdicts, nothing);
         QCOMPARE(Song(200s).seek(66s).listen(134s).end().verdicts, played);

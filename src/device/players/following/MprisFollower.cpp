@@ -26,7 +26,6 @@ MprisFollower::MprisFollower(const QDBusConnection &bus, QString appId, QObject 
     : QObject(parent)
     , m_bus(bus, [appId = std::move(appId)](const QString &player) { return isOtherPlayer(player, appId); })
 {
-    m_quiet.setSingleShot(true);
     connect(&m_quiet, &QTimer::timeout, this, &MprisFollower::settle);
     connect(&m_bus, &PlayerBus::propertiesDidArrive, this, &MprisFollower::take);
     connect(&m_bus, &PlayerBus::playerDidSeek, this, &MprisFollower::takePosition);

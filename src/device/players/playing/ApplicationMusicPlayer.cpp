@@ -19,10 +19,7 @@ ApplicationMusicPlayer::ApplicationMusicPlayer(PathOfSong pathOfSong, QObject *p
     , m_pathOfSong(std::move(pathOfSong))
 {
     connect(&m_playback, &FilePlayback::stateDidChange, this, &ApplicationMusicPlayer::refreshState);
-    connect(&m_playback, &FilePlayback::durationDidChange, this, [this] {
-        m_tally.setLength(duration());
-        Q_EMIT didChange();
-    });
+    connect(&m_playback, &FilePlayback::durationDidChange, this, &ApplicationMusicPlayer::didChange);
     connect(&m_playback, &FilePlayback::didReachEnd, this,
             [this] { continueAfter(PlaybackTally::Ending::ReachedEnd); });
     connect(&m_playback, &FilePlayback::didFail, this,

@@ -34,6 +34,7 @@ private Q_SLOTS:
         now += 1h;
         followed.take({{u"PlaybackStatus"_s, u"Playing"_s}}, now);
         now += 99s;
+        followed.take({{u"Position"_s, 195'000'000}}, now);        // of this track, not of the next
         followed.take(properties(u"Two"_s, u"Playing"_s, 0), now); // the length follows
         now += 100ms;
         followed.take(properties(u"Two"_s, u"Playing"_s), now);

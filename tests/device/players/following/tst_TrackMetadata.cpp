@@ -27,6 +27,8 @@ private Q_SLOTS:
             {"xesam:title", u" \n"_s, nothing},
             {"xesam:title", 5, nothing},
             {"xesam:title", QString(100000, u'x'), [](TrackMetadata &t) { t.title = QString(4096, u'x'); }},
+            {"xesam:asText", QString(2 << 20, u'x'),
+             [](TrackMetadata &t) { t.lyrics = QString(1 << 20, u'x'); }},
             {"xesam:artist", QStringList{u"A"_s}, artistA},
             {"xesam:artist", u"A"_s, artistA},
             {"xesam:artist", QVariantList{u"A"_s, 3, QVariant::fromValue(QDBusVariant(u"B"_s))},

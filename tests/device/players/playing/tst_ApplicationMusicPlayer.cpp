@@ -210,6 +210,24 @@ private Q_SLOTS:
         QCOMPARE(states.size(), 2); // the stop before the new queue was the last
     }
 
+    void isAsLoudAsWasSaidBefore()
+    {
+        for (const double volume : {0.0, 1.0}) {
+            FilePlayback playback;
+            playback.setVolume(volume);
+            QVERIFY(playback.load(*pathOf({longSong})));
+            playback.play();
+            QTRY_VERIFY(playback.position() > 100ms);
+            QProcess listener;
+            listener.start(u"parec"_s, {u"--latency-msec=50"_s, u"--device=first.monitor"_s});
+            QTRY_VERIFY(listener.bytesAvailable() > 100'000);
+            listener.kill();
+            QVERIFY(listener.waitForFinished());
+            const QByteArray heard = listener.readAllStandardOutput();
+            QCOMPARE(heard.count('\0') == heard.size(), volume == 0);
+        }
+    }
+
     void followsTheDefaultOutput()
     {
         FilePlayback playback;
