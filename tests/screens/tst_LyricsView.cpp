@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ViewWindow.h"
+#include "ui/Engine.h"
 
 #include <QClipboard>
 
