@@ -14,6 +14,7 @@ FocusableItem {
     implicitHeight: root.size
     activeFocusOnTab: true
     containmentMask: target
+    onVisibleChanged: focus = focus && (visible || !activeFocus) // else it would be pressed unseen
 
     Accessible.role: Accessible.Link
     Accessible.name: qsTr("Open Music app")

@@ -47,7 +47,6 @@ Item {
                 anchors.left: parent.left
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.view.isNowPlaying
-                onVisibleChanged: if (!visible && activeFocus) focus = false
                 size: root.symbolSize
                 onActivated: root.view.openMusicApp()
             }
@@ -69,7 +68,6 @@ Item {
         width: 30
         height: Theme.touchTarget
         visible: root.view.showsPlayButton
-        onVisibleChanged: if (!visible && activeFocus) focus = false // else it would be pressed unseen
         symbolName: root.view.isPlaying ? "pause.fill" : "play.fill"
         symbolSize: root.symbolSize
         Accessible.name: root.view.isPlaying ? qsTr("Pause") : qsTr("Play")

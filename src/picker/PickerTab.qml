@@ -15,12 +15,11 @@ T.TabButton {
     checked: root.picker.tab === root.tab
     focusPolicy: root.checked ? Qt.StrongFocus : Qt.ClickFocus
     hoverEnabled: true
-    leftPadding: 10
-    rightPadding: 10
+    horizontalPadding: 10
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     onClicked: root.picker.tab = root.tab
-    onActiveFocusChanged: if (root.activeFocus) root.picker.tab = root.tab
+    onActiveFocusChanged: root.picker.tab = root.activeFocus ? root.tab : root.picker.tab
 
     Accessible.name: root.text
     Accessible.checkable: true
@@ -29,23 +28,14 @@ T.TabButton {
     Accessible.selected: root.checked
     Accessible.onPressAction: root.clicked()
 
-    background: Item {
-        Rectangle {
-            id: capsule
-
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            height: label.style.lineHeight + 12
-            radius: height / 2
-            color: Theme.systemFill
-            opacity: root.checked ? 1 : root.hovered ? 0.5 : 0
-        }
-        FocusRing {
-            anchors.fill: capsule
-            radius: height / 2
-            visible: root.visualFocus
-        }
+    background: Rectangle {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        height: label.style.lineHeight + 12
+        radius: height / 2
+        color: Theme.systemFill
+        opacity: Math.max(root.checked ? 1 : 0, root.hovered ? 0.5 : 0)
     }
     contentItem: StyledText {
         id: label
@@ -56,5 +46,10 @@ T.TabButton {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
+    }
+    FocusRing {
+        anchors.fill: root.background
+        radius: height / 2
+        visible: root.visualFocus
     }
 }

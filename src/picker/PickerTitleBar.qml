@@ -24,7 +24,6 @@ Item {
         anchors.topMargin: root.gap / 2
         height: Theme.touchTarget
         visible: root.picker.canGoBack
-        onVisibleChanged: if (!visible && activeFocus) focus = false // else it would be pressed unseen
         display: PlainButton.IconOnly
         text: qsTr("Back")
         symbolName: "chevron.backward"
@@ -40,7 +39,6 @@ Item {
         anchors.topMargin: root.gap / 2
         height: Theme.touchTarget
         visible: !root.picker.canGoBack
-        onVisibleChanged: if (!visible && activeFocus) focus = false // as with the way back
         enabled: !root.picker.scan.isRunning
         display: PlainButton.IconOnly
         text: qsTr("Scan Again")

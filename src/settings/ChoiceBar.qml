@@ -14,6 +14,7 @@ FocusScope {
 
     signal chosen(int index)
 
+    readonly property color takenColor: Theme.isDark ? "#636368" : "#ffffff"
     readonly property real inset: 2
     readonly property real textMargin: 12
     readonly property real choiceHeight: Math.max(32, Math.round(Theme.subheadline.lineHeight + 12))
@@ -87,8 +88,8 @@ FocusScope {
 
                 background: Rectangle {
                     radius: 7
-                    color: choice.isTaken ? (Theme.isDark ? "#636368" : "#ffffff") : Theme.secondarySystemBackground
-                    opacity: choice.isTaken ? 1 : choice.hovered ? 0.5 : 0
+                    color: choice.isTaken ? root.takenColor : Theme.secondarySystemBackground
+                    opacity: Math.max(choice.isTaken ? 1 : 0, choice.hovered ? 0.5 : 0)
                 }
                 contentItem: StyledText {
                     text: choice.text

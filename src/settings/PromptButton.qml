@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Templates as T
 import Trackwise.Ui
 
 /// One of the answers to a question that fills a sheet; the one that is suggested is filled.
-T.AbstractButton {
+BaseButton {
     id: root
 
     property bool isFilled: false
@@ -12,19 +11,12 @@ T.AbstractButton {
     readonly property real shortest: 50
 
     implicitHeight: Math.max(shortest, Math.round(label.implicitHeight + 20))
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-    opacity: down ? 0.6 : 1
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-    Accessible.role: Accessible.Button
-    Accessible.name: root.text
-    Accessible.onPressAction: root.clicked()
+    ring.radius: 16
 
     background: Rectangle {
         radius: 12
         color: root.isFilled ? Theme.accent : Theme.systemFill
-        opacity: root.isFilled ? 1 : root.hovered ? 1 : 0.6
+        opacity: root.isFilled || root.hovered ? 1 : 0.6
     }
     contentItem: StyledText {
         id: label
@@ -36,9 +28,5 @@ T.AbstractButton {
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap
         Accessible.ignored: true
-    }
-    FocusRing {
-        visible: root.visualFocus
-        radius: 16
     }
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Templates as T
 import Trackwise.Ui
 
 /// A switch. It shows what is the case; whoever owns it is told what the user wants.
-T.AbstractButton {
+BaseButton {
     id: root
 
     required property bool isOn
@@ -15,23 +14,17 @@ T.AbstractButton {
 
     implicitWidth: 51
     implicitHeight: 31
-    focusPolicy: Qt.StrongFocus
-    opacity: !enabled ? 0.4 : down ? 0.6 : 1
-    containmentMask: target
     checkable: true
     checked: root.isOn
-    onToggled: {
+    onClicked: {
         root.chosen(!root.isOn);
         root.checked = Qt.binding(() => root.isOn); // again; it is the owner who decides
     }
-    Keys.onReturnPressed: root.toggled()
-    Keys.onEnterPressed: root.toggled()
+    ring.radius: ring.height / 2
     Accessible.role: Accessible.CheckBox
-    Accessible.name: root.text
     Accessible.checkable: true
     Accessible.checked: root.checked
-    Accessible.onPressAction: root.toggled()
-    Accessible.onToggleAction: root.toggled()
+    Accessible.onToggleAction: root.clicked()
 
     background: Rectangle {
         radius: height / 2
@@ -65,17 +58,5 @@ T.AbstractButton {
                 }
             }
         }
-    }
-
-    Item {
-        id: target
-
-        anchors.centerIn: parent
-        width: Math.max(root.width, Theme.touchTarget)
-        height: Math.max(root.height, Theme.touchTarget)
-    }
-    FocusRing {
-        visible: root.visualFocus
-        radius: height / 2
     }
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import QtQuick.Templates as T
 import Trackwise.Ui
 
 /// The buttons of an alert: side by side when there are two that fit, else one below the other. The one that
@@ -29,7 +28,7 @@ Grid {
 
         model: root.alert ? root.alert.actionTitles : []
 
-        delegate: T.AbstractButton {
+        delegate: BaseButton {
             id: button
 
             required property int index
@@ -37,15 +36,11 @@ Grid {
 
             width: root.isRow ? root.width / 2 : root.width
             height: Math.max(Theme.touchTarget, label.implicitHeight + 16)
-            focusPolicy: Qt.StrongFocus
-            hoverEnabled: true
+            opacity: 1
             text: modelData
             onClicked: root.chosen(button.index)
-            Keys.onReturnPressed: root.chosen(button.index)
-            Keys.onEnterPressed: root.chosen(button.index)
-            Accessible.role: Accessible.Button
-            Accessible.name: button.text
-            Accessible.onPressAction: root.chosen(button.index)
+            ring.anchors.margins: 3
+            ring.radius: 11
 
             background: Item {
                 Rectangle {
@@ -53,7 +48,7 @@ Grid {
                     anchors.margins: 3
                     radius: 11
                     color: Theme.systemFill
-                    opacity: button.down ? 1 : button.hovered ? 0.5 : 0
+                    opacity: Math.max(button.down ? 1 : 0, button.hovered ? 0.5 : 0)
                 }
                 Separator {
                     height: parent.height
@@ -74,11 +69,6 @@ Grid {
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
-            }
-            FocusRing {
-                visible: button.visualFocus
-                anchors.margins: 3
-                radius: 11
             }
         }
     }

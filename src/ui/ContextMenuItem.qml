@@ -27,7 +27,7 @@ T.MenuItem {
             anchors.topMargin: root.lineRoom
             radius: 8
             color: Theme.systemFill
-            opacity: root.down ? 1 : root.highlighted ? 0.6 : 0
+            opacity: Math.max(root.down ? 1 : 0, root.highlighted ? 0.6 : 0)
         }
         Separator {
             x: 6

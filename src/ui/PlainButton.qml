@@ -3,9 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// A button without a box: a symbol, a text, or both, in the accent colour. Its target is at least 44 points
-/// wide and high even where what is drawn is smaller.
-T.AbstractButton {
+/// A button without a box: a symbol, a text, or both, in the accent colour.
+BaseButton {
     id: root
 
     property string symbolName: ""
@@ -15,23 +14,13 @@ T.AbstractButton {
     property color color: Theme.accent
     readonly property real hoverMargin: 6
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     spacing: 5
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-    opacity: !enabled ? 0.4 : down ? 0.6 : 1
-    containmentMask: target
 
-    Accessible.role: Accessible.Button
-    Accessible.name: root.text
-    Accessible.onPressAction: root.clicked()
-
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-
+    // Close around the content, however high the button is.
     background: Rectangle {
-        anchors.fill: ground
+        anchors.centerIn: parent
+        width: root.width + 2 * root.hoverMargin
+        height: Math.min(root.height, root.implicitContentHeight + 2 * root.hoverMargin)
         radius: 8
         color: Theme.systemFill
         opacity: root.hovered && root.enabled ? 0.5 : 0
@@ -74,25 +63,5 @@ T.AbstractButton {
                 Accessible.ignored: true
             }
         }
-    }
-
-    Item {
-        id: target
-
-        anchors.centerIn: parent
-        width: Math.max(root.width, Theme.touchTarget)
-        height: Math.max(root.height, Theme.touchTarget)
-    }
-    // What is seen of the button's area: close around its content, however high it is.
-    Item {
-        id: ground
-
-        anchors.centerIn: parent
-        width: root.width + 2 * root.hoverMargin
-        height: Math.min(root.height, root.implicitContentHeight + 2 * root.hoverMargin)
-    }
-    FocusRing {
-        anchors.fill: ground
-        visible: root.visualFocus
     }
 }
