@@ -5,13 +5,13 @@
 #include "platform/AddressOpener.h"
 #include "platform/MusicPlayer.h"
 #include "preferences/Preferences.h"
+#include "ui/Theme.h"
 
 namespace trackwise {
 
 namespace {
 constexpr qreal narrowColumn = 320;
 constexpr qreal wideColumn = 414;
-constexpr qreal leastRegularWidth = 700;
 } // namespace
 
 qreal primaryColumnWidth(const QSizeF &available)
@@ -21,7 +21,7 @@ qreal primaryColumnWidth(const QSizeF &available)
 
 bool isRegularWidth(qreal windowWidth)
 {
-    return windowWidth >= leastRegularWidth;
+    return windowWidth >= Theme::regularWidth();
 }
 
 ContainerViewController::ContainerViewController(const ContainerServices &services,

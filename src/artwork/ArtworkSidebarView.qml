@@ -39,7 +39,7 @@ Flickable {
         view: root.view.artwork
         geometryWidth: root.width
     }
-    KeyboardReveal {
+    KeyboardScrolling {
         page: root
         air: root.leastSpace
         onScrollWanted: contentY => root.contentY = contentY

@@ -17,8 +17,7 @@ Item {
     implicitHeight: root.view.hasSong ? row.y + row.height : tile.height
 
     function appear() {
-        if (root.view)
-            root.view.appear();
+        root.view?.appear();
     }
 
     Component.onCompleted: root.appear()

@@ -57,9 +57,13 @@ Column {
         Symbol {
             id: mark
 
+            readonly property real besideText: title.endsAtLeft ? 0 : title.width - width
+            readonly property real roomAtRight: title.isMirrored ? width : free.advanceWidth
+            readonly property real afterLastWord: title.endsAtLeft ? free.advanceWidth - width : root.lastLineWidth - roomAtRight
+
             visible: root.view.isExplicit
             size: metrics.font.pixelSize
-            x: title.markRoom > 0 ? (title.endsAtLeft ? 0 : title.width - width) : title.lineLeft + (title.endsAtLeft ? free.advanceWidth - width : root.lastLineWidth - (title.isMirrored ? width : free.advanceWidth))
+            x: title.markRoom > 0 ? besideText : title.lineLeft + afterLastWord
             y: root.lastLineTop + metrics.ascent - (metrics.tightBoundingRect("E").height + height) / 2
             name: "e.square.fill"
             color: Theme.secondaryLabel

@@ -22,7 +22,7 @@ FocusScope {
         id: bar
 
         width: parent.width
-        margin: root.isRegularWidth ? 22 : 18 // as the list below
+        margin: Theme.margin(root.isRegularWidth) // as the list below
         hasLine: list.item !== null && (list.item as InformationView).isScrolled
 
         PlainButton {

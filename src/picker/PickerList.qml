@@ -27,8 +27,11 @@ ListView {
     keyNavigationEnabled: false
     activeFocusOnTab: root.count > 0
     boundsBehavior: Flickable.DragOverBounds
-    T.ScrollBar.vertical: ListScrollBar {
-        visible: !root.showsIndex
+    T.ScrollBar.vertical: SlimScrollBar {
+        visible: size < 1 && !root.showsIndex
+        thickness: pressed || hovered ? 8 : 4 // so that it can be grasped
+        padding: 3
+        resting: 0
     }
     section.property: root.hasHeaders ? "section" : ""
     section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
@@ -54,7 +57,7 @@ ListView {
         }
         StyledText {
             anchors.left: parent.left
-            anchors.leftMargin: 18 // as the rows
+            anchors.leftMargin: Theme.margin()
             anchors.verticalCenter: parent.verticalCenter
             text: header.label
             style: Theme.footnote.bold()
@@ -88,15 +91,13 @@ ListView {
             root.contentY = Math.max(root.originY, Math.min(root.contentY, root.itemAtIndex(row).y - root.headerHeight));
         }
         function onHighlightedRowChanged() {
-            if (root.isCurrent && root.list.highlightedRow < 0)
-                ScreenReader.moveToFocus(root);
+            root.isCurrent && root.list.highlightedRow < 0 && ScreenReader.moveToFocus(root);
         }
         function onWillUpdate() {
             root.wasAtTop = root.atYBeginning && root.list.highlightedRow < 0;
         }
         function onDidUpdate() {
-            if (root.wasAtTop)
-                root.positionViewAtBeginning();
+            root.wasAtTop && root.positionViewAtBeginning();
         }
     }
 

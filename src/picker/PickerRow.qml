@@ -24,11 +24,11 @@ Item {
 
     signal activated
 
-    readonly property real margin: 18
     readonly property real gap: 12
     readonly property real airAround: 8
     readonly property real artworkSize: 44
     readonly property real dimmed: 0.45
+    readonly property real endMargin: Math.max(airAround, indexWidth)
 
     /// The row as it is told to screen readers while the focus is elsewhere; its texts may come a little later.
     readonly property string told: root.isHighlighted ? root.spokenText : ""
@@ -44,35 +44,32 @@ Item {
 
     // Hovered over, a row is filled; the one that the keyboard is at is framed.
     Rectangle {
+        id: ground
+
         anchors.fill: parent
         anchors.leftMargin: root.airAround
-        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
+        anchors.rightMargin: root.endMargin
         radius: root.airAround
         color: pointer.containsMouse ? Theme.systemFill : "transparent"
         opacity: pointer.pressed ? 1 : 0.5
     }
-    Rectangle {
-        anchors.fill: parent
-        anchors.leftMargin: root.airAround
-        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
-        radius: root.airAround
-        color: "transparent"
-        border.color: Theme.accent
-        border.width: 2 // as every focus ring
+    FocusRing {
+        anchors.fill: ground
+        anchors.margins: 0
         visible: root.isHighlighted
     }
     Separator {
         anchors.top: parent.top
         anchors.left: texts.left
         anchors.right: parent.right
-        anchors.rightMargin: Math.max(root.airAround, root.indexWidth)
+        anchors.rightMargin: root.endMargin
         visible: root.index > 0 && !root.isHighlighted && (root.isLow || !root.startsSection)
     }
     RowArtwork {
         id: artworkTile
 
         anchors.left: parent.left
-        anchors.leftMargin: root.margin
+        anchors.leftMargin: Theme.margin()
         anchors.verticalCenter: parent.verticalCenter
         width: root.artworkSize
         height: root.artworkSize
@@ -86,7 +83,7 @@ Item {
         anchors.left: artworkTile.right
         anchors.leftMargin: root.gap
         anchors.right: parent.right
-        anchors.rightMargin: chevron.anchors.rightMargin + (root.isOfGroup ? chevron.width + root.gap : root.indexWidth > 0 ? root.gap : 0)
+        anchors.rightMargin: chevron.anchors.rightMargin + (root.isOfGroup ? chevron.width : 0) + (root.isOfGroup || root.indexWidth > 0 ? root.gap : 0)
         anchors.verticalCenter: parent.verticalCenter
         // One height for all rows of a list, so that places in a long list can be computed.
         height: Theme.callout.lineHeight * titleText.maximumLineCount + Theme.footnote.lineHeight
@@ -133,7 +130,7 @@ Item {
         id: chevron
 
         anchors.right: parent.right
-        anchors.rightMargin: Math.max(root.margin, root.indexWidth)
+        anchors.rightMargin: Math.max(Theme.margin(), root.indexWidth)
         anchors.verticalCenter: parent.verticalCenter
         visible: root.isOfGroup
         name: "chevron.forward"

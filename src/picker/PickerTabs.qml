@@ -8,45 +8,28 @@ Flow {
     id: root
 
     required property MediaPicker picker
-    readonly property real margin: 18 // as the search field
-    readonly property list<string> names: [songsTab.text, artistsTab.text, albumsTab.text, recentTab.text]
+    readonly property list<string> names: [qsTr("Songs"), qsTr("Artists"), qsTr("Albums"), qsTr("Recently Added")]
 
-    leftPadding: root.margin
-    rightPadding: root.margin
+    leftPadding: Theme.margin()
+    rightPadding: Theme.margin()
     spacing: 2
 
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Lists")
 
-    PickerTab {
-        id: songsTab
+    Repeater {
+        id: tabs
 
-        picker: root.picker
-        tab: MediaPicker.Songs
-        text: qsTr("Songs")
-        KeyNavigation.right: artistsTab
-    }
-    PickerTab {
-        id: artistsTab
+        model: root.names
 
-        picker: root.picker
-        tab: MediaPicker.Artists
-        text: qsTr("Artists")
-        KeyNavigation.right: albumsTab
-    }
-    PickerTab {
-        id: albumsTab
+        delegate: PickerTab {
+            required property int index
+            required property string modelData
 
-        picker: root.picker
-        tab: MediaPicker.Albums
-        text: qsTr("Albums")
-        KeyNavigation.right: recentTab
-    }
-    PickerTab {
-        id: recentTab
-
-        picker: root.picker
-        tab: MediaPicker.RecentlyAdded
-        text: qsTr("Recently Added")
+            picker: root.picker
+            tab: index // in the order of the enumeration
+            text: modelData
+            KeyNavigation.left: tabs.itemAt(index - 1)
+        }
     }
 }

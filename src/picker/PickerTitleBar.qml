@@ -9,9 +9,8 @@ Item {
 
     required property MediaPicker picker
     property bool showsTitle: true
-    readonly property real margin: 18
     readonly property real gap: 8
-    readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : scanAgain.width) + root.margin + root.gap
+    readonly property real sides: Math.max(cancel.width, root.picker.canGoBack ? back.width : scanAgain.width) + Theme.margin() + root.gap
 
     implicitHeight: Theme.isAccessibilitySize ? cancel.height + title.implicitHeight + root.gap : Math.max(cancel.height, title.implicitHeight) + root.gap
 
@@ -19,7 +18,7 @@ Item {
         id: back
 
         anchors.left: parent.left
-        anchors.leftMargin: root.margin
+        anchors.leftMargin: Theme.margin()
         anchors.top: parent.top
         anchors.topMargin: root.gap / 2
         height: Theme.touchTarget
@@ -34,7 +33,7 @@ Item {
         id: scanAgain
 
         anchors.left: parent.left
-        anchors.leftMargin: root.margin
+        anchors.leftMargin: Theme.margin()
         anchors.top: parent.top
         anchors.topMargin: root.gap / 2
         height: Theme.touchTarget
@@ -49,7 +48,7 @@ Item {
         id: cancel
 
         anchors.right: parent.right
-        anchors.rightMargin: root.margin
+        anchors.rightMargin: Theme.margin()
         anchors.top: parent.top
         anchors.topMargin: root.gap / 2
         height: Math.max(Theme.touchTarget, implicitHeight)
@@ -64,7 +63,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.leftMargin: Theme.isAccessibilitySize ? root.margin : root.sides
+        anchors.leftMargin: Theme.isAccessibilitySize ? Theme.margin() : root.sides
         anchors.rightMargin: anchors.leftMargin
         height: Theme.isAccessibilitySize ? implicitHeight : parent.height
         text: root.picker.title

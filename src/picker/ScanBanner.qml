@@ -8,7 +8,6 @@ Item {
     id: root
 
     required property ScanStatus scan
-    readonly property real margin: 18
     readonly property real airAround: 6
     readonly property real lineHeight: 2
 
@@ -34,9 +33,9 @@ Item {
         id: texts
 
         anchors.left: parent.left
-        anchors.leftMargin: root.margin
+        anchors.leftMargin: Theme.margin()
         anchors.right: stop.left
-        anchors.rightMargin: root.margin
+        anchors.rightMargin: Theme.margin()
         anchors.bottom: parent.bottom
         anchors.bottomMargin: root.airAround
 
@@ -62,7 +61,7 @@ Item {
         id: stop
 
         anchors.right: parent.right
-        anchors.rightMargin: root.margin
+        anchors.rightMargin: Theme.margin()
         anchors.verticalCenter: texts.verticalCenter
         display: PlainButton.IconOnly
         text: qsTr("Stop Reading Music")

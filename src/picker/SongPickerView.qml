@@ -8,7 +8,6 @@ FocusScope {
     id: root
 
     required property MediaPicker picker
-    readonly property real margin: 18
     readonly property real cornerMargin: 4 // rows do not reach into the sheet's round corners
     readonly property real low: 420 // less than a header in three lines and four rows need
     readonly property bool isLow: height < low
@@ -16,7 +15,7 @@ FocusScope {
     readonly property bool joinsHeader: isLow && !Theme.isAccessibilitySize && !picker.canGoBack
 
     focus: true
-    implicitWidth: 540
+    implicitWidth: Theme.sheetWidth
     implicitHeight: 640
 
     Keys.onPressed: event => {
@@ -44,8 +43,8 @@ FocusScope {
         anchors.topMargin: root.joinsHeader ? titleBar.gap / 2 - titleBar.height : 0
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.leftMargin: root.margin
-        anchors.rightMargin: root.joinsHeader ? titleBar.sides : root.margin
+        anchors.leftMargin: Theme.margin()
+        anchors.rightMargin: root.joinsHeader ? titleBar.sides : Theme.margin()
         focus: true
         picker: root.picker
     }

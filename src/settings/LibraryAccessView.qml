@@ -9,18 +9,22 @@ FocusScope {
 
     required property LibraryAccessRequest request
 
-    readonly property real margin: 22
+    readonly property real margin: Theme.margin(true)
     readonly property real gap: 12
     readonly property real symbolSize: Math.round(2.5 * Theme.title2.font.pixelSize)
     readonly property real textWidth: 420
 
     focus: true
 
-    SettingsPage {
+    ScrollingPage {
         id: page
 
         anchors.fill: parent
-        margin: Math.max(root.margin, (width - root.textWidth) / 2)
+        isRegularWidth: true
+        widestContent: root.textWidth
+        bottomPadding: 24
+        air: bottomPadding
+        focus: true
 
         Item {
             id: opening
@@ -70,7 +74,7 @@ FocusScope {
         // The answers stand at the lower edge, or after the text where it needs the room.
         Item {
             width: parent.width
-            height: Math.max(root.margin, page.height - opening.height - texts.height - buttons.height - page.spaceBelow)
+            height: Math.max(root.margin, page.height - opening.height - texts.height - buttons.height - page.bottomPadding)
         }
         Column {
             id: buttons

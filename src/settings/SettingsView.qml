@@ -10,8 +10,7 @@ FocusScope {
     required property SettingsScreen screen
 
     readonly property string title: qsTr("Settings")
-    readonly property real wideWidth: 540
-    readonly property real margin: width >= wideWidth ? 22 : 18
+    readonly property bool isRegularWidth: width >= Theme.sheetWidth
     readonly property list<string> themes: [qsTr("Automatic"), qsTr("Light"), qsTr("Dark")]
     readonly property list<string> motions: [qsTr("Automatic"), qsTr("Reduced"), qsTr("Full")]
 
@@ -22,8 +21,8 @@ FocusScope {
 
         width: parent.width
         title: root.title
-        margin: root.margin
-        hasLine: page.contentY > 0
+        margin: Theme.margin(root.isRegularWidth)
+        hasLine: page.isScrolled
 
         PlainButton {
             anchors.right: parent.right
@@ -34,13 +33,15 @@ FocusScope {
             onClicked: root.screen.dismiss()
         }
     }
-    SettingsPage {
+    ScrollingPage {
         id: page
 
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width
-        margin: root.margin
+        isRegularWidth: root.isRegularWidth
+        bottomPadding: 24
+        air: bottomPadding
 
         StyledText {
             width: parent.width
@@ -124,7 +125,7 @@ FocusScope {
                     name: qsTr("Theme")
                     titles: root.themes
                     current: root.screen.theme
-                    availableWidth: page.width - 2 * root.margin
+                    availableWidth: page.width - 2 * page.horizontalPadding
                     onChosen: index => root.screen.setTheme(index)
                 }
             }
@@ -143,7 +144,7 @@ FocusScope {
                     name: qsTr("Motion")
                     titles: root.motions
                     current: root.screen.motion
-                    availableWidth: page.width - 2 * root.margin
+                    availableWidth: page.width - 2 * page.horizontalPadding
                     onChosen: index => root.screen.setMotion(index)
                 }
             }

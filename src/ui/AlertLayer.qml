@@ -11,12 +11,12 @@ T.Popup {
     required property Presentation presentation
     readonly property Alert alert: root.presentation.alert
 
-    readonly property real alertWidth: 290
+    readonly property real alertWidth: Theme.isAccessibilitySize ? 420 : 290
     readonly property real inset: 18
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(parent ? parent.width - 32 : alertWidth, Theme.isAccessibilitySize ? 420 : alertWidth)
+    width: Math.min(alertWidth, parent ? parent.width - 32 : alertWidth)
     height: Math.min(implicitHeight, parent ? parent.height - 32 : implicitHeight)
     implicitHeight: contentColumn.implicitHeight
     modal: true

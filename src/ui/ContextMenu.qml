@@ -26,12 +26,7 @@ T.Menu {
 
     contentItem: ListView {
         implicitHeight: contentHeight
-        implicitWidth: {
-            let widest = 0;
-            for (let i = 0; i < root.count; ++i)
-                widest = Math.max(widest, root.itemAt(i).implicitWidth);
-            return widest;
-        }
+        implicitWidth: Math.max(0, ...Array.from({ length: root.count }, (_, i) => root.itemAt(i).implicitWidth))
         model: root.contentModel
         currentIndex: root.currentIndex
         interactive: contentHeight > height

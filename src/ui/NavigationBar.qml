@@ -7,7 +7,7 @@ Item {
     id: root
 
     property string title: ""
-    property real margin: 22
+    property real margin: Theme.margin(true)
     default property alias content: ends.data
     readonly property real barHeight: 52
     /// Shown while what is below the bar has been scrolled.

@@ -3,26 +3,26 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// Shows the sheet of a presentation over its window: as wide as a phone, or 540 points and centred.
+/// Shows the sheet of a presentation over its window: as wide as a phone, or of a width of its own, and centred.
 T.Popup {
     id: root
 
     required property Presentation presentation
 
-    readonly property bool isWide: parent && parent.width >= 700
-    readonly property real wideWidth: 540
+    readonly property size room: parent ? Qt.size(parent.width, parent.height) : Qt.size(0, 0)
+    readonly property bool isWide: room.width >= Theme.regularWidth
     readonly property real low: 560
-    readonly property real wideMargin: parent && parent.height < low ? topGap : 40
+    readonly property real wideMargin: room.height < low ? topGap : 40
     readonly property real tallest: 820
     readonly property real topGap: 12
-    readonly property real restingY: isWide ? (parent.height - height) / 2 : topGap
+    readonly property real restingY: isWide ? (room.height - height) / 2 : topGap
     readonly property bool slides: !Theme.reducesMotion
 
     parent: T.Overlay.overlay
-    x: parent ? (parent.width - width) / 2 : 0
+    x: (room.width - width) / 2
     y: restingY
-    width: isWide ? wideWidth : parent ? parent.width : 0
-    height: !parent ? 0 : isWide ? Math.min(tallest, parent.height - 2 * wideMargin) : parent.height - topGap
+    width: isWide ? Theme.sheetWidth : room.width
+    height: isWide ? Math.min(tallest, room.height - 2 * wideMargin) : room.height - topGap
     modal: true
     focus: true
     visible: root.presentation.isSheetVisible
@@ -75,7 +75,7 @@ T.Popup {
     enter: Transition {
         NumberAnimation {
             property: root.slides ? "y" : "opacity"
-            from: root.slides ? root.parent.height : 0
+            from: root.slides ? root.room.height : 0
             to: root.slides ? root.restingY : 1
             duration: Theme.sheetDuration
             easing.type: Easing.OutQuint
@@ -84,7 +84,7 @@ T.Popup {
     exit: Transition {
         NumberAnimation {
             property: root.slides ? "y" : "opacity"
-            to: root.slides ? root.parent.height : 0
+            to: root.slides ? root.room.height : 0
             duration: Theme.sheetDuration * 0.8 // leaves a little faster than it came
             easing.type: Easing.InCubic
         }

@@ -3,11 +3,12 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// Shows where a page stands: slim, over its edge, fading while nothing moves.
+/// Shows where a page or a list stands: slim, over its edge, fading while nothing moves.
 T.ScrollBar {
     id: root
 
-    readonly property real thickness: 4
+    property real thickness: 4
+    property real resting: 0.25 ///< opacity while nothing moves
     readonly property real shortestThumb: 36
 
     implicitWidth: thickness + 2 * padding
@@ -21,7 +22,7 @@ T.ScrollBar {
         implicitWidth: root.thickness
         radius: width / 2
         color: Theme.secondaryLabel
-        opacity: root.pressed || root.hovered ? 0.8 : root.active ? 0.6 : 0.25
+        opacity: Math.max(root.pressed || root.hovered ? 0.8 : 0, root.active ? 0.6 : 0, root.resting)
 
         Behavior on opacity {
             NumberAnimation {

@@ -87,6 +87,10 @@ class Theme : public QObject
     Q_PROPERTY(trackwise::TextStyle barButton READ barButton NOTIFY changed)
 
     Q_PROPERTY(qreal touchTarget READ touchTarget CONSTANT)
+    /// From this width on a window has room for a sidebar, and for what stands over it to leave it in sight.
+    Q_PROPERTY(qreal regularWidth READ regularWidth CONSTANT)
+    /// Of a sheet in such a window.
+    Q_PROPERTY(qreal sheetWidth READ sheetWidth CONSTANT)
     Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY changed)
     Q_PROPERTY(int sheetDuration READ sheetDuration NOTIFY changed)
     Q_PROPERTY(int alertDuration READ alertDuration NOTIFY changed)
@@ -135,6 +139,13 @@ public:
     Q_INVOKABLE [[nodiscard]] QUrl symbolSource(const QString &name, const QColor &color) const;
 
     [[nodiscard]] qreal touchTarget() const { return 44; }
+    [[nodiscard]] static qreal regularWidth() { return 700; }
+    [[nodiscard]] static qreal sheetWidth() { return 540; }
+    /// Beside the content of a screen.
+    Q_INVOKABLE [[nodiscard]] static qreal margin(bool isRegularWidth = false)
+    {
+        return isRegularWidth ? 22 : 18;
+    }
     /// Milliseconds. With reduced motion every transition is a short cross-fade.
     [[nodiscard]] int hoverDuration() const { return 120; }
     [[nodiscard]] int sheetDuration() const;

@@ -90,6 +90,21 @@ std::vector<Mention> mentions(const Plan &plan, const QString &path, const QStri
     return found;
 }
 
+// What a view decides by itself: statements that branch or repeat, and a choice within a choice.
+QStringList decisions(QString text)
+{
+    static const QRegularExpression aside(QStringLiteral(R"(//[^\n]*|"(?:\\.|[^"\\\n])*")"));
+    static const QRegularExpression decision(
+        QStringLiteral(R"(\b(?:if|switch|for|while)\s*\()"
+                       R"(|\?(?![.?])(?:[^:\n]*|[^\n]*: *\(?(?:[^?,()\n]|\([^()\n]*\))*)\?(?![.?]))"));
+    text.remove(aside);
+    QStringList found;
+    auto matches = decision.globalMatch(text);
+    while (matches.hasNext())
+        found << matches.next().captured(0);
+    return found;
+}
+
 } // namespace
 
 Plan planIn(const QString &page)
@@ -132,6 +147,10 @@ QStringList complaints(const Plan &plan, const QString &path, const QString &tex
             found << QStringLiteral("%1: %2 names no room of the plan").arg(path, written);
         else if (!mayKnow(plan, path, room))
             found << QStringLiteral("%1: %2 may not be known to %3").arg(path, written, roomOf(plan, path));
+    }
+    if (path.endsWith(QStringLiteral(".qml"))) {
+        for (const QString &decision : decisions(text))
+            found << QStringLiteral("%1: \"%2\" decides something, which is up to C++").arg(path, decision);
     }
     return found;
 }

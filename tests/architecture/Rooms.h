@@ -24,7 +24,8 @@ using Plan = std::map<QString, Room>;
 [[nodiscard]] QString roomOf(const Plan &plan, const QString &path);
 
 /// What the text of the file @p path (relative to src/) names against the plan, one complaint each: rooms by
-/// #include "..." in C++, by import in QML and by target in CMakeLists.txt.
+/// #include "..." in C++, by import in QML and by target in CMakeLists.txt. In QML also what is decided
+/// there.
 [[nodiscard]] QStringList complaints(const Plan &plan, const QString &path, const QString &text);
 
 } // namespace trackwise

@@ -2,7 +2,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import QtQuick.Window
-import Trackwise.Information
 import Trackwise.Ui
 
 /// A page that scrolls, with the margins that lists and texts have: by finger, wheel, arrow and page keys.
@@ -11,17 +10,20 @@ FocusScope {
 
     default property alias content: column.data
     /// Wide windows have wider margins.
-    property bool isRegularWidth: Window.width >= 700 // from here on there is room for a sidebar
+    property bool isRegularWidth: Window.width >= Theme.regularWidth
     property real verticalPadding: 0
+    property real bottomPadding: verticalPadding
+    /// Around what the keyboard focus reaches.
+    property real air: lineStep
     /// Of the content, in points; in wider pages it stands in the middle.
     property real widestContent: Infinity
-    readonly property real horizontalPadding: isRegularWidth ? 22 : 18
+    readonly property real horizontalPadding: Theme.margin(isRegularWidth)
     readonly property bool isScrolled: flickable.contentY > 0
 
     readonly property real lineStep: 3 * Theme.caption.lineHeight
-    readonly property real pageStep: height - lineStep
     readonly property real wheelNotch: 120 // eighths of a degree
     readonly property real lowest: Math.max(0, flickable.contentHeight - height)
+    readonly property real goal: scrolling.running ? scrolling.to : flickable.contentY
 
     /// The end was asked for, and stays in view while the page grows.
     property bool showsEnd: false
@@ -38,40 +40,15 @@ FocusScope {
         flickable.focus = true;
     }
     function scrollTo(y: real) {
-        root.showsEnd = false;
+        root.showsEnd = y === Infinity;
         scrolling.to = Math.max(0, Math.min(y, root.lowest));
         scrolling.restart();
     }
-    function scrollBy(distance: real) {
-        root.scrollTo((scrolling.running ? scrolling.to : flickable.contentY) + distance);
-    }
     function scrollForKey(key: int): bool {
-        switch (key) {
-        case Qt.Key_Up:
-            root.scrollBy(-root.lineStep);
-            return true;
-        case Qt.Key_Down:
-            root.scrollBy(root.lineStep);
-            return true;
-        case Qt.Key_PageUp:
-            root.scrollBy(-root.pageStep);
-            return true;
-        case Qt.Key_PageDown:
-            root.scrollBy(root.pageStep);
-            return true;
-        case Qt.Key_Home:
-            root.scrollTo(0);
-            return true;
-        case Qt.Key_End:
-            root.scrollTo(root.lowest);
-            root.showsEnd = true;
-            return true;
-        default:
-            return false;
-        }
+        return keyboard.scrollForKey(key, root.goal);
     }
 
-    onLowestChanged: if (root.showsEnd) scrollForKey(Qt.Key_End)
+    onLowestChanged: root.showsEnd && root.scrollTo(Infinity)
     Keys.onPressed: event => {
         event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
     }
@@ -97,16 +74,19 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(root.width - 2 * root.horizontalPadding, root.widestContent)
             topPadding: root.verticalPadding
-            bottomPadding: root.verticalPadding
+            bottomPadding: root.bottomPadding
         }
         WheelHandler {
             acceptedDevices: PointerDevice.Mouse
-            onWheel: event => root.scrollBy(-event.angleDelta.y / root.wheelNotch * root.lineStep)
+            onWheel: event => root.scrollTo(root.goal - event.angleDelta.y / root.wheelNotch * root.lineStep)
         }
     }
-    KeyboardReveal {
+    KeyboardScrolling {
+        id: keyboard
+
         page: flickable
-        air: root.lineStep
+        air: root.air
+        lineStep: root.lineStep
         onScrollWanted: contentY => root.scrollTo(contentY)
     }
     NumberAnimation {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/KeyboardReveal.h"
+#include "ui/KeyboardScrolling.h"
 
 #include <QTest>
 
 using namespace trackwise;
 
-class tst_KeyboardReveal : public QObject
+class tst_KeyboardScrolling : public QObject
 {
     Q_OBJECT
 
@@ -28,5 +28,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_KeyboardReveal)
-#include "tst_KeyboardReveal.moc"
+QTEST_GUILESS_MAIN(tst_KeyboardScrolling)
+#include "tst_KeyboardScrolling.moc"

@@ -20,16 +20,18 @@ struct PageStretch
 [[nodiscard]] std::optional<qreal> revealingOffset(const PageStretch &item, const PageStretch &view,
                                                    qreal air);
 
-/// Watches a page that scrolls, and says where to scroll when the keyboard focus reaches something out of
-/// sight: by Tab, backtab or a shortcut. Focus that a click sets, or that comes back when a menu or a sheet
-/// closes, moves nothing. Main thread.
-class KeyboardReveal : public QObject
+/// Says where a page scrolls by its keys, and when the keyboard focus reaches something out of sight: by Tab,
+/// backtab or a shortcut. Focus that a click sets, or that comes back when a menu or a sheet closes, moves
+/// nothing. Main thread.
+class KeyboardScrolling : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     /// A Flickable, or something with its properties.
     Q_PROPERTY(QQuickItem *page READ page WRITE setPage NOTIFY pageChanged REQUIRED)
     Q_PROPERTY(qreal air MEMBER m_air NOTIFY airChanged)
+    /// How far an arrow key goes; a page key leaves as much of the page in view.
+    Q_PROPERTY(qreal lineStep MEMBER m_lineStep NOTIFY airChanged)
 
 public:
     using QObject::QObject;
@@ -37,10 +39,13 @@ public:
     [[nodiscard]] QQuickItem *page() const { return m_page; }
     void setPage(QQuickItem *page);
 
+    /// Scrolls, from @p contentY on, for a key that is for scrolling; false for any other.
+    Q_INVOKABLE bool scrollForKey(int key, qreal contentY);
+
 Q_SIGNALS:
     void pageChanged();
     void airChanged();
-    /// @p contentY lies within the page.
+    /// @p contentY may lie beyond the page's ends: infinity, for one, is the end, wherever that comes to be.
     void scrollWanted(qreal contentY);
 
 private:
@@ -49,6 +54,7 @@ private:
 
     QPointer<QQuickItem> m_page;
     qreal m_air = 0;
+    qreal m_lineStep = 0;
     QMetaObject::Connection m_watching;
 };
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/KeyboardReveal.h"
+#include "ui/KeyboardScrolling.h"
 
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <limits>
 
 namespace trackwise {
 
@@ -33,7 +34,7 @@ std::optional<qreal> revealingOffset(const PageStretch &item, const PageStretch 
     return std::nullopt;
 }
 
-void KeyboardReveal::setPage(QQuickItem *page)
+void KeyboardScrolling::setPage(QQuickItem *page)
 {
     if (page == m_page)
         return;
@@ -41,21 +42,48 @@ void KeyboardReveal::setPage(QQuickItem *page)
         m_page->disconnect(this);
     m_page = page;
     if (page) {
-        connect(page, &QQuickItem::windowChanged, this, &KeyboardReveal::watchWindow);
+        connect(page, &QQuickItem::windowChanged, this, &KeyboardScrolling::watchWindow);
         watchWindow(page->window());
     }
     Q_EMIT pageChanged();
 }
 
-void KeyboardReveal::watchWindow(const QQuickWindow *window)
+bool KeyboardScrolling::scrollForKey(int key, qreal contentY)
+{
+    const qreal pageStep = m_page->height() - m_lineStep;
+    switch (key) {
+    case Qt::Key_Up:
+        Q_EMIT scrollWanted(contentY - m_lineStep);
+        return true;
+    case Qt::Key_Down:
+        Q_EMIT scrollWanted(contentY + m_lineStep);
+        return true;
+    case Qt::Key_PageUp:
+        Q_EMIT scrollWanted(contentY - pageStep);
+        return true;
+    case Qt::Key_PageDown:
+        Q_EMIT scrollWanted(contentY + pageStep);
+        return true;
+    case Qt::Key_Home:
+        Q_EMIT scrollWanted(0);
+        return true;
+    case Qt::Key_End:
+        Q_EMIT scrollWanted(std::numeric_limits<qreal>::infinity());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void KeyboardScrolling::watchWindow(const QQuickWindow *window)
 {
     disconnect(m_watching);
     if (window)
         m_watching =
-            connect(window, &QQuickWindow::activeFocusItemChanged, this, &KeyboardReveal::focusDidMove);
+            connect(window, &QQuickWindow::activeFocusItemChanged, this, &KeyboardScrolling::focusDidMove);
 }
 
-void KeyboardReveal::focusDidMove()
+void KeyboardScrolling::focusDidMove()
 {
     if (!m_page || !m_page->window())
         return;
