@@ -11,10 +11,6 @@
         <source>Album artwork, empty</source>
         <translation>Albumcover, leer</translation>
     </message>
-    <message>
-        <source>Copy</source>
-        <translation>Kopieren</translation>
-    </message>
 </context>
 <context>
     <name>ArtworkView</name>
@@ -31,7 +27,7 @@
     </message>
 </context>
 <context>
-    <name>CopyMenus</name>
+    <name>CopyMenu</name>
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>

@@ -62,34 +62,10 @@ FocusableItem {
         visible: root.hasKeyboardFocus
     }
 
-    Loader {
+    CopyMenu {
         id: menu
 
-        property point place
-
-        function openAt(place: point) {
-            menu.place = place;
-            menu.active = true;
-        }
-        function didClose() {
-            menu.active = false;
-            root.forceActiveFocus(Qt.PopupFocusReason);
-        }
-
-        active: false
-        sourceComponent: ContextMenu {
-            parent: root
-            x: menu.place.x
-            y: menu.place.y
-            Component.onCompleted: open()
-            onClosed: menu.didClose()
-
-            ContextMenuItem {
-                text: qsTr("Copy")
-                symbolName: "doc.on.doc"
-                onTriggered: root.view.copyArtwork()
-            }
-        }
+        onChosen: root.view.copyArtwork()
     }
     Shortcut {
         sequences: [StandardKey.Copy]

@@ -14,8 +14,8 @@ Item {
     property point position
     readonly property real longPressSeconds: 0.5
 
-    function didClose(menu: Loader) {
-        menu.active = false;
+    function didClose() {
+        editMenu.active = false;
         root.focusItem.forceActiveFocus(Qt.PopupFocusReason);
     }
     function openEditMenu(touch: point) {
@@ -24,8 +24,7 @@ Item {
         editMenu.active = true;
     }
     function openContextMenu(place: point) {
-        root.position = place;
-        contextMenu.active = true;
+        contextMenu.openAt(place);
     }
 
     TapHandler {
@@ -51,25 +50,13 @@ Item {
             x: root.position.x - width / 2
             y: root.position.y - height
             onChosen: root.label.copy()
-            onClosed: root.didClose(editMenu)
+            onClosed: root.didClose()
         }
     }
-    Loader {
+    CopyMenu {
         id: contextMenu
 
-        active: false
-        sourceComponent: ContextMenu {
-            parent: root
-            x: root.position.x
-            y: root.position.y
-            Component.onCompleted: open()
-            onClosed: root.didClose(contextMenu)
-
-            ContextMenuItem {
-                text: qsTr("Copy")
-                symbolName: "doc.on.doc"
-                onTriggered: root.label.copyCreationText()
-            }
-        }
+        focusItem: root.focusItem
+        onChosen: root.label.copyCreationText()
     }
 }
