@@ -26,7 +26,7 @@ Item {
         Accessible.role: Accessible.Grouping
         Accessible.name: root.view.spokenText
 
-        StyledText {
+        Heading {
             visible: root.view.isNowPlaying
             width: parent.width
             style: Theme.caption2.bold()
@@ -34,8 +34,6 @@ Item {
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
             text: qsTr("NOW PLAYING")
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
         Item {
             width: parent.width

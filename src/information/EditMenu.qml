@@ -63,19 +63,11 @@ T.Popup {
         }
     }
 
-    enter: Transition {
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: Theme.hoverDuration
-        }
+    enter: Fade {
+        from: 0
+        to: 1
     }
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            to: 0
-            duration: Theme.hoverDuration
-        }
+    exit: Fade {
+        to: 0
     }
 }

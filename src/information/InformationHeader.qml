@@ -18,7 +18,7 @@ Item {
     // Whole points, so that the hairlines below stay sharp.
     implicitHeight: Math.round(Math.max(title.y + title.height, showMore.y + showMore.height)) + spaceBelow
 
-    StyledText {
+    Heading {
         id: title
 
         // On a shared baseline the higher of the two begins at the top.
@@ -30,8 +30,6 @@ Item {
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: Math.round(font.pixelSize / 2)
         elide: Text.ElideRight
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
     PlainButton {
         id: showMore

@@ -21,14 +21,12 @@ Column {
         size: root.symbolSize
         color: Theme.secondaryLabel
     }
-    StyledText {
+    Heading {
         width: root.width - 2 * root.margin
         text: root.picker.emptyState.title
         style: Theme.title3.bold()
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
     StyledText {
         width: root.width - 2 * root.margin

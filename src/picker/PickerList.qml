@@ -55,15 +55,13 @@ ListView {
             visible: header.y < root.contentY + header.height
             color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground // as the sheet's
         }
-        StyledText {
+        Heading {
             anchors.left: parent.left
             anchors.leftMargin: Theme.margin()
             anchors.verticalCenter: parent.verticalCenter
             text: header.label
             style: Theme.footnote.bold()
             color: Theme.secondaryLabel
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
     }
 

@@ -56,7 +56,7 @@ Item {
         style: Theme.barButton
         onClicked: root.picker.cancel()
     }
-    StyledText {
+    Heading {
         id: title
 
         visible: root.showsTitle
@@ -72,7 +72,5 @@ Item {
         maximumLineCount: 1
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
 }

@@ -43,14 +43,12 @@ FocusScope {
                 name: "music.note"
                 size: root.symbolSize
             }
-            StyledText {
+            Heading {
                 width: parent.width
                 text: qsTr("“Trackwise” would like to access your music library")
                 style: Theme.title2.bold()
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
             StyledText {
                 width: parent.width
@@ -86,7 +84,7 @@ FocusScope {
                 width: parent.width
                 text: qsTr("OK")
                 isFilled: true
-                focus: true
+                Component.onCompleted: focus = true // from the page, which has it until then
                 onClicked: root.request.allow()
             }
             PromptButton {

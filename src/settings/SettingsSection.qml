@@ -11,14 +11,12 @@ Column {
     readonly property real spaceAbove: 26
     readonly property real spaceBelow: 4
 
-    StyledText {
+    Heading {
         width: parent.width
         topPadding: root.spaceAbove
         bottomPadding: root.spaceBelow
         text: root.title
         style: Theme.title3.bold()
         wrapMode: Text.Wrap
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
 }

@@ -43,15 +43,13 @@ FocusScope {
         bottomPadding: 24
         air: bottomPadding
 
-        StyledText {
+        Heading {
             width: parent.width
             visible: Theme.isAccessibilitySize
             text: root.title
             style: Theme.title2.bold()
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: Math.round(font.pixelSize / 2)
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
         SettingsSection {
             width: parent.width

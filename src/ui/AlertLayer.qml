@@ -105,11 +105,8 @@ T.Popup {
             easing.type: Easing.OutCubic
         }
     }
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            to: 0
-            duration: Theme.alertDuration
-        }
+    exit: Fade {
+        to: 0
+        duration: Theme.alertDuration
     }
 }

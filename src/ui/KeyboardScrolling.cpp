@@ -4,7 +4,9 @@
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <utility>
 
 namespace trackwise {
 
@@ -51,28 +53,19 @@ void KeyboardScrolling::setPage(QQuickItem *page)
 bool KeyboardScrolling::scrollForKey(int key, qreal contentY)
 {
     const qreal pageStep = m_page->height() - m_lineStep;
-    switch (key) {
-    case Qt::Key_Up:
-        Q_EMIT scrollWanted(contentY - m_lineStep);
-        return true;
-    case Qt::Key_Down:
-        Q_EMIT scrollWanted(contentY + m_lineStep);
-        return true;
-    case Qt::Key_PageUp:
-        Q_EMIT scrollWanted(contentY - pageStep);
-        return true;
-    case Qt::Key_PageDown:
-        Q_EMIT scrollWanted(contentY + pageStep);
-        return true;
-    case Qt::Key_Home:
-        Q_EMIT scrollWanted(0);
-        return true;
-    case Qt::Key_End:
-        Q_EMIT scrollWanted(std::numeric_limits<qreal>::infinity());
-        return true;
-    default:
+    const std::array<std::pair<int, qreal>, 6> targets{{
+        {Qt::Key_Up, contentY - m_lineStep},
+        {Qt::Key_Down, contentY + m_lineStep},
+        {Qt::Key_PageUp, contentY - pageStep},
+        {Qt::Key_PageDown, contentY + pageStep},
+        {Qt::Key_Home, 0},
+        {Qt::Key_End, std::numeric_limits<qreal>::infinity()},
+    }};
+    const auto target = std::ranges::find(targets, key, &std::pair<int, qreal>::first);
+    if (target == targets.end())
         return false;
-    }
+    Q_EMIT scrollWanted(target->second);
+    return true;
 }
 
 void KeyboardScrolling::watchWindow(const QQuickWindow *window)

@@ -243,6 +243,7 @@ private Q_SLOTS:
                 device.folders.add(device.path("More"));
                 const auto &folders = qobject_cast<LibraryAccessRequest *>(request)->folders()->lines();
                 QCOMPARE(folders.at(0).title + folders.at(1).title, u"~/Music~/More"_s);
+                QCOMPARE(sheet.window.activeFocusItem(), sheet.named(u"OK"_s));
                 sheet.press(pressed, Qt::Key_Return);
             }
             QTRY_COMPARE(answers, QList<LibraryAuthorizationStatus>({status, status}));
