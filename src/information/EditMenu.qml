@@ -55,7 +55,6 @@ T.Popup {
             text: qsTr("Copy")
             style: Theme.subheadline
             color: Theme.label
-            Accessible.role: Accessible.MenuItem
             onClicked: {
                 root.chosen();
                 root.close();
