@@ -26,9 +26,7 @@ const QString metadataKey = QStringLiteral("Metadata");
 
 QDBusMessage playerCall(const QString &owner, const QString &interface, const QString &method)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(owner, mprisPath, interface, method);
-    message.setAutoStartService(false);
-    return message;
+    return QDBusMessage::createMethodCall(owner, mprisPath, interface, method);
 }
 
 } // namespace
