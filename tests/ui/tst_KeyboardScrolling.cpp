@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/KeyboardScrolling.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace trackwise;
@@ -25,6 +26,24 @@ private Q_SLOTS:
         QCOMPARE(offset(-300, 101), -1);   // its last point is in view
         QCOMPARE(offset(399, 800), -1);    // its first point is in view
         QCOMPARE(offset(400, 701), 370);   // longer, below
+    }
+
+    void keysScrollByLinesAndPages()
+    {
+        QQuickItem page;
+        page.setHeight(300);
+        KeyboardScrolling scrolling;
+        scrolling.setPage(&page);
+        scrolling.setProperty("lineStep", 48);
+        const QSignalSpy wanted(&scrolling, &KeyboardScrolling::scrollWanted);
+        for (const int key :
+             {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End})
+            QVERIFY(scrolling.scrollForKey(key, 1000));
+        QVERIFY(!scrolling.scrollForKey(Qt::Key_Left, 1000));
+        QList<qreal> places;
+        for (const QList<QVariant> &arguments : wanted)
+            places << arguments.first().toReal();
+        QCOMPARE(places, QList<qreal>({952, 1048, 748, 1252, 0, qInf()}));
     }
 };
 
