@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "information/DateFormats.h"
+#include "information/FormatLocale.h"
 #include "information/InformationRows.h"
+#include "support/FullSong.h"
 
 #include <QProcess>
 #include <QTest>
@@ -48,35 +50,18 @@ class tst_InformationRows : public QObject
 private Q_SLOTS:
     void showsEverythingInOrder()
     {
-        const InformationRows rows = rowsOf({.title = u"Golden Hour Lines"_s,
-                                             .artist = u"The Quiet Machines"_s,
-                                             .albumTitle = u"Paper Satellites"_s,
-                                             .albumArtist = u"Various"_s,
-                                             .composer = u"I. Vale"_s,
-                                             .genre = u"Electronic"_s,
-                                             .userGrouping = u"Evening"_s,
-                                             .comments = u"Two\nlines"_s,
-                                             .lyrics = u"La"_s,
-                                             .releaseDate = sys_days{2021y / 3 / 5},
-                                             .lastPlayedDate = sys_days{2021y / 3 / 5} + 15h + 4min,
-                                             .dateAddedForReal = sys_days{2020y / 12 / 31} + 9h,
-                                             .playbackDuration = 205.9,
-                                             .playCount = 1234567,
-                                             .skipCount = 2,
-                                             .rating = 4,
-                                             .beatsPerMinute = 1118,
-                                             .albumTrackNumber = 3,
-                                             .albumTrackCount = 12,
-                                             .discNumber = 1,
-                                             .discCount = 1,
-                                             .isExplicitItem = true});
+        MediaItem song = fullSong();
+        song.playCount = 1234567;
+        song.beatsPerMinute = 1118;
+        song.comments = u"Two\nlines"_s;
+        const InformationRows rows = rowsOf(song);
         QCOMPARE(lines(rows.main).join(u'\n'),
-                 u"Title: Golden Hour Lines\nArtist: The Quiet Machines\nAlbum: Paper Satellites\n"
-                 "Album artist: Various\nComposer: I. Vale\nGenre: Electronic\n"
+                 u"Title: Tïtle ✓ 夜\nArtist: First, Second\nAlbum: Album\n"
+                 "Album artist: Album Artist\nComposer: Composer\nGenre: Jazz, Rock\n"
                  "Release date: March 5, 2021\nDuration: 3:25\nPlay count: 1234567\n"
                  "Last played: March 5, 2021 at 3:04 PM"_s);
         QCOMPARE(lines(rows.more).join(u'\n'),
-                 u"Grouping: Evening\nTrack: 3 of 12\nDisc number: 1 of 1\nCompilation: No\n"
+                 u"Grouping: Grouping\nTrack: 3 of 12\nDisc number: 1 of 2\nCompilation: Yes\n"
                  "Explicit: Yes\nRating: ★★★★☆ (Rating, 4 stars)\nBPM: 1118\nSkip count: 2\n"
                  "Date added: December 31, 2020 at 9:00 AM\nComments: Two\nlines\n"
                  "Lyrics: Show Lyrics [button]"_s);
@@ -198,6 +183,27 @@ private Q_SLOTS:
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
         QVERIFY(child.readAll().contains("rating of 6 stars"));
+    }
+
+    void formatsFollowTheEnvironment()
+    {
+        const auto locales = [](const QString &variables) {
+            QProcessEnvironment environment;
+            for (const QString &variable : variables.split(u' ', Qt::SkipEmptyParts))
+                environment.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+            const FormatLocale locale = FormatLocale::fromEnvironment(environment);
+            return locale.dates == locale.numbers ? locale.dates : locale.dates + ' ' + locale.numbers;
+        };
+        QCOMPARE(locales({}), "en_US"_ba);
+        QCOMPARE(locales(u"LANG=de_DE.UTF-8"_s), "de_DE"_ba);
+        QCOMPARE(locales(u"LANG=en_US.UTF-8 LC_TIME=da_DK.UTF-8"_s), "da_DK en_US"_ba);
+        QCOMPARE(locales(u"LANG=en_US LC_NUMERIC=ar_EG.UTF-8"_s), "en_US ar_EG"_ba);
+        QCOMPARE(locales(u"LC_ALL=ja_JP.UTF-8 LC_TIME=fr_FR LANG=de_DE"_s), "ja_JP"_ba);
+        QCOMPARE(locales(u"LC_ALL= LC_TIME= LANG=fi_FI"_s), "fi_FI"_ba); // empty means unset
+        QCOMPARE(locales(u"LANG=C.UTF-8 LC_NUMERIC=POSIX"_s), "en_US"_ba);
+        QCOMPARE(locales(u"LANG=fr_FR@euro"_s), "fr_FR"_ba);
+        QCOMPARE(locales(u"LANG=sr_RS.UTF-8@latin"_s), "sr_Latn_RS"_ba);
+        QCOMPARE(locales(u"LANG=uz@cyrillic"_s), "uz_Cyrl"_ba);
     }
 };
 

@@ -3,6 +3,7 @@
 // The files under tests/data/tags hold the same song in every container and tag dialect; make_fixtures.py
 // there says what is in them.
 #include "device/library/WavFolder.h"
+#include "device/library/tags/EveryTag.h"
 #include "device/library/tags/FileArtwork.h"
 #include "device/library/tags/MusicFormats.h"
 #include "device/library/tags/TagReader.h"
@@ -31,41 +32,9 @@ SongTags readFixture(const QByteArray &name)
     return tags ? *tags : SongTags();
 }
 
-/// Everything that a dialect can say.
-SongTags everything()
-{
-    return {
-        .title = u"Tïtle ✓ 夜"_s,
-        .artists = {u"First"_s, u"Second"_s},
-        .albumTitle = u"Album"_s,
-        .albumArtist = u"Album Artist"_s,
-        .composer = u"Composer"_s,
-        .genres = {u"Jazz"_s, u"Rock"_s},
-        .grouping = u"Grouping"_s,
-        .comments = u"Comment"_s,
-        .lyrics = u"First line\nSecond line"_s,
-        .titleSort = u"Title sort"_s,
-        .artistSort = u"Artist sort"_s,
-        .albumSort = u"Album sort"_s,
-        .albumArtistSort = u"Album artist sort"_s,
-        .releaseDate = PartialDate::fromText(u"2021-03-05"_s),
-        .ratingPercent = 70,
-        .playCount = 7,
-        .beatsPerMinute = 128,
-        .trackNumber = 3,
-        .trackCount = 12,
-        .discNumber = 1,
-        .discCount = 2,
-        .isCompilation = true,
-        .advisory = Advisory::Explicit,
-        .catalogID = u"1440857781"_s,
-        .recordingMBID = u"11111111-2222-4333-8444-555555555555"_s,
-    };
-}
-
 SongTags withOneArtistAndGenre(const QString &artist)
 {
-    auto tags = everything();
+    auto tags = everyTag();
     tags.artists = {artist};
     tags.genres = {u"Jazz"_s};
     return tags;
@@ -111,15 +80,15 @@ private Q_SLOTS:
         for (const auto *name : {"id3v24.mp3", "id3.wav", "id3.aiff", "id3.tta", "id3.dsf", "id3.dff",
                                  "id3.aac", "xiph.flac", "xiph.ogg", "xiph.opus", "xiph.spx", "xiph.oga",
                                  "apev2.ape", "apev2.mpc", "apev2.wv", "apev2.mp3", "apev2.ac3", "atoms.m4a"})
-            check(name, everything());
+            check(name, everyTag());
         auto id3v23 = withOneArtistAndGenre(u"First/Second"_s);
         id3v23.titleSort = id3v23.artistSort = id3v23.albumSort = std::nullopt; // frames of ID3v2.4
         check("id3v23.mp3", id3v23);
-        auto alac = everything();
+        auto alac = everyTag();
         alac.catalogID = u"2492863669"_s;
         check("alac.m4a", alac);
         check("matroska.mka", matroska());
-        auto asf = everything(); // keeps the second genre in a list of its own, which is read first
+        auto asf = everyTag(); // keeps the second genre in a list of its own, which is read first
         asf.genres = {u"Rock"_s, u"Jazz"_s};
         check("asf.wma", asf);
         for (const auto *name : {"info.caf", "info-rf64.wav"})
@@ -190,7 +159,7 @@ private Q_SLOTS:
     void stripsTheTimesFromLyrics()
     {
         for (const char *file : {"synced-lyrics.mp3", "lrc-inside.mp3"})
-            QCOMPARE(readFixture(file).lyrics, everything().lyrics);
+            QCOMPARE(readFixture(file).lyrics, everyTag().lyrics);
     }
 
     void tellsEveryoneTheSameFormats()

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/MprisNames.h"
 #include "device/players/PrivateSound.h"
+#include "device/players/publishing/ArtworkFile.h"
 #include "device/players/publishing/MprisPublisher.h"
 
 #include "support/Covers.h"
+#include "support/FullSong.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QJsonDocument>
@@ -25,19 +28,12 @@ constexpr QLatin1StringView propertiesInterface("org.freedesktop.DBus.Properties
 const QString appId = u"org.example.tester"_s;
 const QString busName = u"org.mpris.MediaPlayer2.org.example.tester"_s;
 
-MediaItem fullSong()
+MediaItem songWithCover()
 {
-    return {.title = u"Tonleiter"_s,
-            .artist = u"Die Prüfer"_s,
-            .albumTitle = u"Proben"_s,
-            .lyrics = u"do re mi\nfa so"_s,
-            .releaseDate = Instant(std::chrono::milliseconds(86'400'000)),
-            .playbackDuration = 60,
-            .playCount = 7,
-            .rating = 4,
-            .albumTrackNumber = 3,
-            .persistentID = PersistentID{0xABC},
-            .artwork = std::make_shared<MemoryArtwork>(coverBytes({8, 8}, Qt::red, "PNG"))};
+    MediaItem song = fullSong();
+    song.composer.reset();
+    song.artwork = std::make_shared<MemoryArtwork>(coverBytes({8, 8}, Qt::red, "PNG"));
+    return song;
 }
 
 /// Notes what the publisher announces, as another program on the bus.
@@ -145,14 +141,14 @@ private Q_SLOTS:
     {
         QCoreApplication::processEvents();
         QVERIFY(!isOnBus(busName)); // before the first song
-        load({fullSong(), {.title = u"Second"_s}});
+        load({songWithCover(), {.title = u"Second"_s}});
         QTRY_VERIFY(isOnBus(busName));
         QCOMPARE(playerctl({u"status"_s}), u"Stopped"_s);
         playerctl({u"play"_s});
         QTRY_COMPARE(playerctl({u"status"_s}), u"Playing"_s);
         for (const char *command : {"Next", "Next", "Previous", "Previous", "Next"}) {
             QVERIFY(call(mprisPlayerInterface, command)); // where there is none, it stays
-            QCOMPARE(metadata("xesam:title"), *command == 'N' ? u"Second"_s : u"Tonleiter"_s);
+            QCOMPARE(metadata("xesam:title"), *command == 'N' ? u"Second"_s : u"Tïtle ✓ 夜"_s);
             QTRY_COMPARE(m_player->playbackState(), PlaybackState::Playing);
         }
         playerctl({u"play-pause"_s});
@@ -190,7 +186,7 @@ private Q_SLOTS:
 
     void tellsWhatItKnowsOfTheSong()
     {
-        load({fullSong()});
+        load({songWithCover()});
         QTRY_VERIFY(isOnBus(busName));
         QTRY_VERIFY(metadata("mpris:artUrl").startsWith(u"file:///"_s));
         QCOMPARE(QImage(QUrl(metadata("mpris:artUrl")).toLocalFile()).pixelColor(0, 0), QColor(Qt::red));
@@ -204,14 +200,14 @@ private Q_SLOTS:
             R"({"CanQuit":false,"CanRaise":true,"DesktopEntry":"org.example.tester","HasTrackList":false,)"
             R"("Identity":"Tester","SupportedMimeTypes":[],"SupportedUriSchemes":[]})");
         const std::pair<const char *, QString> told[]{
-            {"xesam:title", u"Tonleiter"_s},
-            {"xesam:artist", u"Die Prüfer"_s},
-            {"xesam:album", u"Proben"_s},
-            {"xesam:asText", u"do re mi\nfa so"_s},
+            {"xesam:title", u"Tïtle ✓ 夜"_s},
+            {"xesam:artist", u"First, Second"_s},
+            {"xesam:album", u"Album"_s},
+            {"xesam:asText", u"First line\nSecond line"_s},
             {"xesam:useCount", u"7"_s},
             {"xesam:trackNumber", u"3"_s},
             {"xesam:composer", QString()},
-            {"xesam:contentCreated", u"1970-01-02T01:00:00+01:00"_s},
+            {"xesam:contentCreated", u"2021-03-05T01:00:00+01:00"_s},
             {"mpris:trackid", u"'/org/example/tester/Track/0000000000000ABC'"_s}};
         for (const auto &[key, value] : told)
             QCOMPARE(metadata(key), value);
@@ -223,7 +219,7 @@ private Q_SLOTS:
     void announcesOnlyRealChanges()
     {
         Observer observer(QDBusConnection::sessionBus());
-        load({fullSong()});
+        load({songWithCover()});
         m_player->play();
         QTRY_VERIFY(observer.changedProperties.contains(u"PlaybackStatus"_s));
         QTRY_VERIFY(!metadata("mpris:artUrl").isEmpty());
@@ -241,7 +237,7 @@ private Q_SLOTS:
 
     void ignoresPositionsOfOtherTracksAndJumpsThatOverflow()
     {
-        load({fullSong()});
+        load({songWithCover()});
         m_player->play();
         QTRY_VERIFY(m_player->position() > 100ms);
         const auto setPosition = [](const QString &track, qlonglong microseconds) {
@@ -269,10 +265,27 @@ private Q_SLOTS:
         QDBusConnection other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s);
         QVERIFY(other.registerService(busName));
         m_publisher.reset();
-        load({fullSong()}); // it finds a song as it is made
+        load({songWithCover()}); // it finds a song as it is made
         m_publisher = std::make_unique<MprisPublisher>(*m_player, settings(), QDBusConnection::sessionBus());
         QTRY_VERIFY(isOnBus(u"%1.instance%2"_s.arg(busName).arg(QCoreApplication::applicationPid())));
         QVERIFY(other.unregisterService(busName));
+    }
+
+    void keepsTheLastPicturesAsFiles()
+    {
+        const QString folder = m_folder.filePath(u"pictures"_s);
+        const auto fileOf = [&folder](const QByteArray &bytes) {
+            return artworkFile(MemoryArtwork(bytes), folder).value_or(u"/none"_s).section(u'/', -1);
+        };
+        QCOMPARE(fileOf("RIFF1234WAVE"), u"none"_s);
+        const QString first = fileOf("BM");
+        for (int i = 0; i < 40; ++i) {
+            QCOMPARE(fileOf("BM" + QByteArray::number(i)), fileOf("BM" + QByteArray::number(i)));
+            QCOMPARE(fileOf("BM"), first); // used again and again
+        }
+        const QDir kept(folder);
+        QCOMPARE(kept.entryList(QDir::Files).size(), 32);
+        QVERIFY(kept.exists(first) && first.endsWith(u".bmp"));
     }
 };
 
