@@ -2,19 +2,15 @@
 #pragma once
 
 #include "app/ContainerViewController.h"
-#include "artwork/ArtworkFiles.h"
-#include "artwork/ArtworkLoader.h"
 #include "lookup/CatalogLookup.h"
 #include "lookup/ListedLibrary.h"
 #include "picker/MediaPicker.h"
 #include "platform/SystemMusicPlayer.h"
 #include "preferences/Preferences.h"
-#include "support/AddressOpenerDouble.h"
-#include "support/MusicPlayerDouble.h"
+#include "support/ArtworkDoubles.h"
 #include "support/WebDouble.h"
 
 #include <QCoreApplication>
-#include <QTemporaryDir>
 #include <QThreadPool>
 
 namespace trackwise {
@@ -62,21 +58,15 @@ inline MediaItem song(unsigned id)
 }
 
 /// Doubles of what the device gives to windows.
-struct WindowDevice
+struct WindowDevice : ArtworkDoubles
 {
     WindowDevice() = default;
     /// @p complete adds what most tests do without, before anything is made of the services.
     explicit WindowDevice(const std::function<void(DetailServices &)> &complete) { complete(services); }
 
-    QTemporaryDir folder;
     Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
     ListedLibrary library;
     SystemPlayerDouble systemPlayer;
-    MusicPlayerDouble player;
-    AddressOpenerDouble addresses;
-    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
-    ArtworkFiles files{folder.path()};
-    ArtworkServices artwork{player, addresses, loader, files, [] { return Instant(); }};
     WebDouble http;
     CatalogLookup catalog{http, {}};
     QThreadPool searches;

@@ -45,22 +45,7 @@ struct Window : WindowDevice
     {
         return scene->detail().visibleMediaItem() ? *scene->detail().visibleMediaItem()->title : QString();
     }
-    template <typename Wanted>
-    [[nodiscard]] static QQuickItem *findBelow(QQuickItem *item, const Wanted &isWanted)
-    {
-        if (isWanted(item))
-            return item;
-        for (QQuickItem *child : item->childItems()) {
-            if (QQuickItem *found = findBelow(child, isWanted))
-                return found;
-        }
-        return nullptr;
-    }
-    [[nodiscard]] LinkDropTarget *dropTarget() const
-    {
-        return qobject_cast<LinkDropTarget *>(findBelow(
-            window().contentItem(), [](QQuickItem *item) { return qobject_cast<LinkDropTarget *>(item); }));
-    }
+    [[nodiscard]] LinkDropTarget *dropTarget() const { return window().findChild<LinkDropTarget *>(); }
     /// Sends a drag event as the window system does; gives back the action, or none where it was refused.
     template <typename Event>
     Qt::DropAction drag(const QMimeData &data)
@@ -285,10 +270,12 @@ private Q_SLOTS:
         w.scene->detail().displayMediaItem(song, {.showsNotInLibraryAlert = false});
         QQuickItem *list = nullptr;
         const auto property = [&list](const char *name) { return list->property(name).toReal(); };
-        QTRY_VERIFY((list = Window::findBelow(w.window().contentItem(), [](QQuickItem *item) {
-                         return item->inherits("QQuickFlickable") &&
-                                item->property("contentHeight").toReal() > item->height();
-                     })));
+        for (QQuickItem *item : w.window().findChildren<QQuickItem *>()) {
+            if (item->inherits("QQuickFlickable") &&
+                item->property("contentHeight").toReal() > item->height())
+                list = item;
+        }
+        QVERIFY(list);
         const qreal end = property("contentHeight") - list->height();
         list->setProperty("contentY", end);
         w.scene->detail().presentLyrics(song);

@@ -32,11 +32,6 @@ MediaItem songWith(std::uint64_t id, std::shared_ptr<MemoryArtwork> artwork)
     return {.persistentID = {id}, .artwork = std::move(artwork)};
 }
 
-std::shared_ptr<MemoryArtwork> cover(const QColor &color, QSize size = {100, 100})
-{
-    return std::make_shared<MemoryArtwork>(coverBytes(size, color, "png"));
-}
-
 QColor middle(const QImage &image)
 {
     return image.pixelColor(image.rect().center());

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "artwork/ArtworkFiles.h"
 #include "artwork/ArtworkSidebarView.h"
-#include "support/AddressOpenerDouble.h"
-#include "support/MusicPlayerDouble.h"
+#include "support/ArtworkDoubles.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -14,11 +12,9 @@ class tst_ArtworkPlayback : public QObject
 {
     Q_OBJECT
 
-    MusicPlayerDouble m_player;
-    AddressOpenerDouble m_opener;
-    ArtworkLoader m_loader{[](PersistentID) { return ArtworkPtr(); }};
-    ArtworkFiles m_files{QString()};
-    const ArtworkServices m_services{m_player, m_opener, m_loader, m_files, [] { return Instant{}; }};
+    ArtworkDoubles m_doubles;
+    MusicPlayerDouble &m_player = m_doubles.player;
+    const ArtworkServices &m_services = m_doubles.artwork;
     const MediaItem m_songA{.title = u"A"_s, .persistentID = {1}};
     const MediaItem m_songB{.title = u"B"_s, .persistentID = {2}};
     const std::optional<MediaItem> m_none;

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "artwork/ArtworkFiles.h"
 #include "artwork/ArtworkImageProvider.h"
 #include "artwork/ArtworkPicture.h"
 #include "artwork/ArtworkSidebarView.h"
-#include "support/AddressOpenerDouble.h"
+#include "support/ArtworkDoubles.h"
 #include "support/Covers.h"
-#include "support/MusicPlayerDouble.h"
 #include "support/ViewWindow.h"
 #include "ui/Engine.h"
 
@@ -29,14 +27,8 @@ MediaItem song(const QString &title, std::shared_ptr<MemoryArtwork> artwork = {}
             .artwork = std::move(artwork)};
 }
 
-struct ShownSidebar
+struct ShownSidebar : ArtworkDoubles
 {
-    MusicPlayerDouble player;
-    AddressOpenerDouble opener;
-    ArtworkLoader loader{[](PersistentID) { return ArtworkPtr(); }};
-    QTemporaryDir folder;
-    ArtworkFiles files{folder.path()};
-    ArtworkServices services{player, opener, loader, files, [] { return Instant{}; }};
     ArtworkSidebarView sidebar;
 };
 
@@ -44,7 +36,7 @@ struct ShownSidebar
 struct SidebarWindow : ShownSidebar, ViewWindow
 {
     explicit SidebarWindow(std::optional<MediaItem> shown, bool isNowPlaying = false, QSize size = {320, 600})
-        : ShownSidebar{.sidebar{std::move(shown), isNowPlaying, false, services}}
+        : ShownSidebar{.sidebar{std::move(shown), isNowPlaying, false, artwork}}
         , ViewWindow(size)
     {
         player.beginGeneratingPlaybackNotifications();
@@ -57,11 +49,6 @@ struct SidebarWindow : ShownSidebar, ViewWindow
     }
     [[nodiscard]] QQuickItem *emptyTile() { return find(u"Album artwork, empty"_s, QAccessible::Graphic); }
 };
-
-std::shared_ptr<MemoryArtwork> cover(const QColor &color)
-{
-    return std::make_shared<MemoryArtwork>(coverBytes({400, 400}, color, "png"));
-}
 
 const QString lines = u"Lines, The Quiet Machines"_s;
 
@@ -107,7 +94,7 @@ private Q_SLOTS:
         QVERIFY(link.right() <= texts.left() - 8);
         QVERIFY(!at.find(u"Play"_s, QAccessible::Button));
         QTest::mouseClick(&at.window, Qt::LeftButton, {}, link.center().toPoint());
-        QCOMPARE(at.opener.opened, std::vector{QUrl(u"music://"_s)});
+        QCOMPARE(at.addresses.opened, std::vector{QUrl(u"music://"_s)});
     }
 
     void theSameItemShowsHowTheNextSongPlays()
@@ -117,7 +104,7 @@ private Q_SLOTS:
         QQuickItem *button = at.find(u"Pause"_s, QAccessible::Button);
         button->forceActiveFocus(Qt::TabFocusReason);
         const auto show = [&at](const MediaItem &item, bool isNowPlaying) {
-            auto *other = new ArtworkSidebarView(item, isNowPlaying, true, at.services, &at.window);
+            auto *other = new ArtworkSidebarView(item, isNowPlaying, true, at.artwork, &at.window);
             at.window.rootObject()->setProperty("view", QVariant::fromValue(other));
         };
         const MediaItem other{.title = u"Other"_s, .persistentID = {2}};
@@ -131,7 +118,7 @@ private Q_SLOTS:
         at.find(u"Open Music app"_s, QAccessible::Link)->forceActiveFocus(Qt::TabFocusReason);
         show(song(u"Lines"_s), false);
         at.press(Qt::Key_Space);
-        QVERIFY(at.opener.opened.empty());
+        QVERIFY(at.addresses.opened.empty());
     }
 
     void withoutASongThereIsOnlyTheEmptyTile()

@@ -59,4 +59,10 @@ private:
     QByteArray m_bytes;
 };
 
+/// A cover of one colour that lies in memory.
+inline std::shared_ptr<MemoryArtwork> cover(const QColor &color, QSize size = {400, 400})
+{
+    return std::make_shared<MemoryArtwork>(coverBytes(size, color, "png"));
+}
+
 } // namespace trackwise

@@ -15,13 +15,10 @@ namespace {
 TrackMetadata said(const char *title, const char *artist, const char *album = "",
                    std::chrono::milliseconds length = 0ms)
 {
-    TrackMetadata track;
-    track.title = QString::fromUtf8(title);
-    if (*artist)
-        track.artists = {QString::fromUtf8(artist)};
-    track.albumTitle = QString::fromUtf8(album);
-    track.length = length;
-    return track;
+    return {.title = QString::fromUtf8(title),
+            .artists = QString::fromUtf8(artist).split(u',', Qt::SkipEmptyParts),
+            .albumTitle = QString::fromUtf8(album),
+            .length = length};
 }
 
 } // namespace
@@ -72,22 +69,16 @@ private Q_SLOTS:
             track.url = u"file://"_s + m_folder.filePath(QString::fromUtf8(file));
             return track;
         };
-        const auto withUrl = [](const char *url) {
-            TrackMetadata track = said("x", "y");
-            track.url = QString::fromUtf8(url);
-            return track;
-        };
-        TrackMetadata tagged = said("x", "y");
-        tagged.musicBrainzId = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
+        const QString page = u"https://music.example.com/de/"_s;
         const std::tuple<const char *, TrackMetadata, qsizetype> rows[]{
             {"file", at("song%20one.flac"), 1},
             {"symbolic link", at("link.flac"), 1},
             {"hard link", at("hard.flac"), 1},
             {"file that is elsewhere", at("copy.flac"), 4},
-            {"album page", withUrl("https://music.example.com/de/album/first/99?i=1440833098"), 1},
-            {"song page", withUrl("https://music.example.com/de/song/song-one/1440833098"), 1},
-            {"album number", withUrl("https://music.example.com/de/album/first/1440833098"), 0},
-            {"MusicBrainz", tagged, 1},
+            {"album page", {.url = page + u"album/first/99?i=1440833098"_s}, 1},
+            {"song page", {.url = page + u"song/song-one/1440833098"_s}, 1},
+            {"album number", {.url = page + u"album/first/1440833098"_s}, 0},
+            {"MusicBrainz", {.musicBrainzId = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s}, 1},
             {"album decides", said("INTRO", "band", "Second", 60s), 3},
             {"album without length", said("intro", "Band", "first"), 2},
             {"album, wrong length", said("Intro", "Band", "First", 70s), 0},
