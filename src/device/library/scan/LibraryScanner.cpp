@@ -105,6 +105,9 @@ public:
                                              : FolderWalk::walkPart(m_part, visitor, stop);
         if (m_watch && m_isComplete)
             m_watch->didScan(m_part);
+    }
+    void handOnRest(TaskQueue &tasks, const std::stop_token &stop)
+    {
         (void)tasks.push(std::move(m_gathered), stop);
         tasks.close();
     }
@@ -289,6 +292,7 @@ private:
         threads.emplace_back([&] {
             m_walk.run(tasks, ending.get_token());
             m_monitor.noteAllFound();
+            m_walk.handOnRest(tasks, ending.get_token());
         });
         for (unsigned i = 0; i < readers; ++i) {
             threads.emplace_back([&] {
