@@ -2,11 +2,7 @@
 #include "app/AddressOpening.h"
 #include "app/WindowControllers.h"
 #include "support/ScriptedScan.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 class tst_AddressOpening : public QObject
 {

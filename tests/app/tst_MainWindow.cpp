@@ -5,6 +5,7 @@
 #include "artwork/ArtworkMimeData.h"
 #include "detail/LinkDropTarget.h"
 #include "support/SyntheticLibrary.h"
+#include "support/Test.h"
 #include "ui/Engine.h"
 
 #include <QAccessible>
@@ -14,12 +15,8 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

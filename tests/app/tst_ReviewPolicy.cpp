@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ReviewPolicy.h"
+#include "support/Test.h"
 
-#include <QTest>
 #include <QTimeZone>
 
 #include <functional>
-
-using namespace trackwise;
 
 class tst_ReviewPolicy : public QObject
 {

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkAddress.h"
 #include "artwork/ArtworkContent.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
+#include "support/Test.h"
 
 class tst_ArtworkContent : public QObject
 {

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkDecoder.h"
 #include "support/Covers.h"
+#include "support/Test.h"
 
 #include <QColorSpace>
 #include <QPainter>
-#include <QTest>
 #include <QtEndian>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

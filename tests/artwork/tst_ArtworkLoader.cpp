@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkLoader.h"
 #include "support/Covers.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 namespace {
 

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/ArtworkSidebarView.h"
 #include "support/ArtworkDoubles.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_ArtworkPlayback : public QObject
 {

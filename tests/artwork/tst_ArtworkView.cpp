@@ -4,6 +4,7 @@
 #include "artwork/ArtworkSidebarView.h"
 #include "support/ArtworkDoubles.h"
 #include "support/Covers.h"
+#include "support/Test.h"
 #include "support/ViewWindow.h"
 #include "ui/Engine.h"
 
@@ -13,9 +14,6 @@
 #include <QQmlEngine>
 #include <QSemaphore>
 #include <QTimer>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "artwork/Squircle.h"
 #include "artwork/TileGround.h"
+#include "support/Test.h"
 
 #include <QQuickWindow>
-#include <QTest>
 
 #include <numbers>
-
-using namespace trackwise;
 
 namespace {
 

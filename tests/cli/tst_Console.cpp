@@ -2,14 +2,11 @@
 #include "cli/Call.h"
 #include "cli/Console.h"
 #include "device/library/store/FilePaths.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <pty.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 using namespace trackwise::cli;
 
 class tst_Console : public QObject

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Program.h"
+#include "support/Test.h"
 
 #include <QImage>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 // What a start says where it cannot go on, that it leaves nothing behind then, and the picture that it saves.
 class tst_Starting : public QObject, private Program

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowControllers.h"
 #include "support/SyntheticLibrary.h"
+#include "support/Test.h"
 
 #include <QAbstractItemModelTester>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "information/CopyableLabel.h"
 #include "information/ListWindow.h"
+#include "support/Test.h"
 #include "ui/Engine.h"
 
 #include <QClipboard>
 #include <QQmlEngine>
 #include <QSignalSpy>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -3,16 +3,13 @@
 #include "information/FormatLocale.h"
 #include "information/InformationRows.h"
 #include "support/FullSong.h"
+#include "support/Test.h"
 
 #include <QProcess>
-#include <QTest>
 
 #include <limits>
 
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 using std::chrono::sys_days;
-using namespace std::chrono_literals;
 
 namespace {
 

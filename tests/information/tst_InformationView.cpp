@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "information/ListWindow.h"
+#include "support/Test.h"
 #include "ui/Engine.h"
 
 #include <QClipboard>
@@ -8,9 +9,6 @@
 #include <QTcpServer>
 
 #include <cmath>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/LibraryListModel.h"
 #include "support/SyntheticLibrary.h"
+#include "support/Test.h"
 
 #include <QAbstractItemModelTester>
 #include <QSemaphore>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -13,9 +13,6 @@
 #include <mutex>
 #include <set>
 #include <utility>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_LibraryListModel : public QObject
 {

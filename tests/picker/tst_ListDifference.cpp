@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/ListDifference.h"
 #include "picker/SectionLabels.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <algorithm>
 #include <numeric>
 #include <random>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

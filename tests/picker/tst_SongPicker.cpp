@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/MediaPicker.h"
 #include "support/SyntheticLibrary.h"
+#include "support/Test.h"
 #include "support/ViewWindow.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preferences/Preferences.h"
 #include "preferences/UserDefaultsStore.h"
+#include "support/Test.h"
 
 #include <QLockFile>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimeZone>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_Preferences : public QObject
 {

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Test.h"
 #include "support/ViewWindow.h"
 #include "ui/Engine.h"
 
 #include <QClipboard>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

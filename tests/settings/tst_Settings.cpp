@@ -7,6 +7,7 @@
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
 #include "support/ScriptedScan.h"
+#include "support/Test.h"
 #include "support/ViewWindow.h"
 #include "ui/Presentation.h"
 
@@ -15,9 +16,6 @@
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Test.h"
 #include "ui/KeyboardScrolling.h"
 
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace trackwise;
 
 class tst_KeyboardScrolling : public QObject
 {

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Test.h"
 #include "ui/Presentation.h"
 
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 

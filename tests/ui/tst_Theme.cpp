@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Test.h"
 #include "ui/Engine.h"
 #include "ui/SymbolProvider.h"
 #include "ui/Theme.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_Theme : public QObject
 {

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Test.h"
 #include "ui/Translations.h"
 
-#include <QTest>
 #include <QTranslator>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_Translations : public QObject
 {

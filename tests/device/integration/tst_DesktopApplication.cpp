@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopApplication.h"
+#include "support/Test.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <optional>
 
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 using Standing = DesktopApplication::Standing;
 
 namespace {

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/SystemTimeZone.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_SystemTimeZone : public QObject
 {

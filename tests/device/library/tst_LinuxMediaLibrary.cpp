@@ -2,15 +2,11 @@
 #include "device/library/LibraryFixture.h"
 #include "device/library/tags/EveryTag.h"
 #include "support/FullSong.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 #include <set>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 class tst_LinuxMediaLibrary : public QObject
 {

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/PlaybackTally.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <vector>
-
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 

@@ -4,18 +4,14 @@
 #include "device/library/scan/TrialReading.h"
 #include "device/library/store/FileSignature.h"
 #include "device/library/tags/TagReader.h"
+#include "support/Test.h"
 
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
-#include <QTest>
 
 #include <csignal>
 #include <map>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 using Reading = LibraryScanner::TagReading;
 

@@ -2,11 +2,7 @@
 #include "device/library/store/SearchWords.h"
 #include "device/library/store/TextFolding.h"
 #include "device/library/store/TextOrder.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 class tst_TextFolding : public QObject
 {

@@ -3,11 +3,7 @@
 #include "device/library/tags/FileArtwork.h"
 #include "device/library/tags/FolderListing.h"
 #include "device/library/tags/TagReader.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 namespace {
 

@@ -3,11 +3,7 @@
 #include "device/library/tags/PartialDate.h"
 #include "device/library/tags/SongTags.h"
 #include "device/library/tags/TagFields.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 class tst_TagValues : public QObject
 {

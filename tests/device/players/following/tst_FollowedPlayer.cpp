@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/following/FollowedPlayer.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
+#include "support/Test.h"
 
 class tst_FollowedPlayer : public QObject
 {

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
 #include "device/players/following/NowPlayingMatcher.h"
+#include "support/Test.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 

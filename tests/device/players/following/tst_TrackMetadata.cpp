@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/following/TrackMetadata.h"
+#include "support/Test.h"
 
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QTest>
 
 #include <limits>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 class tst_TrackMetadata : public QObject
 {

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/PrivateSound.h"
 #include "device/players/playing/ApplicationMusicPlayer.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
+#include "support/Test.h"
 
 /// On a device without a sound server at first; a program of its own, for the multimedia library looks only
 /// once.

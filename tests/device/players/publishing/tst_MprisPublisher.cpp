@@ -3,9 +3,9 @@
 #include "device/players/PrivateSound.h"
 #include "device/players/publishing/ArtworkFile.h"
 #include "device/players/publishing/MprisPublisher.h"
-
 #include "support/Covers.h"
 #include "support/FullSong.h"
+#include "support/Test.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -15,12 +15,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
-#include <QTest>
 #include <QUrl>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 
