@@ -51,10 +51,7 @@ public:
 
 inline MediaItem song(unsigned id)
 {
-    MediaItem item;
-    item.title = QStringLiteral("song %1").arg(id);
-    item.persistentID = PersistentID{id};
-    return item;
+    return {.title = QStringLiteral("song %1").arg(id), .persistentID = PersistentID{id}};
 }
 
 /// Doubles of what the device gives to windows.

@@ -8,6 +8,8 @@
 #include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"
+#include "support/Files.h"
+#include "support/Test.h"
 #include "ui/Engine.h"
 #include "ui/Theme.h"
 
@@ -15,14 +17,9 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTcpSocket>
-#include <QTest>
 #include <QTimer>
 
 #include <optional>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -38,18 +35,12 @@ const QString answeredLate = u"1"_s;
 const QString neverAnswered = u"2"_s;
 const QString inTheLibrary = u"1440857781"_s;
 
-/// Answers of the catalog, late or not at all.
-class Catalog
+/// A catalog that answers late or not at all.
+struct Catalog
 {
-public:
-    [[nodiscard]] QString address() const { return m_server.address({}).toString(); }
-    /// Requests that still wait for an answer.
-    [[nodiscard]] int waiting() const { return m_waiting; }
-
-private:
-    void answer(QTcpSocket &socket, const QByteArray &path)
-    {
-        ++m_waiting;
+    int waiting = 0; ///< requests without an answer
+    WebServer server{[this](QTcpSocket &socket, const QByteArray &path) {
+        ++waiting;
         if (path.contains("id=1&"))
             QTimer::singleShot(4ms, &socket, [&socket] {
                 WebServer::reply(
@@ -57,11 +48,8 @@ private:
                     R"({"results":[{"kind":"song","trackName":"Title","artistName":"Artist"}]})");
                 socket.disconnectFromHost();
             });
-        QObject::connect(&socket, &QTcpSocket::disconnected, &m_server, [this] { --m_waiting; });
-    }
-
-    int m_waiting = 0;
-    WebServer m_server{[this](QTcpSocket &socket, const QByteArray &path) { answer(socket, path); }};
+        QObject::connect(&socket, &QTcpSocket::disconnected, &server, [this] { --waiting; });
+    }};
 };
 
 std::unique_ptr<Device> openDevice(const WavFolder &music, const QTemporaryDir &folder)
@@ -84,10 +72,10 @@ struct Program
     AppDelegate app;
     LinuxLibrary &library = device->library();
 
-    Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &server)
+    Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &web)
         : device(openDevice(music, folder))
         , preferences(folder.filePath(u"defaults.ini"_s))
-        , catalog(device->http(), {server.address(), u"catalog.example"_s})
+        , catalog(device->http(), {web.server.address({}).toString(), u"catalog.example"_s})
         , app({device->library().mediaLibrary(), device->library().browser(), device->library().scan(),
                device->player(), device->systemPlayer(), device->appearance(), device->addresses(), catalog,
                folder.path(), QUrl()},
@@ -159,9 +147,7 @@ private Q_SLOTS:
             m_music.writeBytes(album + "/cover.jpg",
                                coverBytes({900, 900}, QColor::fromHsv(i * 10, 200, 200), "JPG"));
         }
-        QFile known(QStringLiteral(TRACKWISE_TEST_DATA "/atoms.m4a"));
-        QVERIFY(known.open(QIODevice::ReadOnly));
-        m_music.writeBytes("known.m4a", known.readAll());
+        m_music.writeBytes("known.m4a", contentsOf(QStringLiteral(TRACKWISE_TEST_DATA "/atoms.m4a")));
         Program program(m_music, m_folder, m_catalog);
         QSignalSpy scanned(&program.library.scan(), &ScanController::finished);
         program.library.scan().start();
@@ -181,11 +167,11 @@ private Q_SLOTS:
             m_player.change(playing(u"Song %1"_s.arg(round), u"Ann"_s));
             letRunFor(moment(round));
             if (round == rounds - 1)
-                QTRY_VERIFY(m_catalog.waiting() > 0);
+                QTRY_VERIFY(m_catalog.waiting > 0);
             closes.window().close();
         }
         QTRY_COMPARE(program.app.scenes().size(), 1u);
-        QTRY_COMPARE(m_catalog.waiting(), 0); // nobody waits any more
+        QTRY_COMPARE(m_catalog.waiting, 0); // nobody waits any more
         QTRY_COMPARE(stays.detail().visibleMediaItem().value_or(MediaItem()).title, u"Song 15"_s);
         stays.detail().handleDroppedURLs({link(inTheLibrary)});
         QTRY_COMPARE(stays.detail().visibleMediaItem()->playbackStoreID, inTheLibrary);
@@ -199,7 +185,7 @@ private Q_SLOTS:
             program.keepBusy(program.openWindow(), round);
             letRunFor(moment(round));
         }
-        QTRY_COMPARE(m_catalog.waiting(), 0);
+        QTRY_COMPARE(m_catalog.waiting, 0);
     }
 
     void remembersItsFirstLaunchAndOpensOneWindow()
@@ -352,7 +338,7 @@ private Q_SLOTS:
         QCOMPARE(answers.size(), 3u);
         answers.back()(true);
         QCoreApplication::processEvents();
-        QCOMPARE(m_catalog.waiting(), 0); // the drop went no further
+        QCOMPARE(m_catalog.waiting, 0); // the drop went no further
     }
 };
 

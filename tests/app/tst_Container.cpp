@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowControllers.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 
@@ -203,30 +200,25 @@ private Q_SLOTS:
 
     void whatTheUserChoosesStays()
     {
-        const struct
-        {
-            const char *name;
-            bool isFollowing;
-            bool isAskedFor;
-            unsigned chosen; ///< 0: what is shown is cleared
-            unsigned shown;
-        } rows[]{{"start under way", false, false, 5, 5},
-                 {"change of track under way", true, false, 5, 5},
-                 {"change of track under way, cleared", true, false, 0, 0},
-                 {"asked for what is playing", false, true, 5, 2}};
-        for (const auto &row : rows) {
+        // Whether what plays is followed or asked for, what is chosen (0: it is cleared), what is shown.
+        const std::tuple<const char *, bool, bool, unsigned, unsigned> rows[]{
+            {"start under way", false, false, 5, 5},
+            {"change of track under way", true, false, 5, 5},
+            {"change of track under way, cleared", true, false, 0, 0},
+            {"asked for what is playing", false, true, 5, 2}};
+        for (const auto &[name, isFollowing, isAskedFor, chosen, shown] : rows) {
             Window window(song(1));
-            if (row.isFollowing)
+            if (isFollowing)
                 window.settle();
             window.systemPlayer.change(song(2)); // when followed, it is asked whether the library may be used
-            if (row.isAskedFor)
+            if (isAskedFor)
                 window.detail.selectNowPlayingSong(true);
-            if (row.chosen)
-                window.choose(row.chosen);
+            if (chosen)
+                window.choose(chosen);
             else
                 window.detail.clearSelectedSong();
             window.settle(); // the answers are on their way
-            QVERIFY2(window.shown() == row.shown, row.name);
+            QVERIFY2(window.shown() == shown, name);
         }
     }
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/Files.h"
+#include "support/Test.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTest>
 
 #include <map>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -142,9 +142,9 @@ class tst_Rooms : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        QFile page(QStringLiteral(TRACKWISE_ROOT "/docs/architecture.md"));
-        QVERIFY(page.open(QIODevice::ReadOnly));
-        m_plan = planIn(QString::fromUtf8(page.readAll()));
+        const QString page = QStringLiteral(TRACKWISE_ROOT "/docs/architecture.md");
+        m_plan = planIn(QString::fromUtf8(contentsOf(page)));
+        QVERIFY(!m_plan.empty());
     }
 
     void tellsAllowedArrowsFromForbiddenOnes()
@@ -211,12 +211,11 @@ private Q_SLOTS:
         QDirIterator files(source.path(), {u"*.h"_s, u"*.cpp"_s, u"*.qml"_s, u"CMakeLists.txt"_s},
                            QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
-            QFile file(files.next());
-            const QString path = source.relativeFilePath(file.fileName());
+            const QString file = files.next();
+            const QString path = source.relativeFilePath(file);
             if (path.count(u'/') == 0 || path == u"device/CMakeLists.txt"_s)
                 continue; // lists of folders
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            found << complaints(m_plan, path, QString::fromUtf8(file.readAll()));
+            found << complaints(m_plan, path, QString::fromUtf8(contentsOf(file)));
             rooms << roomOf(m_plan, path);
         }
         for (const auto &[name, room] : m_plan)

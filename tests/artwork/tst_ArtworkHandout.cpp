@@ -3,16 +3,14 @@
 #include "artwork/ArtworkFiles.h"
 #include "artwork/ArtworkMimeData.h"
 #include "support/Covers.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QClipboard>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 
@@ -60,10 +58,8 @@ private Q_SLOTS:
             const auto second = files.store("two", "key 2", u"Same.png"_s);
             QVERIFY(first && second && *first != *second);
             QCOMPARE(files.store("one", "key 1", u"Same.png"_s), first);
-            QFile file(first->toLocalFile());
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll(), QByteArray("one"));
-            folder = QFileInfo(file).path();
+            QCOMPARE(contentsOf(first->toLocalFile()), QByteArray("one"));
+            folder = QFileInfo(first->toLocalFile()).path();
         }
         QVERIFY(!QFileInfo::exists(folder));
         ArtworkFiles nowhere(u"/proc/no"_s);

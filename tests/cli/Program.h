@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/Files.h"
+
 #include <QByteArrayList>
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,8 +42,7 @@ protected:
     }
     static QByteArray contents(const QByteArray &path)
     {
-        QFile file(QFile::decodeName(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return trackwise::contentsOf(QFile::decodeName(path));
     }
     /// @p shell comes before the program in the command line, such as "env -u HOME".
     [[nodiscard]] Outcome run(const QByteArrayList &arguments, const QByteArray &shell = {},

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Program.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 #include <fileref.h>
 
 #include <filesystem>
-
-using namespace Qt::StringLiterals;
 
 class tst_CommandLine : public QObject, private Program
 {
@@ -125,16 +124,15 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(QString::fromUtf8(inScratch("odd"))));
         const QByteArray path = makeSong(inScratch("odd/\xff\n'.flac"), L"\x1b[31mred\x07");
         const QByteArrayList library{"--library", inScratch("odd.db"), "--folder", inScratch("odd")};
-        QFile garbage(QString::fromUtf8(inScratch("odd/noise.mp3")));
-        QVERIFY(garbage.open(QIODevice::WriteOnly) && garbage.write("<html>") > 0);
-        garbage.close();
+        const QString garbage = QString::fromUtf8(inScratch("odd/noise.mp3"));
+        writeFile(garbage, "<html>");
 
         QCOMPARE(run(QByteArrayList{"library", "scan"} + library).output,
                  "1 songs, 1 files with problems\n"_ba);
-        QVERIFY(run(QByteArrayList{"library", "problems"} + library)
-                    .output.startsWith(garbage.fileName().toUtf8() + ": "));
+        QVERIFY(
+            run(QByteArrayList{"library", "problems"} + library).output.startsWith(garbage.toUtf8() + ": "));
         const QByteArray problem = run(QByteArrayList{"library", "problems", "--json"} + library).output;
-        QCOMPARE(QJsonDocument::fromJson(problem).object().value(u"path"_s), garbage.fileName());
+        QCOMPARE(QJsonDocument::fromJson(problem).object().value(u"path"_s), garbage);
 
         const QJsonObject song =
             QJsonDocument::fromJson(run(QByteArrayList{"library", "export"} + library).output).object();

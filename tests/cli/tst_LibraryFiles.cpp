@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Program.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <sqlite3.h>
-
-using namespace Qt::StringLiterals;
 
 // What the commands say of a library that is damaged, missing, or where nothing can be written.
 class tst_LibraryFiles : public QObject, private Program
@@ -25,9 +24,7 @@ private:
     }
     [[nodiscard]] QByteArray write(const char *name, const QByteArray &bytes) const
     {
-        QFile file(QFile::decodeName(inScratch(name)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", name);
+        writeFile(QFile::decodeName(inScratch(name)), bytes);
         return inScratch(name);
     }
     /// Root may write anywhere, unless it has given that up.

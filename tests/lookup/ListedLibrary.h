@@ -19,13 +19,11 @@ public:
     void add(unsigned id, const char *title, const char *artist, const char *album,
              const char *catalogID = "")
     {
-        MediaItem song;
-        song.title = QString::fromUtf8(title);
-        song.artist = QString::fromUtf8(artist);
-        song.albumTitle = QString::fromUtf8(album);
-        song.persistentID = PersistentID{id};
-        song.playbackStoreID = QString::fromUtf8(catalogID);
-        list.push_back(song);
+        list.push_back({.title = QString::fromUtf8(title),
+                        .artist = QString::fromUtf8(artist),
+                        .albumTitle = QString::fromUtf8(album),
+                        .persistentID = PersistentID{id},
+                        .playbackStoreID = QString::fromUtf8(catalogID)});
     }
 
     [[nodiscard]] LibraryAuthorizationStatus authorizationStatus() const override { return status; }

@@ -6,15 +6,12 @@
 #include "lookup/DroppedUrls.h"
 #include "lookup/LibrarySearch.h"
 #include "lookup/ListedLibrary.h"
+#include "support/Test.h"
 
 #include <QMimeData>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QUrl>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 // From what is dropped to a song of the library: its addresses, the catalog's answer, the searches.
 class tst_Lookup : public QObject
@@ -134,13 +131,8 @@ private Q_SLOTS:
         library.add(4, "Song", "Band", "Album");
         library.add(6, "Single", "Band", "Album");
         library.add(5, "Single", "Band", "");
-        const struct
-        {
-            const char *what;
-            QString title, artist;
-            std::optional<QString> album;
-            quint64 found; ///< 0: none
-        } rows[]{
+        // Title, artist and album, and the song that is found (0: none).
+        const std::tuple<const char *, QString, QString, std::optional<QString>, quint64> rows[]{
             {"all three, though others come first", u"Song"_s, u"Band"_s, u"Album"_s, 4},
             {"another spelling of the artist", u"Song"_s, u"The Band"_s, u"Album"_s, 2},
             {"another edition of the album", u"Song"_s, u"Band"_s, u"Album (Deluxe)"_s, 3},

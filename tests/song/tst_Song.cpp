@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "song/MediaItem.h"
 #include "song/PictureFormat.h"
-
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
+#include "support/Test.h"
 
 class tst_Song : public QObject
 {
@@ -35,22 +31,16 @@ private Q_SLOTS:
 
     void knowsASongAgain()
     {
-        const struct
-        {
-            quint64 firstID;
-            quint64 secondID;
-            unsigned plays; ///< of the second song; the first has none
-            bool isSame;
-        } rows[]{{1, 1, 1, true},  {1, 2, 0, false}, {1, 0, 0, false},
-                 {0, 1, 0, false}, {0, 0, 0, true},  {0, 0, 1, false}};
-        for (const auto &row : rows) {
-            MediaItem first;
-            first.persistentID = {row.firstID};
-            MediaItem second;
-            second.persistentID = {row.secondID};
-            second.playCount = row.plays;
-            QCOMPARE(std::tuple(row.firstID, row.secondID, row.plays, isSameSong(first, second)),
-                     std::tuple(row.firstID, row.secondID, row.plays, row.isSame));
+        // The identifiers of two songs, how often the second was played (the first never), and whether they
+        // are the same.
+        const std::tuple<quint64, quint64, unsigned, bool> rows[]{{1, 1, 1, true},  {1, 2, 0, false},
+                                                                  {1, 0, 0, false}, {0, 1, 0, false},
+                                                                  {0, 0, 0, true},  {0, 0, 1, false}};
+        for (const auto &[one, other, plays, isSame] : rows) {
+            const MediaItem first{.persistentID = {one}};
+            const MediaItem second{.playCount = plays, .persistentID = {other}};
+            QCOMPARE(std::tuple(one, other, plays, isSameSong(first, second)),
+                     std::tuple(one, other, plays, isSame));
         }
     }
 

@@ -126,11 +126,11 @@ std::vector<GroupRow> SyntheticLibrary::rowsOfGroups(std::span<const GroupKey> g
     for (const GroupKey key : groups) {
         const auto number = static_cast<std::uint64_t>(key);
         const bool isAlbum = idsInOne == idsInAlbum;
-        GroupRow row{.key = key, .songCount = static_cast<int>(idsInOne / step)};
-        row.name = numbered(isAlbum ? u"Album"_s : u"Artist"_s, number);
-        if (isAlbum)
-            row.artist = numbered(u"Artist"_s, (number - 1) / (idsInArtist / idsInAlbum) + 1);
-        rows.push_back(std::move(row));
+        const std::uint64_t artist = (number - 1) / (idsInArtist / idsInAlbum) + 1;
+        rows.push_back({.key = key,
+                        .name = numbered(isAlbum ? u"Album"_s : u"Artist"_s, number),
+                        .artist = isAlbum ? numbered(u"Artist"_s, artist) : QString(),
+                        .songCount = static_cast<int>(idsInOne / step)});
     }
     return rows;
 }
@@ -139,10 +139,7 @@ std::optional<MediaItem> SyntheticLibrary::song(PersistentID id) const
 {
     if (!std::ranges::binary_search(allSongs(), id))
         return std::nullopt;
-    MediaItem item;
-    item.title = titleOf(id);
-    item.persistentID = id;
-    return item;
+    return MediaItem{.title = titleOf(id), .persistentID = id};
 }
 
 } // namespace trackwise

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopAddressOpener.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
@@ -7,11 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QUrl>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 
@@ -55,16 +53,11 @@ class tst_DesktopAddressOpener : public QObject
 
     void writeProgram(const QString &name, const QByteArray &body) const
     {
-        QFile file(m_folder.filePath(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\n" + body + '\n');
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        writeFile(m_folder.filePath(name), "#!/bin/sh\n" + body + '\n');
+        QFile::setPermissions(m_folder.filePath(name),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    [[nodiscard]] QByteArray log() const
-    {
-        QFile file(m_folder.filePath(u"log"_s));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    [[nodiscard]] QByteArray log() const { return contentsOf(m_folder.filePath(u"log"_s)); }
 
 private Q_SLOTS:
     void initTestCase()

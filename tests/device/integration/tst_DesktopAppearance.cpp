@@ -2,6 +2,8 @@
 #include "device/integration/DesktopAppearance.h"
 #include "device/integration/PortalSettings.h"
 #include "device/integration/StoredDeviceSettings.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -13,37 +15,12 @@
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <array>
 #include <cmath>
 #include <memory>
 
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-
 using Spaces = QMap<QString, QVariantMap>;
-
-struct Rgb
-{
-    double red = 0;
-    double green = 0;
-    double blue = 0;
-};
-Q_DECLARE_METATYPE(Rgb)
-
-static QDBusArgument &operator<<(QDBusArgument &argument, const Rgb &c)
-{
-    argument.beginStructure();
-    argument << c.red << c.green << c.blue;
-    argument.endStructure();
-    return argument;
-}
-
-static const QDBusArgument &operator>>(const QDBusArgument &argument, Rgb &)
-{
-    return argument; // it is only sent
-}
 
 namespace {
 
@@ -53,6 +30,16 @@ const QString gnomeAccessibility = u"org.gnome.desktop.a11y.interface"_s;
 const QString kde = u"org.kde.kdeglobals.KDE"_s;
 const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
+
+/// A structure of three numbers.
+QVariant rgb(double red, double green, double blue)
+{
+    QDBusArgument color;
+    color.beginStructure();
+    color << red << green << blue;
+    color.endStructure();
+    return QVariant::fromValue(color);
+}
 
 /// A portal that answers with what it is given, on a connection of its own.
 class Portal : public QObject
@@ -95,11 +82,7 @@ class tst_DesktopAppearance : public QObject
     std::unique_ptr<StoredDeviceSettings> m_settings;
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qDBusRegisterMetaType<Spaces>();
-        qDBusRegisterMetaType<Rgb>();
-    }
+    void initTestCase() { qDBusRegisterMetaType<Spaces>(); }
     // Not sooner: the thread of the bus would look at the portal while that goes.
     void cleanup() { QDBusConnection::disconnectFromBus(u"portal"_s); }
     void init()
@@ -151,8 +134,7 @@ private Q_SLOTS:
 
     void followsThePortal()
     {
-        Portal portal({{appearance,
-                        {{u"color-scheme"_s, 1u}, {u"accent-color"_s, QVariant::fromValue(Rgb{0, 0.5, 1})}}},
+        Portal portal({{appearance, {{u"color-scheme"_s, 1u}, {u"accent-color"_s, rgb(0, 0.5, 1)}}},
                        {gnome, {{u"text-scaling-factor"_s, QVariant::fromValue(QDBusVariant(1.25))}}}});
         const DesktopAppearance look(*m_settings);
         QVERIFY(!look.isDark()); // nobody has waited for the answer
@@ -167,7 +149,7 @@ private Q_SLOTS:
         portal.change(u"org.example.others"_s, u"color-scheme"_s, 2u);
         portal.change(appearance, u"color-scheme"_s, 2u);
         QTRY_VERIFY(!look.isDark());
-        portal.change(appearance, u"accent-color"_s, QVariant::fromValue(Rgb{-1, -1, -1}));
+        portal.change(appearance, u"accent-color"_s, rgb(-1, -1, -1));
         QTRY_COMPARE(look.accent(), std::nullopt);
         portal.change(gnome, u"font-name"_s, u"Sans 11"_s);
         portal.change(gnome, u"enable-animations"_s, QVariant::fromValue(QDBusVariant(false)));
@@ -190,10 +172,8 @@ private Q_SLOTS:
 
     void readsKdesAnimationSpeed()
     {
-        QFile globals(m_folder.filePath(u"kdeglobals"_s));
-        QVERIFY(globals.open(QIODevice::WriteOnly));
-        globals.write("[General]\nColorScheme=BreezeLight\n\n[KDE]\nAnimationDurationFactor=0\n");
-        globals.close();
+        writeFile(m_folder.filePath(u"kdeglobals"_s),
+                  "[General]\nColorScheme=BreezeLight\n\n[KDE]\nAnimationDurationFactor=0\n");
         qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
         qputenv("XDG_CURRENT_DESKTOP", "KDE");
         const DesktopAppearance look(*m_settings, QDBusConnection(u"no such bus"_s));

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/NetworkHttpClient.h"
 #include "device/integration/WebServer.h"
+#include "support/Test.h"
 
 #include <QNetworkDiskCache>
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <optional>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 class tst_NetworkHttpClient : public QObject
 {
@@ -54,12 +50,9 @@ private Q_SLOTS:
             {"200 OK", ""},
             {"200 OK\r\nContent-Type: image/png", QByteArray("\0\1\2", 3)},
             {"200 OK", QByteArray(1 << 20, 'x')}, // as large as allowed
-            {"400 Bad Request", "{}"},
             {"403 Forbidden", "no"},
             {"404 Not Found", "<html>"},
-            {"451 Unavailable For Legal Reasons", "not here"},
             {"500 Internal Server Error", "oh"},
-            {"502 Bad Gateway", "gone"},
             {"200 OK", QByteArray((1 << 20) + 1, 'x')}}; // larger
         const WebServer server(
             [&](QTcpSocket &socket, const QByteArray &path) {

@@ -17,14 +17,10 @@ namespace trackwise {
 [[nodiscard]] inline SongTags songTags(const QString &title, const QString &artist, const QString &album = {},
                                        double seconds = 1)
 {
-    SongTags tags;
-    tags.title = title;
-    if (!artist.isEmpty())
-        tags.artists = {artist};
-    if (!album.isEmpty())
-        tags.albumTitle = album;
-    tags.durationSeconds = seconds;
-    return tags;
+    return {.title = title,
+            .artists = artist.isEmpty() ? QStringList() : QStringList(artist),
+            .albumTitle = album.isEmpty() ? std::nullopt : std::optional(album),
+            .durationSeconds = seconds};
 }
 
 /// An empty library in a folder of its own. Songs are written to it without files.

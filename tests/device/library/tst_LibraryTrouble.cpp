@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
 #include "device/library/store/SetAside.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QFile>
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_LibraryTrouble : public QObject
 {
@@ -16,8 +14,8 @@ class tst_LibraryTrouble : public QObject
 private:
     static QByteArray contents(const QByteArray &path)
     {
-        QFile file(QFile::decodeName(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : "none"_ba;
+        const QString name = QFile::decodeName(path);
+        return QFile::exists(name) ? contentsOf(name) : "none"_ba;
     }
 
 private Q_SLOTS:

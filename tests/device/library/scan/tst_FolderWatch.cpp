@@ -2,11 +2,12 @@
 #include "device/library/LibraryFixture.h"
 #include "device/library/WavFolder.h"
 #include "device/library/scan/FolderWatch.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QFile>
 #include <QScopeGuard>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <atomic>
 #include <cstdio>
@@ -16,10 +17,6 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -119,8 +116,7 @@ private Q_SLOTS:
         Follower follower(music, {.stalledWriter = 1h});
         const PersistentID known = follower.fixture.idAt(music.path("a.wav"));
         music.write("../b.wav", 2, "B");
-        QFile source(QFile::decodeName(music.path("../b.wav")));
-        const QByteArray whole = source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+        const QByteArray whole = contentsOf(QFile::decodeName(music.path("../b.wav")));
         std::vector<std::unique_ptr<QFile>> copies; // a new file, and one over a known song
         for (const QByteArray &name : {music.path("b.wav"), music.path("a.wav")}) {
             copies.push_back(std::make_unique<QFile>(QFile::decodeName(name)));
@@ -243,6 +239,9 @@ private Q_SLOTS:
         for (const char *folder : {"up/down", "up", "up/down", "../music"}) { // itself, or one above it
             music.move(folder, "../elsewhere");
             QTRY_COMPARE(follower.fixture.availability(id), Availability::DiskAbsent);
+            const LibraryBrowser &browser = follower.fixture.library().browser();
+            QCOMPARE(browser.songCount(), 1); // shown, but not as available
+            QVERIFY(!browser.songRows(std::span(&id, 1)).front().isAvailable);
             music.move("../elsewhere", folder);
             QTRY_COMPARE(follower.fixture.availability(id), Availability::Available);
         }

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
 #include "device/library/WavFolder.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 #include <fcntl.h>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 using Change = std::function<void(const WavFolder &, LibraryFixture &)>;
 
@@ -177,9 +174,7 @@ private Q_SLOTS:
 
     void takesTheImageOfAFolderWithOneAlbum()
     {
-        const QByteArray png = QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000000100000001080600000"
-                                                   "01f15c4890000000d49444154789c6360606060000000050001"
-                                                   "5e2a9d440000000049454e44ae426082");
+        const QByteArray png = "\x89PNG\r\n\x1a\n picture";
         const WavFolder music{"album/a.wav"};
         music.writeBytes("album/Cover.PNG", png);
         LibraryFixture fixture(music);

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
 #include "device/library/WavFolder.h"
-
-#include <QTest>
+#include "support/Test.h"
 
 #include <set>
-
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 class tst_SongIdentity : public QObject
 {
@@ -85,22 +81,6 @@ private Q_SLOTS:
         fixture.scan();
         QCOMPARE(fixture.idAt(music.path("later/elsewhere.wav")), one);
         QCOMPARE(fixture.library().browser().songCount(), 1);
-    }
-
-    void keepsSongsOfAnAbsentFolder()
-    {
-        const WavFolder music{"disk/one.wav", "other/two.wav"};
-        LibraryFixture fixture({music.path("disk"), music.path("other")});
-        fixture.scan();
-        const PersistentID one = fixture.idAt(music.path("disk/one.wav"));
-        music.move("disk", "unplugged");
-        fixture.scan();
-        QCOMPARE(fixture.availability(one), Availability::DiskAbsent);
-        QCOMPARE(fixture.library().browser().songCount(), 2); // shown, but not as available
-        QVERIFY(!fixture.library().browser().songRows(std::span(&one, 1)).front().isAvailable);
-        music.move("unplugged", "disk");
-        QCOMPARE(fixture.scan().songsRead, 0);
-        QCOMPARE(fixture.availability(one), Availability::Available);
     }
 
     void keepsTwinsApartOnTheWayToAnotherFolder()

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/library/LibraryFixture.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QSignalSpy>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 class tst_SongStore : public QObject
 {
@@ -54,12 +52,9 @@ private Q_SLOTS:
             return *SongStore::open(fixture.databasePath(), locale);
         };
         QVERIFY(!opened("en")->isSortedOtherwise()); // nothing to sort yet
-        SongTags tags;
-        for (const char *title : {"Zoo", "Äpple", "Young"}) {
-            tags.title = QString::fromUtf8(title);
-            tags.titleSort = title[0] == 'Y' ? std::optional(u"ZZ"_s) : std::nullopt;
-            fixture.add(tags);
-        }
+        fixture.add({.title = u"Zoo"_s});
+        fixture.add({.title = u"Äpple"_s});
+        fixture.add({.title = u"Young"_s, .titleSort = u"ZZ"_s});
         fixture.add(SongTags()); // its file is "4.flac"
         QCOMPARE(titles(fixture), u"4|Äpple|Zoo|Young"_s);
         QVERIFY(!opened({})->isSortedOtherwise());
@@ -91,14 +86,11 @@ private Q_SLOTS:
     void sortsArtistsAndAlbumsAsTheirTagsSay()
     {
         LibraryFixture fixture;
-        for (const auto &[name, sortName] : {std::pair("Zero", ""), {"Zero", "Aero"}, {"Middle", ""}}) {
-            SongTags tags;
-            tags.artists = {QString::fromUtf8(name)};
-            tags.albumTitle = QString::fromUtf8(name);
-            if (*sortName)
-                tags.artistSort = tags.albumSort = QString::fromUtf8(sortName);
-            fixture.add(tags);
-        }
+        using Names = std::pair<QString, std::optional<QString>>;
+        for (const auto &[name, sortName] :
+             {Names{u"Zero"_s, {}}, Names{u"Zero"_s, u"Aero"_s}, Names{u"Middle"_s, {}}})
+            fixture.add(
+                {.artists = {name}, .albumTitle = name, .artistSort = sortName, .albumSort = sortName});
         const LibraryBrowser &browser = fixture.library().browser();
         QCOMPARE(browser.artistRows(browser.artists().groups).front().name, u"Zero"_s);
         QCOMPARE(browser.albumRows(browser.albums().groups).front().name, u"Zero"_s);
@@ -108,19 +100,17 @@ private Q_SLOTS:
     void refusesForeignAndNewerDatabases()
     {
         LibraryFixture fixture;
-        const QByteArray path = QFile::encodeName(fixture.path(u"other"_s));
+        const QString file = fixture.path(u"other"_s);
+        const QByteArray path = QFile::encodeName(file);
         const auto execute = [&](const char *sql) {
             sqlite::Connection(path, sqlite::Access::ReadWrite).execute(sql);
         };
-        QFile file(QFile::decodeName(path));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("this is not a database\n"_ba.repeated(100));
-        file.close();
+        writeFile(file, "this is not a database\n"_ba.repeated(100));
         QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
-        QVERIFY(file.remove());
+        QVERIFY(QFile::remove(file));
         execute("CREATE TABLE bookmarks (url TEXT)");
         QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Malformed);
-        QVERIFY(file.remove());
+        QVERIFY(QFile::remove(file));
         QVERIFY(SongStore::open(path));
         execute("PRAGMA user_version = 9999");
         QCOMPARE(SongStore::open(path).failure().kind, FailureKind::Unsupported);

@@ -7,15 +7,13 @@
 #include "device/library/tags/FileArtwork.h"
 #include "device/library/tags/MusicFormats.h"
 #include "device/library/tags/TagReader.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QFile>
-#include <QTest>
 
 #include <taglib/fileref.h>
 #include <taglib/tag.h>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
 
 namespace {
 
@@ -182,8 +180,7 @@ private Q_SLOTS:
         }
         QVERIFY(!hasMusicSuffix("mp3") && !hasMusicSuffix("song.mp3.part") && !hasMusicSuffix("song."));
         const auto contentOf = [](const char *path) {
-            QFile file(QStringLiteral(TRACKWISE_SOURCES "/") + QString::fromLatin1(path));
-            return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+            return contentsOf(QStringLiteral(TRACKWISE_SOURCES "/") + QString::fromLatin1(path));
         };
         QVERIFY2(contentOf("README.md").contains(table + '\n'), table);
         QVERIFY2(contentOf("resources/desktop/org.trackwise.trackwise.desktop").contains(types + '\n'),

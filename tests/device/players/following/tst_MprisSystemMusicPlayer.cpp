@@ -3,17 +3,13 @@
 #include "device/players/PrivateSound.h"
 #include "device/players/following/FakePlayer.h"
 #include "device/players/following/MprisSystemMusicPlayer.h"
+#include "support/Test.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThread>
 
 #include <memory>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -134,6 +130,7 @@ private Q_SLOTS:
         two.set(playing(u"Second"_s));
         QVERIFY(two.appear());
         QTRY_COMPARE(title(), u"Second"_s);
+        QCOMPARE(m_system->players().size(), 2u);
         two.change({{u"PlaybackStatus"_s, stopped}});
         QTRY_COMPARE(title(), u"First"_s);
         two.change({{u"PlaybackStatus"_s, u"Playing"_s}});
@@ -146,6 +143,7 @@ private Q_SLOTS:
         QTRY_COMPARE(title(), u"First"_s);
         one.vanish();
         QTRY_COMPARE(title(), u"nothing"_s);
+        QVERIFY(m_system->players().empty());
         QCOMPARE(own.reads + proxy.reads, 0);
     }
 
@@ -238,24 +236,13 @@ private Q_SLOTS:
         QCOMPARE(answer, u"nothing"_s);
     }
 
-    void keepsUpWithAHundredPlayersAndAThousandTracks()
+    void keepsUpWithAThousandTracks()
     {
         startFollowing();
         FakePlayer last(u"steady"_s);
-        last.set(playing(u"Two"_s, u"Band"_s, 1.5, paused));
+        last.set(playing(u"Two"_s, u"Band"_s, 1.5));
         QVERIFY(last.appear());
-        std::vector<std::unique_ptr<FakePlayer>> players;
-        for (int i = 0; i < 100; ++i) {
-            players.push_back(std::make_unique<FakePlayer>(u"crowd%1"_s.arg(i)));
-            players.back()->set(playing(u"Song %1"_s.arg(i)));
-            QVERIFY(players.back()->appear());
-        }
-        QTRY_COMPARE(m_system->players().size(), 101u);
-        QTRY_VERIFY(title().startsWith(u"Song"_s));
-        players.clear();
-        QTRY_COMPARE(m_system->players().size(), 1u);
         QTRY_COMPARE(song(), 2);
-
         QSignalSpy changes(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange);
         for (int i = 0; i < 1000; ++i) {
             last.change(playing(u"Song %1"_s.arg(i)));

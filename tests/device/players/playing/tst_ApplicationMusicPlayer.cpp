@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/players/PrivateSound.h"
 #include "device/players/playing/ApplicationMusicPlayer.h"
+#include "support/Files.h"
+#include "support/Test.h"
 
 #include <QFile>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
-using namespace trackwise;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -70,9 +67,7 @@ private Q_SLOTS:
         QVERIFY(makeTone(tone, 1.2));
         QCOMPARE(::rename(QFile::encodeName(tone).constData(), pathOf({shortSong})->constData()), 0);
         QVERIFY(makeTone(QString::fromUtf8(*pathOf({longSong})), 60));
-        QFile text(QString::fromUtf8(*pathOf({noMusic})));
-        QVERIFY(text.open(QIODevice::WriteOnly));
-        text.write("This is no music.\n");
+        writeFile(QString::fromUtf8(*pathOf({noMusic})), "This is no music.\n");
     }
     void init()
     {
