@@ -50,9 +50,11 @@ private Q_SLOTS:
             {"200 OK", ""},
             {"200 OK\r\nContent-Type: image/png", QByteArray("\0\1\2", 3)},
             {"200 OK", QByteArray(1 << 20, 'x')}, // as large as allowed
+            {"400 Bad Request", "{}"},            // the ends of what Qt tells apart
             {"403 Forbidden", "no"},
-            {"404 Not Found", "<html>"},
+            {"451 Unavailable For Legal Reasons", "<html>"},
             {"500 Internal Server Error", "oh"},
+            {"502 Bad Gateway", "gone"},
             {"200 OK", QByteArray((1 << 20) + 1, 'x')}}; // larger
         const WebServer server(
             [&](QTcpSocket &socket, const QByteArray &path) {

@@ -16,6 +16,7 @@ private:
     static SongTags everything()
     {
         SongTags tags = everyTag();
+        tags.releaseDate = PartialDate::fromText(u"2021-03"_s);
         tags.durationSeconds = 205.9;
         tags.recordingMBID = u"ABCDEF00-0000-4000-a000-000000000000"_s;
         tags.artwork = {ArtworkSummary::Place::Embedded, "ignored", "0123456789abcdef"};
@@ -31,6 +32,7 @@ private Q_SLOTS:
         QVERIFY(item.artwork && item.artwork->key() == "0123456789abcdef");
         MediaItem expected = fullSong();
         expected.persistentID = id;
+        expected.releaseDate = std::chrono::sys_days(2021y / 3 / 1); // TZ=UTC
         expected.dateAddedForReal = Instant(1s);
         expected.lastPlayedDate.reset();
         expected.skipCount = 0;
