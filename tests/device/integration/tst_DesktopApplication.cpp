@@ -99,15 +99,12 @@ private Q_SLOTS:
     void theProgramRunsOnce()
     {
         const QTemporaryDir home;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
-            environment.insert(QLatin1StringView(folder), home.path());
+            qputenv(folder, home.path().toUtf8());
         QProcess first;
         QProcess second;
-        for (QProcess *program : {&first, &second}) {
+        for (QProcess *program : {&first, &second})
             program->setProgram(QStringLiteral(TRACKWISE_PROGRAM));
-            program->setProcessEnvironment(environment);
-        }
         first.start();
         auto *bus = QDBusConnection::sessionBus().interface();
         QTRY_VERIFY(bus->isServiceRegistered(QStringLiteral(TRACKWISE_APP_ID)));

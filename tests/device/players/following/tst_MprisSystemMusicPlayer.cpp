@@ -103,10 +103,8 @@ private Q_SLOTS:
                 [this, &songs] { songs << song(); });
         connect(m_system.get(), &MprisSystemMusicPlayer::songWasPlayed, this,
                 [this, &played](PersistentID id) { played << m_songs.indexOf(id) + 1; });
+        qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
         QProcess mpv;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"XDG_CONFIG_HOME"_s, m_folder.path());
-        mpv.setProcessEnvironment(environment);
         mpv.start(u"mpv"_s, {u"--ao=null"_s, u"--no-terminal"_s, u"--no-video"_s, tone(1), tone(2), tone(3)});
         QVERIFY(mpv.waitForStarted());
         QTRY_COMPARE_WITH_TIMEOUT(played, QList<qsizetype>({1, 2, 3}), 20000);

@@ -3,8 +3,7 @@
 #include "device/players/following/NowPlayingMatcher.h"
 #include "support/Test.h"
 
-#include <QDir>
-#include <QTemporaryDir>
+#include <QFileInfo>
 
 namespace {
 
@@ -24,7 +23,7 @@ class tst_NowPlayingMatcher : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_folder;
+    WavFolder m_files;
     LibraryFixture m_library;
     QList<PersistentID> m_songs; ///< number 1 first
 
@@ -36,16 +35,12 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QFile file(m_folder.filePath(u"song one.flac"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QVERIFY(QFile::link(u"song one.flac"_s, m_folder.filePath(u"link.flac"_s)));
-        QCOMPARE(::link(QFile::encodeName(file.fileName()).constData(),
-                        QFile::encodeName(m_folder.filePath(u"hard.flac"_s)).constData()),
-                 0);
+        m_files.run("touch 'song one.flac'; ln -s 'song one.flac' link.flac; ln 'song one.flac' hard.flac");
         SongTags one = songTags(u"Song One"_s, u"Band"_s, u"First"_s, 200);
         one.catalogID = u"1440833098"_s;
         one.recordingMBID = u"f27ec8db-af05-4f36-916e-3d57f91ecf5e"_s;
-        m_songs << m_library.addFile(QDir(m_folder.path()).canonicalPath() + u"/song one.flac"_s, one);
+        const QString file = QString::fromUtf8(m_files.path("song one.flac"));
+        m_songs << m_library.addFile(QFileInfo(file).canonicalFilePath(), one);
         add(u"Intro"_s, u"Band"_s, u"First"_s, 60);                          // 2
         add(u"Intro"_s, u"Band"_s, u"Second"_s, 61);                         // 3
         add(u"Intro"_s, u"Choir"_s, u"Third"_s, 62);                         // 4
@@ -62,7 +57,7 @@ private Q_SLOTS:
     {
         const auto at = [this](const char *file) {
             TrackMetadata track = said("Intro", "Choir"); // what it says otherwise is not looked at
-            track.url = u"file://"_s + m_folder.filePath(QString::fromUtf8(file));
+            track.url = u"file://"_s + QString::fromUtf8(m_files.path(file));
             return track;
         };
         const QString page = u"https://music.example.com/de/"_s;
