@@ -234,12 +234,22 @@ private Q_SLOTS:
         QCOMPARE(answer, u"nothing"_s);
     }
 
-    void keepsUpWithAThousandTracks()
+    void keepsUpWithAHundredPlayersAndAThousandTracks()
     {
         startFollowing();
         FakePlayer last(u"steady"_s);
-        last.set(playing(u"Two"_s, u"Band"_s, 1.5));
+        last.set(playing(u"Two"_s, u"Band"_s, 1.5, paused));
         QVERIFY(last.appear());
+        std::vector<std::unique_ptr<FakePlayer>> players;
+        for (int i = 0; i < 100; ++i) {
+            players.push_back(std::make_unique<FakePlayer>(u"crowd%1"_s.arg(i)));
+            players.back()->set(playing(u"Song %1"_s.arg(i)));
+            QVERIFY(players.back()->appear());
+        }
+        QTRY_COMPARE(m_system->players().size(), 101u);
+        QTRY_VERIFY(title().startsWith(u"Song"_s));
+        players.clear();
+        QTRY_COMPARE(m_system->players().size(), 1u);
         QTRY_COMPARE(song(), 2);
         QSignalSpy changes(m_system.get(), &SystemMusicPlayer::nowPlayingItemDidChange);
         for (int i = 0; i < 1000; ++i) {
