@@ -59,14 +59,17 @@ Result<Done> BatchWriter::write()
     // The readers finish out of order; the library's order is that of the names.
     std::ranges::sort(m_songs, {},
                       [](const ScannedSong &song) { return std::tie(song.file.folder, song.file.name); });
-    const Result<std::set<QByteArray>> unheard = m_store.unheard(m_songs);
-    if (!unheard)
-        return unheard.failure();
     HeardSounds heard;
-    for (const QByteArray &path : *unheard)
-        heard.emplace(path, m_listen(path));
-    if (const auto written = m_store.write(m_songs, m_problems, now(), std::move(heard)); !written)
-        return written;
+    for (std::span<const ScannedSong> rest = m_songs;;) {
+        const Result<SongStore::Written> written = m_store.write(rest, m_problems, now(), heard);
+        if (!written)
+            return written.failure();
+        rest = rest.subspan(written->songs);
+        if (rest.empty())
+            break;
+        for (const QByteArray &path : written->unheard)
+            heard.emplace(path, m_listen(path));
+    }
     m_summary.songsRead += std::ssize(m_songs);
     m_summary.filesFailed += std::ssize(m_problems);
     m_sinceIndexing += std::ssize(m_songs);

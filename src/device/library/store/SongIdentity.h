@@ -26,7 +26,8 @@ class SongIdentity
 public:
     explicit SongIdentity(const sqlite::Connection &connection);
 
-    /// The song that @p scanned is; nothing: one that the library has not seen.
+    /// The song that @p scanned is; nothing: one that the library has not seen. With files in unheard() the
+    /// answer may be another one once these are heard.
     [[nodiscard]] std::optional<SongRowID> songOf(const ScannedSong &scanned, std::int64_t folderID);
     /// The song whose file is at this place according to the library.
     [[nodiscard]] std::optional<SongRowID> occupant(std::int64_t folderID, const QByteArray &name);
@@ -39,11 +40,6 @@ public:
     }
     /// The files that songOf() would have listened to since then.
     [[nodiscard]] const std::set<QByteArray> &unheard() const { return m_unheard; }
-    /// Whether other songs sound so: without any, songOf() has nothing to listen to.
-    [[nodiscard]] bool hasTwins(std::uint64_t audioHash)
-    {
-        return audioHash != 0 && !withHash(audioHash).empty();
-    }
 
 private:
     struct Candidate

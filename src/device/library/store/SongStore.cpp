@@ -123,31 +123,25 @@ Result<Done> SongStore::inTransaction(const std::function<void()> &change)
     }
 }
 
-Result<std::set<QByteArray>> SongStore::unheard(std::span<const ScannedSong> songs)
+Result<SongStore::Written> SongStore::write(std::span<const ScannedSong> songs,
+                                            std::span<const ScanProblem> problems, Instant now,
+                                            HeardSounds heard)
 {
-    std::set<QByteArray> unheard;
-    const Result<Done> asked = inTransaction([&] {
+    Written written;
+    const Result<Done> done = inTransaction([&] {
         SongIdentity &identity = m_writer.identity();
-        identity.setHeard({});
-        for (const ScannedSong &song : songs) {
-            if (identity.hasTwins(song.tags.audioHash))
-                (void)identity.songOf(song, m_writer.folderID(song.file.folder));
-        }
-        unheard = identity.unheard();
-    });
-    return asked ? Result(std::move(unheard)) : asked.failure();
-}
-
-Result<Done> SongStore::write(std::span<const ScannedSong> songs, std::span<const ScanProblem> problems,
-                              Instant now, HeardSounds heard)
-{
-    return inTransaction([&] {
-        m_writer.identity().setHeard(std::move(heard));
-        for (const ScannedSong &song : songs)
-            m_writer.write(song, now);
+        identity.setHeard(std::move(heard));
+        while (written.songs < songs.size() && m_writer.write(songs[written.songs], now))
+            ++written.songs;
+        for (const ScannedSong &song : songs.subspan(written.songs)) // all files at once
+            (void)identity.songOf(song, m_writer.folderID(song.file.folder));
+        written.unheard = identity.unheard();
+        if (written.songs < songs.size())
+            return;
         for (const ScanProblem &problem : problems)
             m_writer.writeProblem(problem);
     });
+    return done ? Result(std::move(written)) : done.failure();
 }
 
 Result<Done> SongStore::setAvailability(std::span<const SongPlace> places, Availability availability)

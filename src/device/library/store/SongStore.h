@@ -73,14 +73,17 @@ public:
 
     [[nodiscard]] const QByteArray &path() const { return m_path; }
 
-    /// The other files that have to be listened to before write() can tell which songs these are: what they
-    /// hold may still be what the library has from there.
-    [[nodiscard]] Result<std::set<QByteArray>> unheard(std::span<const ScannedSong> songs);
-    /// Writes what a scan has read: all of it or, on failure, none. @p heard: of the files that unheard()
-    /// named; another file is taken for what it was.
-    [[nodiscard]] Result<Done> write(std::span<const ScannedSong> songs,
-                                     std::span<const ScanProblem> problems, Instant now,
-                                     HeardSounds heard = {});
+    struct Written
+    {
+        std::size_t songs = 0;        ///< the first ones
+        std::set<QByteArray> unheard; ///< what has to be listened to before the others can be written
+    };
+    /// Writes what a scan has read, none of it on failure: songs in their order, until there is one whose
+    /// identity hangs on what other files sound like; the problems when all songs are written. @p heard: of
+    /// files that were asked for before.
+    [[nodiscard]] Result<Written> write(std::span<const ScannedSong> songs,
+                                        std::span<const ScanProblem> problems, Instant now,
+                                        HeardSounds heard = {});
     [[nodiscard]] Result<Done> setAvailability(std::span<const SongPlace> places, Availability availability);
     /// Forgets problems of files that are not there any more.
     [[nodiscard]] Result<Done> forgetProblems(std::span<const SongPlace> places);

@@ -262,10 +262,12 @@ SongRowID SongWriter::add(const ScannedSong &scanned, Instant now)
     return SongRowID{m_connection.lastInsertedRow()};
 }
 
-void SongWriter::write(const ScannedSong &scanned, Instant now)
+bool SongWriter::write(const ScannedSong &scanned, Instant now)
 {
     const std::int64_t folder = folderID(scanned.file.folder);
     const std::optional<SongRowID> known = m_identity.songOf(scanned, folder);
+    if (!m_identity.unheard().empty())
+        return false;
     const std::optional<SongRowID> occupant = m_identity.occupant(folder, scanned.file.name);
     if (occupant && occupant != known)
         setAvailability(*occupant, Availability::FileGone);
@@ -279,7 +281,7 @@ void SongWriter::write(const ScannedSong &scanned, Instant now)
         if (scanned.tags.comments || scanned.tags.lyrics)
             writeLongTexts(song, scanned.tags);
         m_searchIndex.add(song, texts);
-        return;
+        return true;
     }
     Statement &update = m_statements->update;
     bindTags(update, scanned);
@@ -288,6 +290,7 @@ void SongWriter::write(const ScannedSong &scanned, Instant now)
     writeFile(*known, scanned, folder);
     writeLongTexts(*known, scanned.tags);
     m_searchIndex.replace(*known, texts);
+    return true;
 }
 
 bool SongWriter::isAt(SongRowID song, std::int64_t folderID, const QByteArray &name)

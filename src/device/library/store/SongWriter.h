@@ -19,8 +19,9 @@ public:
     ~SongWriter();
 
     /// Adds the song or updates the one that it is. Counts, dates and identifiers that the library keeps
-    /// are left as they are. @p now: the date added of a new song.
-    void write(const ScannedSong &scanned, Instant now);
+    /// are left as they are. @p now: the date added of a new song. False where that hangs on the sound of
+    /// other files: they are among identity().unheard() then, and nothing is written.
+    [[nodiscard]] bool write(const ScannedSong &scanned, Instant now);
     void writeProblem(const ScanProblem &problem);
     void forgetProblem(std::int64_t folderID, const QByteArray &name);
     [[nodiscard]] bool isAt(SongRowID song, std::int64_t folderID, const QByteArray &name);
