@@ -489,7 +489,7 @@
     <name>trackwise::Launch</name>
     <message>
         <source>Show Demo</source>
-        <translation>عرض النسخة التجريبية</translation>
+        <translation>عرض الأغاني التجريبية</translation>
     </message>
     <message>
         <source>Not Now</source>
@@ -593,7 +593,7 @@
     </message>
     <message>
         <source>Clear Selected Song</source>
-        <translation>مسح الأغنية المختارة</translation>
+        <translation>إلغاء اختيار الأغنية</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -612,7 +612,7 @@
     </message>
     <message>
         <source>Looking for music: %1 of %2 found</source>
-        <translation>البحث عن الموسيقى: %1 من %2</translation>
+        <translation>البحث عن الموسيقى: %1 من %2 عُثر عليها</translation>
     </message>
 </context>
 <context>

@@ -574,7 +574,7 @@
     </message>
     <message>
         <source>Artist or Album</source>
-        <translation>Künstler oder Album</translation>
+        <translation>Interpret oder Album</translation>
     </message>
 </context>
 <context>
@@ -585,7 +585,7 @@
     </message>
     <message>
         <source>Clear Selected Song</source>
-        <translation>Ausgewählten Titel entfernen</translation>
+        <translation>Titelauswahl aufheben</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -604,7 +604,7 @@
     </message>
     <message>
         <source>Looking for music: %1 of %2 found</source>
-        <translation>Musik wird gesucht: %1 von %2 gefundenen</translation>
+        <translation>Musik wird gesucht: %1 von bisher %2</translation>
     </message>
 </context>
 <context>

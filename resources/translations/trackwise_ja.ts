@@ -313,7 +313,7 @@
     </message>
     <message>
         <source>Full</source>
-        <translation>すべて</translation>
+        <translation>減らさない</translation>
     </message>
     <message>
         <source>Done</source>
@@ -583,7 +583,7 @@
     </message>
     <message>
         <source>Clear Selected Song</source>
-        <translation>選択した曲を消去</translation>
+        <translation>曲の選択を解除</translation>
     </message>
     <message>
         <source>Settings</source>
