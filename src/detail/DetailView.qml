@@ -45,7 +45,7 @@ FocusScope {
             Accessible.name: qsTr("More")
             onClicked: moreMenu.open()
 
-            MoreMenuView {
+            CommandMenuView {
                 id: moreMenu
 
                 y: moreButton.height

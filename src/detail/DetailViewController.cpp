@@ -20,7 +20,8 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
     : QObject(parent)
     , m_services(services)
     , m_presentation(presentation)
-    , m_moreMenu(new MoreMenu([this](MoreCommand command) { perform(command); }, this))
+    , m_moreMenu(new CommandMenu(
+          MoreMenu::title(), [this](int command) { perform(command); }, this))
     , m_gate(new LibraryAccessGate(
           services.library, [this](const AlertMessage &message) { presentAlert(message); }, this))
     , m_nowPlaying(new NowPlayingSource(
@@ -41,7 +42,7 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
     connect(m_picker, &SongPickerSource::folderWanted, this, [this] {
         m_presentation.dismiss([controller = QPointer(this)] {
             if (controller)
-                controller->perform(MoreCommand::OpenSettings);
+                controller->perform(MoreMenu::OpenSettings);
         });
     });
     connect(&services.library, &MediaLibrary::songDidChange, this, [this](PersistentID song) {
@@ -153,8 +154,8 @@ void DetailViewController::clearSelectedSong()
 
 void DetailViewController::updateMoreMenu()
 {
-    m_moreMenu->update(
-        {.showsSong = m_visible.mediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr});
+    m_moreMenu->setEntries(MoreMenu::entries(
+        {.showsSong = m_visible.mediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr}));
 }
 
 void DetailViewController::presentAlert(const AlertMessage &message)
@@ -166,7 +167,7 @@ void DetailViewController::presentAlert(const AlertMessage &message)
     if (m_services.openSettings) {
         destinations.openSettings = [controller = QPointer(this)] {
             if (controller)
-                controller->perform(MoreCommand::OpenSettings);
+                controller->perform(MoreMenu::OpenSettings);
         };
     }
     m_presentation.presentAlert(makeAlert(message, destinations));
@@ -248,18 +249,20 @@ void DetailViewController::presentLyrics(const MediaItem &mediaItem)
         QVariantMap{{QStringLiteral("lyrics"), mediaItem.lyrics.value_or(QString())}}));
 }
 
-void DetailViewController::perform(MoreCommand command)
+void DetailViewController::perform(int moreCommand)
 {
-    switch (command) {
-    case MoreCommand::SelectNowPlaying:
+    switch (moreCommand) {
+    case MoreMenu::SelectNowPlaying:
         selectNowPlayingSong(true);
         break;
-    case MoreCommand::ClearSelectedSong:
+    case MoreMenu::ClearSelectedSong:
         clearSelectedSong();
         break;
-    case MoreCommand::OpenSettings:
+    case MoreMenu::OpenSettings:
         if (m_services.openSettings)
             m_services.openSettings(m_presentation);
+        break;
+    default:
         break;
     }
 }

@@ -31,7 +31,7 @@ class DetailViewController : public QObject
     Q_PROPERTY(trackwise::InformationView *informationView READ informationView NOTIFY songDidChange)
     Q_PROPERTY(trackwise::ArtworkView *artworkView READ artworkView NOTIFY songDidChange)
     Q_PROPERTY(bool isNoSongLabelVisible READ isNoSongLabelVisible NOTIFY noSongLabelDidChange)
-    Q_PROPERTY(trackwise::MoreMenu *moreMenu READ moreMenu CONSTANT)
+    Q_PROPERTY(trackwise::CommandMenu *moreMenu READ moreMenu CONSTANT)
     Q_PROPERTY(trackwise::Presentation *presentation READ presentation CONSTANT)
 
 public:
@@ -89,7 +89,7 @@ public:
     /// Stands above the list in narrow windows; there while the list is.
     [[nodiscard]] ArtworkView *artworkView() const { return m_visible.artworkView.get(); }
     [[nodiscard]] bool isNoSongLabelVisible() const { return m_noSongLabelVisible; }
-    [[nodiscard]] MoreMenu *moreMenu() const { return m_moreMenu; }
+    [[nodiscard]] CommandMenu *moreMenu() const { return m_moreMenu; }
     [[nodiscard]] Presentation *presentation() const { return &m_presentation; }
 
 Q_SIGNALS:
@@ -105,7 +105,7 @@ private:
     void systemNowPlayingItemDidChange();
     void refreshVisibleMediaItem();
     void visibleMediaItemWasRead(const MediaItem &now);
-    void perform(MoreCommand command);
+    void perform(int moreCommand);
     void setNoSongLabelVisible(bool visible);
     [[nodiscard]] std::unique_ptr<InformationView> makeInformationView(const MediaItem &mediaItem);
 
@@ -121,7 +121,7 @@ private:
     } m_visible; ///< the song, and its views
     unsigned m_latestRefresh = 0;
     bool m_noSongLabelVisible = false;
-    MoreMenu *m_moreMenu;
+    CommandMenu *m_moreMenu;
     LibraryAccessGate *m_gate;
     NowPlayingSource *m_nowPlaying;
     SongPickerSource *m_picker;

@@ -203,13 +203,13 @@ private Q_SLOTS:
     void theMenuFollowsTheShownSong()
     {
         Window w;
-        MoreMenu &menu = *w.detail.moreMenu();
+        CommandMenu &menu = *w.detail.moreMenu();
         const QAbstractItemModelTester tester(&menu, QAbstractItemModelTester::FailureReportingMode::QtTest);
         const auto rows = [&menu] {
             QString texts;
             for (int row = 0; row < menu.rowCount(); ++row)
-                for (const int role : {MoreMenu::TitleRole, MoreMenu::SymbolRole, MoreMenu::EnabledRole,
-                                       MoreMenu::StartsSectionRole})
+                for (const int role : {CommandMenu::TitleRole, CommandMenu::SymbolRole, CommandMenu::EnabledRole,
+                                       CommandMenu::StartsSectionRole})
                     texts += menu.index(row).data(role).toString() + u'|';
             return texts;
         };

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQml
 import QtQuick
-import Trackwise.Detail
 import Trackwise.Ui
 
-/// The menu behind the "More" button.
+/// A menu of commands, such as the one behind the "More" button.
 ContextMenu {
     id: root
 
-    required property MoreMenu menu
+    required property CommandMenu menu
 
     heading: root.menu.title
 
