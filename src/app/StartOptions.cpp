@@ -2,6 +2,8 @@
 #include "app/StartOptions.h"
 
 #include "app/AddressOpening.h"
+#include "cli/CommandLine.h"
+#include "cli/Syntax.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -21,6 +23,23 @@ std::optional<QSize> sizeFrom(const QString &text)
     return size.isEmpty() ? std::nullopt : std::optional(size);
 }
 
+QString text(std::string_view of)
+{
+    return QString::fromUtf8(of.data(), static_cast<qsizetype>(of.size()));
+}
+
+QList<QCommandLineOption> ownOptions()
+{
+    QList<QCommandLineOption> options;
+    for (const cli::Option &option : cli::startOptions()) {
+        QStringList names{text(option.name)};
+        if (option.letter != '\0')
+            names.prepend(QString(QLatin1Char(option.letter)));
+        options << QCommandLineOption(names, text(option.help), text(option.value));
+    }
+    return options;
+}
+
 // What QGuiApplication and its platforms take for themselves.
 QList<QCommandLineOption> optionsOfQt()
 {
@@ -29,18 +48,19 @@ QList<QCommandLineOption> optionsOfQt()
          {"platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry", "qwindowicon",
           "qwindowtitle", "session", "display", "geometry", "qmljsdebugger"})
         options << QCommandLineOption(QLatin1String(name), {}, QStringLiteral("VALUE"));
-    options << QCommandLineOption(QStringLiteral("reverse"));
+    options << QCommandLineOption(QStringLiteral("reverse"))
+            << QCommandLineOption(QStringLiteral("help-all"));
     for (QCommandLineOption &option : options)
         option.setFlags(QCommandLineOption::HiddenFromHelp);
     return options;
 }
 
-std::optional<QString> whyWrong(const QCommandLineParser &parser, const QStringList &operands,
-                                const QList<QCommandLineOption> &withValue)
+std::optional<QString> whyWrong(const QCommandLineParser &parser, const QStringList &operands)
 {
-    for (const QCommandLineOption &option : withValue)
-        if (parser.isSet(option) && parser.value(option).isEmpty())
-            return QStringLiteral("--%1 needs a value").arg(option.names().constFirst());
+    for (const cli::Option &option : cli::startOptions())
+        if (option.takesValue() && parser.isSet(text(option.name)) &&
+            parser.value(text(option.name)).isEmpty())
+            return QStringLiteral("--%1 needs a value").arg(text(option.name));
     for (const QString &operand : operands)
         if (!isAddress(operand) && !QFileInfo::exists(operand))
             return QStringLiteral("neither a command, an address nor a file that is there: %1").arg(operand);
@@ -61,56 +81,38 @@ bool StartOptions::canBeHandedOver() const
 
 Result<StartOptions> parseStartOptions(const QStringList &arguments)
 {
-    const QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("Use the demo library."));
-    const QCommandLineOption show(
-        QStringLiteral("show"),
-        QStringLiteral("Show this song: a file, an identifier, or words to search for."),
-        QStringLiteral("SONG"));
-    const QCommandLineOption screenshot(
-        QStringLiteral("screenshot"),
-        QStringLiteral("Save a picture of the window once the song is drawn, then quit."),
-        QStringLiteral("FILE"));
-    const QCommandLineOption library(QStringLiteral("library"),
-                                     QStringLiteral("Keep the library in this file."), QStringLiteral("DB"));
-    const QCommandLineOption folder(QStringLiteral("folder"),
-                                    QStringLiteral("Look for music in this folder."), QStringLiteral("DIR"));
-    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("Size of the window in points."),
-                                  QStringLiteral("WIDTHxHEIGHT"));
-
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions); // as Qt's own are written
     parser.setApplicationDescription(
-        QStringLiteral("Shows everything that a music library knows about one song.\n\n"
-                       "Without a window: trackwise info, trackwise library (see their --help)."));
-    const QCommandLineOption help = parser.addHelpOption();
-    const QCommandLineOption version = parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("ADDRESS"),
-                                 QStringLiteral("Show the song of this link, or of this file."),
-                                 QStringLiteral("[ADDRESS...]"));
-    parser.addOptions({demo, show, screenshot, library, folder, size});
+        QStringLiteral("Shows everything that a music library knows about one song."));
+    parser.addPositionalArgument(text(cli::startOperand().name), text(cli::startOperand().help),
+                                 QStringLiteral("[%1...]").arg(text(cli::startOperand().name)));
+    parser.addOptions(ownOptions());
     parser.addOptions(optionsOfQt());
     if (!parser.parse(arguments))
         return Failure{FailureKind::Malformed, parser.errorText()};
 
     StartOptions options;
-    if (parser.isSet(help) || parser.isSet(QStringLiteral("help-all")))
-        options.answer = parser.helpText();
-    else if (parser.isSet(version))
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all")))
+        options.answer = parser.helpText() + QStringLiteral("\nWithout a window:\n") +
+                         QString::fromUtf8(cli::commandsHelp());
+    else if (parser.isSet(QStringLiteral("version")))
         options.answer = QStringLiteral("trackwise %1\n").arg(QCoreApplication::applicationVersion());
     if (options.answer)
         return options;
-    if (const auto why = whyWrong(parser, parser.positionalArguments(), {show, screenshot, library, folder}))
+    if (const auto why = whyWrong(parser, parser.positionalArguments()))
         return Failure{FailureKind::Malformed, *why};
-    options.usesDemoLibrary = parser.isSet(demo);
+    options.usesDemoLibrary = parser.isSet(QStringLiteral("demo"));
     options.addresses = addressesOf(parser.positionalArguments(), QDir::currentPath());
-    options.show = parser.value(show);
-    options.screenshotFile = parser.value(screenshot);
-    options.database = parser.value(library);
-    options.folder = parser.value(folder);
-    if (parser.isSet(size)) {
-        options.size = sizeFrom(parser.value(size));
+    options.show = parser.value(QStringLiteral("show"));
+    options.screenshotFile = parser.value(QStringLiteral("screenshot"));
+    options.database = parser.value(QStringLiteral("library"));
+    options.folder = parser.value(QStringLiteral("folder"));
+    if (parser.isSet(QStringLiteral("size"))) {
+        options.size = sizeFrom(parser.value(QStringLiteral("size")));
         if (!options.size)
-            return Failure{FailureKind::Malformed, QStringLiteral("not a size: %1").arg(parser.value(size))};
+            return Failure{FailureKind::Malformed,
+                           QStringLiteral("not a size: %1").arg(parser.value(QStringLiteral("size")))};
     }
     return options;
 }

@@ -14,23 +14,27 @@ Failure misused(const QByteArray &argument, const char *why)
     return {FailureKind::Malformed, QFile::decodeName(argument) + QLatin1String(why)};
 }
 
-bool takeFlag(Call &call, const QByteArray &argument, const KnownOptions &known)
+// Whether @p argument is the option by its long name, or by its letter.
+bool isSpelled(const Option &option, const QByteArray &argument)
 {
-    const struct
-    {
-        const char *name;
-        bool isKnown;
-        bool &flag;
-    } flags[] = {{"--help", true, call.wantsHelp},
-                 {"-h", true, call.wantsHelp},
-                 {"--json", known.json, call.wantsJson},
-                 {"--more", known.more, call.wantsMore},
-                 {"--lyrics", known.lyrics, call.wantsLyrics},
-                 {"--all", known.all, call.wantsAll}};
-    for (const auto &candidate : flags) {
-        if (candidate.isKnown && argument == candidate.name) {
-            candidate.flag = true;
-            return true;
+    const std::string_view text(argument.constData(), static_cast<size_t>(argument.size()));
+    return (text.starts_with("--") && text.substr(2) == option.name) ||
+           (option.letter != '\0' && text.size() == 2 && text[1] == option.letter);
+}
+
+bool takeFlag(Call &call, const QByteArray &argument, std::span<const Option> options)
+{
+    const std::pair<std::string_view, bool &> flags[] = {{"help", call.wantsHelp},
+                                                         {"json", call.wantsJson},
+                                                         {"more", call.wantsMore},
+                                                         {"lyrics", call.wantsLyrics},
+                                                         {"all", call.wantsAll}};
+    for (const Option &option : options) {
+        for (const auto &[name, flag] : flags) {
+            if (name == option.name && isSpelled(option, argument)) {
+                flag = true;
+                return true;
+            }
         }
     }
     return false;
@@ -65,7 +69,7 @@ Result<std::unique_ptr<LibraryQuestions>> emptyLibrary(const QTemporaryDir &fold
 
 } // namespace
 
-Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOptions &known)
+Result<Call> parseCall(const std::vector<QByteArray> &arguments, std::span<const Option> options)
 {
     Call call;
     bool optionsEnded = false;
@@ -75,7 +79,7 @@ Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOpti
             call.operands.push_back(argument);
         } else if (argument == "--") {
             optionsEnded = true;
-        } else if (takeFlag(call, argument, known)) {
+        } else if (takeFlag(call, argument, options) || takeFlag(call, argument, commonOptions())) {
             continue;
         } else {
             const qsizetype equals = argument.indexOf('=');

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/CommandLine.h"
+#include "cli/Syntax.h"
 #include "device/library/LinuxLibrary.h"
 #include "platform/Result.h"
 
@@ -26,17 +27,10 @@ struct Call
     bool wantsAll = false;
 };
 
-/// Which of these options a command knows; --help, --library and --folder are known to all.
-struct KnownOptions
-{
-    bool json = false;
-    bool more = false;
-    bool lyrics = false;
-    bool all = false;
-};
-
-/// Takes @p arguments apart. The detail of a failure is a sentence for the user.
-[[nodiscard]] Result<Call> parseCall(const std::vector<QByteArray> &arguments, const KnownOptions &known);
+/// Takes @p arguments apart; @p options are known besides those of all commands. The detail of a failure is a
+/// sentence for the user.
+[[nodiscard]] Result<Call> parseCall(const std::vector<QByteArray> &arguments,
+                                     std::span<const Option> options);
 
 /// The library that a call is about, the user's or what its options say, to be scanned.
 struct OpenLibrary

@@ -3,97 +3,83 @@
 
 #include "cli/Commands.h"
 #include "cli/Console.h"
+#include "cli/Syntax.h"
 
+#include <QByteArrayList>
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
-#include <limits>
 
 namespace trackwise::cli {
 
 namespace {
 
-struct Command
+QByteArray bytes(std::string_view text)
 {
-    const char *group; ///< the word before its name; empty: none
-    const char *name;
-    KnownOptions options;
-    size_t fewestOperands;
-    size_t mostOperands;
-    ExitCode (*run)(const Call &);
-    const char *help;
-};
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
 
-constexpr size_t anyNumber = std::numeric_limits<size_t>::max();
+// The words that make the command, and what follows them.
+QByteArray formOf(const Command &command)
+{
+    QByteArrayList words{"trackwise", bytes(command.group), bytes(command.word), bytes(command.operands)};
+    words.removeAll(QByteArray());
+    return words.join(' ');
+}
 
-constexpr char commonOptions[] = "  --library FILE  use this database instead of your own\n"
-                                 "  --folder DIR    and this music folder; may be given several times\n"
-                                 "  --help          show this text\n";
+// In lines of a width that reads well.
+QByteArray wrapped(const QByteArray &text)
+{
+    constexpr qsizetype width = 100;
+    QByteArray result;
+    qsizetype column = 0;
+    for (const QByteArray &word : text.split(' ')) {
+        const bool isFull = column + word.size() > width;
+        if (column > 0)
+            result += isFull ? '\n' : ' ';
+        result += word;
+        column = (isFull ? 0 : column) + word.size() + 1;
+    }
+    return result + '\n';
+}
 
-constexpr Command commands[] = {
-    {"",
-     "info",
-     {.json = true, .more = true, .lyrics = true},
-     1,
-     1,
-     showInformation,
-     "usage: trackwise info FILE|ID|WORDS [options]\n\n"
-     "Shows what is known about one song: a file, a song of the library by its identifier (16 hexadecimal "
-     "digits),\n"
-     "or the one that fits the words best.\n\n"
-     "  --more          show the further rows too\n"
-     "  --lyrics        print the lyrics instead\n"
-     "  --json          print the record and its rows as JSON\n"},
-    {"library",
-     "scan",
-     {.all = true},
-     0,
-     0,
-     scanLibrary,
-     "usage: trackwise library scan [options]\n\n"
-     "Brings the library up to date with the music folders.\n\n"
-     "  --all           read every file again, not only what is new or has changed\n"},
-    {"library",
-     "status",
-     {.json = true},
-     0,
-     0,
-     showStatus,
-     "usage: trackwise library status [options]\n\n"
-     "Shows where the library is and how many songs it holds.\n\n"
-     "  --json          print one line of JSON\n"},
-    {"library",
-     "search",
-     {.json = true},
-     1,
-     anyNumber,
-     searchLibrary,
-     "usage: trackwise library search WORDS [options]\n\n"
-     "Lists the songs that fit the words, best first: identifier, title and artist.\n\n"
-     "  --json          print a line of JSON for each\n"},
-    {"library",
-     "problems",
-     {.json = true},
-     0,
-     0,
-     listProblems,
-     "usage: trackwise library problems [options]\n\n"
-     "Lists the files that look like music and could not be read, and why.\n\n"
-     "  --json          print a line of JSON for each\n"},
-    {"library",
-     "export",
-     {},
-     0,
-     0,
-     exportLibrary,
-     "usage: trackwise library export [options]\n\n"
-     "Prints a line of JSON for each song of the library, with everything that is known about it.\n\n"},
-};
+QByteArray helpOf(const Command &command)
+{
+    std::vector<Option> options(command.options.begin(), command.options.end());
+    options.insert(options.end(), commonOptions().begin(), commonOptions().end());
+    QByteArray text =
+        "usage: " + formOf(command) + " [options]\n\n" + wrapped(bytes(command.description)) + '\n';
+    for (const Option &option : options) {
+        const QByteArray form = "--" + bytes(option.name) + ' ' + bytes(option.value);
+        text += "  " + form.leftJustified(16) + bytes(option.help) + '\n';
+    }
+    return text;
+}
+
+ExitCode carryOut(CommandName name, const Call &call)
+{
+    switch (name) {
+    case CommandName::Information:
+        return showInformation(call);
+    case CommandName::Scan:
+        return scanLibrary(call);
+    case CommandName::Status:
+        return showStatus(call);
+    case CommandName::Search:
+        return searchLibrary(call);
+    case CommandName::Problems:
+        return listProblems(call);
+    case CommandName::Export:
+        return exportLibrary(call);
+    }
+    Q_UNREACHABLE();
+}
 
 ExitCode misuse(const QString &why)
 {
     complain(why);
-    std::fputs(commandsHelp(), stderr);
+    std::fputs(commandsHelp().constData(), stderr);
     return ExitCode::Usage;
 }
 
@@ -101,18 +87,16 @@ ExitCode run(const Command &command, const std::vector<QByteArray> &arguments)
 {
     const auto call = parseCall(arguments, command.options);
     if (call && call->wantsHelp) {
-        std::fputs(command.help, stdout);
-        std::fputs(commonOptions, stdout);
+        std::fputs(helpOf(command).constData(), stdout);
         return ExitCode::Success;
     }
     const bool fits = call && call->operands.size() >= command.fewestOperands &&
                       call->operands.size() <= command.mostOperands;
     if (fits)
-        return command.run(*call);
+        return carryOut(command.name, *call);
     if (!call)
         complain(call.failure().detail);
-    std::fputs(command.help, stderr);
-    std::fputs(commonOptions, stderr);
+    std::fputs(helpOf(command).constData(), stderr);
     return ExitCode::Usage;
 }
 
@@ -121,17 +105,18 @@ bool isHelp(const QByteArray &argument)
     return argument == "--help" || argument == "-h";
 }
 
-ExitCode carryOut(const std::vector<QByteArray> &arguments)
+ExitCode answer(const std::vector<QByteArray> &arguments)
 {
     const QByteArray first = arguments.empty() ? QByteArray() : arguments.at(0);
     const QByteArray second = arguments.size() < 2 ? QByteArray() : arguments.at(1);
-    for (const Command &command : commands) {
-        const bool isGrouped = *command.group != '\0';
-        if (first == (isGrouped ? command.group : command.name) && (!isGrouped || second == command.name))
+    for (const Command &command : commands()) {
+        const bool isGrouped = !command.group.empty();
+        if (first == bytes(isGrouped ? command.group : command.word) &&
+            (!isGrouped || second == bytes(command.word)))
             return run(command, {arguments.begin() + (isGrouped ? 2 : 1), arguments.end()});
     }
     if (first == "library" && isHelp(second)) {
-        std::fputs(commandsHelp(), stdout);
+        std::fputs(commandsHelp().constData(), stdout);
         return ExitCode::Success;
     }
     return misuse(second.isEmpty() ? QStringLiteral("which command?")
@@ -142,18 +127,17 @@ ExitCode carryOut(const std::vector<QByteArray> &arguments)
 
 bool isCommand(const QByteArray &firstArgument)
 {
-    return firstArgument == "info" || firstArgument == "library";
+    return std::ranges::any_of(commands(), [&](const Command &command) {
+        return firstArgument == bytes(command.group.empty() ? command.word : command.group);
+    });
 }
 
-const char *commandsHelp()
+QByteArray commandsHelp()
 {
-    return "  trackwise info FILE|ID|WORDS [--more] [--json]   what is known about one song\n"
-           "  trackwise library scan                           bring the library up to date\n"
-           "  trackwise library status                         where it is and what it holds\n"
-           "  trackwise library search WORDS                   songs that fit\n"
-           "  trackwise library problems                       files that could not be read\n"
-           "  trackwise library export                         every song, a line of JSON each\n"
-           "Each takes --help, --library FILE and --folder DIR.\n";
+    QByteArray text;
+    for (const Command &command : commands())
+        text += "  " + formOf(command).leftJustified(34) + bytes(command.summary) + '\n';
+    return text + "Each takes --help, --library FILE and --folder DIR.\n";
 }
 
 ExitCode giveUp(const Failure &failure)
@@ -164,7 +148,7 @@ ExitCode giveUp(const Failure &failure)
 
 ExitCode runCommand(const std::vector<QByteArray> &arguments)
 {
-    const ExitCode code = carryOut(arguments);
+    const ExitCode code = answer(arguments);
     const bool isWritten = finishOutput();
     return isWritten || code != ExitCode::Success ? code : ExitCode::Failure;
 }

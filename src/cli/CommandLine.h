@@ -24,6 +24,6 @@ enum class ExitCode {
 [[nodiscard]] ExitCode runCommand(const std::vector<QByteArray> &arguments);
 
 /// The commands and their options, for the program's own help.
-[[nodiscard]] const char *commandsHelp();
+[[nodiscard]] QByteArray commandsHelp();
 
 } // namespace trackwise::cli

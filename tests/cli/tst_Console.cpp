@@ -73,8 +73,8 @@ private Q_SLOTS:
 
     void takesCallsApart()
     {
-        const auto call =
-            parseCall({"--json", "--folder=/a/../b/", "--folder", "c", "--", "--more"}, {.json = true});
+        const Option json[] = {{.name = "json"}};
+        const auto call = parseCall({"--json", "--folder=/a/../b/", "--folder", "c", "--", "--more"}, json);
         QVERIFY(call);
         QVERIFY(call->wantsJson);
         QVERIFY(!call->wantsMore);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         QVERIFY(call->musicFolders.at(1).startsWith('/'));
         for (const auto &wrong : std::vector<std::vector<QByteArray>>{
                  {"--more"}, {"--library"}, {"--library="}, {"-x"}, {"--folder", ""}})
-            QVERIFY2(!parseCall(wrong, {.json = true}), wrong.front().constData());
+            QVERIFY2(!parseCall(wrong, json), wrong.front().constData());
     }
 };
 
