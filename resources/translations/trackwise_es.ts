@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>No Song Playing</source>
-        <translation>No se está reproduciendo ninguna canción</translation>
+        <translation>No suena ninguna canción</translation>
     </message>
     <message>
         <source>Would you like to play something?</source>
@@ -224,7 +224,7 @@
     <name>PlaybackRow</name>
     <message>
         <source>NOW PLAYING</source>
-        <translation>EN REPRODUCCIÓN</translation>
+        <translation>SUENA AHORA</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -581,11 +581,11 @@
     <name>trackwise::MoreMenu</name>
     <message>
         <source>Now Playing</source>
-        <translation>En reproducción</translation>
+        <translation>Lo que suena</translation>
     </message>
     <message>
         <source>Clear Selected Song</source>
-        <translation>Deseleccionar la canción</translation>
+        <translation>Quitar la selección</translation>
     </message>
     <message>
         <source>Settings</source>

@@ -41,7 +41,7 @@
     </message>
     <message>
         <source>Open Settings</source>
-        <translation>Ouvrir les paramètres</translation>
+        <translation>Ouvrir les réglages</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -65,7 +65,7 @@
     </message>
     <message>
         <source>Trackwise does not currently have access to your music library. Please turn on Media &amp; Apple Music access in the Settings app.</source>
-        <translation>Trackwise n’a actuellement pas accès à votre bibliothèque musicale. Veuillez activer l’accès à «&#xa0;Médias et Apple Music&#xa0;» dans l’application Paramètres.</translation>
+        <translation>Trackwise n’a actuellement pas accès à votre bibliothèque musicale. Veuillez activer l’accès à «&#xa0;Médias et Apple Music&#xa0;» dans l’application Réglages.</translation>
     </message>
     <message>
         <source>Trackwise does not have access to your music library due to restrictions enabled on your device.</source>
@@ -293,7 +293,7 @@
     <name>SettingsView</name>
     <message>
         <source>Settings</source>
-        <translation>Paramètres</translation>
+        <translation>Réglages</translation>
     </message>
     <message>
         <source>Automatic</source>
@@ -456,7 +456,7 @@
     </message>
     <message>
         <source>There is no song “%1” in your music library. Music folders are chosen in the settings.</source>
-        <translation>Votre bibliothèque musicale ne contient aucun morceau «&#xa0;%1&#xa0;». Les dossiers de musique se choisissent dans les paramètres.</translation>
+        <translation>Votre bibliothèque musicale ne contient aucun morceau «&#xa0;%1&#xa0;». Les dossiers de musique se choisissent dans les réglages.</translation>
     </message>
     <message>
         <source>There is no file “%1”.</source>
@@ -585,11 +585,11 @@
     </message>
     <message>
         <source>Clear Selected Song</source>
-        <translation>Désélectionner le morceau</translation>
+        <translation>Annuler le choix</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation>Paramètres</translation>
+        <translation>Réglages</translation>
     </message>
     <message>
         <source>Select Song from</source>
@@ -651,7 +651,7 @@
     </message>
     <message>
         <source>Settings</source>
-        <translation>Paramètres</translation>
+        <translation>Réglages</translation>
     </message>
 </context>
 <context>
