@@ -11,8 +11,11 @@ Grid {
 
     signal chosen(int index)
 
-    readonly property int count: root.alert ? root.alert.actionTitles.length : 0
-    readonly property bool isRow: root.count === 2 && !Theme.isAccessibilitySize
+    readonly property list<string> titles: root.alert ? root.alert.actionTitles : []
+    readonly property real widestText: Math.max(first.advanceWidth, second.advanceWidth)
+    readonly property real inset: 8
+    readonly property bool fitsInRow: root.widestText + 2 * root.inset <= root.width / 2
+    readonly property bool isRow: root.titles.length === 2 && root.fitsInRow && !Theme.isAccessibilitySize
 
     /// Gives the keyboard focus to the preferred button.
     function focusPreferred() {
@@ -21,12 +24,24 @@ Grid {
 
     columns: isRow ? 2 : 1
     // In a row the cancelling button, which is the last action, stands at the leading edge.
-    layoutDirection: isRow !== LayoutMirroring.enabled ? Qt.RightToLeft : Qt.LeftToRight
+    layoutDirection: isRow ? Qt.RightToLeft : Qt.LeftToRight
 
+    TextMetrics {
+        id: first
+
+        font: Theme.headline.font // the wider one
+        text: root.titles[0] ?? ""
+    }
+    TextMetrics {
+        id: second
+
+        font: first.font
+        text: root.titles[1] ?? ""
+    }
     Repeater {
         id: repeater
 
-        model: root.alert ? root.alert.actionTitles : []
+        model: root.titles
 
         delegate: BaseButton {
             id: button
@@ -36,6 +51,8 @@ Grid {
 
             width: root.isRow ? root.width / 2 : root.width
             height: Math.max(Theme.touchTarget, label.implicitHeight + 16)
+            leftPadding: root.inset
+            rightPadding: root.inset
             opacity: 1
             text: modelData
             onClicked: root.chosen(button.index)
