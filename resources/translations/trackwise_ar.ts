@@ -423,25 +423,25 @@
         <translation>عنوان غير معروف</translation>
     </message>
     <message numerus="yes">
-        <source>%n song</source>
+        <source>%Ln song</source>
         <translation>
             <numerusform>لا أغانٍ</numerusform>
             <numerusform>أغنية واحدة</numerusform>
             <numerusform>أغنيتان</numerusform>
-            <numerusform>%n أغانٍ</numerusform>
-            <numerusform>%n أغنية</numerusform>
-            <numerusform>%n أغنية</numerusform>
+            <numerusform>%Ln أغانٍ</numerusform>
+            <numerusform>%Ln أغنية</numerusform>
+            <numerusform>%Ln أغنية</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n songs</source>
+        <source>%Ln songs</source>
         <translation>
             <numerusform>لا أغانٍ</numerusform>
             <numerusform>أغنية واحدة</numerusform>
             <numerusform>أغنيتان</numerusform>
-            <numerusform>%n أغانٍ</numerusform>
-            <numerusform>%n أغنية</numerusform>
-            <numerusform>%n أغنية</numerusform>
+            <numerusform>%Ln أغانٍ</numerusform>
+            <numerusform>%Ln أغنية</numerusform>
+            <numerusform>%Ln أغنية</numerusform>
         </translation>
     </message>
     <message>

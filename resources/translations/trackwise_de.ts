@@ -423,17 +423,17 @@
         <translation>Unbekannter Titel</translation>
     </message>
     <message numerus="yes">
-        <source>%n song</source>
+        <source>%Ln song</source>
         <translation>
-            <numerusform>%n Titel</numerusform>
-            <numerusform>%n Titel</numerusform>
+            <numerusform>%Ln Titel</numerusform>
+            <numerusform>%Ln Titel</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n songs</source>
+        <source>%Ln songs</source>
         <translation>
-            <numerusform>%n Titel</numerusform>
-            <numerusform>%n Titel</numerusform>
+            <numerusform>%Ln Titel</numerusform>
+            <numerusform>%Ln Titel</numerusform>
         </translation>
     </message>
     <message>

@@ -427,17 +427,17 @@
         <translation>Álbum desconocido</translation>
     </message>
     <message numerus="yes">
-        <source>%n song</source>
+        <source>%Ln song</source>
         <translation>
-            <numerusform>%n canción</numerusform>
-            <numerusform>%n canciones</numerusform>
+            <numerusform>%Ln canción</numerusform>
+            <numerusform>%Ln canciones</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n songs</source>
+        <source>%Ln songs</source>
         <translation>
-            <numerusform>%n canción</numerusform>
-            <numerusform>%n canciones</numerusform>
+            <numerusform>%Ln canción</numerusform>
+            <numerusform>%Ln canciones</numerusform>
         </translation>
     </message>
 </context>

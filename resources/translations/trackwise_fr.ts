@@ -427,17 +427,17 @@
         <translation>Album inconnu</translation>
     </message>
     <message numerus="yes">
-        <source>%n song</source>
+        <source>%Ln song</source>
         <translation>
-            <numerusform>%n morceau</numerusform>
-            <numerusform>%n morceaux</numerusform>
+            <numerusform>%Ln morceau</numerusform>
+            <numerusform>%Ln morceaux</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n songs</source>
+        <source>%Ln songs</source>
         <translation>
-            <numerusform>%n morceau</numerusform>
-            <numerusform>%n morceaux</numerusform>
+            <numerusform>%Ln morceau</numerusform>
+            <numerusform>%Ln morceaux</numerusform>
         </translation>
     </message>
 </context>

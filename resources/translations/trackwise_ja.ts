@@ -423,15 +423,15 @@
         <translation>不明なタイトル</translation>
     </message>
     <message numerus="yes">
-        <source>%n song</source>
+        <source>%Ln song</source>
         <translation>
-            <numerusform>%n曲</numerusform>
+            <numerusform>%Ln曲</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n songs</source>
+        <source>%Ln songs</source>
         <translation>
-            <numerusform>%n曲</numerusform>
+            <numerusform>%Ln曲</numerusform>
         </translation>
     </message>
     <message>

@@ -62,8 +62,8 @@ ListOrder orderOf(const GroupIndex &index)
 QString songCountText(int count)
 {
     // Two texts, so that English reads well without a catalogue of its own.
-    return count == 1 ? QCoreApplication::translate("SongPicker", "%n song", nullptr, count)
-                      : QCoreApplication::translate("SongPicker", "%n songs", nullptr, count);
+    return count == 1 ? QCoreApplication::translate("SongPicker", "%Ln song", nullptr, count)
+                      : QCoreApplication::translate("SongPicker", "%Ln songs", nullptr, count);
 }
 
 ListOrder orderOf(const LibraryBrowser &browser, const ListContent &content)

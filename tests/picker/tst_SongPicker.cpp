@@ -137,6 +137,10 @@ private Q_SLOTS:
         QCOMPARE(w.picker.searchText(), u"007"_s);
         QTRY_COMPARE(w.picker.resultsSummary(), u"111 songs"_s);
         QCOMPARE(songCountText(1), u"1 song"_s);
+        const QLocale before;
+        QLocale::setDefault(QLocale(u"es"_s));
+        QCOMPARE(songCountText(12345), u"12.345 songs"_s);
+        QLocale::setDefault(before);
         w.press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(w.picked(), PersistentID{700});
         QVERIFY(w.picker.type(u"\U0001F3B5"_s));
