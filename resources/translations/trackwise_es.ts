@@ -275,7 +275,7 @@
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
-        <translation>Buscar canciones</translation>
+        <translation>Buscar</translation>
     </message>
     <message>
         <source>Clear Search</source>

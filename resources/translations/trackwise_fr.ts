@@ -275,7 +275,7 @@
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
-        <translation>Rechercher des morceaux</translation>
+        <translation>Rechercher</translation>
     </message>
     <message>
         <source>Clear Search</source>

@@ -78,6 +78,8 @@ FocusScope {
             visible: input.text === "" && input.preeditText === ""
             text: qsTr("Search Songs")
             style: Theme.body
+            lineHeight: 1 // of letters that have shrunk
+            lineHeightMode: Text.ProportionalHeight
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: Math.round(font.pixelSize / 2)
             color: Theme.secondaryLabel
