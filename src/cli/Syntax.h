@@ -14,12 +14,12 @@ enum class Completion { Nothing, Files, Folders };
 
 struct Option
 {
-    std::string_view name;  ///< without the dashes
-    std::string_view value; ///< what follows it, such as "FILE"; empty: nothing
-    std::string_view help;  ///< a sentence
-    Completion completion = Completion::Nothing;
+    std::string_view name;    ///< without the dashes
+    std::string_view value;   ///< what follows it, such as "FILE"; empty: nothing
+    std::string_view help;    ///< a sentence
     std::string_view choices; ///< all values that there are, with spaces between them; empty: any
-    char letter = '\0';       ///< of its short form; none
+    Completion completion = Completion::Nothing;
+    char letter = '\0'; ///< of its short form; none
 
     [[nodiscard]] bool takesValue() const { return !value.empty(); }
 };

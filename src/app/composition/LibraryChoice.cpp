@@ -13,7 +13,8 @@ namespace trackwise {
 QString demoFolder()
 {
     const QDir programs(QCoreApplication::applicationDirPath());
-    for (const auto *place : {"../share/demo-library", "../share/trackwise/demo-library"}) {
+    for (const auto *place :
+         {"../share/demo-library", TRACKWISE_DATA_FROM_PROGRAM "/trackwise/demo-library"}) {
         const QString folder = QDir::cleanPath(programs.filePath(QLatin1String(place)));
         if (QDir(folder).exists())
             return folder;

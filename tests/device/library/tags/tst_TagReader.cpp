@@ -183,7 +183,8 @@ private Q_SLOTS:
             return contentsOf(QStringLiteral(TRACKWISE_SOURCES "/") + QString::fromLatin1(path));
         };
         QVERIFY2(contentOf("README.md").contains(table + '\n'), table);
-        QVERIFY2(contentOf("resources/desktop/org.trackwise.trackwise.desktop").contains(types + '\n'),
+        QVERIFY2(contentOf("resources/desktop/org.trackwise.trackwise.desktop")
+                     .contains(types + "x-scheme-handler/trackwise;\n"),
                  types);
     }
 
