@@ -169,6 +169,13 @@
     </message>
 </context>
 <context>
+    <name>MenuBarView</name>
+    <message>
+        <source>Menu Bar</source>
+        <translation>شريط القوائم</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -387,6 +394,14 @@
         <source>Ignore %1</source>
         <translation>تجاهل %1</translation>
     </message>
+    <message>
+        <source>Show menu bar</source>
+        <translation>إظهار شريط القوائم</translation>
+    </message>
+    <message>
+        <source>Otherwise Alt or F10 shows it.</source>
+        <translation>وإلا فيظهره Alt أو F10.</translation>
+    </message>
 </context>
 <context>
     <name>SongPicker</name>
@@ -483,6 +498,45 @@
     <message>
         <source>Lyrics</source>
         <translation>كلمات الأغنية</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::KeyCommands</name>
+    <message>
+        <source>New Window</source>
+        <translation>نافذة جديدة</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>الإعدادات</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>إنهاء</translation>
+    </message>
+    <message>
+        <source>Select Song</source>
+        <translation>اختيار أغنية</translation>
+    </message>
+    <message>
+        <source>Select Song from Now Playing</source>
+        <translation>اختيار الأغنية قيد التشغيل الآن</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>إلغاء اختيار الأغنية</translation>
+    </message>
+    <message>
+        <source>Paste Link</source>
+        <translation>لصق الرابط</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>إغلاق النافذة</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ملف</translation>
     </message>
 </context>
 <context>

@@ -169,6 +169,13 @@
     </message>
 </context>
 <context>
+    <name>MenuBarView</name>
+    <message>
+        <source>Menu Bar</source>
+        <translation>Menüleiste</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -387,6 +394,14 @@
         <source>Ignore %1</source>
         <translation>%1 ignorieren</translation>
     </message>
+    <message>
+        <source>Show menu bar</source>
+        <translation>Menüleiste anzeigen</translation>
+    </message>
+    <message>
+        <source>Otherwise Alt or F10 shows it.</source>
+        <translation>Sonst zeigen Alt oder F10 sie an.</translation>
+    </message>
 </context>
 <context>
     <name>SongPicker</name>
@@ -475,6 +490,45 @@
     <message>
         <source>Lyrics</source>
         <translation>Liedtext</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::KeyCommands</name>
+    <message>
+        <source>New Window</source>
+        <translation>Neues Fenster</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Select Song</source>
+        <translation>Titel auswählen</translation>
+    </message>
+    <message>
+        <source>Select Song from Now Playing</source>
+        <translation>Aktuellen Titel auswählen</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>Titelauswahl aufheben</translation>
+    </message>
+    <message>
+        <source>Paste Link</source>
+        <translation>Link einsetzen</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>Fenster schließen</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
     </message>
 </context>
 <context>

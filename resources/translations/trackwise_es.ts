@@ -169,6 +169,13 @@
     </message>
 </context>
 <context>
+    <name>MenuBarView</name>
+    <message>
+        <source>Menu Bar</source>
+        <translation>Barra de menús</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -387,6 +394,14 @@
         <source>Ignore %1</source>
         <translation>Ignorar %1</translation>
     </message>
+    <message>
+        <source>Show menu bar</source>
+        <translation>Mostrar la barra de menús</translation>
+    </message>
+    <message>
+        <source>Otherwise Alt or F10 shows it.</source>
+        <translation>Si no, aparece con Alt o F10.</translation>
+    </message>
 </context>
 <context>
     <name>SongPicker</name>
@@ -475,6 +490,45 @@
     <message>
         <source>Lyrics</source>
         <translation>Letra</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::KeyCommands</name>
+    <message>
+        <source>New Window</source>
+        <translation>Nueva ventana</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Select Song</source>
+        <translation>Elegir canción</translation>
+    </message>
+    <message>
+        <source>Select Song from Now Playing</source>
+        <translation>Seleccionar la canción en reproducción</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>Quitar la selección</translation>
+    </message>
+    <message>
+        <source>Paste Link</source>
+        <translation>Pegar enlace</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>Cerrar ventana</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
     </message>
 </context>
 <context>

@@ -169,6 +169,13 @@
     </message>
 </context>
 <context>
+    <name>MenuBarView</name>
+    <message>
+        <source>Menu Bar</source>
+        <translation>Barre de menus</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -387,6 +394,14 @@
         <source>Ignore %1</source>
         <translation>Ignorer %1</translation>
     </message>
+    <message>
+        <source>Show menu bar</source>
+        <translation>Afficher la barre de menus</translation>
+    </message>
+    <message>
+        <source>Otherwise Alt or F10 shows it.</source>
+        <translation>Sinon, Alt ou F10 l’affiche.</translation>
+    </message>
 </context>
 <context>
     <name>SongPicker</name>
@@ -475,6 +490,45 @@
     <message>
         <source>Lyrics</source>
         <translation>Paroles</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::KeyCommands</name>
+    <message>
+        <source>New Window</source>
+        <translation>Nouvelle fenêtre</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Select Song</source>
+        <translation>Choisir un morceau</translation>
+    </message>
+    <message>
+        <source>Select Song from Now Playing</source>
+        <translation>Choisir le morceau en cours de lecture</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>Annuler le choix</translation>
+    </message>
+    <message>
+        <source>Paste Link</source>
+        <translation>Coller le lien</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
     </message>
 </context>
 <context>

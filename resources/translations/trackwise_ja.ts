@@ -169,6 +169,13 @@
     </message>
 </context>
 <context>
+    <name>MenuBarView</name>
+    <message>
+        <source>Menu Bar</source>
+        <translation>メニューバー</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -387,6 +394,14 @@
         <source>Ignore %1</source>
         <translation>%1を無視</translation>
     </message>
+    <message>
+        <source>Show menu bar</source>
+        <translation>メニューバーを表示</translation>
+    </message>
+    <message>
+        <source>Otherwise Alt or F10 shows it.</source>
+        <translation>オフのときは Alt または F10 で表示します。</translation>
+    </message>
 </context>
 <context>
     <name>SongPicker</name>
@@ -473,6 +488,45 @@
     <message>
         <source>Lyrics</source>
         <translation>歌詞</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::KeyCommands</name>
+    <message>
+        <source>New Window</source>
+        <translation>新規ウインドウ</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+    <message>
+        <source>Select Song</source>
+        <translation>曲を選択</translation>
+    </message>
+    <message>
+        <source>Select Song from Now Playing</source>
+        <translation>再生中の曲を選択</translation>
+    </message>
+    <message>
+        <source>Clear Selected Song</source>
+        <translation>曲の選択を解除</translation>
+    </message>
+    <message>
+        <source>Paste Link</source>
+        <translation>リンクをペースト</translation>
+    </message>
+    <message>
+        <source>Close Window</source>
+        <translation>ウインドウを閉じる</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
     </message>
 </context>
 <context>

@@ -69,8 +69,6 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
 {
     prepareEngine(m_engine);
     m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));
-    // Not from within the window's own key handling.
-    connect(&m_engine, &QQmlEngine::quit, this, &QCoreApplication::quit, Qt::QueuedConnection);
     connect(&device.appearance, &Appearance::appearanceDidChange, this, &AppDelegate::applyAppearance);
     applyAppearance();
 }
@@ -96,7 +94,8 @@ void AppDelegate::newWindow()
         if (scene->window().isActive())
             sceneWasUsed(scene);
     });
-    connect(&scene->detail(), &DetailViewController::newWindowWanted, this, &AppDelegate::newWindow);
+    connect(&scene->menus(), &WindowMenus::newWindowKeyCommanded, this, &AppDelegate::newWindow);
+    scene->setMenuBarPlace(m_device.appearance.menuBarPlace());
     scene->show();
 }
 
@@ -152,6 +151,8 @@ void AppDelegate::applyAppearance()
     themeOf(m_engine).setSettings({appearance.isDark(), appearance.prefersHighContrast(),
                                    appearance.prefersReducedMotion(), textScale(size),
                                    isAccessibilitySize(size), appearance.accent()});
+    for (const auto &scene : m_scenes)
+        scene->setMenuBarPlace(appearance.menuBarPlace());
 }
 
 } // namespace trackwise

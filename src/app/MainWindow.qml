@@ -12,6 +12,9 @@ T.ApplicationWindow {
 
     required property ContainerViewController container
     required property Presentation presentation
+    required property WindowMenus menus
+
+    readonly property Item overlay: T.Overlay.overlay
 
     width: 1024
     height: 768
@@ -22,6 +25,34 @@ T.ApplicationWindow {
     LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true
 
+    menuBar: MenuBarView {
+        id: menuBarView
+
+        visible: reveal.isVisible
+        windowMenus: root.menus
+        reveal: reveal
+    }
+
+    MenuBarReveal {
+        id: reveal
+
+        menuBar: menuBarView
+        isAvailable: root.menus.isInWindow
+        isAlwaysShown: root.menus.isAlwaysShown
+        isCovered: root.overlay.visible
+    }
+    Loader {
+        active: root.menus.isOnDesktop
+        Component.onCompleted: setSource("GlobalMenuBar.qml", { windowMenus: root.menus, window: root })
+    }
+    MenuKeys {
+        menu: root.menus.applicationMenu
+        isActive: root.active
+    }
+    MenuKeys {
+        menu: root.menus.fileMenu
+        isActive: root.active
+    }
     AccessibleLayer {
         anchors.fill: parent
         isCovered: root.presentation.isSheetVisible || root.presentation.isAlertVisible
@@ -41,20 +72,6 @@ T.ApplicationWindow {
     }
     AlertLayer {
         presentation: root.presentation
-    }
-    // The app's own commands work in every state of the window. The window's context would leave out what
-    // stands behind a sheet or an alert, which is all of it here.
-    Shortcut {
-        sequences: [StandardKey.New]
-        context: Qt.ApplicationShortcut
-        enabled: root.active
-        onActivated: root.container.detail.newWindowWanted()
-    }
-    Shortcut {
-        sequences: ["Ctrl+Q"] // the standard key is none on desktops that Qt does not know
-        context: Qt.ApplicationShortcut
-        enabled: root.active
-        onActivated: Qt.quit()
     }
     Component.onCompleted: root.presentation.setAnimated(true)
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/ContainerViewController.h"
+#include "app/WindowMenus.h"
 #include "detail/DetailViewController.h"
 #include "ui/Presentation.h"
 
@@ -26,11 +27,14 @@ public:
     ~WindowScene() override;
 
     void show();
+    /// Where the desktop and the user want menus; a phone's window has none.
+    void setMenuBarPlace(MenuBarPlace place);
     /// Brings the window to the front, as far as the desktop lets us.
     void raise();
     [[nodiscard]] QQuickWindow &window() { return *m_window; }
     [[nodiscard]] DetailViewController &detail() { return m_detail; }
     [[nodiscard]] Presentation &presentation() { return m_presentation; }
+    [[nodiscard]] WindowMenus &menus() { return m_menus; }
 
 Q_SIGNALS:
     void didClose();
@@ -39,6 +43,7 @@ private:
     Presentation m_presentation;
     DetailViewController m_detail;
     ContainerViewController m_container;
+    WindowMenus m_menus;
     std::unique_ptr<QQuickWindow> m_window; ///< last: its views look at the others
 };
 

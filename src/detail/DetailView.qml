@@ -12,7 +12,6 @@ FocusScope {
 
     required property DetailViewController controller
     required property bool isRegularWidth
-    readonly property bool acceptsCommands: visible && !controller.presentation.isSheetVisible && !controller.presentation.isAlertVisible
 
     Rectangle {
         anchors.fill: parent
@@ -101,26 +100,5 @@ FocusScope {
         text: qsTr("No Song Selected")
         style: Theme.title3
         color: Theme.secondaryLabel
-    }
-
-    Shortcut {
-        sequences: [StandardKey.Open]
-        enabled: root.acceptsCommands
-        onActivated: root.controller.selectSongFromLibrary()
-    }
-    Shortcut {
-        sequences: ["Ctrl+Alt+O"]
-        enabled: root.acceptsCommands
-        onActivated: root.controller.selectSongNowPlayingKeyCommanded()
-    }
-    Shortcut {
-        sequences: [StandardKey.Paste]
-        enabled: root.acceptsCommands
-        onActivated: root.controller.pasteLink()
-    }
-    Shortcut {
-        sequences: [StandardKey.Delete]
-        enabled: root.acceptsCommands && root.controller.informationView !== null
-        onActivated: root.controller.clearSelectedSong()
     }
 }

@@ -42,7 +42,7 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
     connect(m_picker, &SongPickerSource::folderWanted, this, [this] {
         m_presentation.dismiss([controller = QPointer(this)] {
             if (controller)
-                controller->perform(MoreMenu::OpenSettings);
+                controller->presentSettings();
         });
     });
     connect(&services.library, &MediaLibrary::songDidChange, this, [this](PersistentID song) {
@@ -167,7 +167,7 @@ void DetailViewController::presentAlert(const AlertMessage &message)
     if (m_services.openSettings) {
         destinations.openSettings = [controller = QPointer(this)] {
             if (controller)
-                controller->perform(MoreMenu::OpenSettings);
+                controller->presentSettings();
         };
     }
     m_presentation.presentAlert(makeAlert(message, destinations));
@@ -249,6 +249,17 @@ void DetailViewController::presentLyrics(const MediaItem &mediaItem)
         QVariantMap{{QStringLiteral("lyrics"), mediaItem.lyrics.value_or(QString())}}));
 }
 
+void DetailViewController::presentSettings()
+{
+    if (m_services.openSettings)
+        m_services.openSettings(m_presentation);
+}
+
+bool DetailViewController::validateCommand(KeyCommand command) const
+{
+    return command != KeyCommand::ClearSelectedSong || m_visible.informationView;
+}
+
 void DetailViewController::perform(int moreCommand)
 {
     switch (moreCommand) {
@@ -259,8 +270,7 @@ void DetailViewController::perform(int moreCommand)
         clearSelectedSong();
         break;
     case MoreMenu::OpenSettings:
-        if (m_services.openSettings)
-            m_services.openSettings(m_presentation);
+        presentSettings();
         break;
     default:
         break;

@@ -4,6 +4,7 @@
 #include "artwork/ArtworkView.h"
 #include "detail/DetailServices.h"
 #include "detail/DetailViewControllerDelegate.h"
+#include "detail/KeyCommands.h"
 #include "detail/LibraryAccessGate.h"
 #include "detail/LinkDrop.h"
 #include "detail/MoreMenu.h"
@@ -76,12 +77,19 @@ public:
     void selectSongFromNowPlaying();
     void presentLyrics(const MediaItem &mediaItem);
 
+    void presentSettings();
+
     // What the user can ask for.
     Q_INVOKABLE void selectSongFromLibrary();
-    Q_INVOKABLE void selectSongNowPlayingKeyCommanded() { selectNowPlayingSong(true); }
     Q_INVOKABLE void clearSelectedSong();
     Q_INVOKABLE void handleDroppedURLs(const QStringList &addresses);
-    Q_INVOKABLE void pasteLink();
+    void pasteLink();
+
+    void selectSongKeyCommanded() { selectSongFromLibrary(); }
+    void selectSongNowPlayingKeyCommanded() { selectNowPlayingSong(true); }
+    void clearSelectedSongKeyCommanded() { clearSelectedSong(); }
+    /// Whether the command has anything to do: a song to clear, for example.
+    [[nodiscard]] bool validateCommand(KeyCommand command) const;
 
     [[nodiscard]] const std::optional<MediaItem> &visibleMediaItem() const { return m_visible.mediaItem; }
     [[nodiscard]] bool isTrackingNowPlaying() const { return m_visible.isTrackingNowPlaying; }
@@ -97,7 +105,6 @@ Q_SIGNALS:
     /// Values of the shown song, such as its play count, are different; it is the same song.
     void visibleMediaItemDidChange();
     void noSongLabelDidChange();
-    void newWindowWanted();
 
 private:
     void showPlayingSongAtStart();

@@ -38,6 +38,13 @@ inline constexpr std::array textScales{0.82, 0.88, 0.94, 1.0, 1.12, 1.24, 1.35, 
     return size >= TextSize::Accessibility1;
 }
 
+/// Where the menus of a window are.
+enum class MenuBarPlace {
+    OnDemand, ///< in the window, while a key has called for them
+    InWindow,
+    OnDesktop, ///< the desktop shows them, in a bar of its own
+};
+
 /// How the user wants programs to look. Main thread.
 class Appearance : public QObject
 {
@@ -51,6 +58,7 @@ public:
     [[nodiscard]] virtual bool prefersReducedMotion() const = 0;
     [[nodiscard]] virtual TextSize textSize() const = 0;
     [[nodiscard]] virtual std::optional<QColor> accent() const = 0;
+    [[nodiscard]] virtual MenuBarPlace menuBarPlace() const { return MenuBarPlace::OnDemand; }
 
 Q_SIGNALS:
     void appearanceDidChange();

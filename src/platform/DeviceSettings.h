@@ -19,6 +19,7 @@ struct AppearanceChoices
     ThemeChoice theme = ThemeChoice::Automatic;
     std::optional<TextSize> textSize; ///< absent: as the desktop says
     MotionChoice motion = MotionChoice::Automatic;
+    bool showsMenuBar = false;
 
     friend bool operator==(const AppearanceChoices &, const AppearanceChoices &) = default;
 };

@@ -57,6 +57,16 @@ int SettingsScreen::motion() const
     return static_cast<int>(m_services.device.appearance().motion);
 }
 
+bool SettingsScreen::hasMenuBars() const
+{
+    return m_services.appearance.menuBarPlace() != MenuBarPlace::OnDesktop;
+}
+
+bool SettingsScreen::showsMenuBar() const
+{
+    return m_services.device.appearance().showsMenuBar;
+}
+
 bool SettingsScreen::hasOwnTextSize() const
 {
     return m_services.device.appearance().textSize.has_value();
@@ -128,6 +138,13 @@ void SettingsScreen::setMotion(int choice)
 {
     AppearanceChoices choices = m_services.device.appearance();
     choices.motion = static_cast<MotionChoice>(std::clamp(choice, 0, 2));
+    m_services.device.setAppearance(choices);
+}
+
+void SettingsScreen::setShowsMenuBar(bool shows)
+{
+    AppearanceChoices choices = m_services.device.appearance();
+    choices.showsMenuBar = shows;
     m_services.device.setAppearance(choices);
 }
 

@@ -29,6 +29,8 @@ class SettingsScreen : public QObject
     Q_PROPERTY(bool isMicrophoneAllowed READ isMicrophoneAllowed NOTIFY changed)
     Q_PROPERTY(int theme READ theme NOTIFY changed)
     Q_PROPERTY(int motion READ motion NOTIFY changed)
+    Q_PROPERTY(bool hasMenuBars READ hasMenuBars NOTIFY changed)
+    Q_PROPERTY(bool showsMenuBar READ showsMenuBar NOTIFY changed)
     Q_PROPERTY(bool hasOwnTextSize READ hasOwnTextSize NOTIFY changed)
     Q_PROPERTY(int textSize READ textSize NOTIFY changed)
     Q_PROPERTY(QString textSizeName READ textSizeName NOTIFY changed)
@@ -47,6 +49,9 @@ public:
     [[nodiscard]] bool isMicrophoneAllowed() const;
     [[nodiscard]] int theme() const;  ///< ThemeChoice
     [[nodiscard]] int motion() const; ///< MotionChoice
+    /// Windows have them; else the desktop shows the menus.
+    [[nodiscard]] bool hasMenuBars() const;
+    [[nodiscard]] bool showsMenuBar() const;
     [[nodiscard]] bool hasOwnTextSize() const;
     [[nodiscard]] int textSize() const; ///< TextSize that is in force, whoever chose it
     [[nodiscard]] QString textSizeName() const;
@@ -58,6 +63,7 @@ public:
     Q_INVOKABLE void setMicrophoneAllowed(bool isAllowed);
     Q_INVOKABLE void setTheme(int choice);
     Q_INVOKABLE void setMotion(int choice);
+    Q_INVOKABLE void setShowsMenuBar(bool shows);
     Q_INVOKABLE void setHasOwnTextSize(bool hasOwn);
     Q_INVOKABLE void setTextSize(int size);
     Q_INVOKABLE void addFolder(const QUrl &folder);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
+import QtQuick.Window
 import Trackwise.Settings
 import Trackwise.Ui
 
@@ -144,6 +145,18 @@ FocusScope {
                     current: root.screen.motion
                     availableWidth: page.width - 2 * page.horizontalPadding
                     onChosen: index => root.screen.setMotion(index)
+                }
+            }
+            SettingsRow {
+                width: parent.width
+                visible: root.screen.hasMenuBars && Math.min(Screen.width, Screen.height) >= Theme.widestPhone
+                title: qsTr("Show menu bar")
+                note: qsTr("Otherwise Alt or F10 shows it.")
+
+                ToggleSwitch {
+                    text: qsTr("Show menu bar")
+                    isOn: root.screen.showsMenuBar
+                    onChosen: isOn => root.screen.setShowsMenuBar(isOn)
                 }
             }
             SettingsRow {

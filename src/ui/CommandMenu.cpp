@@ -13,6 +13,10 @@ CommandMenu::CommandMenu(QString title, Perform perform, QObject *parent)
 
 void CommandMenu::setEntries(std::vector<MenuEntry> entries)
 {
+    if (m_isOpen) {
+        m_nextEntries = std::move(entries);
+        return;
+    }
     if (entries.size() != m_entries.size()) {
         beginResetModel();
         m_entries = std::move(entries);
@@ -26,6 +30,13 @@ void CommandMenu::setEntries(std::vector<MenuEntry> entries)
         const QModelIndex changed = index(static_cast<int>(row));
         Q_EMIT dataChanged(changed, changed);
     }
+}
+
+void CommandMenu::setOpen(bool isOpen)
+{
+    m_isOpen = isOpen;
+    if (!isOpen && m_nextEntries)
+        setEntries(*std::exchange(m_nextEntries, std::nullopt));
 }
 
 void CommandMenu::trigger(int row)
@@ -55,7 +66,11 @@ QVariant CommandMenu::data(const QModelIndex &index, int role) const
     case StartsSectionRole:
         return entry.startsSection;
     case KeysRole:
-        return QVariant::fromValue(entry.keys);
+        return QVariantList(entry.keys.begin(), entry.keys.end());
+    case KeyTextRole:
+        return entry.keys.isEmpty() ? QString() : entry.keys.front().toString(QKeySequence::NativeText);
+    case WorksEverywhereRole:
+        return entry.worksEverywhere;
     default:
         return {};
     }
@@ -67,7 +82,9 @@ QHash<int, QByteArray> CommandMenu::roleNames() const
             {SymbolRole, "symbolName"},
             {EnabledRole, "isEnabled"},
             {StartsSectionRole, "startsSection"},
-            {KeysRole, "keys"}};
+            {KeysRole, "keys"},
+            {KeyTextRole, "keyText"},
+            {WorksEverywhereRole, "worksEverywhere"}};
 }
 
 } // namespace trackwise

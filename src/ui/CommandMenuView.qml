@@ -10,6 +10,8 @@ ContextMenu {
     required property CommandMenu menu
 
     heading: root.menu.title
+    onAboutToShow: root.menu.setOpen(true)
+    onClosed: root.menu.setOpen(false)
 
     Instantiator {
         model: root.menu
@@ -20,6 +22,7 @@ ContextMenu {
             required property int index
             required property string title
             required symbolName
+            required keyText
             required property bool isEnabled
             required property bool startsSection
 

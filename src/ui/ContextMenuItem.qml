@@ -3,16 +3,18 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// One command of a menu: a text with a symbol at its trailing side.
+/// One command of a menu: a text with its keys and a symbol at its trailing side.
 T.MenuItem {
     id: root
 
     property string symbolName: ""
+    /// The keys that do the same, for people.
+    property string keyText: ""
     /// Starts a section of the menu.
     property bool hasLineAbove: false
     readonly property real lineRoom: hasLineAbove ? 9 : 0
 
-    implicitWidth: label.implicitWidth + symbol.width + 52
+    implicitWidth: label.implicitWidth + keys.implicitWidth + symbol.width + 52
     implicitHeight: Math.max(40, label.implicitHeight + 16) + lineRoom
     topPadding: lineRoom
     width: ListView.view ? ListView.view.width : implicitWidth
@@ -44,12 +46,23 @@ T.MenuItem {
 
             anchors.left: parent.left
             anchors.leftMargin: 12
-            anchors.right: symbol.left
+            anchors.right: keys.left
             anchors.rightMargin: 14
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
             style: Theme.subheadline
             wrapMode: Text.Wrap
+            Accessible.ignored: true
+        }
+        StyledText {
+            id: keys
+
+            anchors.right: symbol.left
+            anchors.rightMargin: symbol.width > 0 ? 14 : 0
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.keyText
+            style: Theme.footnote
+            color: Theme.secondaryLabel
             Accessible.ignored: true
         }
         Symbol {
@@ -59,7 +72,7 @@ T.MenuItem {
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             name: root.symbolName
-            size: Math.round(1.2 * label.font.pixelSize)
+            size: root.symbolName === "" ? 0 : Math.round(1.2 * label.font.pixelSize)
             color: Theme.label
         }
     }

@@ -91,6 +91,8 @@ class Theme : public QObject
     Q_PROPERTY(qreal regularWidth READ regularWidth CONSTANT)
     /// Of a sheet in such a window.
     Q_PROPERTY(qreal sheetWidth READ sheetWidth CONSTANT)
+    /// Screens whose shorter side is less than this are those of phones.
+    Q_PROPERTY(qreal widestPhone READ widestPhone CONSTANT)
     Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY changed)
     Q_PROPERTY(int sheetDuration READ sheetDuration NOTIFY changed)
     Q_PROPERTY(int alertDuration READ alertDuration NOTIFY changed)
@@ -141,6 +143,7 @@ public:
     [[nodiscard]] qreal touchTarget() const { return 44; }
     [[nodiscard]] static qreal regularWidth() { return 700; }
     [[nodiscard]] static qreal sheetWidth() { return 540; }
+    [[nodiscard]] static qreal widestPhone() { return 500; }
     /// Beside the content of a screen.
     Q_INVOKABLE [[nodiscard]] static qreal margin(bool isRegularWidth = false)
     {

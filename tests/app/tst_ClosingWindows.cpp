@@ -224,7 +224,7 @@ private Q_SLOTS:
         std::vector<LibraryAccess::Answer> answers;
         program.forgetAccess(answers);
         WindowScene &first = program.openWindow();
-        Q_EMIT first.detail().newWindowWanted();
+        first.menus().applicationMenu()->trigger(0);
         WindowScene &second = *program.app.scenes().back();
         QVERIFY(&second != &first);
         for (const ThemeChoice choice : {ThemeChoice::Dark, ThemeChoice::Light}) {

@@ -11,11 +11,13 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDragEnterEvent>
+#include <QFile>
 #include <QMimeData>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QSignalSpy>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -160,7 +162,7 @@ private Q_SLOTS:
         Window w;
         const MediaItem song = w.library.list.front();
         Presentation &presentation = w.scene->presentation();
-        QSignalSpy wanted(&w.scene->detail(), &DetailViewController::newWindowWanted);
+        QSignalSpy wanted(&w.scene->menus(), &WindowMenus::newWindowKeyCommanded);
         const auto open = [&] {
             QTest::keySequence(&w.window(), QKeySequence::New);
             return wanted.size();
@@ -242,6 +244,71 @@ private Q_SLOTS:
         w.scene->presentation().cancelSheet();
         QTRY_VERIFY(spoken().contains(u"More"_s));
         QVERIFY(!spoken().contains(QString())); // everything has a name
+    }
+
+    void showsItsMenuBarWhenItIsCalledFor()
+    {
+        struct Step
+        {
+            std::vector<Qt::Key> keys;
+            bool isShown;
+        };
+        const auto walk = [](Window &w, const std::vector<Step> &steps) {
+            const auto items = w.window().findChildren<QQuickItem *>();
+            const auto *bar =
+                *std::ranges::find_if(items, [](QQuickItem *i) { return i->inherits("QQuickMenuBar"); });
+            const auto *before = w.window().activeFocusItem();
+            for (const auto &[keys, isShown] : steps) {
+                for (const Qt::Key key : keys)
+                    QTest::keyClick(&w.window(), key, key == Qt::Key_F4 ? Qt::AltModifier : Qt::NoModifier);
+                QTRY_COMPARE(bar->isVisible(), isShown);
+                if (!isShown)
+                    QTRY_COMPARE(w.window().activeFocusItem(), before);
+            }
+        };
+        Window w;
+        w.scene->menus().setPlace(MenuBarPlace::OnDemand);
+        walk(w, {{{Qt::Key_Alt}, true},
+                 {{Qt::Key_Alt}, false},
+                 {{Qt::Key_F10, Qt::Key_Right}, true},
+                 {{Qt::Key_F10}, false},
+                 {{Qt::Key_F10, Qt::Key_Down}, true},
+                 {{Qt::Key_Escape}, false},
+                 {{Qt::Key_Alt}, true},
+                 {{Qt::Key_Escape}, false}});
+        QTest::keyPress(&w.window(), Qt::Key_Alt); // for something else
+        QTest::keyClick(&w.window(), Qt::Key_F4, Qt::AltModifier);
+        QTest::keyRelease(&w.window(), Qt::Key_Alt);
+        walk(w, {{{}, false}, {{Qt::Key_F10}, true}});
+        QTest::mouseClick(&w.window(), Qt::LeftButton, {}, {500, 500});
+        walk(w, {{{}, false}, {{Qt::Key_F10, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return}, false}});
+        QTRY_COMPARE(w.focused(), u"Search Songs"_s);
+        walk(w, {{{Qt::Key_F10, Qt::Key_Alt}, false}}); // keys are the sheet's
+        for (const auto place : {std::optional<MenuBarPlace>(), std::optional(MenuBarPlace::OnDesktop)}) {
+            Window other;
+            other.scene->menus().setPlace(place);
+            walk(other, {{{Qt::Key_F10, Qt::Key_Alt}, false}});
+        }
+        Window always;
+        always.scene->menus().setPlace(MenuBarPlace::InWindow);
+        QSignalSpy wanted(&always.scene->menus(), &WindowMenus::newWindowKeyCommanded);
+        walk(always, {{{}, true},
+                      {{Qt::Key_Alt, Qt::Key_Down, Qt::Key_Return}, true},
+                      {{Qt::Key_Alt, Qt::Key_Alt}, true}});
+        QCOMPARE(wanted.size(), 1);
+    }
+
+    void theReadmeTellsAllKeys()
+    {
+        Window w;
+        QFile readme(QStringLiteral(TRACKWISE_README));
+        QVERIFY(readme.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(readme.readAll());
+        for (const CommandMenu *menu : {w.scene->menus().applicationMenu(), w.scene->menus().fileMenu()}) {
+            for (const MenuEntry &entry : menu->entries())
+                QVERIFY2(text.contains(u"\n| %1 |"_s.arg(entry.keys.front().toString())),
+                         qPrintable(entry.title));
+        }
     }
 
     void laysOutTheColumns()

@@ -221,8 +221,11 @@ private Q_SLOTS:
             menu.trigger(row);
         w.settle();
         QCOMPARE(w.shown(), 0U);
+        menu.setOpen(true);
         menu.trigger(0);
         QTRY_COMPARE(w.shown(), 4U);
+        QCOMPARE(rows(), whole.arg(u"false"_s)); // nothing moves under the finger
+        menu.setOpen(false);
         QCOMPARE(rows(), whole.arg(u"true"_s));
         menu.trigger(1);
         QCOMPARE(w.shown(), 0U);

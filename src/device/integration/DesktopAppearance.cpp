@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopAppearance.h"
 
+#include "device/bus/BusCalls.h"
 #include "device/integration/PortalSettings.h"
 #include "platform/Background.h"
 #include "platform/DeviceSettings.h"
 
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSettings>
@@ -59,6 +62,7 @@ DesktopAppearance::DesktopAppearance(const DeviceSettings &settings, const QDBus
     connect(&m_settings, &DeviceSettings::appearanceDidChange, this, &DesktopAppearance::update);
     update();
     readKdeGlobals();
+    lookForDesktopMenus(bus);
 }
 
 DesktopAppearance::~DesktopAppearance() = default;
@@ -73,6 +77,32 @@ void DesktopAppearance::readKdeGlobals()
     });
 }
 
+// Desktops with a global menu have somebody on the bus with whom windows register their menus. Qt looks for
+// it once, so that one who comes later would not be told of ours.
+void DesktopAppearance::lookForDesktopMenus(const QDBusConnection &bus)
+{
+    if (!bus.isConnected())
+        return;
+    const QString registrar = QStringLiteral("com.canonical.AppMenu.Registrar");
+    const auto follow = [this](bool isThere) {
+        m_desktopShowsMenus = isThere;
+        update();
+    };
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question << registrar;
+    whenReplied(bus.asyncCall(question), this, [this, bus, registrar, follow](const QDBusMessage &reply) {
+        if (!reply.arguments().value(0).toBool())
+            return;
+        auto *watcher =
+            new QDBusServiceWatcher(registrar, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+        connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+                [follow](const QString &, const QString &, const QString &now) { follow(!now.isEmpty()); });
+        follow(true);
+    });
+}
+
 void DesktopAppearance::update()
 {
     DesktopSettings said = m_kdeGlobals;
@@ -80,9 +110,13 @@ void DesktopAppearance::update()
     DesktopLook look = desktopLook(said);
     look.isDark = look.isDark.value_or(m_isPaletteDark);
     look = withChoices(look, m_settings.appearance());
-    if (look == m_shown)
+    const MenuBarPlace place = m_desktopShowsMenus                    ? MenuBarPlace::OnDesktop
+                               : m_settings.appearance().showsMenuBar ? MenuBarPlace::InWindow
+                                                                      : MenuBarPlace::OnDemand;
+    if (look == m_shown && place == m_menuBarPlace)
         return;
     m_shown = look;
+    m_menuBarPlace = place;
     Q_EMIT appearanceDidChange();
 }
 

@@ -30,9 +30,11 @@ public:
     [[nodiscard]] bool prefersReducedMotion() const override { return m_shown.prefersReducedMotion; }
     [[nodiscard]] TextSize textSize() const override { return m_shown.textSize; }
     [[nodiscard]] std::optional<QColor> accent() const override { return m_shown.accent; }
+    [[nodiscard]] MenuBarPlace menuBarPlace() const override { return m_menuBarPlace; }
 
 private:
     void readKdeGlobals();
+    void lookForDesktopMenus(const QDBusConnection &bus);
     void update();
 
     const DeviceSettings &m_settings;
@@ -40,6 +42,8 @@ private:
     DesktopSettings m_kdeGlobals;
     bool m_isPaletteDark;
     DesktopLook m_shown;
+    bool m_desktopShowsMenus = false;
+    MenuBarPlace m_menuBarPlace = MenuBarPlace::OnDemand;
 };
 
 } // namespace trackwise

@@ -12,6 +12,7 @@ namespace {
 constexpr QLatin1StringView themeKey("Appearance/Theme");
 constexpr QLatin1StringView textSizeKey("Appearance/TextSize");
 constexpr QLatin1StringView motionKey("Appearance/Motion");
+constexpr QLatin1StringView menuBarKey("Appearance/ShowMenuBar");
 constexpr QLatin1StringView microphoneKey("Access/Microphone");
 constexpr QLatin1StringView ignoredPlayersKey("Players/Ignored");
 
@@ -64,7 +65,8 @@ AppearanceChoices StoredDeviceSettings::appearance() const
     return {.theme = choiceUnder<ThemeChoice>(m_file, themeKey, themeWords).value_or(ThemeChoice::Automatic),
             .textSize = choiceUnder<TextSize>(m_file, textSizeKey, textSizeWords),
             .motion =
-                choiceUnder<MotionChoice>(m_file, motionKey, motionWords).value_or(MotionChoice::Automatic)};
+                choiceUnder<MotionChoice>(m_file, motionKey, motionWords).value_or(MotionChoice::Automatic),
+            .showsMenuBar = m_file.value(menuBarKey).toBool()};
 }
 
 void StoredDeviceSettings::setAppearance(const AppearanceChoices &choices)
@@ -73,6 +75,7 @@ void StoredDeviceSettings::setAppearance(const AppearanceChoices &choices)
         return;
     store(m_file, themeKey, choices.theme, themeWords);
     store(m_file, motionKey, choices.motion, motionWords);
+    m_file.setValue(menuBarKey, choices.showsMenuBar);
     if (choices.textSize)
         store(m_file, textSizeKey, *choices.textSize, textSizeWords);
     else
