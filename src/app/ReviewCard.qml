@@ -12,7 +12,9 @@ FloatingGround {
     readonly property real inset: 18
     readonly property real insetBelowButtons: 6 // their area is higher than their text
 
-    implicitWidth: Math.min(parent.width - 2 * inset, Math.max(question.implicitWidth, buttons.width) + 2 * inset)
+    readonly property real availableWidth: parent.width - 4 * inset // around the card, and within
+
+    implicitWidth: Math.min(availableWidth, Math.max(question.implicitWidth, buttons.rowWidth)) + 2 * inset
     implicitHeight: column.implicitHeight + inset + insetBelowButtons
     radius: 14
     Accessible.role: Accessible.Dialog
@@ -35,19 +37,29 @@ FloatingGround {
             text: qsTr("Do you like Trackwise?")
             style: Theme.headline
         }
-        Row {
+        Grid {
             id: buttons
 
+            readonly property real rowWidth: notNow.implicitWidth + columnSpacing + review.implicitWidth
+
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: 28
+            columns: buttons.rowWidth <= root.availableWidth ? 2 : 1
+            horizontalItemAlignment: Grid.AlignHCenter
+            columnSpacing: 28
 
             PlainButton {
-                height: Theme.touchTarget
+                id: notNow
+
+                maximumWidth: root.availableWidth
+                height: Math.max(Theme.touchTarget, implicitHeight)
                 text: qsTr("Not Now")
                 onClicked: root.dismissed()
             }
             PlainButton {
-                height: Theme.touchTarget
+                id: review
+
+                maximumWidth: root.availableWidth
+                height: Math.max(Theme.touchTarget, implicitHeight)
                 text: qsTr("Write a Review")
                 onClicked: root.rateRequested()
             }

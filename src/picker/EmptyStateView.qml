@@ -41,7 +41,8 @@ Column {
     PlainButton {
         anchors.horizontalCenter: parent.horizontalCenter
         visible: root.picker.emptyState.offersFolder
-        height: Theme.touchTarget
+        maximumWidth: root.width - 2 * root.margin
+        height: Math.max(Theme.touchTarget, implicitHeight)
         text: qsTr("Choose Folder…")
         symbolName: "folder"
         onClicked: root.picker.folderWanted()

@@ -10,7 +10,10 @@ PlainButton {
     signal chosen(url folder)
 
     symbolName: "plus"
-    style: Theme.isAccessibilitySize ? Theme.footnote : Theme.body // it stands on one line
+    style: Theme.isAccessibilitySize ? Theme.footnote : Theme.body // briefly told, of what stands above
+    anchors.left: parent.left // or right, where one reads from there
+    maximumWidth: parent.width
+    height: Math.max(Theme.touchTarget, implicitHeight)
     onClicked: dialog.open()
 
     FolderDialog {

@@ -64,7 +64,6 @@ FocusScope {
                 folders: root.request.folders
             }
             FolderChoice {
-                height: Theme.touchTarget
                 text: qsTr("Choose Another Folder…")
                 onChosen: folder => root.request.addFolder(folder)
             }

@@ -38,6 +38,7 @@ Item {
 
                 width: parent.width
                 text: root.title
+                horizontalAlignment: Text.AlignLeft // or right, where one reads from there
                 wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
@@ -51,6 +52,7 @@ Item {
                 text: root.note
                 style: Theme.footnote
                 color: Theme.secondaryLabel
+                horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.Wrap
             }
         }

@@ -75,12 +75,13 @@ FocusScope {
                 onRemoved: row => root.screen.removeFolder(row)
             }
             FolderChoice {
-                height: Theme.touchTarget
                 text: qsTr("Add Music Folder…")
                 onChosen: folder => root.screen.addFolder(folder)
             }
             PlainButton {
-                height: Theme.touchTarget
+                anchors.left: parent.left
+                maximumWidth: parent.width
+                height: Math.max(Theme.touchTarget, implicitHeight)
                 visible: root.screen.isMusicAllowed
                 enabled: !root.screen.isScanning
                 text: qsTr("Scan Again")

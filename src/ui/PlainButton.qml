@@ -12,6 +12,7 @@ BaseButton {
     property bool symbolMirrors: false
     property textStyle style: Theme.body
     property color color: Theme.accent
+    property real maximumWidth: Infinity // a longer text goes on in further lines
     readonly property real hoverMargin: 6
 
     spacing: 5
@@ -44,6 +45,8 @@ BaseButton {
             spacing: root.spacing
 
             Symbol {
+                id: symbol
+
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.symbolName !== ""
                 name: root.symbolName
@@ -54,7 +57,11 @@ BaseButton {
             StyledText {
                 id: label
 
+                readonly property real beside: root.symbolName !== "" ? symbol.width + row.spacing : 0
+
                 anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, root.maximumWidth - beside)
+                wrapMode: Text.Wrap
                 visible: root.text !== "" && root.display !== T.AbstractButton.IconOnly
                 text: root.text
                 style: root.style

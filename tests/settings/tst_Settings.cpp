@@ -12,6 +12,8 @@
 #include "ui/Presentation.h"
 
 #include <QDir>
+#include <QQmlContext>
+#include <QQmlProperty>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStandardPaths>
@@ -58,8 +60,8 @@ struct Device
 
 struct SettingsWindow : ViewWindow
 {
-    explicit SettingsWindow(const char *view, const char *property, QObject *object)
-        : ViewWindow({360, 1200})
+    SettingsWindow(const char *view, const char *property, QObject *object, const ThemeSettings &look = {})
+        : ViewWindow({360, 1200}, look)
     {
         show(view, property, QVariant::fromValue(object));
     }
@@ -159,6 +161,21 @@ private Q_SLOTS:
         QCOMPARE(chosen(7), QList({2, 2, 7}));
         QCOMPARE(at.screen.textSizeName(), u"Accessibility 1"_s);
         QCOMPARE(chosen(99), QList({2, 2, 11}));
+    }
+
+    void longButtonsStayOnThePageAtItsLeadingEdge()
+    {
+        ShownSettings at;
+        SettingsWindow sheet("Settings/SettingsView.qml", "screen", &at.screen,
+                             {.textScale = 3.12, .isAccessibilitySize = true});
+        const QQuickItem *button = sheet.named(u"Add Music Folder…"_s);
+        const QRectF place = sheet.place(button);
+        QVERIFY(place.right() < 360 && button->height() > 60); // two lines
+        QQuickItem *root = sheet.window.rootObject();
+        for (const auto &property : {u"LayoutMirroring.enabled"_s, u"LayoutMirroring.childrenInherit"_s})
+            QVERIFY(QQmlProperty(root, property, qmlContext(root)).write(true));
+        waitForLayout(sheet.window);
+        QCOMPARE(sheet.place(button).right(), 360 - place.left());
     }
 
     void followsWhatChangesElsewhere()
