@@ -71,10 +71,20 @@ struct App
     AddressOpenerDouble addresses;
     WebDouble http;
     CatalogLookup catalog{http, {}};
+    RecognitionDoubles recognition;
     Preferences preferences{folder.filePath(QStringLiteral("defaults.ini"))};
-    AppDelegate app{
-        {library, library, scan, player, systemPlayer, look, addresses, catalog, folder.path(), {}},
-        preferences};
+    AppDelegate app{{library,
+                     library,
+                     scan,
+                     player,
+                     systemPlayer,
+                     look,
+                     addresses,
+                     catalog,
+                     recognition.services,
+                     folder.path(),
+                     {}},
+                    preferences};
 
     explicit App(const std::vector<MediaItem> &songs)
         : library(songs)

@@ -79,6 +79,14 @@
         <source>Would you like to play something?</source>
         <translation>هل تريد تشغيل شيء ما؟</translation>
     </message>
+    <message>
+        <source>No Microphone Access</source>
+        <translation>لا يوجد إذن للوصول إلى الميكروفون</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your microphone. Please turn on Microphone access in the Settings app.</source>
+        <translation>ليس لدى Trackwise حاليًا إذن للوصول إلى الميكروفون. يرجى تفعيل الوصول إلى الميكروفون في تطبيق الإعدادات.</translation>
+    </message>
 </context>
 <context>
     <name>DetailView</name>
@@ -254,6 +262,73 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>RTL</translation>
+    </message>
+</context>
+<context>
+    <name>Recognition</name>
+    <message>
+        <source>Listening</source>
+        <translation>جارٍ الاستماع</translation>
+    </message>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>الميكروفون قيد الاستخدام بالفعل</translation>
+    </message>
+    <message>
+        <source>Song Identified</source>
+        <translation>تم التعرّف على الأغنية</translation>
+    </message>
+    <message>
+        <source>Song identified</source>
+        <translation>تم التعرّف على الأغنية</translation>
+    </message>
+    <message>
+        <source>Song Not Found</source>
+        <translation>لم يُعثر على الأغنية</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find in your library</source>
+        <translation>تعذّر العثور عليها في مكتبتك</translation>
+    </message>
+    <message>
+        <source>Song not found, couldn&apos;t find in your library</source>
+        <translation>لم يُعثر على الأغنية، تعذّر العثور عليها في مكتبتك</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>خطأ</translation>
+    </message>
+    <message>
+        <source>Error occurred, %1</source>
+        <translation>حدث خطأ، %1</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>التعرّف على الموسيقى</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>جارٍ الاستماع…</translation>
+    </message>
+    <message>
+        <source>No Result</source>
+        <translation>لا توجد نتيجة</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t identify song</source>
+        <translation>تعذّر التعرّف على الأغنية</translation>
+    </message>
+    <message>
+        <source>No result, couldn&apos;t identify song</source>
+        <translation>لا توجد نتيجة، تعذّر التعرّف على الأغنية</translation>
+    </message>
+    <message>
+        <source>Song identified, %1 by %2</source>
+        <translation>تم التعرّف على الأغنية، %1 لـ %2</translation>
+    </message>
+    <message>
+        <source>Not Found in Your Library</source>
+        <translation>غير موجودة في مكتبتك</translation>
     </message>
 </context>
 <context>
@@ -472,6 +547,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AbsentRecognition</name>
+    <message>
+        <source>Not available on this device yet</source>
+        <translation>غير متوفر على هذا الجهاز بعد</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -577,6 +659,22 @@
         <source>Quit</source>
         <translation>إنهاء</translation>
     </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>عدم السماح</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>موافق</translation>
+    </message>
+    <message>
+        <source>“Trackwise” would like to access the microphone</source>
+        <translation>يريد «Trackwise» الوصول إلى الميكروفون</translation>
+    </message>
+    <message>
+        <source>It listens only while you look for a song by its sound. What is heard stays on this device and is not kept.</source>
+        <translation>يستمع فقط أثناء بحثك عن أغنية بصوتها. ما يُسمع يبقى على هذا الجهاز ولا يُحفظ.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>
@@ -656,6 +754,14 @@
     <message>
         <source>Select Song from</source>
         <translation>اختيار أغنية من</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>جارٍ الاستماع…</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>التعرّف على الموسيقى</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,14 @@
         <source>Would you like to play something?</source>
         <translation>Möchtest du etwas abspielen?</translation>
     </message>
+    <message>
+        <source>No Microphone Access</source>
+        <translation>Kein Zugriff auf das Mikrofon</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your microphone. Please turn on Microphone access in the Settings app.</source>
+        <translation>Trackwise hat derzeit keinen Zugriff auf dein Mikrofon. Bitte schalte den Zugriff auf das Mikrofon in den Einstellungen ein.</translation>
+    </message>
 </context>
 <context>
     <name>DetailView</name>
@@ -254,6 +262,73 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>Recognition</name>
+    <message>
+        <source>Listening</source>
+        <translation>Hört zu</translation>
+    </message>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>Mikrofon wird bereits verwendet</translation>
+    </message>
+    <message>
+        <source>Song Identified</source>
+        <translation>Titel erkannt</translation>
+    </message>
+    <message>
+        <source>Song identified</source>
+        <translation>Titel erkannt</translation>
+    </message>
+    <message>
+        <source>Song Not Found</source>
+        <translation>Titel nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find in your library</source>
+        <translation>Nicht in deiner Mediathek gefunden</translation>
+    </message>
+    <message>
+        <source>Song not found, couldn&apos;t find in your library</source>
+        <translation>Titel nicht gefunden, er ist nicht in deiner Mediathek</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Error occurred, %1</source>
+        <translation>Ein Fehler ist aufgetreten, %1</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Musikerkennung</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Hört zu …</translation>
+    </message>
+    <message>
+        <source>No Result</source>
+        <translation>Kein Ergebnis</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t identify song</source>
+        <translation>Titel nicht erkannt</translation>
+    </message>
+    <message>
+        <source>No result, couldn&apos;t identify song</source>
+        <translation>Kein Ergebnis, Titel nicht erkannt</translation>
+    </message>
+    <message>
+        <source>Song identified, %1 by %2</source>
+        <translation>Titel erkannt, %1 von %2</translation>
+    </message>
+    <message>
+        <source>Not Found in Your Library</source>
+        <translation>Nicht in deiner Mediathek</translation>
     </message>
 </context>
 <context>
@@ -464,6 +539,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AbsentRecognition</name>
+    <message>
+        <source>Not available on this device yet</source>
+        <translation>Hier noch nicht verfügbar</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -569,6 +651,22 @@
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>Nicht erlauben</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>“Trackwise” would like to access the microphone</source>
+        <translation>„Trackwise“ möchte auf das Mikrofon zugreifen</translation>
+    </message>
+    <message>
+        <source>It listens only while you look for a song by its sound. What is heard stays on this device and is not kept.</source>
+        <translation>Es hört nur zu, während du einen Titel an seinem Klang suchst. Was es hört, bleibt auf diesem Gerät und wird nicht aufbewahrt.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>
@@ -648,6 +746,14 @@
     <message>
         <source>Select Song from</source>
         <translation>Titel auswählen aus</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Hört zu …</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Musikerkennung</translation>
     </message>
 </context>
 <context>

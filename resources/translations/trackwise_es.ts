@@ -79,6 +79,14 @@
         <source>Would you like to play something?</source>
         <translation>¿Desea reproducir algo?</translation>
     </message>
+    <message>
+        <source>No Microphone Access</source>
+        <translation>Sin acceso al micrófono</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your microphone. Please turn on Microphone access in the Settings app.</source>
+        <translation>Trackwise no tiene acceso en este momento a su micrófono. Active el acceso al micrófono en la aplicación Ajustes.</translation>
+    </message>
 </context>
 <context>
     <name>DetailView</name>
@@ -254,6 +262,73 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>Recognition</name>
+    <message>
+        <source>Listening</source>
+        <translation>Escuchando</translation>
+    </message>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>El micrófono ya está en uso</translation>
+    </message>
+    <message>
+        <source>Song Identified</source>
+        <translation>Canción reconocida</translation>
+    </message>
+    <message>
+        <source>Song identified</source>
+        <translation>Canción reconocida</translation>
+    </message>
+    <message>
+        <source>Song Not Found</source>
+        <translation>Canción no encontrada</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find in your library</source>
+        <translation>No está en su biblioteca</translation>
+    </message>
+    <message>
+        <source>Song not found, couldn&apos;t find in your library</source>
+        <translation>Canción no encontrada, no está en su biblioteca</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>Error occurred, %1</source>
+        <translation>Se ha producido un error, %1</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconocimiento de música</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Escuchando…</translation>
+    </message>
+    <message>
+        <source>No Result</source>
+        <translation>Sin resultado</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t identify song</source>
+        <translation>No se ha reconocido la canción</translation>
+    </message>
+    <message>
+        <source>No result, couldn&apos;t identify song</source>
+        <translation>Sin resultado, no se ha reconocido la canción</translation>
+    </message>
+    <message>
+        <source>Song identified, %1 by %2</source>
+        <translation>Canción reconocida, %1 de %2</translation>
+    </message>
+    <message>
+        <source>Not Found in Your Library</source>
+        <translation>No está en su biblioteca</translation>
     </message>
 </context>
 <context>
@@ -464,6 +539,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AbsentRecognition</name>
+    <message>
+        <source>Not available on this device yet</source>
+        <translation>Aún no disponible aquí</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -569,6 +651,22 @@
         <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
         <translation>No hay canciones en su carpeta de música. ¿Desea conocer Trackwise con una docena de canciones de demostración?</translation>
     </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>No permitir</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>“Trackwise” would like to access the microphone</source>
+        <translation>«Trackwise» quiere acceder al micrófono</translation>
+    </message>
+    <message>
+        <source>It listens only while you look for a song by its sound. What is heard stays on this device and is not kept.</source>
+        <translation>La aplicación solo escucha mientras busca una canción por su sonido. Lo que oye se queda en este dispositivo y no se guarda.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>
@@ -648,6 +746,14 @@
     <message>
         <source>Select Song from</source>
         <translation>Elegir canción de</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Escuchando…</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconocimiento de música</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,14 @@
         <source>Would you like to play something?</source>
         <translation>Voulez-vous écouter quelque chose&#x202f;?</translation>
     </message>
+    <message>
+        <source>No Microphone Access</source>
+        <translation>Pas d’accès au microphone</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your microphone. Please turn on Microphone access in the Settings app.</source>
+        <translation>Trackwise n’a actuellement pas accès à votre microphone. Veuillez activer l’accès au microphone dans l’application Réglages.</translation>
+    </message>
 </context>
 <context>
     <name>DetailView</name>
@@ -254,6 +262,73 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>Recognition</name>
+    <message>
+        <source>Listening</source>
+        <translation>Écoute en cours</translation>
+    </message>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>Microphone déjà utilisé</translation>
+    </message>
+    <message>
+        <source>Song Identified</source>
+        <translation>Morceau reconnu</translation>
+    </message>
+    <message>
+        <source>Song identified</source>
+        <translation>Morceau reconnu</translation>
+    </message>
+    <message>
+        <source>Song Not Found</source>
+        <translation>Morceau introuvable</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find in your library</source>
+        <translation>Absent de votre bibliothèque</translation>
+    </message>
+    <message>
+        <source>Song not found, couldn&apos;t find in your library</source>
+        <translation>Morceau introuvable, il est absent de votre bibliothèque</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Erreur</translation>
+    </message>
+    <message>
+        <source>Error occurred, %1</source>
+        <translation>Une erreur s’est produite, %1</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconnaissance musicale</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Écoute en cours…</translation>
+    </message>
+    <message>
+        <source>No Result</source>
+        <translation>Aucun résultat</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t identify song</source>
+        <translation>Morceau non reconnu</translation>
+    </message>
+    <message>
+        <source>No result, couldn&apos;t identify song</source>
+        <translation>Aucun résultat, morceau non reconnu</translation>
+    </message>
+    <message>
+        <source>Song identified, %1 by %2</source>
+        <translation>Morceau reconnu, %1 de %2</translation>
+    </message>
+    <message>
+        <source>Not Found in Your Library</source>
+        <translation>Absent de votre bibliothèque</translation>
     </message>
 </context>
 <context>
@@ -464,6 +539,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AbsentRecognition</name>
+    <message>
+        <source>Not available on this device yet</source>
+        <translation>Pas encore disponible ici</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -569,6 +651,22 @@
         <source>There are no songs in your music folder. Would you like to look around with a dozen demo songs?</source>
         <translation>Votre dossier de musique ne contient aucun morceau. Voulez-vous découvrir Trackwise avec une douzaine de morceaux de démonstration&#x202f;?</translation>
     </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>Ne pas autoriser</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>“Trackwise” would like to access the microphone</source>
+        <translation>«&#xa0;Trackwise&#xa0;» souhaite accéder au microphone</translation>
+    </message>
+    <message>
+        <source>It listens only while you look for a song by its sound. What is heard stays on this device and is not kept.</source>
+        <translation>L’application n’écoute que pendant que vous cherchez un morceau d’après le son. Ce qu’elle entend reste sur cet appareil et n’est pas conservé.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>
@@ -648,6 +746,14 @@
     <message>
         <source>Select Song from</source>
         <translation>Choisir un morceau depuis</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Écoute en cours…</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconnaissance musicale</translation>
     </message>
 </context>
 <context>

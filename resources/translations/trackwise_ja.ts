@@ -79,6 +79,14 @@
         <source>Would you like to play something?</source>
         <translation>何か再生しますか?</translation>
     </message>
+    <message>
+        <source>No Microphone Access</source>
+        <translation>マイクにアクセスできません</translation>
+    </message>
+    <message>
+        <source>Trackwise does not currently have access to your microphone. Please turn on Microphone access in the Settings app.</source>
+        <translation>現在、Trackwiseはマイクにアクセスできません。設定アプリで「マイク」へのアクセスをオンにしてください。</translation>
+    </message>
 </context>
 <context>
     <name>DetailView</name>
@@ -254,6 +262,73 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <translation>LTR</translation>
+    </message>
+</context>
+<context>
+    <name>Recognition</name>
+    <message>
+        <source>Listening</source>
+        <translation>聞き取り中</translation>
+    </message>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>マイクはすでに使用中です</translation>
+    </message>
+    <message>
+        <source>Song Identified</source>
+        <translation>曲を認識しました</translation>
+    </message>
+    <message>
+        <source>Song identified</source>
+        <translation>曲を認識しました</translation>
+    </message>
+    <message>
+        <source>Song Not Found</source>
+        <translation>曲が見つかりません</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find in your library</source>
+        <translation>ライブラリに見つかりませんでした</translation>
+    </message>
+    <message>
+        <source>Song not found, couldn&apos;t find in your library</source>
+        <translation>曲が見つかりません。ライブラリに見つかりませんでした</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Error occurred, %1</source>
+        <translation>エラーが起きました。%1</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>ミュージック認識</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>聞き取り中…</translation>
+    </message>
+    <message>
+        <source>No Result</source>
+        <translation>結果なし</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t identify song</source>
+        <translation>曲を認識できませんでした</translation>
+    </message>
+    <message>
+        <source>No result, couldn&apos;t identify song</source>
+        <translation>結果なし。曲を認識できませんでした</translation>
+    </message>
+    <message>
+        <source>Song identified, %1 by %2</source>
+        <translation>曲を認識しました。%2の%1</translation>
+    </message>
+    <message>
+        <source>Not Found in Your Library</source>
+        <translation>ライブラリにありません</translation>
     </message>
 </context>
 <context>
@@ -462,6 +537,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AbsentRecognition</name>
+    <message>
+        <source>Not available on this device yet</source>
+        <translation>このデバイスではまだ利用できません</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -567,6 +649,22 @@
         <source>Quit</source>
         <translation>終了</translation>
     </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>許可しない</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>“Trackwise” would like to access the microphone</source>
+        <translation>“Trackwise”がマイクへのアクセスを求めています</translation>
+    </message>
+    <message>
+        <source>It listens only while you look for a song by its sound. What is heard stays on this device and is not kept.</source>
+        <translation>音で曲を探している間だけ聞き取ります。聞き取った音はこのデバイスから外に出ることはなく、保存もされません。</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LibraryListModel</name>
@@ -646,6 +744,14 @@
     <message>
         <source>Select Song from</source>
         <translation>曲の選択元</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>聞き取り中…</translation>
+    </message>
+    <message>
+        <source>Music Recognition</source>
+        <translation>ミュージック認識</translation>
     </message>
 </context>
 <context>

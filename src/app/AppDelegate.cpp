@@ -57,6 +57,7 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
           device.addresses,
           m_artworkServices,
           device.catalog,
+          device.recognition,
           m_searches,
           [this] { return std::make_shared<MediaPicker>(m_device.library, m_device.browser, m_device.scan); },
           [this] { return static_cast<int>(m_scenes.size()); },

@@ -28,6 +28,7 @@ struct AppDevice
     Appearance &appearance;
     AddressOpener &addresses;
     const CatalogLookup &catalog;
+    const RecognitionServices &recognition;
     QString cacheFolder;
     QUrl storePage; ///< where reviews are written
     AddressOpening::SongOfFile songOfFile;

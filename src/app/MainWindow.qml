@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.App
 import Trackwise.Detail
+import Trackwise.Recognition
 import Trackwise.Ui
 
 /// A window of the app: the sidebar with the artwork beside the navigation stack, and what is presented over
@@ -39,7 +40,7 @@ T.ApplicationWindow {
         menuBar: menuBarView
         isAvailable: root.menus.isInWindow
         isAlwaysShown: root.menus.isAlwaysShown
-        isCovered: root.overlay.visible
+        isCovered: root.overlay.visibleChildren.length > (hudLayer.visible ? 1 : 0)
     }
     Loader {
         active: root.menus.isOnDesktop
@@ -72,6 +73,24 @@ T.ApplicationWindow {
     }
     AlertLayer {
         presentation: root.presentation
+    }
+    HUDLayer {
+        id: hudLayer
+
+        hud: root.container.detail.recognitionHUD
+    }
+    // Heard by screen readers whenever it is another text.
+    Item {
+        width: 1
+        height: 1
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: root.container.detail.recognitionHUD.announcement
+    }
+    Shortcut {
+        sequences: [StandardKey.Cancel]
+        context: Qt.ApplicationShortcut
+        enabled: root.active && root.container.detail.recognitionHUD.canCancel
+        onActivated: root.container.detail.recognitionHUD.cancel()
     }
     Component.onCompleted: root.presentation.setAnimated(true)
 }

@@ -111,7 +111,7 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     const CatalogLookup catalog(device.http(), catalogConfiguration(device.settingsFile()));
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
-                     QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
+                     device.recognition(), QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
                      QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
                      [&device](const QByteArray &path) {
                          const auto song = device.library().songForPath(path);

@@ -62,4 +62,13 @@ AlertMessage noSongPlaying()
             .includesOpenMusic = true};
 }
 
+AlertMessage microphoneAccessDenied()
+{
+    return {.title = Texts::tr("No Microphone Access"),
+            .message =
+                Texts::tr("Trackwise does not currently have access to your microphone. Please turn on "
+                          "Microphone access in the Settings app."),
+            .includesOpenSettings = true};
+}
+
 } // namespace trackwise

@@ -35,5 +35,6 @@ struct AlertDestinations
 [[nodiscard]] AlertMessage libraryAccessDenied();
 [[nodiscard]] AlertMessage libraryAccessRestricted();
 [[nodiscard]] AlertMessage noSongPlaying();
+[[nodiscard]] AlertMessage microphoneAccessDenied();
 
 } // namespace trackwise

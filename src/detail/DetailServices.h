@@ -18,6 +18,7 @@ class MediaLibrary;
 class MediaPicker;
 class Preferences;
 class Presentation;
+struct RecognitionServices;
 class SystemMusicPlayer;
 
 /// What detail controllers need of the device and the app; one for all windows.
@@ -29,6 +30,7 @@ struct DetailServices
     AddressOpener &addresses;
     const ArtworkServices &artwork;
     const CatalogLookup &catalog;
+    const RecognitionServices &recognition;
     QThreadPool &searches; ///< for searches of the library; waited for before the library goes
     std::function<std::shared_ptr<MediaPicker>()> makePicker;
     std::function<int()> connectedScenes;

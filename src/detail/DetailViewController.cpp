@@ -36,6 +36,8 @@ DetailViewController::DetailViewController(const DetailServices &services, Prese
                               {.presentAlert = [this](const AlertMessage &message) { presentAlert(message); },
                                .display = [this](const MediaItem &song) { displayMediaItem(song, {}); }},
                               this))
+    , m_recognition(
+          new RecognitionController(services.recognition, services.library, recognitionActions(), this))
 {
     connect(m_picker, &SongPickerSource::didPickSong, this,
             [this](const MediaItem &song) { displayMediaItem(song, {}); });
@@ -154,8 +156,9 @@ void DetailViewController::clearSelectedSong()
 
 void DetailViewController::updateMoreMenu()
 {
-    m_moreMenu->setEntries(MoreMenu::entries(
-        {.showsSong = m_visible.mediaItem.has_value(), .hasSettings = m_services.openSettings != nullptr}));
+    m_moreMenu->setEntries(MoreMenu::entries({.showsSong = m_visible.mediaItem.has_value(),
+                                              .isListening = isListening(),
+                                              .hasSettings = m_services.openSettings != nullptr}));
 }
 
 void DetailViewController::presentAlert(const AlertMessage &message)
@@ -198,6 +201,25 @@ void DetailViewController::selectSongFromNowPlaying()
         if (controller)
             controller->selectNowPlayingSong(true);
     });
+}
+
+void DetailViewController::selectSongMusicRecognition()
+{
+    m_recognition->selectSongMusicRecognition();
+}
+
+RecognitionController::Actions DetailViewController::recognitionActions()
+{
+    return {.requestLibraryAccess =
+                [this](std::function<void(bool)> then) { requestLibraryAccess(std::move(then)); },
+            .presentNoMicrophoneAccess = [this] { presentAlert(microphoneAccessDenied()); },
+            .stopTrackingNowPlaying = [this] { m_visible.isTrackingNowPlaying = false; },
+            .stateDidChange =
+                [this] {
+                    updateMoreMenu();
+                    Q_EMIT shazamStateDidChange();
+                },
+            .display = [this](const MediaItem &song) { displayMediaItem(song, {}); }};
 }
 
 void DetailViewController::systemNowPlayingItemDidChange()
@@ -265,6 +287,9 @@ void DetailViewController::perform(int moreCommand)
     switch (moreCommand) {
     case MoreMenu::SelectNowPlaying:
         selectNowPlayingSong(true);
+        break;
+    case MoreMenu::SelectMusicRecognition:
+        selectSongMusicRecognition();
         break;
     case MoreMenu::ClearSelectedSong:
         clearSelectedSong();

@@ -11,6 +11,7 @@
 #include "detail/NowPlayingSource.h"
 #include "detail/SongPickerSource.h"
 #include "information/InformationView.h"
+#include "recognition/RecognitionController.h"
 #include "ui/Presentation.h"
 
 #include <QObject>
@@ -34,6 +35,7 @@ class DetailViewController : public QObject
     Q_PROPERTY(bool isNoSongLabelVisible READ isNoSongLabelVisible NOTIFY noSongLabelDidChange)
     Q_PROPERTY(trackwise::CommandMenu *moreMenu READ moreMenu CONSTANT)
     Q_PROPERTY(trackwise::Presentation *presentation READ presentation CONSTANT)
+    Q_PROPERTY(trackwise::RecognitionHUD *recognitionHUD READ recognitionHUD CONSTANT)
 
 public:
     using Completion = NowPlayingSource::Completion;
@@ -75,6 +77,8 @@ public:
 
     void selectNowPlayingSong(bool showsAlerts, Completion completion = {});
     void selectSongFromNowPlaying();
+    /// Listens for a song, once library and microphone may be used.
+    void selectSongMusicRecognition();
     void presentLyrics(const MediaItem &mediaItem);
 
     void presentSettings();
@@ -87,6 +91,7 @@ public:
 
     void selectSongKeyCommanded() { selectSongFromLibrary(); }
     void selectSongNowPlayingKeyCommanded() { selectNowPlayingSong(true); }
+    void selectSongMusicRecognitionKeyCommanded() { selectSongMusicRecognition(); }
     void clearSelectedSongKeyCommanded() { clearSelectedSong(); }
     /// Whether the command has anything to do: a song to clear, for example.
     [[nodiscard]] bool validateCommand(KeyCommand command) const;
@@ -97,14 +102,18 @@ public:
     /// Stands above the list in narrow windows; there while the list is.
     [[nodiscard]] ArtworkView *artworkView() const { return m_visible.artworkView.get(); }
     [[nodiscard]] bool isNoSongLabelVisible() const { return m_noSongLabelVisible; }
+    [[nodiscard]] bool isListening() const { return m_recognition->isListening(); }
     [[nodiscard]] CommandMenu *moreMenu() const { return m_moreMenu; }
     [[nodiscard]] Presentation *presentation() const { return &m_presentation; }
+    [[nodiscard]] RecognitionHUD *recognitionHUD() const { return &m_recognition->hud(); }
 
 Q_SIGNALS:
     void songDidChange();
     /// Values of the shown song, such as its play count, are different; it is the same song.
     void visibleMediaItemDidChange();
     void noSongLabelDidChange();
+    /// Music is being recognised, or not any more.
+    void shazamStateDidChange();
 
 private:
     void showPlayingSongAtStart();
@@ -114,6 +123,7 @@ private:
     void visibleMediaItemWasRead(const MediaItem &now);
     void perform(int moreCommand);
     void setNoSongLabelVisible(bool visible);
+    [[nodiscard]] RecognitionController::Actions recognitionActions();
     [[nodiscard]] std::unique_ptr<InformationView> makeInformationView(const MediaItem &mediaItem);
 
     const DetailServices &m_services;
@@ -133,6 +143,7 @@ private:
     NowPlayingSource *m_nowPlaying;
     SongPickerSource *m_picker;
     LinkDrop *m_linkDrop;
+    RecognitionController *m_recognition;
 };
 
 } // namespace trackwise

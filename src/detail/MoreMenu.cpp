@@ -7,6 +7,8 @@ std::vector<MenuEntry> MoreMenu::entries(const State &state)
 {
     std::vector<MenuEntry> entries{
         {SelectNowPlaying, tr("Now Playing"), QStringLiteral("music.note"), true, false},
+        {SelectMusicRecognition, state.isListening ? tr("Listening…") : tr("Music Recognition"),
+         QStringLiteral("waveform.circle"), !state.isListening, false},
         {ClearSelectedSong, tr("Clear Selected Song"), QStringLiteral("xmark"), state.showsSong, true},
     };
     if (state.hasSettings)

@@ -15,12 +15,13 @@ struct MoreMenu
     Q_DECLARE_TR_FUNCTIONS(trackwise::MoreMenu)
 
 public:
-    enum Command : int { SelectNowPlaying, ClearSelectedSong, OpenSettings };
+    enum Command : int { SelectNowPlaying, SelectMusicRecognition, ClearSelectedSong, OpenSettings };
 
     /// What the menu depends on.
     struct State
     {
         bool showsSong = false;
+        bool isListening = false; ///< music is being recognised
         bool hasSettings = false; ///< the device has a settings screen
     };
 

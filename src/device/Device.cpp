@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/Device.h"
 
+#include "device/integration/FeedbackHaptics.h"
+#include "device/recognizer/AbsentRecognition.h"
+
+#include <QAccessible>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -66,6 +70,12 @@ Device::Device(const Options &options, Files files)
     , m_systemPlayer(m_library->matching(), QDBusConnection::sessionBus(), options.appId)
     , m_addresses([this] { return m_systemPlayer.raisePlayer(); })
     , m_http(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/http"))
+    , m_audioSession(m_settings)
+    , m_recognition{m_audioSession, [] { return std::make_unique<AbsentRecognition>(); },
+                    [appId = options.appId] {
+                        return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus());
+                    },
+                    [] { return QAccessible::isActive(); }}
 {
     connectCounts();
     followIgnoredPlayers();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "device/audio/LinuxAudioSession.h"
 #include "device/integration/DesktopAddressOpener.h"
 #include "device/integration/DesktopAppearance.h"
 #include "device/integration/NetworkHttpClient.h"
@@ -10,6 +11,7 @@
 #include "device/players/following/MprisSystemMusicPlayer.h"
 #include "device/players/playing/ApplicationMusicPlayer.h"
 #include "device/players/publishing/MprisPublisher.h"
+#include "platform/RecognitionServices.h"
 #include "platform/Result.h"
 
 #include <QSettings>
@@ -47,6 +49,8 @@ public:
     [[nodiscard]] MusicPlayer &player() { return m_player; }
     [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
     [[nodiscard]] HttpClient &http() { return m_http; }
+    [[nodiscard]] LinuxAudioSession &audioSession() { return m_audioSession; }
+    [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition; }
     [[nodiscard]] QSettings &settingsFile() { return *m_settingsFile; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
 
@@ -68,6 +72,8 @@ private:
     MprisSystemMusicPlayer m_systemPlayer;
     DesktopAddressOpener m_addresses;
     NetworkHttpClient m_http;
+    LinuxAudioSession m_audioSession;
+    RecognitionServices m_recognition;
 };
 
 } // namespace trackwise

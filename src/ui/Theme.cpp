@@ -49,18 +49,26 @@ double contrastRatio(const QColor &a, const QColor &b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-TextStyle TextStyle::bold() const
+TextStyle TextStyle::inWeight(QFont::Weight weight) const
 {
     TextStyle style = *this;
-    style.font.setWeight(QFont::Bold);
+    style.font.setWeight(weight);
     return style;
+}
+
+TextStyle TextStyle::bold() const
+{
+    return inWeight(QFont::Bold);
+}
+
+TextStyle TextStyle::semibold() const
+{
+    return inWeight(QFont::DemiBold);
 }
 
 TextStyle TextStyle::medium() const
 {
-    TextStyle style = *this;
-    style.font.setWeight(QFont::Medium);
-    return style;
+    return inWeight(QFont::Medium);
 }
 
 TextStyle TextStyle::atMost(int pixelSize) const
@@ -141,6 +149,29 @@ QColor Theme::onAccent() const
 {
     const QColor white(Qt::white);
     return contrastRatio(accent(), white) >= readableTextContrast ? white : QColor(Qt::black);
+}
+
+QColor Theme::thinMaterial() const
+{
+    QColor color(isDark() ? QRgb(0xff28282b) : QRgb(0xfff6f6f8));
+    if (!m_settings.isHighContrast)
+        color.setAlphaF(0.86F);
+    return color;
+}
+
+QColor Theme::green() const
+{
+    return isDark() ? QColor(QRgb(0xff30d158)) : QColor(QRgb(0xff248a3d));
+}
+
+QColor Theme::yellow() const
+{
+    return isDark() ? QColor(QRgb(0xffffd60a)) : QColor(QRgb(0xffb25000));
+}
+
+QColor Theme::red() const
+{
+    return isDark() ? QColor(QRgb(0xffff453a)) : QColor(QRgb(0xffd70015));
 }
 
 QUrl Theme::symbolSource(const QString &name, const QColor &color) const

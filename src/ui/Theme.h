@@ -23,14 +23,18 @@ public:
     QFont font;
     qreal lineHeight = 0;
 
-    /// The same style in bold, and in medium weight.
+    /// The same style in bold, semibold, and in medium weight.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const;
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle semibold() const;
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle medium() const;
     /// The same style, made smaller where its letters are higher than @p pixelSize, for places that do not
     /// grow.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle atMost(int pixelSize) const;
 
     friend bool operator==(const TextStyle &, const TextStyle &) = default;
+
+private:
+    [[nodiscard]] TextStyle inWeight(QFont::Weight weight) const;
 };
 
 /// What the theme is made from. Everything here is the user's choice.
@@ -57,6 +61,7 @@ class Theme : public QObject
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
     Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
+    Q_PROPERTY(qreal textScale READ textScale NOTIFY changed)
     Q_PROPERTY(bool isAccessibilitySize READ isAccessibilitySize NOTIFY changed)
 
     Q_PROPERTY(QColor systemBackground READ systemBackground NOTIFY changed)
@@ -68,6 +73,10 @@ class Theme : public QObject
     Q_PROPERTY(QColor systemFill READ systemFill NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
     Q_PROPERTY(QColor onAccent READ onAccent NOTIFY changed)
+    Q_PROPERTY(QColor thinMaterial READ thinMaterial NOTIFY changed)
+    Q_PROPERTY(QColor green READ green NOTIFY changed)
+    Q_PROPERTY(QColor yellow READ yellow NOTIFY changed)
+    Q_PROPERTY(QColor red READ red NOTIFY changed)
 
     Q_PROPERTY(trackwise::TextStyle largeTitle READ largeTitle NOTIFY changed)
     Q_PROPERTY(trackwise::TextStyle title READ title NOTIFY changed)
@@ -108,6 +117,7 @@ public:
     [[nodiscard]] bool reducesMotion() const { return m_settings.reducesMotion; }
     /// Whether the user's language is written from right to left.
     [[nodiscard]] bool isRightToLeft() const;
+    [[nodiscard]] qreal textScale() const { return m_settings.textScale; }
     [[nodiscard]] bool isAccessibilitySize() const { return m_settings.isAccessibilitySize; }
 
     [[nodiscard]] QColor systemBackground() const;
@@ -121,6 +131,12 @@ public:
     [[nodiscard]] QColor accent() const;
     /// Text and symbols on an accent-coloured ground.
     [[nodiscard]] QColor onAccent() const;
+    /// The ground of what floats above a screen that is still to be felt behind it.
+    [[nodiscard]] QColor thinMaterial() const;
+    // What came of something.
+    [[nodiscard]] QColor green() const;
+    [[nodiscard]] QColor yellow() const;
+    [[nodiscard]] QColor red() const;
 
     [[nodiscard]] TextStyle largeTitle() const;
     [[nodiscard]] TextStyle title() const;

@@ -8,6 +8,7 @@
 #include "platform/SystemMusicPlayer.h"
 #include "preferences/Preferences.h"
 #include "support/ArtworkDoubles.h"
+#include "support/RecognitionDoubles.h"
 #include "support/WebDouble.h"
 
 #include <QCoreApplication>
@@ -66,9 +67,11 @@ struct WindowDevice : ArtworkDoubles
     SystemPlayerDouble systemPlayer;
     WebDouble http;
     CatalogLookup catalog{http, {}};
+    RecognitionDoubles recognition;
     QThreadPool searches;
-    DetailServices services{library,  systemPlayer, preferences, addresses, artwork, catalog,
-                            searches, {},           {},          {},        {},      QTimeZone::utc()};
+    DetailServices services{
+        library,  systemPlayer, preferences, addresses, artwork, catalog,         recognition.services,
+        searches, {},           {},          {},        {},      QTimeZone::utc()};
     QDateTime now{QDate(2026, 11, 23), QTime(7, 5), Qt::UTC};
     ContainerServices containerServices{player,    preferences, artwork,
                                         addresses, QUrl(),      [this] { return now; }};

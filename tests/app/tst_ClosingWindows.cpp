@@ -78,7 +78,7 @@ struct Program
         , catalog(device->http(), {web.server.address({}).toString(), u"catalog.example"_s})
         , app({device->library().mediaLibrary(), device->library().browser(), device->library().scan(),
                device->player(), device->systemPlayer(), device->appearance(), device->addresses(), catalog,
-               folder.path(), QUrl()},
+               device->recognition(), folder.path(), QUrl()},
               preferences)
     {}
 

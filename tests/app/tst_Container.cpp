@@ -141,7 +141,7 @@ private Q_SLOTS:
                 window.detail.displayMediaItem(song(1), {.isNowPlaying = true});
             else
                 window.detail.clearSelectedSong();
-            QCOMPARE(window.detail.moreMenu()->entries().at(1).isEnabled, shows);
+            QCOMPARE(window.detail.moreMenu()->entries().at(2).isEnabled, shows);
             QCOMPARE(window.detail.informationView() != nullptr, shows);
             QCOMPARE(window.container.sidebar()->artwork()->title().isEmpty(), !shows);
             QCOMPARE(window.detail.isTrackingNowPlaying(), shows);

@@ -213,11 +213,12 @@ private Q_SLOTS:
                     texts += menu.index(row).data(role).toString() + u'|';
             return texts;
         };
-        const QString whole = u"Now Playing|music.note|true|false|Clear Selected Song|xmark|%1|true|"
-                              "Settings|slider.horizontal|true|true|"_s;
+        const QString whole =
+            u"Now Playing|music.note|true|false|Music Recognition|waveform.circle|true|false|"
+            "Clear Selected Song|xmark|%1|true|Settings|slider.horizontal|true|true|"_s;
         QCOMPARE(rows(), whole.arg(u"false"_s));
         w.systemPlayer.item = song(4);
-        for (const int row : {-1, 3, 1}) // there is none, or it is off
+        for (const int row : {-1, 4, 2}) // there is none, or it is off
             menu.trigger(row);
         w.settle();
         QCOMPARE(w.shown(), 0U);
@@ -227,10 +228,10 @@ private Q_SLOTS:
         QCOMPARE(rows(), whole.arg(u"false"_s)); // nothing moves under the finger
         menu.setOpen(false);
         QCOMPARE(rows(), whole.arg(u"true"_s));
-        menu.trigger(1);
+        menu.trigger(2);
         QCOMPARE(w.shown(), 0U);
         QCOMPARE(w.openedSettings, 0);
-        menu.trigger(2);
+        menu.trigger(3);
         QCOMPARE(w.openedSettings, 1);
     }
 

@@ -13,6 +13,8 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
+#include <utility>
 
 namespace trackwise {
 
@@ -21,6 +23,30 @@ void say(const QString &text)
     std::fputs(qPrintable(QStringLiteral("trackwise: ") + text + u'\n'), stderr);
 }
 
+namespace {
+
+/// Answers once: what the user chose, or nothing when the question goes away before.
+class PendingAnswer
+{
+public:
+    explicit PendingAnswer(LinuxAudioSession::Answer answer)
+        : m_answer(std::move(answer))
+    {}
+    ~PendingAnswer() { give(std::nullopt); }
+    Q_DISABLE_COPY_MOVE(PendingAnswer)
+
+    void give(std::optional<bool> isAllowed)
+    {
+        if (const auto answer = std::exchange(m_answer, nullptr))
+            answer(isAllowed);
+    }
+
+private:
+    LinuxAudioSession::Answer m_answer;
+};
+
+} // namespace
+
 Launch::Launch(AppDelegate &app, Device &device, StartOptions options)
     : m_app(app)
     , m_device(device)
@@ -28,6 +54,8 @@ Launch::Launch(AppDelegate &app, Device &device, StartOptions options)
 {
     LibraryAccess &access = device.library().access();
     access.setQuestion([this](LibraryAccess::Answer answer) { askForAccess(std::move(answer)); });
+    device.audioSession().setQuestion(
+        [this](const LinuxAudioSession::Answer &answer) { askForMicrophone(answer); });
     connect(&device.library().mediaLibrary(), &MediaLibrary::authorizationStatusDidChange, this,
             [this] { scanIfAllowed(); });
     connect(&device.library().scan(), &ScanController::finished, this, [this] { scanDidFinish(); });
@@ -91,6 +119,21 @@ void Launch::askForAccess(LibraryAccess::Answer answer)
             presentLibraryAccessRequest(m_device.musicFolders(), m_app.scenes().back()->presentation(),
                                         answer);
     });
+}
+
+void Launch::askForMicrophone(const LinuxAudioSession::Answer &answer)
+{
+    const auto pending = std::make_shared<PendingAnswer>(answer);
+    if (m_app.scenes().empty())
+        return;
+    std::vector<AlertAction> actions{
+        {tr("Don't Allow"), AlertAction::Style::Cancel, [pending] { pending->give(false); }},
+        {tr("OK"), AlertAction::Style::Default, [pending] { pending->give(true); }}};
+    m_app.scenes().back()->presentation().presentAlert(
+        std::make_unique<Alert>(tr("“Trackwise” would like to access the microphone"),
+                                tr("It listens only while you look for a song by its sound. What is heard "
+                                   "stays on this device and is not kept."),
+                                std::move(actions), 1));
 }
 
 void Launch::scanDidFinish()

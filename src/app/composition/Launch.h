@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/StartOptions.h"
+#include "device/audio/LinuxAudioSession.h"
 #include "device/library/LibraryAccess.h"
 #include "platform/Result.h"
 #include "ui/Alert.h"
@@ -36,6 +37,7 @@ public:
 private:
     void scanIfAllowed();
     void askForAccess(LibraryAccess::Answer answer);
+    void askForMicrophone(const LinuxAudioSession::Answer &answer);
     void scanDidFinish();
     void showSong();
     void saveScreenshotSoon();

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick
+import Trackwise.Recognition
+import Trackwise.Ui
+
+/// What the HUD says: a symbol, a line and a fainter one below it, and a way to cancel.
+Item {
+    id: root
+
+    required property ShazamHUDContentConfig config
+    required property real minimumScale
+    signal cancelRequested
+
+    readonly property real symbolWidth: 44
+    readonly property real lineSpacing: 1
+    /// Of a line; the letters of large text sizes become smaller until they fit.
+    readonly property real lineRoom: (height - lineSpacing) / 2
+    readonly property real roomAtButton: 4
+    readonly property real roomAtEnd: 15
+
+    component Line: StyledText {
+        width: texts.width
+        height: Math.min(style.lineHeight, root.lineRoom)
+        lineHeightMode: Text.ProportionalHeight
+        lineHeight: 1
+        horizontalAlignment: Text.AlignLeft // the leading edge, whatever the text
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        fontSizeMode: Text.Fit
+        minimumPixelSize: Math.ceil(root.minimumScale * font.pixelSize)
+        Accessible.ignored: true
+    }
+
+    Symbol {
+        anchors.left: parent.left
+        anchors.leftMargin: (root.symbolWidth - width) / 2
+        anchors.verticalCenter: parent.verticalCenter
+        name: root.config.symbolName
+        size: root.config.symbolFontSize
+        color: Theme[root.config.symbolColor || "accent"]
+    }
+    Column {
+        id: texts
+
+        anchors.left: parent.left
+        anchors.leftMargin: root.symbolWidth
+        anchors.right: parent.right
+        anchors.rightMargin: root.config.canCancel ? root.roomAtButton + button.width : root.roomAtEnd
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: root.lineSpacing
+
+        Line {
+            text: root.config.topText
+            style: Theme.footnote.semibold()
+        }
+        Line {
+            text: root.config.bottomText
+            style: Theme.footnote.medium()
+            color: Theme.secondaryLabel
+        }
+    }
+    CancelButton {
+        id: button
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.config.canCancel
+        onClicked: root.cancelRequested()
+    }
+}

@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lookup/ListedLibrary.h"
+#include "recognition/DampedSpring.h"
+#include "recognition/RecognitionController.h"
+#include "support/RecognitionDoubles.h"
+#include "support/Test.h"
+
+#include <QRandomGenerator>
+
+#include <cmath>
+
+using namespace recognition;
+
+namespace {
+
+MediaItem song(const char *title, const char *artist)
+{
+    return {.title = QString::fromUtf8(title), .artist = QString::fromUtf8(artist), .persistentID = {7}};
+}
+
+MatchedMediaItem item(const char *catalogID, const char *title, const char *artist)
+{
+    const auto text = [](const char *chars) {
+        return *chars ? std::optional(QString::fromUtf8(chars)) : std::nullopt;
+    };
+    return {.catalogID = text(catalogID), .title = text(title), .artist = text(artist)};
+}
+
+/// A controller with everything around it under the test's thumb.
+struct Attempt : RecognitionDoubles
+{
+    ListedLibrary library;
+    bool isAuthorized = true;
+    RecognitionController controller{
+        services,
+        library,
+        {.requestLibraryAccess = [this](auto then) { then(isAuthorized); },
+         .presentNoMicrophoneAccess = [this] { calls << u"alert"_s; },
+         .stopTrackingNowPlaying = [this] { calls << u"fixed"_s; },
+         .stateDidChange = [this] { calls << u"menu"_s; },
+         .display =
+             [this](const MediaItem &found) { calls << u"display %1"_s.arg(found.persistentID.value); }}};
+    RecognitionHUD &hud = controller.hud();
+
+    Attempt()
+    {
+        library.add(7, "Seven", "Band", "Album", "700");
+        hud.setAnimated(true);
+        connectHUD();
+    }
+    void connectHUD()
+    {
+        QObject::connect(&hud, &RecognitionHUD::announcementChanged, &controller, [this] {
+            if (!hud.announcement().isEmpty())
+                calls << u"say "_s + hud.announcement();
+        });
+        QObject::connect(&hud, &RecognitionHUD::changed, &controller, [this] {
+            if (hud.config() && hud.isVisible())
+                calls << u"hud "_s + hud.config()->property("topText").toString();
+        });
+    }
+    QString request()
+    {
+        controller.selectSongMusicRecognition();
+        return taken();
+    }
+    void answer(const std::vector<MatchedMediaItem> &items) { Q_EMIT session->didFind(items); }
+    /// What has happened since the last look.
+    QString taken()
+    {
+        QCoreApplication::processEvents();
+        return std::exchange(calls, {}).join(u'|');
+    }
+    /// The timers that run, by their milliseconds; those that go off once are negative.
+    [[nodiscard]] std::map<int, QTimer *> timers() const
+    {
+        std::map<int, QTimer *> found;
+        for (QTimer *timer : controller.findChildren<QTimer *>())
+            if (timer->isActive())
+                found[timer->isSingleShot() ? -timer->interval() : timer->interval()] = timer;
+        return found;
+    }
+    void fire(int which)
+    {
+        QTimerEvent event(timers().at(which)->timerId());
+        QCoreApplication::sendEvent(timers().at(which), &event);
+    }
+    [[nodiscard]] QList<int> runningTimers() const
+    {
+        QList<int> running;
+        for (const auto &[interval, timer] : timers())
+            running << interval;
+        return running;
+    }
+};
+
+/// What a controller is to do, told in another way: what is known of it after any events.
+struct Model
+{
+    std::size_t state = ShazamState(Idle{}).index();
+    bool isLeaving = false;
+    bool isRunning = false;
+    bool isStartPending = false;
+    int dismissal = 0; ///< the timer that runs
+    int stateChanges = 0;
+
+    [[nodiscard]] bool isListening() const { return state == ShazamState(Listening{}).index(); }
+    [[nodiscard]] bool isIdle() const { return state == ShazamState(Idle{}).index(); }
+    void enter(const ShazamState &next, int timer = 0)
+    {
+        state = next.index();
+        dismissal = timer;
+        ++stateChanges;
+    }
+    void start(const std::optional<Failure> &failure)
+    {
+        if (isListening())
+            return;
+        hide();
+        isRunning = !failure;
+        failure ? enter(Failed{}, -4000) : enter(Listening{});
+    }
+    void end(const ShazamState &next, int timer)
+    {
+        if (!isListening() || isLeaving)
+            return;
+        isRunning = false;
+        enter(next, timer);
+    }
+    void leave()
+    {
+        isRunning = false;
+        isLeaving = true;
+        dismissal = 0;
+    }
+    void hide()
+    {
+        if (std::exchange(isLeaving, false))
+            enter(Idle{});
+    }
+    [[nodiscard]] QList<int> timers() const
+    {
+        QList<int> running;
+        if (dismissal)
+            running << dismissal;
+        if (isStartPending)
+            running << -500;
+        if (isListening())
+            running << 250;
+        if (isListening() && !isLeaving)
+            running << 500;
+        return running;
+    }
+};
+
+} // namespace
+
+class tst_Recognition : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyStateHasItsEffects()
+    {
+        using Haptic = HapticNotification;
+        using Effects = std::optional<StateEffects>;
+        const QString song4 = u"Song identified"_s;
+        const auto found = [](const QString &top, const QString &bottom, const QString &said) {
+            return Effects({HUDKind::MatchFound, Haptic::Success, top, bottom, said, 3s});
+        };
+        const auto unowned = [](const QString &top, const QString &bottom) {
+            return Effects({HUDKind::NotInLibrary, Haptic::Warning, top, bottom,
+                            u"Song not found, couldn't find in your library"_s, 4s});
+        };
+        const QString lost = u"Song Not Found"_s;
+        const QString lostBelow = u"Couldn't find in your library"_s;
+        const std::pair<ShazamState, Effects> rows[]{
+            {Idle{}, {}},
+            {Listening{},
+             Effects({HUDKind::Listening, {}, u"Music Recognition"_s, u"Listening\u2026"_s, {}, {}})},
+            {MatchFound{song("Seven", "Band")},
+             found(u"Seven"_s, u"Band"_s, u"Song identified, Seven by Band"_s)},
+            {MatchFound{song("%2", "%1")}, found(u"%2"_s, u"%1"_s, u"Song identified, %2 by %1"_s)},
+            {MatchFound{song("Seven", "")}, found(u"Seven"_s, u"Seven"_s, song4)},
+            {MatchFound{song("", "Band")}, found(u"Song Identified"_s, u"Band"_s, song4)},
+            {MatchFound{{}}, found(u"Song Identified"_s, u"--"_s, song4)},
+            {NoSongFound{item("", "Seven", "Band")},
+             unowned(u"Not Found in Your Library"_s, u"Seven \u2013 Band"_s)},
+            {NoSongFound{item("1", "Seven", "")}, unowned(lost, lostBelow)},
+            {NoSongFound{item("1", "", "Band")}, unowned(lost, lostBelow)},
+            {NoSongFound{}, unowned(lost, lostBelow)},
+            {NoMatchFound{},
+             Effects({HUDKind::NoResult, Haptic::Warning, u"No Result"_s, u"Couldn't identify song"_s,
+                      u"No result, couldn't identify song"_s, 4s})},
+            {Failed{u"It is 5 %1"_s}, Effects({HUDKind::Error, Haptic::Error, u"Error"_s, u"It is 5 %1"_s,
+                                               u"Error occurred, It is 5 %1"_s, 4s})},
+        };
+        for (const auto &[state, effects] : rows) {
+            const Effects came = effectsOf(state);
+            QVERIFY2(came == effects, qPrintable(came ? came->topText + u'|' + came->announcement : u"-"_s));
+        }
+    }
+
+    void findsTheSongThatWasHeard()
+    {
+        ListedLibrary library;
+        library.add(1, "One", "Band", "Album", "100");
+        library.add(2, "Two", "Band", "Album", "");
+        MatchedMediaItem known;
+        known.librarySong = PersistentID{2};
+        const std::tuple<std::vector<MatchedMediaItem>, unsigned, bool> rows[]{
+            // What was heard, the song that is (0: none), whether an item is left to tell of.
+            {{item("", "Two", "Band"), item("100", "", "")}, 1, false}, // the identifier comes first
+            {{item("9", "", ""), item("100", "", "")}, 0, true},        // of the first item that has one
+            {{item("9", "Two", ""), item("", "two", "band")}, 2, false},
+            {{item("", "Three", "Band"), item("", "Two", "Band")}, 0, true},
+            {{item("", "", "Band"), item("", "", "")}, 0, true},
+            {{item("", "Three", "Band"), known}, 2, false},
+            {{item("", "One", "Band"), known}, 1, false},
+            {{}, 0, false},
+        };
+        for (const auto &[heard, expected, hasItem] : rows) {
+            const ShazamState state = stateForMatch(library, heard);
+            const auto *match = std::get_if<MatchFound>(&state);
+            QCOMPARE(match ? match->song.persistentID.value : 0, expected);
+            if (!match)
+                QCOMPARE(std::get<NoSongFound>(state).item,
+                         hasItem ? std::optional(heard.front()) : std::nullopt);
+        }
+    }
+
+    void doesEverythingInItsOrder()
+    {
+        Attempt a;
+        const QString listening = u"record|activate|start|fixed|menu|prepare|hud Music Recognition"_s;
+        const QString error = u"say Error occurred, %1|hud Error|playback"_s;
+        QCOMPARE(a.request(), listening);
+        QCOMPARE(a.runningTimers(), (QList{250, 500}));
+        a.fire(250);
+        a.fire(500);                         // it runs
+        QCOMPARE(a.request(), u"prepare"_s); // it listens already
+        const auto *shown = a.hud.config();
+        a.answer({item("700", "", "")});
+        QCOMPARE(a.taken(), u"menu|haptic 0|say Song identified, Seven by Band|display 7|hud Seven|"
+                            "stop|playback"_s);
+        QCOMPARE(a.hud.config(), shown);
+        QCOMPARE(a.runningTimers(), QList{-3000});
+        a.answer({}); // too late
+        QCOMPARE(a.taken(), QString());
+
+        a.startFailure = Failure{FailureKind::Busy, u"not this"_s};
+        QCOMPARE(a.request(),
+                 u"record|activate|start|menu|haptic 2|"_s + error.arg(u"Microphone already in use"_s));
+        QCOMPARE(a.runningTimers(), QList{-4000});
+        a.fire(-4000);
+        QCOMPARE(a.taken(), QString());
+        a.startFailure = Failure{FailureKind::Unavailable, u"No sound"_s};
+        // What slid out is gone first; the new one is felt only while listening was prepared for that.
+        QCOMPARE(a.request(), u"menu|record|activate|start|menu|"_s + error.arg(u"No sound"_s));
+
+        a.startFailure.reset();
+        a.isScreenReaderRunning = true;
+        QCOMPARE(a.request(), u"say Listening"_s);
+        QCOMPARE(a.runningTimers(), (QList{-4000, -500}));
+        a.fire(-500);
+        QCOMPARE(a.taken(), listening);
+        Q_EMIT a.session->didNotFind(u"Broken"_s);
+        QCOMPARE(a.taken(),
+                 u"menu|haptic 2|"_s + error.arg(u"Broken"_s).replace(u"playback"_s, u"stop|playback"_s));
+        a.isGranted = false;
+        QCOMPARE(a.request(), u"alert"_s);
+        a.isAuthorized = false;
+        QCOMPARE(a.request(), QString());
+    }
+
+    void stopsTheMicrophoneWhenItGoes()
+    {
+        RecognitionDoubles device;
+        {
+            const ListedLibrary library;
+            RecognitionController controller(
+                device.services, library,
+                {[](auto then) { then(true); }, [] {}, [] {}, [] {}, [](auto &) {}});
+            controller.selectSongMusicRecognition();
+            QTRY_VERIFY(device.isRunning);
+        }
+        QVERIFY(!device.isRunning);
+        QCOMPARE(device.calls.last(), u"playback"_s);
+    }
+
+    void keepsToItsModelWhateverHappens()
+    {
+        QRandomGenerator random(20261123);
+        for (int sequence = 0; sequence < 100; ++sequence) {
+            Attempt a;
+            Model model;
+            QString story;
+            for (int step = 0; step < 40; ++step) {
+                const int event = random.bounded(10);
+                story += QString::number(event);
+                a.isScreenReaderRunning = random.bounded(3) == 0;
+                a.startFailure = random.bounded(4) == 0 ? std::optional(Failure{}) : std::nullopt;
+                switch (event) {
+                case 0:
+                case 1:
+                    a.controller.selectSongMusicRecognition();
+                    QCoreApplication::processEvents();
+                    if (a.isScreenReaderRunning && !model.isListening())
+                        model.isStartPending = true;
+                    else
+                        model.start(a.startFailure);
+                    break;
+                case 2:
+                    if (a.session)
+                        a.answer({item("700", "", "")});
+                    model.end(MatchFound{}, -3000);
+                    break;
+                case 3:
+                    if (a.session)
+                        Q_EMIT a.session->didNotFind({});
+                    model.end(NoMatchFound{}, -4000);
+                    break;
+                case 4:
+                    a.isRunning = false; // somebody has pulled the plug
+                    model.isRunning = false;
+                    break;
+                case 5:
+                    a.hud.cancel();
+                    if (model.isListening() && !model.isLeaving)
+                        model.leave();
+                    break;
+                case 6:
+                    a.hud.didHide();
+                    model.hide();
+                    break;
+                default:
+                    if (const auto timers = a.timers(); !timers.empty()) {
+                        const int timer =
+                            std::next(timers.begin(), random.bounded(static_cast<int>(timers.size())))->first;
+                        a.fire(timer);
+                        if (timer == -500) {
+                            model.isStartPending = false;
+                            model.start(a.startFailure);
+                        } else if (timer < 0 || (timer == 500 && !model.isRunning)) {
+                            model.leave();
+                        }
+                    }
+                }
+                QCoreApplication::processEvents();
+                QVERIFY2(a.controller.shazamState().index() == model.state, qPrintable(story));
+                QVERIFY2(a.isRunning == model.isRunning, qPrintable(story));
+                QVERIFY2(a.runningTimers() == model.timers(), qPrintable(story));
+                QVERIFY2((a.hud.config() != nullptr) == !model.isIdle(), qPrintable(story));
+                QVERIFY2(a.hud.isVisible() == (!model.isIdle() && !model.isLeaving), qPrintable(story));
+                QVERIFY2(a.calls.count(u"menu"_s) == model.stateChanges, qPrintable(story));
+            }
+        }
+    }
+
+    void springsAreDamped()
+    {
+        for (const auto &[duration, ratio] :
+             {std::pair(0.333, 0.82), std::pair(0.666, 0.85), std::pair(2.0, 0.3)}) {
+            const DampedSpring spring{duration, ratio};
+            const double w = spring.angularFrequency();
+            constexpr double h = 1e-5;
+            QVERIFY(std::abs(spring.position(0)) < 1e-12);
+            QVERIFY(std::abs(spring.position(h)) < w * w * h * h); // at rest
+            double highest = 0;
+            for (double t = h; t < 2 * duration; t += duration / 500) {
+                const double x = spring.position(t);
+                const double before = spring.position(t - h);
+                const double after = spring.position(t + h);
+                const double pull = (after - 2 * x + before) / (h * h) +
+                                    2 * ratio * w * (after - before) / (2 * h) + w * w * (x - 1);
+                QVERIFY(std::abs(pull) < 1e-3 * w * w);
+                QVERIFY(t < duration || std::abs(x - 1) <= 0.001);
+                highest = std::max(highest, x);
+            }
+            // It swings over as far as its damping lets it, and no further.
+            const double over = std::exp(-std::numbers::pi * ratio / std::sqrt(1 - ratio * ratio));
+            QVERIFY(std::abs(highest - 1 - over) < 1e-4);
+        }
+        QCOMPARE(RecognitionHUD::slideInDuration(), 333);
+        QCOMPARE(RecognitionHUD::slideOutDuration(), 666);
+        constexpr DampedSpring in{0.333, 0.82};
+        QCOMPARE(RecognitionHUD::slideIn().valueForProgress(0.5), in.position(0.1665));
+        QCOMPARE(RecognitionHUD::slideIn().valueForProgress(1), 1.0);
+        QVERIFY(RecognitionHUD::slideOut().valueForProgress(0.7) >
+                RecognitionHUD::slideIn().valueForProgress(0.3));
+        QCOMPARE(RecognitionHUD::minimumScale(1.12), 0.95);
+        QCOMPARE(RecognitionHUD::minimumScale(1.24), 0.4);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Recognition)
+#include "tst_Recognition.moc"

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/RecognitionServices.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace trackwise {
+
+/// A microphone, a recogniser and a motor that do what the test says, and keep a list of what they were told.
+struct RecognitionDoubles
+{
+    QStringList calls;
+    bool isGranted = true;
+    bool isScreenReaderRunning = false;
+    std::optional<Failure> startFailure;
+    bool isRunning = false;
+    RecognitionSession *session = nullptr; ///< the latest
+
+    struct Audio : AudioSession
+    {
+        RecognitionDoubles &all;
+
+        explicit Audio(RecognitionDoubles &doubles)
+            : all(doubles)
+        {}
+        void requestRecordPermission(PermissionHandler handler) override { handler(all.isGranted); }
+        void setCategory(AudioSessionCategory category) override
+        {
+            all.calls << (category == AudioSessionCategory::Record ? QStringLiteral("record")
+                                                                   : QStringLiteral("playback"));
+        }
+        void activate() override { all.calls << QStringLiteral("activate"); }
+    };
+    struct Session : RecognitionSession
+    {
+        RecognitionDoubles &all;
+
+        explicit Session(RecognitionDoubles &doubles)
+            : all(doubles)
+        {}
+        [[nodiscard]] std::optional<Failure> start() override
+        {
+            all.calls << QStringLiteral("start");
+            all.isRunning = !all.startFailure;
+            return all.startFailure;
+        }
+        void stop() override
+        {
+            all.calls << QStringLiteral("stop");
+            all.isRunning = false;
+        }
+        [[nodiscard]] bool isRunning() const override { return all.isRunning; }
+    };
+    struct Haptics : NotificationHaptics
+    {
+        RecognitionDoubles &all;
+
+        explicit Haptics(RecognitionDoubles &doubles)
+            : all(doubles)
+        {}
+        void prepare() override { all.calls << QStringLiteral("prepare"); }
+        void notify(HapticNotification notification) override
+        {
+            all.calls << QStringLiteral("haptic %1").arg(static_cast<int>(notification));
+        }
+    };
+
+    Audio audio{*this};
+    RecognitionServices services{audio,
+                                 [this] {
+                                     auto made = std::make_unique<Session>(*this);
+                                     session = made.get();
+                                     return made;
+                                 },
+                                 [this] { return std::make_unique<Haptics>(*this); },
+                                 [this] { return isScreenReaderRunning; }};
+};
+
+} // namespace trackwise
