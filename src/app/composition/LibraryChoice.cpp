@@ -13,9 +13,9 @@ namespace trackwise {
 QString demoFolder()
 {
     const QDir programs(QCoreApplication::applicationDirPath());
-    for (const auto *place :
-         {"../share/demo-library", TRACKWISE_DATA_FROM_PROGRAM "/trackwise/demo-library"}) {
-        const QString folder = QDir::cleanPath(programs.filePath(QLatin1String(place)));
+    const QString installed = QStringLiteral(TRACKWISE_DATA_FROM_PROGRAM "/trackwise/demo-library");
+    for (const QString &place : {QStringLiteral("../share/demo-library"), installed}) {
+        const QString folder = QDir::cleanPath(programs.filePath(place));
         if (QDir(folder).exists())
             return folder;
     }
