@@ -620,6 +620,10 @@
         <source>File</source>
         <translation>ملف</translation>
     </message>
+    <message>
+        <source>Select Song from Music Recognition</source>
+        <translation>اختيار أغنية بالتعرف على الموسيقى</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -612,6 +612,10 @@
         <source>File</source>
         <translation>Datei</translation>
     </message>
+    <message>
+        <source>Select Song from Music Recognition</source>
+        <translation>Titel per Musikerkennung auswählen</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -612,6 +612,10 @@
         <source>File</source>
         <translation>Archivo</translation>
     </message>
+    <message>
+        <source>Select Song from Music Recognition</source>
+        <translation>Seleccionar canción con el reconocimiento de música</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -612,6 +612,10 @@
         <source>File</source>
         <translation>Fichier</translation>
     </message>
+    <message>
+        <source>Select Song from Music Recognition</source>
+        <translation>Choisir un morceau par reconnaissance musicale</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -610,6 +610,10 @@
         <source>File</source>
         <translation>ファイル</translation>
     </message>
+    <message>
+        <source>Select Song from Music Recognition</source>
+        <translation>ミュージック認識で曲を選択</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

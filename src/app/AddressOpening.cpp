@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <iterator>
 
 namespace trackwise {
 
@@ -50,8 +51,23 @@ AddressOpening::AddressOpening(LibraryScan &scan, SongOfFile songOfFile, QObject
     });
 }
 
-void AddressOpening::open(const QStringList &addresses, DetailViewController &detail)
+namespace {
+
+// Our own links are those of the web, under a scheme that the desktop hands to us.
+QString withoutOwnScheme(const QString &address)
 {
+    const QString own = QStringLiteral("trackwise://");
+    return address.startsWith(own, Qt::CaseInsensitive)
+               ? QStringLiteral("https://") + address.sliced(own.size())
+               : address;
+}
+
+} // namespace
+
+void AddressOpening::open(const QStringList &given, DetailViewController &detail)
+{
+    QStringList addresses;
+    std::ranges::transform(given, std::back_inserter(addresses), withoutOwnScheme);
     if (addresses.isEmpty())
         return;
     if (!std::ranges::all_of(addresses, [](const QString &a) { return fileOfAddress(a).has_value(); })) {

@@ -67,6 +67,7 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
     , m_containerServices{device.player,    preferences,      m_artworkServices,
                           device.addresses, device.storePage, [] { return QDateTime::currentDateTime(); }}
     , m_opening(device.scan, device.songOfFile)
+    , m_placements(device.stateFile)
 {
     prepareEngine(m_engine);
     m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkImageProvider(m_artworkLoader));
@@ -89,6 +90,7 @@ void AppDelegate::newWindow()
 {
     m_scenes.push_back(std::make_unique<WindowScene>(m_engine, m_detailServices, m_containerServices));
     WindowScene *scene = m_scenes.back().get();
+    connect(scene, &WindowScene::willClose, this, [this, scene] { m_placements.remember(scene->window()); });
     connect(
         scene, &WindowScene::didClose, this, [this, scene] { removeScene(scene); }, Qt::QueuedConnection);
     connect(&scene->window(), &QWindow::activeChanged, this, [this, scene] {
@@ -97,6 +99,7 @@ void AppDelegate::newWindow()
     });
     connect(&scene->menus(), &WindowMenus::newWindowKeyCommanded, this, &AppDelegate::newWindow);
     scene->setMenuBarPlace(m_device.appearance.menuBarPlace());
+    m_placements.restore(scene->window(), m_scenes.size() == 1);
     scene->show();
 }
 
@@ -117,14 +120,7 @@ void AppDelegate::open(const QStringList &addresses)
 void AppDelegate::activateAction(const QString &name)
 {
     activate();
-    WindowScene &scene = *m_scenes.back();
-    if (name == QLatin1StringView("SelectSongNowPlayingAction"))
-        scene.detail().selectSongFromNowPlaying();
-    else if (name == QLatin1StringView("SelectSongAction"))
-        scene.presentation().dismiss([detail = QPointer(&scene.detail())] {
-            if (detail)
-                detail->selectSongFromLibrary();
-        });
+    m_scenes.back()->performWhenSetUp(name);
 }
 
 void AppDelegate::sceneWasUsed(const WindowScene *scene)

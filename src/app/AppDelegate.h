@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/AddressOpening.h"
+#include "app/WindowPlacements.h"
 #include "app/WindowScene.h"
 #include "artwork/ArtworkFiles.h"
 #include "artwork/ArtworkLoader.h"
@@ -30,7 +31,8 @@ struct AppDevice
     const CatalogLookup &catalog;
     const RecognitionServices &recognition;
     QString cacheFolder;
-    QUrl storePage; ///< where reviews are written
+    QString stateFile; ///< of where windows were
+    QUrl storePage;    ///< where reviews are written
     AddressOpening::SongOfFile songOfFile;
 };
 
@@ -78,6 +80,7 @@ private:
     DetailServices m_detailServices;
     ContainerServices m_containerServices;
     AddressOpening m_opening;
+    WindowPlacements m_placements;
     QQmlEngine m_engine; ///< its image provider looks at the loader
     std::vector<std::unique_ptr<WindowScene>> m_scenes;
 };

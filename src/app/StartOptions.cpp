@@ -57,10 +57,18 @@ QList<QCommandLineOption> optionsOfQt()
 
 std::optional<QString> whyWrong(const QCommandLineParser &parser, const QStringList &operands)
 {
-    for (const cli::Option &option : cli::startOptions())
-        if (option.takesValue() && parser.isSet(text(option.name)) &&
-            parser.value(text(option.name)).isEmpty())
+    for (const cli::Option &option : cli::startOptions()) {
+        if (!option.takesValue() || !parser.isSet(text(option.name)))
+            continue;
+        const QString value = parser.value(text(option.name));
+        if (value.isEmpty())
             return QStringLiteral("--%1 needs a value").arg(text(option.name));
+        const QStringList choices = text(option.choices).split(u' ', Qt::SkipEmptyParts);
+        if (!choices.isEmpty() && !choices.contains(value))
+            return QStringLiteral("--%1 is one of %2").arg(text(option.name), choices.join(u", "));
+    }
+    if (parser.isSet(QStringLiteral("action")) && !operands.isEmpty())
+        return QStringLiteral("either an action or something to show");
     for (const QString &operand : operands)
         if (!isAddress(operand) && !QFileInfo::exists(operand))
             return QStringLiteral("neither a command, an address nor a file that is there: %1").arg(operand);
@@ -76,6 +84,7 @@ bool StartOptions::canBeHandedOver() const
 {
     StartOptions plain;
     plain.addresses = addresses;
+    plain.action = action;
     return *this == plain;
 }
 
@@ -104,6 +113,7 @@ Result<StartOptions> parseStartOptions(const QStringList &arguments)
         return Failure{FailureKind::Malformed, *why};
     options.usesDemoLibrary = parser.isSet(QStringLiteral("demo"));
     options.addresses = addressesOf(parser.positionalArguments(), QDir::currentPath());
+    options.action = parser.value(QStringLiteral("action"));
     options.show = parser.value(QStringLiteral("show"));
     options.screenshotFile = parser.value(QStringLiteral("screenshot"));
     options.database = parser.value(QStringLiteral("library"));

@@ -21,9 +21,10 @@ struct StartOptions
     QString folder;                ///< another music folder than the user's
     std::optional<QSize> size;     ///< of the first window, in points
     QStringList addresses;         ///< of song links and song files to show
+    QString action;                ///< of the desktop entry, to carry out
     std::optional<QString> answer; ///< to print instead of starting: help, or the version
 
-    /// Nothing but addresses was given: an app that runs already can show them just as well.
+    /// Nothing but addresses or an action was given: an app that runs already can do that just as well.
     [[nodiscard]] bool canBeHandedOver() const;
 
     friend bool operator==(const StartOptions &, const StartOptions &) = default;

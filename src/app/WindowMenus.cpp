@@ -18,6 +18,7 @@ WindowMenus::WindowMenus(DetailViewController &detail, Presentation &presentatio
                  [this](int command) { perform(static_cast<KeyCommand>(command)); })
 {
     connect(&detail, &DetailViewController::songDidChange, this, &WindowMenus::update);
+    connect(&detail, &DetailViewController::shazamStateDidChange, this, &WindowMenus::update);
     connect(&presentation, &Presentation::sheetChanged, this, &WindowMenus::update);
     connect(&presentation, &Presentation::alertChanged, this, &WindowMenus::update);
     connect(&presentation, &Presentation::didPush, this, &WindowMenus::update);
@@ -78,6 +79,9 @@ void WindowMenus::perform(KeyCommand command)
         break;
     case KeyCommand::SelectSongNowPlaying:
         m_detail.selectSongNowPlayingKeyCommanded();
+        break;
+    case KeyCommand::SelectSongMusicRecognition:
+        m_detail.selectSongMusicRecognitionKeyCommanded();
         break;
     case KeyCommand::ClearSelectedSong:
         m_detail.clearSelectedSongKeyCommanded();

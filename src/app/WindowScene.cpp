@@ -3,11 +3,14 @@
 
 #include "ui/Theme.h"
 
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 
 namespace trackwise {
 
@@ -47,6 +50,7 @@ WindowScene::WindowScene(QQmlEngine &engine, const DetailServices &detailService
     // Not from within the window's own key handling.
     connect(&m_menus, &WindowMenus::closeWindowKeyCommanded, m_window.get(), &QWindow::close,
             Qt::QueuedConnection);
+    m_window->installEventFilter(this);
     m_container.viewDidLoad();
     m_detail.viewDidLoad();
 }
@@ -56,9 +60,46 @@ WindowScene::~WindowScene()
     m_window->disconnect(this);
 }
 
+bool WindowScene::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        Q_EMIT willClose();
+    return QObject::eventFilter(watched, event);
+}
+
 void WindowScene::show()
 {
-    m_window->show();
+    m_window->setVisible(true); // show() would end its being maximized
+    m_sinceShown.start();
+}
+
+void WindowScene::performWhenSetUp(const QString &action)
+{
+    constexpr std::chrono::milliseconds timeToSetUp{500};
+    const std::chrono::milliseconds left = timeToSetUp - std::chrono::milliseconds(m_sinceShown.elapsed());
+    if (left.count() <= 0)
+        perform(action);
+    else
+        QTimer::singleShot(left, this, [this, action] { perform(action); });
+}
+
+bool WindowScene::perform(const QString &action)
+{
+    if (action == QLatin1StringView("SelectSongAction")) {
+        m_presentation.whenUncovered([detail = QPointer(&m_detail)] {
+            if (detail)
+                detail->selectSongFromLibrary();
+        });
+        return true;
+    }
+    if (action == QLatin1StringView("SelectSongNowPlayingAction"))
+        m_detail.selectSongFromNowPlaying();
+    else if (action == QLatin1StringView("SelectSongMusicRecognitionAction"))
+        m_presentation.whenUncovered([detail = QPointer(&m_detail)] {
+            if (detail)
+                detail->selectSongMusicRecognition();
+        });
+    return false;
 }
 
 void WindowScene::setMenuBarPlace(MenuBarPlace place)
@@ -70,7 +111,7 @@ void WindowScene::setMenuBarPlace(MenuBarPlace place)
 
 void WindowScene::raise()
 {
-    m_window->show();
+    m_window->setVisible(true);
     m_window->raise();
     m_window->requestActivate();
 }

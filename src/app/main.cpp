@@ -68,7 +68,7 @@ bool isHandedOver(DesktopApplication &place, const StartOptions &options)
         return false;
     QEventLoop waiting;
     auto standing = DesktopApplication::Standing::Running;
-    place.start(options.addresses, [&](DesktopApplication::Standing answer) {
+    place.start({options.addresses, options.action}, [&](DesktopApplication::Standing answer) {
         standing = answer;
         waiting.quit();
     });
@@ -112,7 +112,7 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
                      device.recognition(), QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
-                     QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
+                     stateFile("windows.ini"), QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
                      [&device](const QByteArray &path) {
                          const auto song = device.library().songForPath(path);
                          return song ? std::optional(song->item) : std::nullopt;

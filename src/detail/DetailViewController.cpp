@@ -193,11 +193,7 @@ void DetailViewController::selectNowPlayingSong(bool showsAlerts, Completion com
 
 void DetailViewController::selectSongFromNowPlaying()
 {
-    if (!m_presentation.isPresenting()) {
-        selectNowPlayingSong(true);
-        return;
-    }
-    m_presentation.dismiss([controller = QPointer(this)] {
+    m_presentation.whenUncovered([controller = QPointer(this)] {
         if (controller)
             controller->selectNowPlayingSong(true);
     });
@@ -279,7 +275,14 @@ void DetailViewController::presentSettings()
 
 bool DetailViewController::validateCommand(KeyCommand command) const
 {
-    return command != KeyCommand::ClearSelectedSong || m_visible.informationView;
+    switch (command) {
+    case KeyCommand::SelectSongMusicRecognition:
+        return !isListening();
+    case KeyCommand::ClearSelectedSong:
+        return m_visible.informationView != nullptr;
+    default:
+        return true;
+    }
 }
 
 void DetailViewController::perform(int moreCommand)

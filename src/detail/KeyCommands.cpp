@@ -38,6 +38,8 @@ std::vector<MenuEntry> KeyCommands::fileMenu(const Validate &validate)
     return {
         entry(KeyCommand::SelectSong, tr("Select Song"), "Ctrl+O", validate),
         entry(KeyCommand::SelectSongNowPlaying, tr("Select Song from Now Playing"), "Ctrl+Alt+O", validate),
+        entry(KeyCommand::SelectSongMusicRecognition, tr("Select Song from Music Recognition"),
+              "Ctrl+Shift+O", validate),
         entry(KeyCommand::ClearSelectedSong, tr("Clear Selected Song"), "Del", validate),
         entry(KeyCommand::PasteLink, tr("Paste Link"), "Ctrl+V; Shift+Ins", validate, Line::Above),
         entry(KeyCommand::CloseWindow, tr("Close Window"), "Ctrl+W", validate, Line::Above,

@@ -17,6 +17,7 @@ enum class KeyCommand : int {
     Quit,
     SelectSong,
     SelectSongNowPlaying,
+    SelectSongMusicRecognition,
     ClearSelectedSong,
     PasteLink,
     CloseWindow,

@@ -63,9 +63,11 @@ void presentLibraryAccessRequest(MusicFolders &folders, Presentation &presentati
         std::move(answer));
     QObject::connect(&presentation, &Presentation::sheetCancelRequested, request.get(),
                      &LibraryAccessRequest::postpone);
-    presentation.present(std::make_shared<HostedView>(
+    auto view = std::make_shared<HostedView>(
         SettingsScreen::tr("Music Access"),
-        QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Settings/LibraryAccessView.qml")), "request", request));
+        QUrl(QStringLiteral("qrc:/qt/qml/Trackwise/Settings/LibraryAccessView.qml")), "request", request);
+    view->setQuestion(true);
+    presentation.present(std::move(view));
 }
 
 } // namespace trackwise

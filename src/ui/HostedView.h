@@ -41,12 +41,16 @@ public:
     [[nodiscard]] QUrl source() const { return m_source; }
     [[nodiscard]] const QObject *model() const { return m_model.get(); }
     [[nodiscard]] QVariantMap properties() const { return m_properties; }
+    /// The device asks the user something: what the app is told to do meanwhile does not take it away.
+    [[nodiscard]] bool isQuestion() const { return m_isQuestion; }
+    void setQuestion(bool isQuestion) { m_isQuestion = isQuestion; }
 
 private:
     QString m_title;
     QUrl m_source;
     QVariantMap m_properties;
     std::shared_ptr<QObject> m_model;
+    bool m_isQuestion = false;
 };
 
 } // namespace trackwise

@@ -43,6 +43,15 @@ void Presentation::dismiss(Completion completion)
     finishDismissal();
 }
 
+void Presentation::whenUncovered(Completion then)
+{
+    const bool isAsking = m_sheet && m_sheetVisible && m_sheet->isQuestion();
+    if (isAsking || !isPresenting())
+        then();
+    else
+        dismiss(std::move(then));
+}
+
 void Presentation::hideSheet()
 {
     if (!m_sheet || !m_sheetVisible)

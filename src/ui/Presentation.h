@@ -40,6 +40,8 @@ public:
     /// Takes the sheet (and every alert) down; @p completion runs when nothing is presented any more.
     void dismiss(Completion completion = {});
     [[nodiscard]] bool isPresenting() const { return m_sheet || m_alert; }
+    /// Calls @p then once nothing is presented but a question of the device, taking down what is.
+    void whenUncovered(Completion then);
 
     /// Shows @p alert above everything, after those that wait already.
     void presentAlert(std::unique_ptr<Alert> alert);

@@ -61,9 +61,13 @@ private Q_SLOTS:
 
         window.library.status = LibraryAuthorizationStatus::Denied;
         QVERIFY(alertOf({u"file:///m/a"_s}).startsWith(u"No Music Access|"_s));
+        window.library.status = LibraryAuthorizationStatus::Authorized;
+        window.library.add(7, "Seven", "Band", "Album", "100");
+        QCOMPARE(alertOf({u"trackwise://music.apple.com/album/1?i=100"_s}), QString());
+        QCOMPARE(window.shown(), 7U);
         const QString both = alertOf({u"file:///m/a"_s, u"https://x.org"_s}); // as a drop of them
         QVERIFY(both.contains(u"doesn't seem to be"_s));
-        QCOMPARE(window.shown(), 2U);
+        QCOMPARE(window.shown(), 7U);
     }
 };
 

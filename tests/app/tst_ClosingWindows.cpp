@@ -15,6 +15,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTimer>
@@ -78,7 +79,7 @@ struct Program
         , catalog(device->http(), {web.server.address({}).toString(), u"catalog.example"_s})
         , app({device->library().mediaLibrary(), device->library().browser(), device->library().scan(),
                device->player(), device->systemPlayer(), device->appearance(), device->addresses(), catalog,
-               device->recognition(), folder.path(), QUrl()},
+               device->recognition(), folder.path(), folder.filePath(u"windows.ini"_s), QUrl()},
               preferences)
     {}
 
@@ -202,9 +203,43 @@ private Q_SLOTS:
         program.app.activateAction(u"SelectSongNowPlayingAction"_s);
         program.app.activate();
         QCOMPARE(program.app.scenes().size(), 1u);
-        const Presentation &presentation = program.app.scenes().front()->presentation();
+        WindowScene &scene = *program.app.scenes().front();
+        const Presentation &presentation = scene.presentation();
+        QVERIFY(!presentation.alert()); // the window is being set up
         QTRY_VERIFY(presentation.alert());
         QCOMPARE(presentation.alert()->title(), u"No Song Playing"_s);
+        const std::tuple<QString, bool> rows[]{{u"SelectSongAction"_s, true},
+                                               {u"selectSongAction"_s, false},
+                                               {u"SelectSongMusicRecognitionAction"_s, false},
+                                               {u"SelectSongNowPlayingAction"_s, false}};
+        for (const auto &[action, answer] : rows)
+            QCOMPARE(scene.perform(action), answer);
+        QTRY_COMPARE(presentation.alert() ? presentation.alert()->title() : QString(), u"No Song Playing"_s);
+    }
+
+    void windowsAreAsTheLastOneWas()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        QQuickWindow &first = program.openWindow().window();
+        first.setGeometry(40, 50, 640, 500);
+        first.close();
+        QTRY_VERIFY(program.app.scenes().empty());
+        QQuickWindow &second = program.openWindow().window();
+        QCOMPARE(second.geometry(), QRect(40, 50, 640, 500));
+        QQuickWindow &third = program.openWindow().window(); // not over it
+        QCOMPARE(third.size(), QSize(640, 500));
+        QVERIFY(third.position() != second.position());
+        second.close();
+        third.setGeometry(-900, -900, 5000, 400); // no screen shows it
+        third.close();
+        QTRY_VERIFY(program.app.scenes().empty());
+        QQuickWindow &fourth = program.openWindow().window();
+        QCOMPARE(fourth.width(), fourth.screen()->availableSize().width());
+        QVERIFY(fourth.x() >= 0);
+        fourth.showMaximized();
+        fourth.close();
+        QTRY_VERIFY(program.app.scenes().empty());
+        QVERIFY(program.openWindow().window().windowStates().testFlag(Qt::WindowMaximized));
     }
 
     void quitsByItsKey()
@@ -276,6 +311,7 @@ private Q_SLOTS:
         QTRY_COMPARE(title(first), u"Music Access"_s); // to show what is playing
         QVERIFY(first.presentation().alert());         // over the address
         first.presentation().chooseAlertAction(0);
+        first.perform(u"SelectSongNowPlayingAction"_s); // which needs the answer: the question stays
         WindowScene &second = program.openWindow();
         QVERIFY(QTest::qWaitForWindowActive(&second.window()));
         QSignalSpy scanned(&program.library.scan(), &ScanController::finished);
@@ -289,7 +325,8 @@ private Q_SLOTS:
         access.setStatus(LibraryAuthorizationStatus::NotDetermined);
         program.app.activateAction(u"SelectSongAction"_s);
         QTRY_COMPARE(title(second), u"Music Access"_s);
-        QVERIFY(!first.presentation().isPresenting());
+        QCOMPARE(title(first), QString());
+        QCOMPARE(first.presentation().alert()->title(), u"No Song Playing"_s); // to the action
     }
 
     void offersANewLibraryInPlaceOfADamagedOne()

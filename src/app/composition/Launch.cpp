@@ -67,11 +67,15 @@ Launch::Launch(AppDelegate &app, Device &device, StartOptions options)
 void Launch::run()
 {
     m_app.newWindow();
-    if (m_options.size)
+    if (m_options.size) {
+        m_app.scenes().back()->window().showNormal(); // whatever the last one was
         m_app.scenes().back()->window().resize(*m_options.size);
+    }
     scanIfAllowed();
     if (!m_options.addresses.isEmpty())
         m_app.open(m_options.addresses);
+    if (!m_options.action.isEmpty())
+        m_app.activateAction(m_options.action);
     if (m_options.show.isEmpty() && !m_options.screenshotFile.isEmpty())
         saveScreenshotSoon();
 }

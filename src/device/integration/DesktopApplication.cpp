@@ -44,7 +44,7 @@ QString DesktopApplication::path() const
     return path.replace(u'.', u'/').replace(u'-', u'_');
 }
 
-void DesktopApplication::start(const QStringList &addresses, Handler handler)
+void DesktopApplication::start(const Purpose &purpose, Handler handler)
 {
     if (!m_bus.isConnected()) {
         QMetaObject::invokeMethod(
@@ -53,22 +53,29 @@ void DesktopApplication::start(const QStringList &addresses, Handler handler)
     }
     // The object comes before the name: whoever finds the name finds it.
     m_bus.registerObject(path(), this, QDBusConnection::ExportAdaptors);
-    requestName(m_bus, m_appId, this, [this, addresses, handler = std::move(handler)](bool isTaken) {
+    requestName(m_bus, m_appId, this, [this, purpose, handler = std::move(handler)](bool isTaken) {
         if (isTaken)
-            handOver(addresses, handler);
+            handOver(purpose, handler);
         else
             handler(Standing::Running);
     });
 }
 
-void DesktopApplication::handOver(const QStringList &addresses, const Handler &handler)
+QDBusMessage DesktopApplication::requestFor(const Purpose &purpose) const
 {
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        m_appId, path(), QLatin1StringView(applicationInterface),
-        addresses.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open"));
+    const auto request = [this](const char *method) {
+        return QDBusMessage::createMethodCall(m_appId, path(), QLatin1StringView(applicationInterface),
+                                              QLatin1StringView(method));
+    };
+    if (!purpose.action.isEmpty())
+        return request("ActivateAction") << purpose.action << QVariantList();
+    return purpose.addresses.isEmpty() ? request("Activate") : request("Open") << purpose.addresses;
+}
+
+void DesktopApplication::handOver(const Purpose &purpose, const Handler &handler)
+{
+    QDBusMessage request = requestFor(purpose);
     request.setAutoStartService(false);
-    if (!addresses.isEmpty())
-        request << addresses;
     QVariantMap platformData;
     if (const QString token = qEnvironmentVariable(tokenVariable); !token.isEmpty())
         platformData.insert(QLatin1StringView(tokenKey), token);

@@ -36,9 +36,15 @@ public:
     DesktopApplication(QString appId, const QDBusConnection &bus, QObject *parent = nullptr);
     ~DesktopApplication() override;
 
-    /// Takes the place, or else asks the one who has it to open @p addresses, or to show itself where there
-    /// are none. @p handler is called once, later. An app that does not answer is not waited for long.
-    void start(const QStringList &addresses, Handler handler);
+    /// What a start of the program is for; nothing: to be shown.
+    struct Purpose
+    {
+        QStringList addresses; ///< to open
+        QString action;        ///< of the desktop entry; instead of addresses
+    };
+    /// Takes the place, or else asks the one who has it to do what we were started for. @p handler is called
+    /// once, later. An app that does not answer is not waited for long.
+    void start(const Purpose &purpose, Handler handler);
 
     /// Who carries requests out. Those that came before are made at once.
     void setRequests(ApplicationRequests requests);
@@ -53,7 +59,8 @@ private:
     };
 
     [[nodiscard]] QString path() const;
-    void handOver(const QStringList &addresses, const Handler &handler);
+    void handOver(const Purpose &purpose, const Handler &handler);
+    [[nodiscard]] QDBusMessage requestFor(const Purpose &purpose) const;
     void carryOut(const Received &received) const;
 
     QString m_appId;

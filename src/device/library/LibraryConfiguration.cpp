@@ -53,6 +53,14 @@ QString settingsFile(const char *name)
            QStringLiteral("/trackwise/") + QLatin1StringView(name);
 }
 
+QString stateFile(const char *name)
+{
+    const QString folder =
+        qEnvironmentVariable("XDG_STATE_HOME"); // Qt 6.4 does not know it; relative ones do not count
+    return (folder.startsWith(u'/') ? folder : QDir::homePath() + QStringLiteral("/.local/state")) +
+           QStringLiteral("/trackwise/") + QLatin1StringView(name);
+}
+
 void setFurtherMusicFolders(QSettings &deviceSettings, const QStringList &folders)
 {
     deviceSettings.setValue(foldersKey, folders);

@@ -26,6 +26,8 @@ struct LibraryConfiguration
 
 /// A file of the user's settings for this program: "device.ini" of the device, "defaults.ini" of the app.
 [[nodiscard]] QString settingsFile(const char *name);
+/// A file of what is only convenient to know again, by the XDG base directory specification.
+[[nodiscard]] QString stateFile(const char *name);
 
 void setFurtherMusicFolders(QSettings &deviceSettings, const QStringList &folders);
 

@@ -24,10 +24,10 @@ struct Start
     {}
     ~Start() { QDBusConnection::disconnectFromBus(bus.name()); }
 
-    std::optional<Standing> run(const QStringList &addresses = {})
+    std::optional<Standing> run(const DesktopApplication::Purpose &purpose = {})
     {
         standing.reset();
-        application.start(addresses, [this](Standing answer) { standing = answer; });
+        application.start(purpose, [this](Standing answer) { standing = answer; });
         if (standing)
             qFatal("the answer came before the call had returned");
         (void)QTest::qWaitFor([this] { return standing.has_value(); });
@@ -64,7 +64,7 @@ private Q_SLOTS:
         QCOMPARE(first.run(), Standing::Running);
         Start second("second");
         // Nobody carries anything out yet: it has to wait.
-        QCOMPARE(second.run({u"https://a/?i=1"_s, u"file:///b%FF"_s}), Standing::HandedOver);
+        QCOMPARE(second.run({.addresses = {u"https://a/?i=1"_s, u"file:///b%FF"_s}}), Standing::HandedOver);
         QCOMPARE(first.events, QStringList());
         first.listen();
         QCOMPARE(first.events, QStringList(u"https://a/?i=1 file:///b%FF "_s));
@@ -74,12 +74,8 @@ private Q_SLOTS:
         QCOMPARE(first.events.last(), u"activate token"_s);
         QVERIFY(qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN"));
 
-        const QDBusMessage action =
-            QDBusMessage::createMethodCall(name, u"/org/example/desk_top"_s, u"org.freedesktop.Application"_s,
-                                           u"ActivateAction"_s)
-            << u"Act"_s << QVariantList() << QVariantMap();
-        second.bus.asyncCall(action);
-        QTRY_COMPARE(first.events.last(), u"Act "_s);
+        QCOMPARE(second.run({.action = u"Act"_s}), Standing::HandedOver);
+        QCOMPARE(first.events.last(), u"Act "_s);
     }
 
     void goesOnWhereNobodyAnswers()
