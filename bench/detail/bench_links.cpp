@@ -10,6 +10,7 @@
 #include "device/library/LinuxLibrary.h"
 #include "device/library/MadeUpSongs.h"
 #include "support/Figures.h"
+#include "support/RecognitionDoubles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -71,6 +72,7 @@ public:
                      m_device.addresses,
                      m_device.artwork,
                      m_catalog,
+                     m_recognition.services,
                      m_searches,
                      {},
                      {},
@@ -140,6 +142,7 @@ private:
     QuickCatalog m_http;
     CatalogLookup m_catalog;
     QThreadPool m_searches;
+    RecognitionDoubles m_recognition;
     DetailServices m_services;
     Presentation m_presentation;
     DetailViewController m_detail;
