@@ -5,6 +5,7 @@
 #include "device/integration/DesktopAddressOpener.h"
 #include "device/integration/DesktopAppearance.h"
 #include "device/integration/NetworkHttpClient.h"
+#include "device/integration/PortalMailComposer.h"
 #include "device/integration/StoredDeviceSettings.h"
 #include "device/library/LinuxLibrary.h"
 #include "device/library/StoredMusicFolders.h"
@@ -53,6 +54,7 @@ public:
     [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition; }
     [[nodiscard]] QSettings &settingsFile() { return *m_settingsFile; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
+    [[nodiscard]] MailComposer &mail() { return m_mail; }
 
 private:
     struct Files;
@@ -71,6 +73,7 @@ private:
     MprisPublisher m_publisher;
     MprisSystemMusicPlayer m_systemPlayer;
     DesktopAddressOpener m_addresses;
+    PortalMailComposer m_mail;
     NetworkHttpClient m_http;
     LinuxAudioSession m_audioSession;
     RecognitionServices m_recognition;

@@ -7,13 +7,20 @@
 
 namespace trackwise {
 
-/// Keeps what would have been opened.
+/// Keeps what would have been opened, and refuses addresses of one scheme.
 class AddressOpenerDouble : public AddressOpener
 {
 public:
-    void open(const QUrl &address) override { opened.push_back(address); }
+    using AddressOpener::open;
+    void open(const QUrl &address, std::function<void()> whenRefused) override
+    {
+        opened.push_back(address);
+        if (whenRefused && address.scheme() == refused)
+            whenRefused();
+    }
 
     std::vector<QUrl> opened;
+    QString refused; ///< a scheme
 };
 
 } // namespace trackwise

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DefaultMusicApplication.h"
 
+#include "device/integration/DefaultHandler.h"
 #include "device/integration/DetachedProgram.h"
 
 #include <QLoggingCategory>
-#include <QProcess>
 #include <QStandardPaths>
-#include <QTimer>
-
-#include <chrono>
 
 namespace trackwise {
 
 namespace {
 
 Q_LOGGING_CATEGORY(log, "trackwise.integration", QtFatalMsg)
-
-using namespace std::chrono_literals;
-constexpr auto patience = 5s; // a shell script that reads a few small files
 
 // The desktop entry's file. As in the desktop's menus, a '-' of the identifier may stand for a folder.
 QString desktopFile(const QString &identifier)
@@ -50,23 +44,12 @@ void startHandlerOf(QStringList types, QObject *receiver)
         return;
     }
     const QString type = types.takeFirst();
-    auto *query = new QProcess(receiver);
-    const auto goOn = [query, types, receiver] {
-        query->deleteLater();
-        const QString handler =
-            QString::fromUtf8(query->readAllStandardOutput()).section(u'\n', 0, 0).trimmed();
-        if (handler.isEmpty())
+    findDefaultHandler(type, receiver, [types, receiver](const std::optional<QString> &handler) {
+        if (!handler || handler->isEmpty())
             startHandlerOf(types, receiver);
         else
-            startApplication(handler);
-    };
-    QObject::connect(query, &QProcess::finished, receiver, goOn);
-    QObject::connect(query, &QProcess::errorOccurred, receiver, [goOn](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart)
-            goOn();
+            startApplication(*handler);
     });
-    QTimer::singleShot(patience, query, &QProcess::kill);
-    query->start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), type});
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/integration/DesktopAddressOpener.h"
 
-#include "device/bus/BusCalls.h"
+#include "device/bus/PortalRequest.h"
+#include "device/integration/DefaultHandler.h"
 #include "device/integration/DefaultMusicApplication.h"
 #include "device/integration/DetachedProgram.h"
 
@@ -11,13 +12,11 @@ namespace trackwise {
 
 namespace {
 
-// Starting a portal that sleeps takes a second or two; one that says nothing for longer will not.
-constexpr int portalPatienceMs = 10'000;
-
-void openWithoutPortal(const QUrl &address)
+void openWithoutPortal(const QUrl &address, const std::function<void()> &whenRefused)
 {
-    if (!startDetached(QStringLiteral("xdg-open"), {address.toString(QUrl::FullyEncoded)}))
-        QDesktopServices::openUrl(address);
+    if (!startDetached(QStringLiteral("xdg-open"), {address.toString(QUrl::FullyEncoded)}) &&
+        !QDesktopServices::openUrl(address) && whenRefused)
+        whenRefused();
 }
 
 } // namespace
@@ -29,16 +28,25 @@ DesktopAddressOpener::DesktopAddressOpener(RaisePlayer raisePlayingPlayer, const
     , m_bus(bus)
 {}
 
-void DesktopAddressOpener::open(const QUrl &address)
+void DesktopAddressOpener::open(const QUrl &address, std::function<void()> whenRefused)
 {
     if (!address.isValid() || address.isRelative())
         return;
-    if (address.scheme() == QLatin1StringView("music"))
+    if (address.scheme() == QLatin1StringView("music")) {
         openMusic();
-    else if (m_bus.isConnected())
-        openThroughPortal(address);
-    else
-        openWithoutPortal(address);
+        return;
+    }
+    if (!whenRefused) {
+        openAnywhere(address, {});
+        return;
+    }
+    findDefaultHandler(QStringLiteral("x-scheme-handler/") + address.scheme(), this,
+                       [this, address, whenRefused = std::move(whenRefused)](const auto &handler) {
+                           if (handler && handler->isEmpty())
+                               whenRefused();
+                           else
+                               openAnywhere(address, whenRefused);
+                       });
 }
 
 void DesktopAddressOpener::openMusic()
@@ -47,16 +55,20 @@ void DesktopAddressOpener::openMusic()
         startDefaultMusicApplication(this);
 }
 
-void DesktopAddressOpener::openThroughPortal(const QUrl &address)
+void DesktopAddressOpener::openAnywhere(const QUrl &address, const std::function<void()> &whenRefused)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"));
-    call << QString() /* no parent window */ << address.toString(QUrl::FullyEncoded) << QVariantMap();
-    whenReplied(m_bus.asyncCall(call, portalPatienceMs), this, [address](const QDBusMessage &reply) {
-        if (reply.type() == QDBusMessage::ErrorMessage) // no portal, or one that refuses this kind of address
-            openWithoutPortal(address);
-    });
+    if (!m_bus.isConnected()) {
+        openWithoutPortal(address, whenRefused);
+        return;
+    }
+    PortalRequest::make(m_bus, QStringLiteral("org.freedesktop.portal.OpenURI"), QStringLiteral("OpenURI"),
+                        {QString() /* no parent window */, address.toString(QUrl::FullyEncoded)}, {}, this,
+                        [address, whenRefused](PortalEnd end) {
+                            if (end == PortalEnd::NotTaken) // no portal, or one that refuses such addresses
+                                openWithoutPortal(address, whenRefused);
+                            else if (end == PortalEnd::Failed && whenRefused)
+                                whenRefused();
+                        });
 }
 
 } // namespace trackwise

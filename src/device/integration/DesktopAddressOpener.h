@@ -10,7 +10,9 @@
 
 namespace trackwise {
 
-/// Opens addresses with the user's own programs: through the desktop portal, else with xdg-open.
+/// Opens addresses with the user's own programs: through the desktop portal, else with xdg-open. Whoever
+/// wants to know of a refusal has the handler looked up first: a portal would ask the user to find a program,
+/// and xdg-open would give the address to the browser.
 class DesktopAddressOpener : public QObject, public AddressOpener
 {
     Q_OBJECT
@@ -23,11 +25,12 @@ public:
                                   const QDBusConnection &bus = QDBusConnection::sessionBus(),
                                   QObject *parent = nullptr);
 
-    void open(const QUrl &address) override;
+    using AddressOpener::open;
+    void open(const QUrl &address, std::function<void()> whenRefused) override;
 
 private:
     void openMusic();
-    void openThroughPortal(const QUrl &address);
+    void openAnywhere(const QUrl &address, const std::function<void()> &whenRefused);
 
     RaisePlayer m_raisePlayingPlayer;
     QDBusConnection m_bus;

@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDir>
 #include <QFile>
@@ -27,15 +28,22 @@ public:
     }
 
     QStringList opened;
+    uint response = 0;
 
 public Q_SLOTS:
-    QDBusObjectPath OpenURI(const QString &, const QString &address, const QVariantMap &)
+    QDBusObjectPath OpenURI(const QString &, const QString &address, const QVariantMap &options)
     {
         if (address.startsWith(QLatin1StringView("file:")))
             sendErrorReply(u"org.freedesktop.portal.Error.InvalidArgument"_s, address);
         else
             opened << address;
-        return QDBusObjectPath(u"/org/freedesktop/portal/desktop/request/1"_s);
+        QString sender = message().service().mid(1);
+        const QString request = u"/org/freedesktop/portal/desktop/request/"_s + sender.replace(u'.', u'_') +
+                                u'/' + options.value(u"handle_token"_s).toString();
+        QDBusMessage signal =
+            QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+        m_bus.send(signal << response << QVariantMap());
+        return QDBusObjectPath(request);
     }
 
 private:
@@ -86,6 +94,31 @@ private Q_SLOTS:
         QCOMPARE(log(), QByteArray());
         opener.open(QUrl(u"file:///tmp/x"_s));
         QTRY_COMPARE(log(), "xdg-open file:///tmp/x\n"_ba);
+    }
+
+    void saysWhereNoProgramTakesTheAddress()
+    {
+        DesktopAddressOpener opener({});
+        Portal portal;
+        int refusals = 0;
+        const auto open = [&] { opener.open(QUrl(u"store://a"_s), [&] { ++refusals; }); };
+        writeProgram(u"xdg-mime"_s, ":"); // knows none
+        open();
+        QTRY_COMPARE(refusals, 1);
+        QCOMPARE(portal.opened, QStringList()); // nobody is asked to find a program
+        writeProgram(u"xdg-mime"_s, "[ \"$3\" = x-scheme-handler/store ] && echo store.desktop");
+        open();
+        QTRY_COMPARE(portal.opened.size(), 1);
+        portal.response = 1; // the user has thought better of it
+        open();
+        QTRY_COMPARE(portal.opened.size(), 2);
+        portal.response = 2;
+        open();
+        QTRY_COMPARE(refusals, 2);
+        DesktopAddressOpener withoutBus({}, QDBusConnection(u"no such bus"_s));
+        withoutBus.open(QUrl(u"store://a"_s), [&] { ++refusals; });
+        QTRY_COMPARE(log(), "xdg-open store://a\n"_ba);
+        QCOMPARE(refusals, 2);
     }
 
     void doesWithoutABus()
