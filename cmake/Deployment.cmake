@@ -5,3 +5,6 @@
 set(TRACKWISE_DEVELOPER_NAME "The Trackwise developers" CACHE STRING "Who makes the program")
 set(TRACKWISE_SUPPORT_ADDRESS "support@trackwise.example" CACHE STRING "Where mail about the program goes")
 set(TRACKWISE_WEB_SITE "https://trackwise.example" CACHE STRING "Where the program is presented; no slash at the end")
+set(TRACKWISE_STORE_HOST "store.trackwise.example" CACHE STRING "Web host of the store that the program is in")
+set(TRACKWISE_APP_STORE_ID "1000000001" CACHE STRING "Identifier of the program in the store")
+set(TRACKWISE_DEVELOPER_STORE_ID "1000000002" CACHE STRING "Identifier of the developer in the store")

@@ -2,6 +2,35 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar_EG">
 <context>
+    <name>AboutButtons</name>
+    <message>
+        <source>More Apps</source>
+        <translation>تطبيقات أخرى</translation>
+    </message>
+    <message>
+        <source>Rate on App Store</source>
+        <translation>التقييم في App Store</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>سياسة الخصوصية</translation>
+    </message>
+</context>
+<context>
+    <name>AboutIcon</name>
+    <message>
+        <source>App icon</source>
+        <translation>أيقونة التطبيق</translation>
+    </message>
+</context>
+<context>
+    <name>AboutView</name>
+    <message>
+        <source>Close</source>
+        <translation>إغلاق</translation>
+    </message>
+</context>
+<context>
     <name>ArtworkTile</name>
     <message>
         <source>Album artwork</source>
@@ -122,6 +151,49 @@
     <message>
         <source>Remove %1</source>
         <translation>إزالة %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpView</name>
+    <message>
+        <source>Help</source>
+        <translation>المساعدة</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>تم</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>التطبيق</translation>
+    </message>
+    <message>
+        <source>Select any song from your music library in the Trackwise app to view its information. This works with songs you&apos;ve added to your library via Apple Music as well as purchased, matched, uploaded, and synced songs. Note that songs on Apple Music that haven&apos;t been added to your library cannot be accessed.</source>
+        <translation>اختر أي أغنية من مكتبتك الموسيقية في تطبيق Trackwise لعرض معلوماتها. ينطبق ذلك على الأغاني التي أضفتها إلى مكتبتك عبر Apple Music وعلى الأغاني المشتراة والمطابَقة والمحمّلة والمتزامنة. لاحظ أنه لا يمكن الوصول إلى أغاني Apple Music التي لم تُضَف إلى مكتبتك.</translation>
+    </message>
+    <message>
+        <source>Share Sheet Action</source>
+        <translation>إجراء ورقة المشاركة</translation>
+    </message>
+    <message>
+        <source>Share a song in the Music app to view its information right from the share sheet. I recommend adding Get Trackwise to your favorites via Edit Actions so it&apos;s easily accessible in the top section. Note that the Music app does not have a share button for songs not available on Apple Music.</source>
+        <translation>شارك أغنية في تطبيق الموسيقى لعرض معلوماتها مباشرة من ورقة المشاركة. أنصحك بإضافة «Get Trackwise» إلى المفضلة عبر «تعديل الإجراءات» ليسهل الوصول إليها في القسم العلوي. لاحظ أن تطبيق الموسيقى لا يعرض زر المشاركة للأغاني غير المتوفرة على Apple Music.</translation>
+    </message>
+    <message>
+        <source>The action extension will try to look up the song in your library. This may require an internet connection and it&apos;s possible it may not be able to find the right song, for example, if you&apos;ve renamed that song. If an error occurs, you can use the app to view its information even without an internet connection.</source>
+        <translation>سيحاول ملحق الإجراء العثور على الأغنية في مكتبتك. قد يتطلب ذلك اتصالًا بالإنترنت، وقد لا يعثر على الأغنية الصحيحة، مثلًا إذا كنت قد أعدت تسميتها. إذا حدث خطأ، فيمكنك استخدام التطبيق لعرض معلوماتها حتى دون اتصال بالإنترنت.</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>التواصل مع الدعم</translation>
+    </message>
+    <message>
+        <source>Reach out if you have any questions or feedback!</source>
+        <translation>تواصل معي إذا كانت لديك أي أسئلة أو ملاحظات!</translation>
+    </message>
+    <message>
+        <source>Email the Developer</source>
+        <translation>مراسلة المطوّر</translation>
     </message>
 </context>
 <context>
@@ -547,6 +619,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AboutView</name>
+    <message>
+        <source>Version %1</source>
+        <translation>الإصدار %1</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AbsentRecognition</name>
     <message>
         <source>Not available on this device yet</source>
@@ -766,6 +845,14 @@
     <message>
         <source>Music Recognition</source>
         <translation>التعرّف على الموسيقى</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>حول</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>المساعدة</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,35 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AboutButtons</name>
+    <message>
+        <source>More Apps</source>
+        <translation>Weitere Apps</translation>
+    </message>
+    <message>
+        <source>Rate on App Store</source>
+        <translation>Im App Store bewerten</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>Datenschutz</translation>
+    </message>
+</context>
+<context>
+    <name>AboutIcon</name>
+    <message>
+        <source>App icon</source>
+        <translation>App-Symbol</translation>
+    </message>
+</context>
+<context>
+    <name>AboutView</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>ArtworkTile</name>
     <message>
         <source>Album artwork</source>
@@ -122,6 +151,49 @@
     <message>
         <source>Remove %1</source>
         <translation>%1 entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>HelpView</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Select any song from your music library in the Trackwise app to view its information. This works with songs you&apos;ve added to your library via Apple Music as well as purchased, matched, uploaded, and synced songs. Note that songs on Apple Music that haven&apos;t been added to your library cannot be accessed.</source>
+        <translation>Wähle in der Trackwise-App einen beliebigen Titel aus deiner Musikmediathek, um seine Informationen zu sehen. Das geht mit Titeln, die du über Apple Music zu deiner Mediathek hinzugefügt hast, ebenso wie mit gekauften, abgeglichenen, hochgeladenen und synchronisierten Titeln. Titel von Apple Music, die nicht zu deiner Mediathek hinzugefügt wurden, sind nicht zugänglich.</translation>
+    </message>
+    <message>
+        <source>Share Sheet Action</source>
+        <translation>Aktion im Teilen-Menü</translation>
+    </message>
+    <message>
+        <source>Share a song in the Music app to view its information right from the share sheet. I recommend adding Get Trackwise to your favorites via Edit Actions so it&apos;s easily accessible in the top section. Note that the Music app does not have a share button for songs not available on Apple Music.</source>
+        <translation>Teile einen Titel in der Musik-App, um seine Informationen direkt im Teilen-Menü zu sehen. Ich empfehle, „Get Trackwise“ über „Aktionen bearbeiten“ zu deinen Favoriten hinzuzufügen, damit es im oberen Bereich schnell erreichbar ist. Bei Titeln, die es nicht auf Apple Music gibt, hat die Musik-App keine Taste zum Teilen.</translation>
+    </message>
+    <message>
+        <source>The action extension will try to look up the song in your library. This may require an internet connection and it&apos;s possible it may not be able to find the right song, for example, if you&apos;ve renamed that song. If an error occurs, you can use the app to view its information even without an internet connection.</source>
+        <translation>Die Erweiterung versucht, den Titel in deiner Mediathek zu finden. Dafür kann eine Internetverbindung nötig sein, und es kann vorkommen, dass der richtige Titel nicht gefunden wird, zum Beispiel wenn du ihn umbenannt hast. Falls ein Fehler auftritt, kannst du seine Informationen in der App ansehen, auch ohne Internetverbindung.</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>Support kontaktieren</translation>
+    </message>
+    <message>
+        <source>Reach out if you have any questions or feedback!</source>
+        <translation>Melde dich, wenn du Fragen oder Anregungen hast!</translation>
+    </message>
+    <message>
+        <source>Email the Developer</source>
+        <translation>E-Mail an den Entwickler</translation>
     </message>
 </context>
 <context>
@@ -539,6 +611,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AboutView</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AbsentRecognition</name>
     <message>
         <source>Not available on this device yet</source>
@@ -758,6 +837,14 @@
     <message>
         <source>Music Recognition</source>
         <translation>Musikerkennung</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
     </message>
 </context>
 <context>

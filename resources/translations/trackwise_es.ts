@@ -2,6 +2,35 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es_ES">
 <context>
+    <name>AboutButtons</name>
+    <message>
+        <source>More Apps</source>
+        <translation>Más apps</translation>
+    </message>
+    <message>
+        <source>Rate on App Store</source>
+        <translation>Valorar en App Store</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>Privacidad</translation>
+    </message>
+</context>
+<context>
+    <name>AboutIcon</name>
+    <message>
+        <source>App icon</source>
+        <translation>Icono de la app</translation>
+    </message>
+</context>
+<context>
+    <name>AboutView</name>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
     <name>ArtworkTile</name>
     <message>
         <source>Album artwork</source>
@@ -122,6 +151,49 @@
     <message>
         <source>Remove %1</source>
         <translation>Quitar %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpView</name>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Select any song from your music library in the Trackwise app to view its information. This works with songs you&apos;ve added to your library via Apple Music as well as purchased, matched, uploaded, and synced songs. Note that songs on Apple Music that haven&apos;t been added to your library cannot be accessed.</source>
+        <translation>Elija cualquier canción de su biblioteca musical en la app Trackwise para ver su información. Esto funciona con las canciones que haya añadido a su biblioteca desde Apple Music y también con las compradas, asociadas, subidas y sincronizadas. Tenga en cuenta que no se puede acceder a las canciones de Apple Music que no se hayan añadido a su biblioteca.</translation>
+    </message>
+    <message>
+        <source>Share Sheet Action</source>
+        <translation>Acción del menú Compartir</translation>
+    </message>
+    <message>
+        <source>Share a song in the Music app to view its information right from the share sheet. I recommend adding Get Trackwise to your favorites via Edit Actions so it&apos;s easily accessible in the top section. Note that the Music app does not have a share button for songs not available on Apple Music.</source>
+        <translation>Comparta una canción en la app Música para ver su información directamente en el menú Compartir. Le recomiendo añadir «Get Trackwise» a sus favoritos mediante «Editar acciones», para tenerla a mano en la parte superior. Tenga en cuenta que la app Música no muestra el botón de compartir en las canciones que no están disponibles en Apple Music.</translation>
+    </message>
+    <message>
+        <source>The action extension will try to look up the song in your library. This may require an internet connection and it&apos;s possible it may not be able to find the right song, for example, if you&apos;ve renamed that song. If an error occurs, you can use the app to view its information even without an internet connection.</source>
+        <translation>La extensión intentará encontrar la canción en su biblioteca. Esto puede requerir una conexión a Internet, y es posible que no encuentre la canción correcta, por ejemplo, si le ha cambiado el nombre. Si se produce un error, puede usar la app para ver su información incluso sin conexión a Internet.</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>Contactar con soporte</translation>
+    </message>
+    <message>
+        <source>Reach out if you have any questions or feedback!</source>
+        <translation>¡Escríbame si tiene preguntas o comentarios!</translation>
+    </message>
+    <message>
+        <source>Email the Developer</source>
+        <translation>Escribir al desarrollador</translation>
     </message>
 </context>
 <context>
@@ -539,6 +611,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AboutView</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Versión %1</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AbsentRecognition</name>
     <message>
         <source>Not available on this device yet</source>
@@ -758,6 +837,14 @@
     <message>
         <source>Music Recognition</source>
         <translation>Reconocimiento de música</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,35 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr_FR">
 <context>
+    <name>AboutButtons</name>
+    <message>
+        <source>More Apps</source>
+        <translation>Autres apps</translation>
+    </message>
+    <message>
+        <source>Rate on App Store</source>
+        <translation>Évaluer sur l’App Store</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>Confidentialité</translation>
+    </message>
+</context>
+<context>
+    <name>AboutIcon</name>
+    <message>
+        <source>App icon</source>
+        <translation>Icône de l’app</translation>
+    </message>
+</context>
+<context>
+    <name>AboutView</name>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
     <name>ArtworkTile</name>
     <message>
         <source>Album artwork</source>
@@ -122,6 +151,49 @@
     <message>
         <source>Remove %1</source>
         <translation>Retirer %1</translation>
+    </message>
+</context>
+<context>
+    <name>HelpView</name>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Select any song from your music library in the Trackwise app to view its information. This works with songs you&apos;ve added to your library via Apple Music as well as purchased, matched, uploaded, and synced songs. Note that songs on Apple Music that haven&apos;t been added to your library cannot be accessed.</source>
+        <translation>Choisissez n’importe quel morceau de votre bibliothèque musicale dans l’app Trackwise pour en afficher les informations. Cela fonctionne avec les morceaux ajoutés à votre bibliothèque via Apple Music comme avec ceux que vous avez achetés, mis en correspondance, téléversés ou synchronisés. Notez que les morceaux d’Apple Music qui n’ont pas été ajoutés à votre bibliothèque ne sont pas accessibles.</translation>
+    </message>
+    <message>
+        <source>Share Sheet Action</source>
+        <translation>Action du menu de partage</translation>
+    </message>
+    <message>
+        <source>Share a song in the Music app to view its information right from the share sheet. I recommend adding Get Trackwise to your favorites via Edit Actions so it&apos;s easily accessible in the top section. Note that the Music app does not have a share button for songs not available on Apple Music.</source>
+        <translation>Partagez un morceau dans l’app Musique pour en afficher les informations directement dans le menu de partage. Je vous recommande d’ajouter «&#xa0;Get Trackwise&#xa0;» à vos favoris via «&#xa0;Modifier les actions&#xa0;», afin d’y accéder facilement dans la partie supérieure. Notez que l’app Musique n’a pas de bouton de partage pour les morceaux qui ne sont pas disponibles sur Apple Music.</translation>
+    </message>
+    <message>
+        <source>The action extension will try to look up the song in your library. This may require an internet connection and it&apos;s possible it may not be able to find the right song, for example, if you&apos;ve renamed that song. If an error occurs, you can use the app to view its information even without an internet connection.</source>
+        <translation>L’extension tente de retrouver le morceau dans votre bibliothèque. Cela peut nécessiter une connexion à Internet, et il se peut qu’elle ne trouve pas le bon morceau, par exemple si vous l’avez renommé. En cas d’erreur, vous pouvez utiliser l’app pour en afficher les informations, même sans connexion à Internet.</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>Contacter l’assistance</translation>
+    </message>
+    <message>
+        <source>Reach out if you have any questions or feedback!</source>
+        <translation>N’hésitez pas à m’écrire si vous avez des questions ou des remarques&#x202f;!</translation>
+    </message>
+    <message>
+        <source>Email the Developer</source>
+        <translation>Écrire au développeur</translation>
     </message>
 </context>
 <context>
@@ -539,6 +611,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AboutView</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AbsentRecognition</name>
     <message>
         <source>Not available on this device yet</source>
@@ -758,6 +837,14 @@
     <message>
         <source>Music Recognition</source>
         <translation>Reconnaissance musicale</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
     </message>
 </context>
 <context>

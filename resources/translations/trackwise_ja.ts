@@ -2,6 +2,35 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>AboutButtons</name>
+    <message>
+        <source>More Apps</source>
+        <translation>その他のアプリ</translation>
+    </message>
+    <message>
+        <source>Rate on App Store</source>
+        <translation>App Storeで評価</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>プライバシーポリシー</translation>
+    </message>
+</context>
+<context>
+    <name>AboutIcon</name>
+    <message>
+        <source>App icon</source>
+        <translation>アプリのアイコン</translation>
+    </message>
+</context>
+<context>
+    <name>AboutView</name>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
     <name>ArtworkTile</name>
     <message>
         <source>Album artwork</source>
@@ -122,6 +151,49 @@
     <message>
         <source>Remove %1</source>
         <translation>%1を取り除く</translation>
+    </message>
+</context>
+<context>
+    <name>HelpView</name>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+    <message>
+        <source>App</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Select any song from your music library in the Trackwise app to view its information. This works with songs you&apos;ve added to your library via Apple Music as well as purchased, matched, uploaded, and synced songs. Note that songs on Apple Music that haven&apos;t been added to your library cannot be accessed.</source>
+        <translation>Trackwiseアプリでミュージックライブラリから曲を選ぶと、その情報が表示されます。Apple Musicからライブラリに追加した曲のほか、購入した曲、マッチした曲、アップロードした曲、同期した曲でもご利用いただけます。Apple Musicの曲でライブラリに追加されていないものにはアクセスできませんのでご注意ください。</translation>
+    </message>
+    <message>
+        <source>Share Sheet Action</source>
+        <translation>共有シートのアクション</translation>
+    </message>
+    <message>
+        <source>Share a song in the Music app to view its information right from the share sheet. I recommend adding Get Trackwise to your favorites via Edit Actions so it&apos;s easily accessible in the top section. Note that the Music app does not have a share button for songs not available on Apple Music.</source>
+        <translation>ミュージックアプリで曲を共有すると、共有シートからすぐに情報を表示できます。「アクションを編集」で「Get Trackwise」をよく使う項目に追加しておくと、上部からすぐに使えるのでおすすめです。Apple Musicで配信されていない曲の場合、ミュージックアプリに共有ボタンは表示されません。</translation>
+    </message>
+    <message>
+        <source>The action extension will try to look up the song in your library. This may require an internet connection and it&apos;s possible it may not be able to find the right song, for example, if you&apos;ve renamed that song. If an error occurs, you can use the app to view its information even without an internet connection.</source>
+        <translation>アクション機能拡張は、ライブラリ内でその曲を探します。インターネット接続が必要になることがあります。また、曲名を変更した場合など、正しい曲が見つからないことがあります。エラーが起きた場合でも、アプリを使えばインターネット接続がなくても情報を表示できます。</translation>
+    </message>
+    <message>
+        <source>Contact Support</source>
+        <translation>サポートに連絡</translation>
+    </message>
+    <message>
+        <source>Reach out if you have any questions or feedback!</source>
+        <translation>ご質問やご意見がありましたら、お気軽にお寄せください!</translation>
+    </message>
+    <message>
+        <source>Email the Developer</source>
+        <translation>開発者にメールを送る</translation>
     </message>
 </context>
 <context>
@@ -537,6 +609,13 @@
     </message>
 </context>
 <context>
+    <name>trackwise::AboutView</name>
+    <message>
+        <source>Version %1</source>
+        <translation>バージョン %1</translation>
+    </message>
+</context>
+<context>
     <name>trackwise::AbsentRecognition</name>
     <message>
         <source>Not available on this device yet</source>
@@ -756,6 +835,14 @@
     <message>
         <source>Music Recognition</source>
         <translation>ミュージック認識</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>このアプリについて</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
     </message>
 </context>
 <context>

@@ -63,9 +63,10 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
           [this] { return static_cast<int>(m_scenes.size()); },
           {},
           FormatLocale::fromEnvironment(),
-          QTimeZone::systemTimeZone()}
-    , m_containerServices{device.player,    preferences,      m_artworkServices,
-                          device.addresses, device.storePage, [] { return QDateTime::currentDateTime(); }}
+          QTimeZone::systemTimeZone(),
+          device.support}
+    , m_containerServices{device.player, preferences, m_artworkServices,
+                          [] { return QDateTime::currentDateTime(); }}
     , m_opening(device.scan, device.songOfFile)
     , m_placements(device.stateFile)
 {

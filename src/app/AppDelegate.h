@@ -32,7 +32,7 @@ struct AppDevice
     const RecognitionServices &recognition;
     QString cacheFolder;
     QString stateFile; ///< of where windows were
-    QUrl storePage;    ///< where reviews are written
+    SupportServices support;
     AddressOpening::SongOfFile songOfFile;
 };
 

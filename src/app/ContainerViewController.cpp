@@ -2,7 +2,6 @@
 #include "app/ContainerViewController.h"
 
 #include "app/ReviewPolicy.h"
-#include "platform/AddressOpener.h"
 #include "platform/MusicPlayer.h"
 #include "preferences/Preferences.h"
 #include "ui/Theme.h"
@@ -114,7 +113,7 @@ void ContainerViewController::runReviewPolicy()
 
 void ContainerViewController::rate()
 {
-    m_services.addresses.open(m_services.storePage);
+    m_detail.rateApp();
     closeReviewCard();
 }
 

@@ -8,7 +8,6 @@
 #include <QDateTime>
 #include <QObject>
 #include <QSizeF>
-#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -17,7 +16,6 @@
 
 namespace trackwise {
 
-class AddressOpener;
 class MusicPlayer;
 class Preferences;
 
@@ -32,8 +30,6 @@ struct ContainerServices
     MusicPlayer &player; ///< the app's own
     Preferences &preferences;
     const ArtworkServices &artwork;
-    AddressOpener &addresses;
-    QUrl storePage; ///< where reviews are written
     std::function<QDateTime()> now;
 };
 

@@ -3,6 +3,7 @@
 #include "app/StartOptions.h"
 #include "app/composition/Launch.h"
 #include "app/composition/LibraryChoice.h"
+#include "app/composition/Support.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "device/Device.h"
@@ -112,7 +113,7 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
                      device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
                      device.recognition(), QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
-                     stateFile("windows.ini"), QUrl(QStringLiteral("appstream://" TRACKWISE_APP_ID)),
+                     stateFile("windows.ini"), supportServices(device),
                      [&device](const QByteArray &path) {
                          const auto song = device.library().songForPath(path);
                          return song ? std::optional(song->item) : std::nullopt;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "detail/SupportServices.h"
 #include "information/FormatLocale.h"
 
 #include <QThreadPool>
@@ -38,6 +39,7 @@ struct DetailServices
     std::function<void(Presentation &)> openSettings;
     FormatLocale locale;
     QTimeZone zone;
+    SupportServices support;
 };
 
 } // namespace trackwise

@@ -3,6 +3,9 @@
 
 #include "artwork/ArtworkMimeData.h"
 #include "detail/DetailAlerts.h"
+#include "detail/FeedbackMail.h"
+#include "detail/StoreLinks.h"
+#include "detail/SupportScreens.h"
 #include "lookup/DroppedUrls.h"
 #include "platform/AddressOpener.h"
 #include "platform/Background.h"
@@ -267,6 +270,48 @@ void DetailViewController::presentLyrics(const MediaItem &mediaItem)
         QVariantMap{{QStringLiteral("lyrics"), mediaItem.lyrics.value_or(QString())}}));
 }
 
+void DetailViewController::presentHelp()
+{
+    presentHelpScreen(m_presentation, [controller = QPointer(this)] {
+        if (controller)
+            controller->sendFeedback();
+    });
+}
+
+void DetailViewController::presentAbout()
+{
+    const auto to = [this](void (DetailViewController::*operation)()) {
+        return [controller = QPointer(this), operation] {
+            if (controller)
+                (controller->*operation)();
+        };
+    };
+    presentAboutScreen(m_presentation, m_services.support,
+                       {.showMoreApps = to(&DetailViewController::showMoreApps),
+                        .rate = to(&DetailViewController::rateApp),
+                        .showPrivacyPolicy = to(&DetailViewController::showPrivacyPolicy)});
+}
+
+void DetailViewController::rateApp()
+{
+    openReviewPage(m_services.support.deployment, m_services.addresses);
+}
+
+void DetailViewController::showMoreApps()
+{
+    m_services.addresses.open(moreAppsAddress(m_services.support.deployment));
+}
+
+void DetailViewController::showPrivacyPolicy()
+{
+    m_services.addresses.open(privacyAddress(m_services.support.deployment));
+}
+
+void DetailViewController::sendFeedback()
+{
+    sendFeedbackMail(m_services.support, feedbackFacts(m_services.support), m_services.addresses);
+}
+
 void DetailViewController::presentSettings()
 {
     if (m_services.openSettings)
@@ -296,6 +341,12 @@ void DetailViewController::perform(int moreCommand)
         break;
     case MoreMenu::ClearSelectedSong:
         clearSelectedSong();
+        break;
+    case MoreMenu::ShowAbout:
+        presentAbout();
+        break;
+    case MoreMenu::ShowHelp:
+        presentHelp();
         break;
     case MoreMenu::OpenSettings:
         presentSettings();

@@ -80,6 +80,13 @@ public:
     /// Listens for a song, once library and microphone may be used.
     void selectSongMusicRecognition();
     void presentLyrics(const MediaItem &mediaItem);
+    void presentHelp();
+    void presentAbout();
+    void rateApp();
+    void showMoreApps();
+    void showPrivacyPolicy();
+    /// Lets the user write to whoever ships the program.
+    void sendFeedback();
 
     void presentSettings();
 

@@ -10,9 +10,11 @@ std::vector<MenuEntry> MoreMenu::entries(const State &state)
         {SelectMusicRecognition, state.isListening ? tr("Listening…") : tr("Music Recognition"),
          QStringLiteral("waveform.circle"), !state.isListening, false},
         {ClearSelectedSong, tr("Clear Selected Song"), QStringLiteral("xmark"), state.showsSong, true},
+        {ShowAbout, tr("About"), QStringLiteral("info.circle"), true, true},
+        {ShowHelp, tr("Help"), QStringLiteral("questionmark.circle"), true, false},
     };
     if (state.hasSettings)
-        entries.push_back({OpenSettings, tr("Settings"), QStringLiteral("slider.horizontal"), true, true});
+        entries.push_back({OpenSettings, tr("Settings"), QStringLiteral("slider.horizontal"), true, false});
     return entries;
 }
 

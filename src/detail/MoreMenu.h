@@ -15,7 +15,14 @@ struct MoreMenu
     Q_DECLARE_TR_FUNCTIONS(trackwise::MoreMenu)
 
 public:
-    enum Command : int { SelectNowPlaying, SelectMusicRecognition, ClearSelectedSong, OpenSettings };
+    enum Command : int {
+        SelectNowPlaying,
+        SelectMusicRecognition,
+        ClearSelectedSong,
+        ShowAbout,
+        ShowHelp,
+        OpenSettings
+    };
 
     /// What the menu depends on.
     struct State

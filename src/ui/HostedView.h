@@ -2,12 +2,14 @@
 #pragma once
 
 #include <QObject>
+#include <QSizeF>
 #include <QString>
 #include <QUrl>
 #include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
+#include <optional>
 
 namespace trackwise {
 
@@ -21,6 +23,7 @@ class HostedView : public QObject
     Q_PROPERTY(QString title READ title CONSTANT)
     Q_PROPERTY(QUrl source READ source CONSTANT)
     Q_PROPERTY(QVariantMap properties READ properties CONSTANT)
+    Q_PROPERTY(bool hasOwnSize READ hasOwnSize CONSTANT)
 
 public:
     /// @p model is kept alive as long as this and is handed to the view as the property @p modelName.
@@ -37,6 +40,11 @@ public:
         , m_properties(std::move(properties))
     {}
 
+    /// Of a sheet with a size and a ground of its own, in points; to be set before it is presented.
+    void setPreferredSize(const QSizeF &size) { m_preferredSize = size; }
+    [[nodiscard]] std::optional<QSizeF> preferredSize() const { return m_preferredSize; }
+    [[nodiscard]] bool hasOwnSize() const { return m_preferredSize.has_value(); }
+
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QUrl source() const { return m_source; }
     [[nodiscard]] const QObject *model() const { return m_model.get(); }
@@ -51,6 +59,7 @@ private:
     QVariantMap m_properties;
     std::shared_ptr<QObject> m_model;
     bool m_isQuestion = false;
+    std::optional<QSizeF> m_preferredSize;
 };
 
 } // namespace trackwise

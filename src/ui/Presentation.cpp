@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Presentation.h"
 
+#include "ui/SheetFrame.h"
+
 #include <QPointer>
 
 #include <utility>
@@ -134,6 +136,11 @@ void Presentation::finishDismissal()
         return;
     for (const Completion &completion : std::exchange(m_completions, {}))
         completion();
+}
+
+QRectF Presentation::sheetFrame(const QSizeF &room) const
+{
+    return trackwise::sheetFrame(room, m_sheet ? m_sheet->preferredSize() : std::nullopt);
 }
 
 void Presentation::cancelSheet()

@@ -5,6 +5,7 @@
 #include "ui/HostedView.h"
 
 #include <QObject>
+#include <QRectF>
 #include <QtQml/qqmlregistration.h>
 
 #include <deque>
@@ -56,6 +57,8 @@ public:
     [[nodiscard]] bool isAlertVisible() const { return m_alertVisible; }
 
     // For the views.
+    /// Where the sheet stands in a window with that much room.
+    Q_INVOKABLE [[nodiscard]] QRectF sheetFrame(const QSizeF &room) const;
     Q_INVOKABLE void setAnimated(bool animated) { m_animated = animated; }
     Q_INVOKABLE void cancelSheet();
     Q_INVOKABLE void chooseAlertAction(int index);

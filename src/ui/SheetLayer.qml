@@ -3,26 +3,24 @@ import QtQuick
 import QtQuick.Templates as T
 import Trackwise.Ui
 
-/// Shows the sheet of a presentation over its window: as wide as a phone, or of a width of its own, and centred.
+/// Shows the sheet of a presentation over its window.
 T.Popup {
     id: root
 
     required property Presentation presentation
 
     readonly property size room: parent ? Qt.size(parent.width, parent.height) : Qt.size(0, 0)
-    readonly property bool isWide: room.width >= Theme.regularWidth
-    readonly property real low: 560
-    readonly property real wideMargin: room.height < low ? topGap : 40
-    readonly property real tallest: 820
-    readonly property real topGap: 12
-    readonly property real restingY: isWide ? (room.height - height) / 2 : topGap
+    // Of this sheet: it is asked for anew with each.
+    readonly property rect frame: root.presentation.sheet ? root.presentation.sheetFrame(room) : Qt.rect(0, 0, 0, 0)
+    readonly property bool reachesLowerEdge: frame.bottom >= room.height
+    readonly property bool isFullScreen: frame.height >= room.height
     readonly property bool slides: !Theme.reducesMotion
 
     parent: T.Overlay.overlay
-    x: (room.width - width) / 2
-    y: restingY
-    width: isWide ? Theme.sheetWidth : room.width
-    height: isWide ? Math.min(tallest, room.height - 2 * wideMargin) : room.height - topGap
+    x: frame.x
+    y: frame.y
+    width: frame.width
+    height: frame.height
     modal: true
     focus: true
     visible: root.presentation.isSheetVisible
@@ -43,15 +41,16 @@ T.Popup {
     }
 
     background: Rectangle {
+        visible: root.presentation.sheet?.hasOwnSize !== true
         color: Theme.isDark ? Theme.secondarySystemBackground : Theme.systemBackground
-        radius: 16
+        radius: root.isFullScreen ? 0 : Theme.sheetRadius
 
         // On a phone the sheet reaches the lower edge: only its upper corners are round.
         Rectangle {
             anchors.bottom: parent.bottom
             width: parent.width
             height: parent.radius
-            visible: !root.isWide
+            visible: root.reachesLowerEdge
             color: parent.color
         }
     }
@@ -76,7 +75,7 @@ T.Popup {
         NumberAnimation {
             property: root.slides ? "y" : "opacity"
             from: root.slides ? root.room.height : 0
-            to: root.slides ? root.restingY : 1
+            to: root.slides ? root.frame.y : 1
             duration: Theme.sheetDuration
             easing.type: Easing.OutQuint
         }

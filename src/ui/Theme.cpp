@@ -49,26 +49,11 @@ double contrastRatio(const QColor &a, const QColor &b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-TextStyle TextStyle::inWeight(QFont::Weight weight) const
+TextStyle TextStyle::weighing(QFont::Weight weight) const
 {
     TextStyle style = *this;
     style.font.setWeight(weight);
     return style;
-}
-
-TextStyle TextStyle::bold() const
-{
-    return inWeight(QFont::Bold);
-}
-
-TextStyle TextStyle::semibold() const
-{
-    return inWeight(QFont::DemiBold);
-}
-
-TextStyle TextStyle::medium() const
-{
-    return inWeight(QFont::Medium);
 }
 
 TextStyle TextStyle::atMost(int pixelSize) const

@@ -23,10 +23,11 @@ public:
     QFont font;
     qreal lineHeight = 0;
 
-    /// The same style in bold, semibold, and in medium weight.
-    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const;
-    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle semibold() const;
-    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle medium() const;
+    /// The same style in another weight; heavy is more than bold.
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle heavy() const { return weighing(QFont::ExtraBold); }
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle bold() const { return weighing(QFont::Bold); }
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle semibold() const { return weighing(QFont::DemiBold); }
+    Q_INVOKABLE [[nodiscard]] trackwise::TextStyle medium() const { return weighing(QFont::Medium); }
     /// The same style, made smaller where its letters are higher than @p pixelSize, for places that do not
     /// grow.
     Q_INVOKABLE [[nodiscard]] trackwise::TextStyle atMost(int pixelSize) const;
@@ -34,7 +35,7 @@ public:
     friend bool operator==(const TextStyle &, const TextStyle &) = default;
 
 private:
-    [[nodiscard]] TextStyle inWeight(QFont::Weight weight) const;
+    [[nodiscard]] TextStyle weighing(QFont::Weight weight) const;
 };
 
 /// What the theme is made from. Everything here is the user's choice.
@@ -100,6 +101,8 @@ class Theme : public QObject
     Q_PROPERTY(qreal regularWidth READ regularWidth CONSTANT)
     /// Of a sheet in such a window.
     Q_PROPERTY(qreal sheetWidth READ sheetWidth CONSTANT)
+    /// Of its corners.
+    Q_PROPERTY(qreal sheetRadius READ sheetRadius CONSTANT)
     /// Screens whose shorter side is less than this are those of phones.
     Q_PROPERTY(qreal widestPhone READ widestPhone CONSTANT)
     Q_PROPERTY(int hoverDuration READ hoverDuration NOTIFY changed)
@@ -159,6 +162,7 @@ public:
     [[nodiscard]] qreal touchTarget() const { return 44; }
     [[nodiscard]] static qreal regularWidth() { return 700; }
     [[nodiscard]] static qreal sheetWidth() { return 540; }
+    [[nodiscard]] static qreal sheetRadius() { return 16; }
     [[nodiscard]] static qreal widestPhone() { return 500; }
     /// Beside the content of a screen.
     Q_INVOKABLE [[nodiscard]] static qreal margin(bool isRegularWidth = false)

@@ -73,8 +73,7 @@ struct WindowDevice : ArtworkDoubles
         library,  systemPlayer, preferences, addresses, artwork, catalog,         recognition.services,
         searches, {},           {},          {},        {},      QTimeZone::utc()};
     QDateTime now{QDate(2026, 11, 23), QTime(7, 5), Qt::UTC};
-    ContainerServices containerServices{player,    preferences, artwork,
-                                        addresses, QUrl(),      [this] { return now; }};
+    ContainerServices containerServices{player, preferences, artwork, [this] { return now; }};
 };
 
 /// A window's controllers over doubles of the device.

@@ -77,9 +77,18 @@ struct Program
         : device(openDevice(music, folder))
         , preferences(folder.filePath(u"defaults.ini"_s))
         , catalog(device->http(), {web.server.address({}).toString(), u"catalog.example"_s})
-        , app({device->library().mediaLibrary(), device->library().browser(), device->library().scan(),
-               device->player(), device->systemPlayer(), device->appearance(), device->addresses(), catalog,
-               device->recognition(), folder.path(), folder.filePath(u"windows.ini"_s), QUrl()},
+        , app({device->library().mediaLibrary(),
+               device->library().browser(),
+               device->library().scan(),
+               device->player(),
+               device->systemPlayer(),
+               device->appearance(),
+               device->addresses(),
+               catalog,
+               device->recognition(),
+               folder.path(),
+               folder.filePath(u"windows.ini"_s),
+               {}},
               preferences)
     {}
 

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "detail/Deployment.h"
+#include "platform/SystemDescription.h"
+
+#include <functional>
+#include <memory>
+
+namespace trackwise {
+
+class DeviceConditions;
+class MailComposer;
+
+/// What the about and help screens, their links and the feedback mail need; one for all windows. Each may be
+/// missing.
+struct SupportServices
+{
+    Deployment deployment;
+    MailComposer *mail = nullptr;
+    /// Looks at the device only while the answer is kept.
+    std::function<std::shared_ptr<DeviceConditions>()> makeConditions;
+    std::function<SystemDescription()> describeSystem;
+};
+
+} // namespace trackwise
