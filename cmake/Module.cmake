@@ -20,6 +20,8 @@ include(Sanitizers)
 set(TRACKWISE_WARNINGS -Wall -Wextra -Wno-missing-field-initializers -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
     -Wduplicated-cond -Wlogical-op -Wcast-qual -Wformat=2 -Wimplicit-fallthrough)
 if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+    # What the program jumps through cannot be overwritten by what it reads.
+    target_link_options(trackwise_flags INTERFACE LINKER:-z,relro,-z,now)
     # Where it optimises, GCC 12 takes every QPointer that was just looked at for one that may be null.
     list(REMOVE_ITEM TRACKWISE_WARNINGS -Wnull-dereference)
 endif()

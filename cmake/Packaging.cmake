@@ -40,8 +40,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(loaded
     qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtqml
     qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-dialogs
-    qml6-module-qt-labs-folderlistmodel qml6-module-qtqml-models qml6-module-qtqml-workerscript
-    qt6-qpa-plugins)
+    qml6-module-qt-labs-folderlistmodel qml6-module-qt-labs-platform qml6-module-qtqml-models
+    qml6-module-qtqml-workerscript qt6-qpa-plugins)
 list(JOIN loaded ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 # Without these it runs, but not everywhere, or not as well.
 set(recommended
