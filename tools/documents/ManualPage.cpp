@@ -39,7 +39,7 @@ QByteArray optionItems(std::span<const Option> options)
     for (const Option &option : options) {
         items += ".It " + flagOf(option) + '\n' + sentences(option.help);
         if (!option.choices.empty())
-            items += "One of " + bytes(option.choices).replace(" ", ", ") + ".\n";
+            items += sentences("One of " + bytes(option.choices).replace(" ", ", ").toStdString() + ".");
     }
     return items;
 }
