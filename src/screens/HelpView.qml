@@ -75,6 +75,7 @@ FocusScope {
                 text: qsTr("Reach out if you have any questions or feedback!")
             }
             PlainButton {
+                anchors.left: parent.left // leading in every language
                 text: qsTr("Email the Developer")
                 style: Theme.body.atMost(root.largestButton)
                 onClicked: root.screen.contactSupport()
