@@ -4,7 +4,6 @@
 #include "device/integration/FeedbackHaptics.h"
 #include "device/recognizer/AbsentRecognition.h"
 
-#include <QAccessible>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -59,10 +58,9 @@ Result<std::unique_ptr<Device>> Device::open(const Options &options)
 }
 
 Device::Device(const Options &options, Files files)
-    : m_settingsFile(std::move(files.settings))
-    , m_accessFile(std::move(files.access))
-    , m_settings(*m_settingsFile)
-    , m_musicFolders(*m_settingsFile)
+    : m_files{std::move(files.settings), std::move(files.access)}
+    , m_settings(*m_files.settings)
+    , m_musicFolders(*m_files.settings)
     , m_appearance(m_settings)
     , m_library(std::move(files.library))
     , m_player([songs = m_library.get()](PersistentID id) { return pathOf(*songs, id); })
@@ -70,12 +68,7 @@ Device::Device(const Options &options, Files files)
     , m_systemPlayer(m_library->matching(), QDBusConnection::sessionBus(), options.appId)
     , m_addresses([this] { return m_systemPlayer.raisePlayer(); })
     , m_http(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/http"))
-    , m_audioSession(m_settings)
-    , m_recognition{m_audioSession, [] { return std::make_unique<AbsentRecognition>(); },
-                    [appId = options.appId] {
-                        return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus());
-                    },
-                    [] { return QAccessible::isActive(); }}
+    , m_recognition(m_settings, options.appId)
 {
     connectCounts();
     followIgnoredPlayers();
@@ -85,6 +78,13 @@ Device::Device(const Options &options, Files files)
 }
 
 Device::~Device() = default;
+
+Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId)
+    : audioSession(settings)
+    , services{audioSession, [] { return std::make_unique<AbsentRecognition>(); },
+               [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
+               [this] { return conditions.isScreenReaderRunning(); }}
+{}
 
 void Device::connectCounts()
 {
@@ -108,7 +108,7 @@ void Device::followIgnoredPlayers()
 void Device::followChoiceOfFolders()
 {
     QObject::connect(&m_musicFolders, &MusicFolders::foldersDidChange, &m_library->mediaLibrary(), [this] {
-        m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_settingsFile).musicFolders);
+        m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_files.settings).musicFolders);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "device/audio/LinuxAudioSession.h"
 #include "device/integration/DesktopAddressOpener.h"
 #include "device/integration/DesktopAppearance.h"
+#include "device/integration/DesktopConditions.h"
 #include "device/integration/NetworkHttpClient.h"
 #include "device/integration/PortalMailComposer.h"
 #include "device/integration/StoredDeviceSettings.h"
@@ -50,9 +51,9 @@ public:
     [[nodiscard]] MusicPlayer &player() { return m_player; }
     [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
     [[nodiscard]] HttpClient &http() { return m_http; }
-    [[nodiscard]] LinuxAudioSession &audioSession() { return m_audioSession; }
-    [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition; }
-    [[nodiscard]] QSettings &settingsFile() { return *m_settingsFile; }
+    [[nodiscard]] LinuxAudioSession &audioSession() { return m_recognition.audioSession; }
+    [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition.services; }
+    [[nodiscard]] QSettings &settingsFile() { return *m_files.settings; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
     [[nodiscard]] MailComposer &mail() { return m_mail; }
 
@@ -63,8 +64,11 @@ private:
     void followIgnoredPlayers();
     void followChoiceOfFolders();
 
-    std::unique_ptr<QSettings> m_settingsFile;
-    std::unique_ptr<QSettings> m_accessFile; ///< of a library other than that of the settings
+    struct
+    {
+        std::unique_ptr<QSettings> settings;
+        std::unique_ptr<QSettings> access; ///< to a library other than that of the settings
+    } m_files;
     StoredDeviceSettings m_settings;
     StoredMusicFolders m_musicFolders;
     DesktopAppearance m_appearance;
@@ -75,8 +79,14 @@ private:
     DesktopAddressOpener m_addresses;
     PortalMailComposer m_mail;
     NetworkHttpClient m_http;
-    LinuxAudioSession m_audioSession;
-    RecognitionServices m_recognition;
+    struct Recognition
+    {
+        Recognition(DeviceSettings &settings, const QString &appId);
+
+        LinuxAudioSession audioSession;
+        DesktopConditions conditions;
+        RecognitionServices services;
+    } m_recognition;
 };
 
 } // namespace trackwise

@@ -44,7 +44,7 @@ struct Window : WindowDevice
     }
     [[nodiscard]] bool isAtRest() const
     {
-        return place() == QRectF((window().width() - 290) / 2, 11, 290, 50) && place().left() > 0;
+        return place() == QRectF((window().width() - 290) / 2.0, 11, 290, 50) && place().left() > 0;
     }
     bool listen()
     {
