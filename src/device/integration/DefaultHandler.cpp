@@ -15,7 +15,7 @@ constexpr auto patience = 5s; // a shell script that reads a few small files
 } // namespace
 
 void findDefaultHandler(const QString &mimeType, QObject *receiver,
-                        std::function<void(std::optional<QString> handler)> then)
+                        const std::function<void(std::optional<QString> handler)> &then)
 {
     auto *query = new QProcess(receiver);
     QObject::connect(query, &QProcess::finished, receiver, [query, then] {

@@ -14,6 +14,6 @@ namespace trackwise {
 /// later, while @p receiver lives, with the name of its desktop entry: empty where there is none, absent
 /// where nothing on this system knows.
 void findDefaultHandler(const QString &mimeType, QObject *receiver,
-                        std::function<void(std::optional<QString> handler)> then);
+                        const std::function<void(std::optional<QString> handler)> &then);
 
 } // namespace trackwise
