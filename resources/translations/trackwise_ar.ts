@@ -703,6 +703,14 @@
         <source>Select Song from Music Recognition</source>
         <translation>اختيار أغنية بالتعرف على الموسيقى</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>حول</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>المساعدة</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

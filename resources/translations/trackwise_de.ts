@@ -695,6 +695,14 @@
         <source>Select Song from Music Recognition</source>
         <translation>Titel per Musikerkennung auswählen</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -695,6 +695,14 @@
         <source>Select Song from Music Recognition</source>
         <translation>Seleccionar canción con el reconocimiento de música</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Ayuda</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

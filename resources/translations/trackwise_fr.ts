@@ -695,6 +695,14 @@
         <source>Select Song from Music Recognition</source>
         <translation>Choisir un morceau par reconnaissance musicale</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Aide</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

@@ -693,6 +693,14 @@
         <source>Select Song from Music Recognition</source>
         <translation>ミュージック認識で曲を選択</translation>
     </message>
+    <message>
+        <source>About</source>
+        <translation>このアプリについて</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>ヘルプ</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::Launch</name>

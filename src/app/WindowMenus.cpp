@@ -49,6 +49,8 @@ bool WindowMenus::validate(KeyCommand command) const
     case KeyCommand::CloseWindow:
     case KeyCommand::Quit:
         return true;
+    case KeyCommand::PresentAbout:
+    case KeyCommand::PresentHelp:
     case KeyCommand::OpenSettings:
         return !isCovered;
     default:
@@ -70,6 +72,12 @@ void WindowMenus::perform(KeyCommand command)
         // Not from within the window's own key handling.
         QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
                                   Qt::QueuedConnection);
+        break;
+    case KeyCommand::PresentAbout:
+        m_detail.presentAbout();
+        break;
+    case KeyCommand::PresentHelp:
+        m_detail.presentHelp();
         break;
     case KeyCommand::OpenSettings:
         m_detail.presentSettings();

@@ -168,9 +168,9 @@ int main(int argc, char *argv[])
     // missing.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
         qputenv("QT_MEDIA_BACKEND", "ffmpeg");
-    // Its own remarks without a category go to the terminal. What the environment asks for is logged all the
-    // same.
-    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+    // Qt's own remarks without a category go to the terminal, and what it finds wrong with covers. What the
+    // environment asks for is logged all the same.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false\nqt.gui.imageio*=false"));
     QCoreApplication::setApplicationName(QStringLiteral("trackwise"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TRACKWISE_VERSION));
     if (argc > 1 && cli::isCommand(argv[1])) {

@@ -28,7 +28,9 @@ std::vector<MenuEntry> KeyCommands::applicationMenu(const Validate &validate)
 {
     return {
         entry(KeyCommand::NewWindow, tr("New Window"), "Ctrl+N", validate, Line::None, Reach::Everywhere),
-        entry(KeyCommand::OpenSettings, tr("Settings"), "Ctrl+,", validate, Line::Above),
+        entry(KeyCommand::PresentAbout, tr("About"), "", validate, Line::Above),
+        entry(KeyCommand::PresentHelp, tr("Help"), "F1", validate),
+        entry(KeyCommand::OpenSettings, tr("Settings"), "Ctrl+,", validate),
         entry(KeyCommand::Quit, tr("Quit"), "Ctrl+Q", validate, Line::Above, Reach::Everywhere),
     };
 }

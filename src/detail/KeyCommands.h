@@ -13,6 +13,8 @@ namespace trackwise {
 /// What a window does when it is asked to by key, or in the menu bar.
 enum class KeyCommand : int {
     NewWindow,
+    PresentAbout,
+    PresentHelp,
     OpenSettings,
     Quit,
     SelectSong,

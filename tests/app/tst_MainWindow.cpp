@@ -306,7 +306,8 @@ private Q_SLOTS:
         const QString text = QString::fromUtf8(readme.readAll());
         for (const CommandMenu *menu : {w.scene->menus().applicationMenu(), w.scene->menus().fileMenu()}) {
             for (const MenuEntry &entry : menu->entries())
-                QVERIFY2(text.contains(u"\n| %1 |"_s.arg(entry.keys.front().toString())),
+                QVERIFY2(entry.keys.isEmpty() ||
+                             text.contains(u"\n| %1 |"_s.arg(entry.keys.front().toString())),
                          qPrintable(entry.title));
         }
     }
