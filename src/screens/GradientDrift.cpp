@@ -68,11 +68,11 @@ QVector3D gradientPlane(const GradientPoints &points, const QSizeF &size)
 double greatestChange(const QVector3D &a, const QVector3D &b)
 {
     // The difference of two planes is one too: it is greatest in a corner.
-    constexpr std::array<std::array<float, 2>, 4> corners{{{0, 0}, {1, 0}, {0, 1}, {1, 1}}};
+    const std::array corners{QVector3D(0, 0, 1), QVector3D(1, 0, 1), QVector3D(0, 1, 1), QVector3D(1, 1, 1)};
     double greatest = 0;
-    for (const auto &[u, v] : corners) {
-        const auto at = [u, v](const QVector3D &plane) {
-            return std::clamp(plane.x() * u + plane.y() * v + plane.z(), 0.0F, 1.0F);
+    for (const QVector3D &corner : corners) {
+        const auto at = [&corner](const QVector3D &plane) {
+            return std::clamp(QVector3D::dotProduct(plane, corner), 0.0F, 1.0F);
         };
         greatest = std::max<double>(greatest, std::abs(at(a) - at(b)));
     }
