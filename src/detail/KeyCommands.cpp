@@ -18,7 +18,8 @@ MenuEntry entry(KeyCommand command, const QString &title, const char *keys,
             .title = title,
             .isEnabled = validate(command),
             .startsSection = line == Line::Above,
-            .keys = QKeySequence::listFromString(QLatin1StringView(keys)),
+            .keys =
+                *keys != '\0' ? QKeySequence::listFromString(QLatin1StringView(keys)) : QList<QKeySequence>(),
             .worksEverywhere = reach == Reach::Everywhere};
 }
 

@@ -215,10 +215,11 @@ private Q_SLOTS:
         };
         const QString whole =
             u"Now Playing|music.note|true|false|Music Recognition|waveform.circle|true|false|"
-            "Clear Selected Song|xmark|%1|true|Settings|slider.horizontal|true|true|"_s;
+            "Clear Selected Song|xmark|%1|true|About|info.circle|true|true|"
+            "Help|questionmark.circle|true|false|Settings|slider.horizontal|true|false|"_s;
         QCOMPARE(rows(), whole.arg(u"false"_s));
         w.systemPlayer.item = song(4);
-        for (const int row : {-1, 4, 2}) // there is none, or it is off
+        for (const int row : {-1, 6, 2}) // there is none, or it is off
             menu.trigger(row);
         w.settle();
         QCOMPARE(w.shown(), 0U);
@@ -231,7 +232,7 @@ private Q_SLOTS:
         menu.trigger(2);
         QCOMPARE(w.shown(), 0U);
         QCOMPARE(w.openedSettings, 0);
-        menu.trigger(3);
+        menu.trigger(5);
         QCOMPARE(w.openedSettings, 1);
     }
 
