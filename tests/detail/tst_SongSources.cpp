@@ -208,8 +208,8 @@ private Q_SLOTS:
         const auto rows = [&menu] {
             QString texts;
             for (int row = 0; row < menu.rowCount(); ++row)
-                for (const int role : {CommandMenu::TitleRole, CommandMenu::SymbolRole, CommandMenu::EnabledRole,
-                                       CommandMenu::StartsSectionRole})
+                for (const int role : {CommandMenu::TitleRole, CommandMenu::SymbolRole,
+                                       CommandMenu::EnabledRole, CommandMenu::StartsSectionRole})
                     texts += menu.index(row).data(role).toString() + u'|';
             return texts;
         };
