@@ -17,13 +17,16 @@
 #include "ui/Translations.h"
 
 #include <QEventLoop>
+#include <QFile>
 #include <QFont>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 using namespace trackwise;
 
@@ -178,8 +181,12 @@ int main(int argc, char *argv[])
         return static_cast<int>(cli::runCommand({argv + 1, argv + argc}));
     }
     const Result<StartOptions> options = [&] {
-        const QCoreApplication parsing(argc, argv); // no display is needed to read the options
-        return parseStartOptions(QCoreApplication::arguments());
+        // No display is needed to read the options. Nor is there an application yet: the end of one would
+        // take Qt Quick's interfaces for screen readers with it, for good.
+        QStringList arguments;
+        std::transform(argv, argv + argc, std::back_inserter(arguments),
+                       [](const char *argument) { return QFile::decodeName(argument); });
+        return parseStartOptions(arguments);
     }();
     if (!options) {
         say(options.failure().detail);
