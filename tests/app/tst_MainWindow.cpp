@@ -312,6 +312,23 @@ private Q_SLOTS:
         }
     }
 
+    void theAboutSheetHasItsOwnSizeOrFillsTheWindow()
+    {
+        Window w;
+        w.scene->detail().presentAbout();
+        QTRY_COMPARE(w.focused(), u"Close"_s);
+        const QQuickItem *screen = w.window().activeFocusItem();
+        while (screen && !screen->inherits("QQuickPopupItem"))
+            screen = screen->parentItem();
+        QVERIFY(screen);
+        const auto frame = [screen] { return screen->mapRectToScene(screen->boundingRect()); };
+        QTRY_COMPARE(frame(), QRectF(154.5, 146.5, 715, 475));
+        w.window().resize(360, 720);
+        QTRY_COMPARE(frame(), QRectF(0, 0, 360, 720));
+        QTest::keyClick(&w.window(), Qt::Key_Escape);
+        QTRY_VERIFY(!w.scene->presentation().isPresenting());
+    }
+
     void laysOutTheColumns()
     {
         const std::pair<QSize, int> rows[]{
