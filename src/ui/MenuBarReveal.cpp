@@ -57,7 +57,7 @@ bool MenuBarReveal::eventFilter(QObject *watched, QEvent *event)
         m_isAltAlone = false;
         if (m_isWalking && !m_isCovered && m_menuBar &&
             static_cast<QPointerEvent *>(event)->point(0).scenePosition().y() >= m_menuBar->height())
-            setWalking(false);
+            leave();
         break;
     case QEvent::FocusOut:
         m_isAltAlone = false;
