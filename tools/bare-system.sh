@@ -63,6 +63,7 @@ begin() { # FOLDER
     for command in debootstrap unshare chroot; do
         command -v "$command" >/dev/null || die "$command is needed"
     done
+    mkdir -p "$1"
     work=$(mktemp -d "$(realpath "$1")/$tool.XXXXXX")
     inner=''
     trap clean_up EXIT
