@@ -24,5 +24,7 @@ Instantiator {
         sequences: keys
         enabled: isEnabled && root.isActive
         onActivated: root.menu.trigger(index)
+        // The desktop's menu knows the same keys, and takes turns with us.
+        onActivatedAmbiguously: root.menu.trigger(index)
     }
 }

@@ -46,7 +46,7 @@ T.MenuItem {
 
             anchors.left: parent.left
             anchors.leftMargin: 12
-            anchors.right: keys.left
+            anchors.right: keys.visible ? keys.left : symbol.left
             anchors.rightMargin: 14
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
@@ -60,6 +60,7 @@ T.MenuItem {
             anchors.right: symbol.left
             anchors.rightMargin: symbol.width > 0 ? 14 : 0
             anchors.verticalCenter: parent.verticalCenter
+            visible: root.width >= root.implicitWidth // else the command has the room
             text: root.keyText
             style: Theme.footnote
             color: Theme.secondaryLabel

@@ -289,6 +289,11 @@ private Q_SLOTS:
             Window other;
             other.scene->menus().setPlace(place);
             walk(other, {{{Qt::Key_F10, Qt::Key_Alt}, false}});
+            QSignalSpy windows(&other.scene->menus(), &WindowMenus::newWindowKeyCommanded);
+            for (int press = 1; press < 4; ++press) {
+                QTest::keySequence(&other.window(), QKeySequence::New);
+                QCOMPARE(windows.size(), press);
+            }
         }
         Window always;
         always.scene->menus().setPlace(MenuBarPlace::InWindow);
