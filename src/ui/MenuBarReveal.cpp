@@ -10,6 +10,16 @@
 
 namespace trackwise {
 
+namespace {
+
+// Besides the key that the menu bar knows itself.
+bool opensMenu(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Up;
+}
+
+} // namespace
+
 void MenuBarReveal::setMenuBar(QQuickItem *menuBar)
 {
     if (menuBar == m_menuBar)
@@ -33,6 +43,17 @@ void MenuBarReveal::watchWindow(QQuickWindow *window)
         window->installEventFilter(this);
 }
 
+bool MenuBarReveal::isAtBar() const
+{
+    return m_isWalking && !m_isCovered && m_menuBar && m_menuBar->hasActiveFocus();
+}
+
+bool MenuBarReveal::press(Qt::Key key)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    return QCoreApplication::sendEvent(m_menuBar, &event);
+}
+
 bool MenuBarReveal::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -45,7 +66,7 @@ bool MenuBarReveal::eventFilter(QObject *watched, QEvent *event)
             toggle();
             return true;
         }
-        break;
+        return opensMenu(key->key()) && isAtBar() && press(Qt::Key_Down);
     }
     case QEvent::KeyRelease:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt && std::exchange(m_isAltAlone, false) &&
@@ -59,6 +80,7 @@ bool MenuBarReveal::eventFilter(QObject *watched, QEvent *event)
             static_cast<QPointerEvent *>(event)->point(0).scenePosition().y() >= m_menuBar->height())
             leave();
         break;
+    case QEvent::Wheel:
     case QEvent::FocusOut:
         m_isAltAlone = false;
         break;
@@ -87,10 +109,8 @@ void MenuBarReveal::goToFirstMenu()
     QQuickItem *first = nullptr;
     QMetaObject::invokeMethod(m_menuBar, "itemAt", Q_RETURN_ARG(QQuickItem *, first), Q_ARG(int, 0));
     const int count = m_menuBar->property("count").toInt();
-    for (int step = 0; step < count && first && !first->property("highlighted").toBool(); ++step) {
-        QKeyEvent next(QEvent::KeyPress, isMirrored ? Qt::Key_Left : Qt::Key_Right, Qt::NoModifier);
-        QCoreApplication::sendEvent(m_menuBar, &next);
-    }
+    for (int step = 0; step < count && first && !first->property("highlighted").toBool(); ++step)
+        press(isMirrored ? Qt::Key_Left : Qt::Key_Right);
 }
 
 void MenuBarReveal::menuDidClose()

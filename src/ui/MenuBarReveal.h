@@ -47,6 +47,8 @@ private:
     void toggle();
     void setWalking(bool isWalking);
     void goToFirstMenu();
+    [[nodiscard]] bool isAtBar() const;
+    bool press(Qt::Key key);
 
     QPointer<QQuickItem> m_menuBar;
     QPointer<QQuickWindow> m_window;

@@ -281,7 +281,7 @@ private Q_SLOTS:
         QTest::keyRelease(&w.window(), Qt::Key_Alt);
         walk(w, {{{}, false}, {{Qt::Key_F10}, true}});
         QTest::mouseClick(&w.window(), Qt::LeftButton, {}, {500, 500});
-        walk(w, {{{}, false}, {{Qt::Key_F10, Qt::Key_Right, Qt::Key_Down}, true}});
+        walk(w, {{{}, false}, {{Qt::Key_F10, Qt::Key_Right, Qt::Key_Return}, true}});
         QTest::keyClick(&w.window(), Qt::Key_Return);
         QTRY_COMPARE(w.focused(), u"Search Songs"_s);
         walk(w, {{{Qt::Key_F10, Qt::Key_Alt}, false}}); // keys are the sheet's
