@@ -18,17 +18,29 @@ Item {
     readonly property real roomAtButton: 4
     readonly property real roomAtEnd: 15
 
-    component Line: StyledText {
+    component Line: Item {
+        id: line
+
+        property alias text: letters.text
+        property alias style: letters.style
+        property alias color: letters.color
+
         width: texts.width
-        height: Math.min(style.lineHeight, root.lineRoom)
-        lineHeightMode: Text.ProportionalHeight
-        lineHeight: 1
-        horizontalAlignment: Text.AlignLeft // the leading edge, whatever the text
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideRight
-        fontSizeMode: Text.Fit
-        minimumPixelSize: Math.ceil(root.minimumScale * font.pixelSize)
-        Accessible.ignored: true
+        height: Math.min(letters.style.lineHeight, root.lineRoom)
+
+        // Made smaller as a whole: sizes of fonts are whole pixels, too coarse for small letters.
+        StyledText {
+            id: letters
+
+            width: parent.width / scale
+            scale: Math.max(root.minimumScale, Math.min(1, parent.width / Math.ceil(implicitWidth), root.lineRoom / style.lineHeight))
+            transformOrigin: LayoutMirroring.enabled ? Item.Right : Item.Left
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            horizontalAlignment: Text.AlignLeft // the leading edge, whatever the text
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
     }
 
     Symbol {

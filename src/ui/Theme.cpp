@@ -140,7 +140,7 @@ QColor Theme::thinMaterial() const
 {
     QColor color(isDark() ? QRgb(0xff28282b) : QRgb(0xfff6f6f8));
     if (!m_settings.isHighContrast)
-        color.setAlphaF(0.86F);
+        color.setAlphaF(0.95F);
     return color;
 }
 

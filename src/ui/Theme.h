@@ -134,7 +134,8 @@ public:
     [[nodiscard]] QColor accent() const;
     /// Text and symbols on an accent-coloured ground.
     [[nodiscard]] QColor onAccent() const;
-    /// The ground of what floats above a screen that is still to be felt behind it.
+    /// The ground of what floats above a screen that is still to be felt behind it. What is there is not
+    /// blurred, so that it shines through only as much as leaves texts readable.
     [[nodiscard]] QColor thinMaterial() const;
     // What came of something.
     [[nodiscard]] QColor green() const;

@@ -196,6 +196,24 @@ private Q_SLOTS:
                 QVERIFY(!text->inherits("QQuickText") ||
                         w.place().contains(text->mapRectToScene(text->boundingRect())));
             }
+            // A longer text becomes smaller as far as it may, and only then is cut off.
+            QString longer = u"Band"_s;
+            w.hud().config()->setProperty("bottomText", longer);
+            const QQuickItem *line = nullptr;
+            for (const QQuickItem *text : w.item("ShazamHUDContent_")->findChildren<QQuickItem *>())
+                line = text->property("text") == longer ? text : line;
+            QVERIFY(line);
+            const qreal before = line->scale();
+            const auto grow = [&] {
+                w.hud().config()->setProperty("bottomText", longer += u'n');
+                return line->scale();
+            };
+            while (grow() >= before && longer.size() < 200) {
+            }
+            QVERIFY(!line->property("truncated").toBool());
+            while (!line->property("truncated").toBool() && longer.size() < 200)
+                grow();
+            QCOMPARE(line->scale(), RecognitionHUD::minimumScale(scale));
         }
     }
 };
