@@ -16,10 +16,11 @@ namespace {
 
 constexpr QSizeF aboutSize(715, 475);
 
+// Once: a screen that leaves can still be pressed.
 std::function<void()> dismissal(Presentation &presentation, Presentation::Completion completion = {})
 {
     return [target = QPointer(&presentation), completion = std::move(completion)] {
-        if (target)
+        if (target && target->isSheetVisible())
             target->dismiss(completion);
     };
 }
@@ -49,8 +50,7 @@ void presentAboutScreen(Presentation &presentation, const SupportServices &servi
                                .moreAppsAction = std::move(links.showMoreApps),
                                .rateAction = std::move(links.rate),
                                .privacyAction = std::move(links.showPrivacyPolicy)};
-    auto screen = std::make_shared<AboutView>(std::move(content),
-                                              services.makeConditions ? services.makeConditions() : nullptr);
+    auto screen = std::make_shared<AboutView>(std::move(content), services.conditions);
     QObject::connect(&presentation, &Presentation::sheetCancelRequested, screen.get(), &AboutView::dismiss);
     auto view = std::make_shared<HostedView>(MoreMenu::tr("About"), viewNamed(QStringLiteral("AboutView")),
                                              "screen", std::move(screen));

@@ -5,7 +5,6 @@
 #include "platform/SystemDescription.h"
 
 #include <functional>
-#include <memory>
 
 namespace trackwise {
 
@@ -18,8 +17,7 @@ struct SupportServices
 {
     Deployment deployment;
     MailComposer *mail = nullptr;
-    /// Looks at the device only while the answer is kept.
-    std::function<std::shared_ptr<DeviceConditions>()> makeConditions;
+    const DeviceConditions *conditions = nullptr;
     std::function<SystemDescription()> describeSystem;
 };
 

@@ -52,6 +52,7 @@ public:
     [[nodiscard]] MprisSystemMusicPlayer &systemPlayer() { return m_systemPlayer; }
     [[nodiscard]] HttpClient &http() { return m_http; }
     [[nodiscard]] LinuxAudioSession &audioSession() { return m_recognition.audioSession; }
+    [[nodiscard]] const DeviceConditions &conditions() const { return m_recognition.conditions; }
     [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition.services; }
     [[nodiscard]] QSettings &settingsFile() { return *m_files.settings; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }

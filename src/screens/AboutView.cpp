@@ -5,13 +5,12 @@
 
 namespace trackwise {
 
-AboutView::AboutView(Content content, std::shared_ptr<DeviceConditions> conditions)
+AboutView::AboutView(Content content, const DeviceConditions *conditions)
     : m_content(std::move(content))
-    , m_conditions(std::move(conditions))
+    , m_conditions(conditions)
 {
     if (m_conditions)
-        connect(m_conditions.get(), &DeviceConditions::conditionsDidChange, this,
-                &AboutView::allowsDriftDidChange);
+        connect(m_conditions, &DeviceConditions::conditionsDidChange, this, &AboutView::allowsDriftDidChange);
 }
 
 QString AboutView::versionLine() const

@@ -6,7 +6,6 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
-#include <memory>
 
 namespace trackwise {
 
@@ -33,8 +32,8 @@ public:
         std::function<void()> privacyAction;
     };
 
-    /// @p conditions may be null: then nothing keeps the ground from moving.
-    AboutView(Content content, std::shared_ptr<DeviceConditions> conditions);
+    /// @p conditions must outlive the screen. They may be null: then nothing keeps the ground from moving.
+    AboutView(Content content, const DeviceConditions *conditions);
 
     [[nodiscard]] QString versionLine() const;
     [[nodiscard]] QString developerName() const { return m_content.developerName; }
@@ -51,7 +50,7 @@ Q_SIGNALS:
 
 private:
     Content m_content;
-    std::shared_ptr<DeviceConditions> m_conditions;
+    const DeviceConditions *m_conditions;
 };
 
 } // namespace trackwise

@@ -22,11 +22,11 @@ public:
 struct About
 {
     QStringList asked;
-    std::shared_ptr<Conditions> conditions = std::make_shared<Conditions>();
+    Conditions conditions;
     AboutView screen{{u"1.2"_s, u"Jo Doe"_s, [this] { asked << u"dismiss"_s; },
                       [this] { asked << u"more"_s; }, [this] { asked << u"rate"_s; },
                       [this] { asked << u"privacy"_s; }},
-                     conditions};
+                     &conditions};
 };
 
 struct AboutWindow : About, ViewWindow
@@ -102,9 +102,9 @@ private Q_SLOTS:
     {
         AboutWindow about({715, 475});
         const auto change = [&](bool hasReader, bool savesPower) {
-            about.conditions->hasReader = hasReader;
-            about.conditions->savesPower = savesPower;
-            Q_EMIT about.conditions->conditionsDidChange();
+            about.conditions.hasReader = hasReader;
+            about.conditions.savesPower = savesPower;
+            Q_EMIT about.conditions.conditionsDidChange();
             return about.drift()->isRunning();
         };
         QVERIFY(about.drift()->isRunning());
@@ -112,6 +112,8 @@ private Q_SLOTS:
         QVERIFY(!change(true, false));
         QVERIFY(!change(false, true));
         QVERIFY(change(false, false));
+        QTRY_VERIFY(about.drift()->startPoint().y() < 0);
+        QVERIFY(about.drift()->startPoint().y() > -0.5); // slowly
         const AboutWindow still({715, 475}, {.reducesMotion = true});
         QVERIFY(!still.drift()->isRunning());
         QCOMPARE(still.drift()->startPoint(), QPointF(0, 0));

@@ -2,7 +2,6 @@
 #include "app/composition/Support.h"
 
 #include "device/Device.h"
-#include "device/integration/DesktopConditions.h"
 #include "device/integration/OperatingSystem.h"
 
 namespace trackwise {
@@ -16,7 +15,7 @@ SupportServices supportServices(Device &device)
                            .developerName = QStringLiteral(TRACKWISE_DEVELOPER_NAME),
                            .webSite = QStringLiteral(TRACKWISE_WEB_SITE)},
             .mail = &device.mail(),
-            .makeConditions = [] { return std::make_shared<DesktopConditions>(); },
+            .conditions = &device.conditions(),
             .describeSystem = [] { return describeThisSystem(); }};
 }
 
