@@ -338,6 +338,42 @@ private Q_SLOTS:
         QCOMPARE(first.presentation().alert()->title(), u"No Song Playing"_s); // to the action
     }
 
+    void asksForTheMicrophoneOnceInTheWindowThatListens()
+    {
+        Program program(m_music, m_folder, m_catalog);
+        program.library.access().setStatus(LibraryAuthorizationStatus::Authorized);
+        StoredDeviceSettings &settings = program.device->settings();
+        Launch launch(program.app, *program.device, {});
+        const auto listen = [&] { program.app.scenes().back()->detail().selectSongMusicRecognition(); };
+        const auto answer = [&](int choice, const QString &followedBy) {
+            Presentation &presentation = program.app.scenes().back()->presentation();
+            QTRY_VERIFY(presentation.alert());
+            QCOMPARE(presentation.alert()->title(), u"“Trackwise” would like to access the microphone"_s);
+            QCOMPARE(presentation.alert()->actionTitles().join(u','), u"Don't Allow,OK"_s);
+            presentation.chooseAlertAction(choice);
+            QTRY_COMPARE(presentation.alert() ? presentation.alert()->title() : QString(), followedBy);
+        };
+        program.openWindow();
+        listen();
+        QTRY_VERIFY(program.app.scenes().back()->presentation().alert());
+        program.app.scenes().back()->window().close(); // goes without an answer
+        QTRY_VERIFY(program.app.scenes().empty());
+        QCOMPARE(settings.microphoneAccess(), AccessChoice::NotDetermined);
+
+        program.openWindow();
+        listen();
+        answer(0, u"No Microphone Access"_s);
+        QCOMPARE(settings.microphoneAccess(), AccessChoice::Denied);
+        settings.setMicrophoneAccess(AccessChoice::NotDetermined);
+        program.openWindow();
+        listen();
+        answer(1, {});
+        QCOMPARE(settings.microphoneAccess(), AccessChoice::Allowed);
+        RecognitionHUD &hud = *program.app.scenes().back()->detail().recognitionHUD();
+        QTRY_VERIFY(hud.config()); // this device has no recogniser yet
+        QCOMPARE(hud.config()->property("bottomText"), u"Not available on this device yet"_s);
+    }
+
     void offersANewLibraryInPlaceOfADamagedOne()
     {
         const std::tuple<FailureKind, QString, int> rows[]{
