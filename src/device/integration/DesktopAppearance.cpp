@@ -88,10 +88,7 @@ void DesktopAppearance::lookForDesktopMenus(const QDBusConnection &bus)
         m_desktopShowsMenus = isThere;
         update();
     };
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    question << registrar;
+    const QDBusMessage question = busCall(QStringLiteral("NameHasOwner")) << registrar;
     whenReplied(bus.asyncCall(question), this, [this, bus, registrar, follow](const QDBusMessage &reply) {
         if (!reply.arguments().value(0).toBool())
             return;
