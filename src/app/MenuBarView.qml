@@ -18,6 +18,7 @@ T.MenuBar {
     Accessible.role: Accessible.MenuBar
     Accessible.name: qsTr("Menu Bar")
     Keys.onEscapePressed: root.reveal.leave()
+    Keys.onShortcutOverride: event => { event.accepted = event.key === Qt.Key_Escape; } // not to the screen
 
     background: Rectangle {
         color: Theme.secondarySystemBackground

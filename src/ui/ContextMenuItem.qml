@@ -22,6 +22,8 @@ T.MenuItem {
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.text
     Accessible.onPressAction: root.clicked()
+    // It closes the menu, whatever else it means in the window.
+    Keys.onShortcutOverride: event => { event.accepted = event.key === Qt.Key_Escape; }
 
     background: Item {
         Rectangle {

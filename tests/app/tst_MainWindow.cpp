@@ -173,6 +173,10 @@ private Q_SLOTS:
             w.scene->detail().presentLyrics(song);
         QCOMPARE(presentation.pushedViews().size(), 1u);
         QCOMPARE(open(), 2);
+        w.scene->menus().setPlace(MenuBarPlace::OnDemand);
+        QTest::keyClick(&w.window(), Qt::Key_F10);
+        QTest::keyClick(&w.window(), Qt::Key_Escape); // leaves the menu bar only
+        QCOMPARE(presentation.pushedViews().size(), 1u);
         QTest::keySequence(&w.window(), QKeySequence(u"Alt+Left"_s));
         QTRY_VERIFY(presentation.pushedViews().empty());
         QTest::keySequence(&w.window(), QKeySequence::Open);

@@ -161,6 +161,10 @@ private Q_SLOTS:
     {
         Window w;
         QVERIFY(w.listen());
+        w.scene->menus().setPlace(MenuBarPlace::OnDemand);
+        for (const Qt::Key key : {Qt::Key_F10, Qt::Key_Down, Qt::Key_Escape}) // closes the menu first
+            QTest::keyClick(&w.window(), key);
+        QVERIFY(w.recognition.isRunning);
         w.clickCancel();
         QVERIFY(!w.recognition.isRunning);
         QTRY_VERIFY(!w.isListening());
