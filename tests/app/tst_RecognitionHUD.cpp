@@ -107,15 +107,17 @@ private Q_SLOTS:
         QTRY_VERIFY(w.scene->detail().isTrackingNowPlaying());
         const auto *focused = w.window().activeFocusItem();
         CommandMenu &menu = *w.scene->detail().moreMenu();
-        const auto recognition = [&menu] {
+        const auto recognition = [&] { // the row of the menu, and the command of the key
             return menu.index(1).data(CommandMenu::TitleRole).toString() + u'|' +
                    menu.index(1).data(CommandMenu::SymbolRole).toString() + u'|' +
-                   menu.index(1).data(CommandMenu::EnabledRole).toString();
+                   menu.index(1).data(CommandMenu::EnabledRole).toString() + u'|' +
+                   QVariant(w.scene->detail().validateCommand(KeyCommand::SelectSongMusicRecognition))
+                       .toString();
         };
-        QCOMPARE(recognition(), u"Music Recognition|waveform.circle|true"_s);
+        QCOMPARE(recognition(), u"Music Recognition|waveform.circle|true|true"_s);
         menu.trigger(1);
         QTRY_VERIFY(w.isAtRest());
-        QCOMPARE(recognition(), u"Listening…|waveform.circle|false"_s);
+        QCOMPARE(recognition(), u"Listening…|waveform.circle|false|false"_s);
         QVERIFY(!w.scene->detail().isTrackingNowPlaying());
         QCOMPARE(w.texts(), (QStringList{u"Music Recognition"_s, u"Listening…"_s}));
         QCOMPARE(w.hud().config()->symbolName(), u"mic.fill"_s);
