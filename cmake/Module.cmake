@@ -22,6 +22,11 @@ set(TRACKWISE_WARNINGS -Wall -Wextra -Wno-missing-field-initializers -Wpedantic 
 if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
     # What the program jumps through cannot be overwritten by what it reads.
     target_link_options(trackwise_flags INTERFACE LINKER:-z,relro,-z,now)
+    target_compile_options(trackwise_flags INTERFACE -fstack-protector-strong)
+    if(NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE") # which packagers' own flags may set higher
+        target_compile_definitions(trackwise_flags INTERFACE
+            $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>) # it needs an optimizer
+    endif()
     # Where it optimises, GCC 12 takes every QPointer that was just looked at for one that may be null.
     list(REMOVE_ITEM TRACKWISE_WARNINGS -Wnull-dereference)
 endif()
