@@ -24,6 +24,7 @@ FocusScope {
     readonly property real closeSize: 60
 
     focus: true
+    Keys.onPressed: event => event.accepted = keyboard.scrollForKey(event.key, page.contentY)
 
     AboutGround {
         anchors.fill: parent
@@ -109,6 +110,8 @@ FocusScope {
         }
     }
     KeyboardScrolling {
+        id: keyboard
+
         page: page
         air: root.bottomPadding
         lineStep: 3 * Theme.caption.lineHeight

@@ -17,6 +17,7 @@ FocusScope {
     readonly property int largestButton: 24 // pixels: larger ones do not fit a phone
 
     focus: true
+    Keys.onPressed: event => page.scrollForEvent(event)
 
     NavigationBar {
         id: bar

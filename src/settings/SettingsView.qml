@@ -16,6 +16,7 @@ FocusScope {
     readonly property list<string> motions: [qsTr("Automatic"), qsTr("Reduced"), qsTr("Full")]
 
     focus: true
+    Keys.onPressed: event => page.scrollForEvent(event)
 
     NavigationBar {
         id: bar

@@ -48,10 +48,13 @@ FocusScope {
         return keyboard.scrollForKey(key, root.goal);
     }
 
-    onLowestChanged: root.showsEnd && root.scrollTo(Infinity)
-    Keys.onPressed: event => {
+    /// For keys that come to something beside the page, too.
+    function scrollForEvent(event: KeyEvent) {
         event.accepted = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier && root.scrollForKey(event.key);
     }
+
+    onLowestChanged: root.showsEnd && root.scrollTo(Infinity)
+    Keys.onPressed: event => root.scrollForEvent(event)
 
     Flickable {
         id: flickable

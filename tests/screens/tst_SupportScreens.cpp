@@ -93,9 +93,13 @@ private Q_SLOTS:
         AboutWindow large({720, 360}, {.textScale = 3.12});
         QVERIFY(!large.isRow()); // would not be read in one
         QVERIFY(large.place(u"Privacy Policy"_s).top() > 360);
-        large.press(Qt::Key_Backtab);
-        QTRY_VERIFY(large.place(u"Privacy Policy"_s).bottom() <= 360);
-        QCOMPARE(large.place(u"Close"_s).top(), 0.0); // stays in its corner
+        for (const Qt::Key key : {Qt::Key_End, Qt::Key_Backtab}) {
+            large.press(key);
+            QTRY_VERIFY(large.place(u"Privacy Policy"_s).bottom() <= 360);
+            QCOMPARE(large.place(u"Close"_s).top(), 0.0); // stays in its corner
+            large.press(Qt::Key_Home);
+            QTRY_VERIFY(large.place(u"Privacy Policy"_s).top() > 360);
+        }
     }
 
     void driftsWhileNothingAsksForLessMotion()
@@ -118,6 +122,7 @@ private Q_SLOTS:
         QVERIFY(!still.drift()->isRunning());
         QCOMPARE(still.drift()->startPoint(), QPointF(0, 0));
         QCOMPARE(still.drift()->endPoint(), QPointF(1, 1));
+        QCOMPARE(still.drift()->plane(), gradientPlane({}, {715, 475}));
     }
 
     void theGradientLeavesAndComesBack()
@@ -157,9 +162,11 @@ private Q_SLOTS:
         for (const char *heading : {"Help", "App", "Share Sheet Action", "Contact Support"})
             QVERIFY(help.find(QString::fromLatin1(heading), QAccessible::Heading));
         QCOMPARE(help.place(u"Select any"_s).left(), 22.0);
-        help.window.resize(539, 900);
+        help.window.resize(539, 300);
         QTRY_COMPARE(help.place(u"Select any"_s).left(), 18.0);
-        help.press(Qt::Key_Return); // "Done" has the focus
+        help.press(Qt::Key_End); // read by keys, although "Done" has the focus
+        QTRY_VERIFY(help.place(u"Email the"_s).bottom() <= 300);
+        help.press(Qt::Key_Return);
         help.press({Qt::Key_Tab, Qt::Key_Return});
         QCOMPARE(asked, QStringList({u"dismiss"_s, u"mail"_s}));
     }
