@@ -17,10 +17,17 @@ void addNote(Sound &sound, std::size_t start, double hertz, double loudness, dou
     const std::size_t end = std::min(sound.size(), start + std::size_t(1.2 * sampleRateHz));
     for (int partial = 1; partial * hertz < 5500 && partial <= 8; ++partial) {
         const double step = 2 * std::numbers::pi * partial * hertz / sampleRateHz;
+        // A tone that fades is a resonator that was struck: each value follows from the two before it.
         const double loss = std::exp(-decay * partial / sampleRateHz);
-        double level = loudness * std::pow(brightness, partial);
-        for (std::size_t i = start; i < end; ++i, level *= loss)
-            sound[i] += float(level * std::sin(step * double(i - start)));
+        const double recent = 2 * loss * std::cos(step);
+        double before = 0;
+        double value = loudness * std::pow(brightness, partial) * loss * std::sin(step);
+        for (std::size_t i = start; i < end; ++i) {
+            sound[i] += float(value);
+            const double next = recent * value - loss * loss * before;
+            before = value;
+            value = next;
+        }
     }
 }
 

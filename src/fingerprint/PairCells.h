@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fingerprint/Peak.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace trackwise::fingerprint {
+
+/// Two peaks that follow one another closely, where they stand on the scales of cells; between cells too.
+struct PeakPair
+{
+    float first = 0;  ///< the earlier one's pitch, see pitchScale()
+    float second = 0; ///< the later one's
+    float delay = 0;  ///< frames (16 ms) from one to the other
+};
+
+/// A pair as it is looked up: both pitches and the delay, rounded.
+using Cell = std::uint32_t;
+inline constexpr int pitchCells = 288;
+inline constexpr int delayCells = 34;
+inline constexpr Cell cellCount = Cell(pitchCells) * pitchCells * delayCells;
+
+/// From peaks that are nearer the ear learns little about the song, and what is further apart goes apart when
+/// the song is played at another speed.
+inline constexpr float shortestDelay = 1.875F; ///< frames: 30 ms
+inline constexpr float longestDelay = 31.25F;  ///< frames: 0.5 s
+
+/// The place of @p bin on the scale of pitch cells. These are 10 Hz wide at the lower end, which is how
+/// exactly a bin's middle is known, and widen towards 0.6 % of the frequency, which is how far off a player's
+/// speed may be.
+float pitchScale(float bin);
+
+/// The cell that @p pair lies in; nothing outside of the scales.
+std::optional<Cell> cellOf(const PeakPair &pair);
+/// Calls @p take with the cells around @p pair, two on each scale, those that lie on the scales: one of them
+/// is where a song's pair is that was rounded the other way.
+template <typename Take>
+void forEachCellAround(const PeakPair &pair, Take &&take)
+{
+    // From the middle of a cell to the next it is half a cell either way.
+    for (const float first : {-0.5F, 0.5F}) {
+        for (const float second : {-0.5F, 0.5F}) {
+            for (const float delay : {-0.5F, 0.5F}) {
+                if (const auto cell = cellOf({pair.first + first, pair.second + second, pair.delay + delay}))
+                    take(*cell);
+            }
+        }
+    }
+}
+
+/// Calls @p take with the place in @p peaks of each that follows the one at @p first within the delay of a
+/// pair. The peaks are in the order of a PeakExtractor; @p slack widens the delays at both ends, in frames.
+template <typename Take>
+void forEachPartner(std::span<const Peak> peaks, std::size_t first, float slack, Take &&take)
+{
+    for (std::size_t second = first + 1; second < peaks.size(); ++second) {
+        const float delay = peaks[second].time - peaks[first].time;
+        if (delay > longestDelay + slack)
+            return;
+        if (delay >= shortestDelay - slack)
+            take(second);
+    }
+}
+
+/// A pair of a song's peaks: its cell and when it begins, in frames.
+struct SongPair
+{
+    Cell cell = 0;
+    float time = 0;
+};
+
+/// What is looked up of a song: each peak with its four strongest partners, which are the likeliest to be
+/// heard again. Four times the peaks is what an index can hold; a query tries all pairs.
+std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks);
+
+} // namespace trackwise::fingerprint
