@@ -16,7 +16,7 @@ target_compile_options(trackwise_flags INTERFACE
 target_link_options(trackwise_flags INTERFACE "-fsanitize=${TRACKWISE_SANITIZERS}")
 
 set(TRACKWISE_TEST_SECONDS 300)
-set(sanitizer_folder "${CMAKE_SOURCE_DIR}/tests/support/sanitizers")
+set(sanitizer_folder "${CMAKE_SOURCE_DIR}/tools/sanitizers")
 if(TRACKWISE_SANITIZERS MATCHES "address")
     list(APPEND TRACKWISE_TEST_ENVIRONMENT
         "LSAN_OPTIONS=suppressions=${sanitizer_folder}/leaks-of-libraries.supp:print_suppressions=0")
