@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fingerprint/Matcher.h"
 
+#include "fingerprint/PeakQuota.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -14,6 +16,8 @@ constexpr std::size_t candidateCount = 100;
 constexpr std::size_t candidatesForTempo = 10;
 /// Speeds that are tried where the song's own does not convince; verification bridges what lies between them.
 constexpr float otherSpeeds[]{0.98F, 1.02F, 0.96F, 1.04F};
+/// What makes further steps superfluous. More than what is certain in the end: a song that is played faster
+/// may resemble another one at its own speed.
 constexpr float convincingScore = 6;
 /// How much of the score of the best different song is taken off: where two convince, none does.
 constexpr float weightOfRival = 0.7F;
@@ -24,6 +28,17 @@ constexpr float weightOfRival = 0.7F;
 constexpr double shareOfSiblings = 0.3;
 constexpr float siblingReach = 10 * framesPerSecond;
 constexpr float siblingSlack = 2;
+
+/// The strongest of the peaks: 9 a band in a second. That is enough for most of what is played nearby.
+std::vector<Peak> thinned(std::span<const Peak> peaks)
+{
+    PeakQuota quota(9);
+    std::vector<Peak> passed;
+    for (const Peak &peak : peaks)
+        quota.push(peak, passed);
+    quota.finish(passed);
+    return passed;
+}
 
 /// The peaks as they would be at the speed 1, of what is played at @p speed.
 std::vector<Peak> atOwnSpeed(std::span<const Peak> peaks, float speed)
@@ -52,21 +67,24 @@ Matcher::Matcher(const SongIndex &index)
 
 std::optional<Match> Matcher::match(const Query &query)
 {
+    // Each step costs several times what the ones before it do, and few queries need the last.
     m_verified.clear();
-    tryAtSpeed(query, 1);
+    tryAtSpeed(query, thinned(query.peaks), 1, Probing::NearestCell);
+    if (const auto found = decide(); found && found->score >= convincingScore)
+        return found;
+    m_verified.clear();
+    tryAtSpeed(query, query.peaks, 1, Probing::CellsAround);
     tryTempos(query);
-    const auto found = decide();
-    if (found && found->score >= convincingScore)
+    if (const auto found = decide(); found && found->score >= convincingScore)
         return found;
     for (const float speed : otherSpeeds)
-        tryAtSpeed(query, speed);
+        tryAtSpeed(query, atOwnSpeed(query.peaks, speed), speed, Probing::CellsAround);
     return decide();
 }
 
-void Matcher::tryAtSpeed(const Query &query, float speed)
+void Matcher::tryAtSpeed(const Query &query, std::span<const Peak> peaks, float speed, Probing probing)
 {
-    const auto candidates = m_voting.candidates(atOwnSpeed(query.peaks, speed), query.middle() * speed,
-                                                Probing::CellsAround, candidateCount);
+    const auto candidates = m_voting.candidates(peaks, query.middle() * speed, probing, candidateCount);
     if (candidates.empty())
         return;
     const float median = candidates[candidates.size() / 2].votes;

@@ -37,7 +37,7 @@ private:
         [[nodiscard]] float score() const { return agreement.score + popularity; }
     };
 
-    void tryAtSpeed(const Query &query, float speed);
+    void tryAtSpeed(const Query &query, std::span<const Peak> peaks, float speed, Probing probing);
     void tryTempos(const Query &query);
     void sort();
     [[nodiscard]] std::optional<Match> decide() const;

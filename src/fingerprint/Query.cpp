@@ -86,7 +86,7 @@ Query Query::of(std::span<const float> samples)
             rows.insert(rows.end(), row.begin(), row.end());
     };
     PeakExtractor extractor(queryDensity);
-    extractor.push(samples, peaks, keep);
+    extractor.push(samples.first(std::min(samples.size(), longestQuery)), peaks, keep);
     extractor.finish(peaks, keep);
     return {std::move(peaks), QueryRows(rows)};
 }

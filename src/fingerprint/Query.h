@@ -41,13 +41,16 @@ private:
     std::vector<float> m_powers;
 };
 
+/// The samples of the longest sound that is asked for: 15 s. What has not been named by then never will be.
+inline constexpr std::size_t longestQuery = std::size_t(15) * sampleRateHz;
+
 /// Some seconds of sound, ready to be asked for.
 struct Query
 {
     std::vector<Peak> peaks; ///< in queryDensity
     QueryRows rows;
 
-    /// @p samples: at most 15 s, else memory grows with them.
+    /// What of @p samples follows longestQuery is left out.
     static Query of(std::span<const float> samples);
     /// The middle of the sound, in frames.
     [[nodiscard]] float middle() const { return float(rows.frames()) / 2; }

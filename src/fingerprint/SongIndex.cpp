@@ -9,7 +9,7 @@ namespace trackwise::fingerprint {
 
 namespace {
 
-/// What one hears may begin before the song does, and end behind it: by half of a query's length at most, as
+/// What one hears may begin before the song does, and end behind it: by half of the longest query at most, as
 /// places are counted from its middle.
 constexpr LinePlace margin = LinePlace(8 * framesPerSecond / framesPerPlace);
 
