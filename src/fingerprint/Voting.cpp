@@ -2,6 +2,7 @@
 #include "fingerprint/Voting.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <limits>
 
@@ -17,12 +18,17 @@ constexpr float commonest = 1e6F;
 constexpr float slack = 1;
 
 /// Most bins of a line of songs have a vote or two, and counting them exactly would take more memory than a
-/// player on a phone may use. A sketch of them, of 8 MB at most, says which are worth it: a line of 150 hours
+/// player on a phone may use. A sketch of them, of 4 MB at most, says which are worth it: a line of 150 hours
 /// fits in it without two bins in one place.
 constexpr std::size_t largestSketch = std::size_t(1) << 22;
+constexpr std::size_t smallestSketch = 64;
 constexpr std::size_t promisingBins = 3000;
-/// Steps of the sketch for a weight of 1.
-constexpr float sketchSteps = 4;
+/// The weight of one step of the sketch. A vote has 3 to 5 of the 255 that there are; whoever has all is
+/// promising.
+constexpr float sketchStep = 3;
+
+/// The places of ballots lie all over the memory: they are sent for this many ballots ahead.
+constexpr std::size_t ballotsAhead = 16;
 
 std::uint32_t binOf(LinePlace place, std::int32_t delay)
 {
@@ -34,7 +40,9 @@ std::uint32_t binOf(LinePlace place, std::int32_t delay)
 
 Voting::Voting(const SongIndex &index)
     : m_index(index)
-    , m_sketch(std::min(largestSketch, std::bit_ceil<std::size_t>(index.lineLength() / placesPerBin + 2)))
+    , m_sketch(std::clamp(std::bit_ceil<std::size_t>(index.lineLength() / placesPerBin + 2), smallestSketch,
+                          largestSketch))
+    , m_promising(m_sketch.size() / 64)
 {}
 
 std::vector<Candidate> Voting::candidates(std::span<const Peak> peaks, float middle, Probing probing,
@@ -70,44 +78,57 @@ void Voting::collect(std::span<const Peak> peaks, float middle, Probing probing)
     }
 }
 
-void Voting::sketch()
+template <typename Take>
+void Voting::forEachVote(Take &&take) const
 {
-    constexpr std::uint32_t most = std::numeric_limits<std::uint16_t>::max();
-    std::fill(m_sketch.begin(), m_sketch.end(), 0);
-    const std::size_t mask = m_sketch.size() - 1;
-    for (const Ballot &ballot : m_ballots) {
-        const auto weight = std::uint32_t(std::lround(ballot.weight * sketchSteps));
-        for (const LinePlace place : ballot.places) {
-            std::uint16_t &votes = m_sketch[binOf(place, ballot.delay) & mask];
-            votes = std::uint16_t(std::min(most, votes + weight));
-        }
+    for (std::size_t i = 0; i < m_ballots.size(); ++i) {
+        if (i + ballotsAhead < m_ballots.size())
+            __builtin_prefetch(m_ballots[i + ballotsAhead].places.data());
+        const Ballot &ballot = m_ballots[i];
+        for (const LinePlace place : ballot.places)
+            take(binOf(place, ballot.delay), ballot.weight);
     }
-    std::vector<std::uint32_t> histogram(most / 16 + 1);
-    for (const std::uint16_t votes : m_sketch)
-        ++histogram[votes / 16];
-    std::size_t level = histogram.size() - 1;
-    for (std::size_t bins = 0; level > 1 && bins + histogram[level] <= promisingBins; --level)
-        bins += histogram[level];
-    m_promising = std::uint16_t(std::min<std::size_t>(most, (level + 1) * 16));
 }
 
-bool Voting::isPromising(std::uint32_t bin) const
+void Voting::sketch()
 {
+    constexpr unsigned most = std::numeric_limits<std::uint8_t>::max();
+    std::fill(m_sketch.begin(), m_sketch.end(), 0);
     const std::size_t mask = m_sketch.size() - 1;
-    return m_sketch[bin & mask] >= m_promising || m_sketch[(bin + 1) & mask] >= m_promising ||
-           m_sketch[(bin - 1) & mask] >= m_promising;
+    forEachVote([&](std::uint32_t bin, float weight) {
+        std::uint8_t &votes = m_sketch[bin & mask];
+        votes = std::uint8_t(std::min(most, votes + unsigned(weight / sketchStep) + 1));
+    });
+    std::array<std::size_t, most + 1> histogram{};
+    for (const std::uint8_t votes : m_sketch)
+        ++histogram[votes];
+    // As many as may be promising, and the others that have as much as the last of them does not.
+    unsigned level = most;
+    for (std::size_t bins = histogram[most]; level > 1 && bins <= promisingBins; --level)
+        bins += histogram[level - 1];
+    mark(std::min(level + 1, most));
+}
+
+void Voting::mark(unsigned least)
+{
+    std::fill(m_promising.begin(), m_promising.end(), 0);
+    const std::size_t mask = m_sketch.size() - 1;
+    for (std::size_t bin = 0; bin < m_sketch.size(); ++bin) {
+        if (m_sketch[bin] < least)
+            continue;
+        for (const std::size_t near : {bin - 1, bin, bin + 1}) // its neighbours tell where in it the song is
+            m_promising[(near & mask) / 64] |= std::uint64_t(1) << near % 64;
+    }
 }
 
 void Voting::count()
 {
     m_bins.clear();
-    for (const Ballot &ballot : m_ballots) {
-        for (const LinePlace place : ballot.places) {
-            const std::uint32_t bin = binOf(place, ballot.delay);
-            if (isPromising(bin))
-                m_bins.emplace_back(bin, ballot.weight);
-        }
-    }
+    const std::size_t mask = m_sketch.size() - 1;
+    forEachVote([&](std::uint32_t bin, float weight) {
+        if ((m_promising[(bin & mask) / 64] >> bin % 64 & 1) != 0)
+            m_bins.emplace_back(bin, weight);
+    });
     std::sort(m_bins.begin(), m_bins.end());
     std::size_t kept = 0;
     for (const auto &[bin, votes] : m_bins) {

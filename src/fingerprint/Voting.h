@@ -39,15 +39,17 @@ private:
     };
 
     void collect(std::span<const Peak> peaks, float middle, Probing probing);
+    template <typename Take>
+    void forEachVote(Take &&take) const;
     void sketch();
+    void mark(unsigned least);
     void count();
-    [[nodiscard]] bool isPromising(std::uint32_t bin) const;
     [[nodiscard]] std::vector<Candidate> best(std::size_t count) const;
 
     const SongIndex &m_index;
     std::vector<Ballot> m_ballots;
-    std::vector<std::uint16_t> m_sketch; ///< the votes of each bin, roughly, bins wrapped around
-    std::uint16_t m_promising = 0;       ///< what a bin of the sketch has to have
+    std::vector<std::uint8_t> m_sketch;     ///< the votes of each bin, roughly, bins wrapped around
+    std::vector<std::uint64_t> m_promising; ///< a bit for each bin of the sketch
     std::vector<std::pair<std::uint32_t, float>> m_bins; ///< the promising bins in order, with their votes
 };
 

@@ -66,14 +66,15 @@ Sound faster(const Sound &sound, double speed)
     return result;
 }
 
-std::vector<Peak> somePeaks(unsigned seed, int count)
+std::vector<Peak> somePeaks(unsigned seed, int count, unsigned highestBin = 320)
 {
     std::mt19937 random(seed);
     std::vector<Peak> peaks;
     float time = 0;
     for (int i = 0; i < count; ++i) {
         time += float(random() % 1000) / 125; // 16 a second
-        peaks.push_back({time, float(13000 + random() % 307000) / 1000, float(1 + random() % 1000)});
+        peaks.push_back(
+            {time, float(13000 + random() % (1000 * (highestBin - 13))) / 1000, float(1 + random() % 1000)});
     }
     return peaks;
 }
@@ -158,6 +159,47 @@ private Q_SLOTS:
         }
         QVERIFY(index.places(cellCount).empty());
         QVERIFY(!index.songAt(-1) && !index.songAt(index.lineLength()));
+    }
+
+    void countsTheVotesOfAllPairs()
+    {
+        // Many songs of few notes: more bins have votes than are counted exactly.
+        SongIndexBuilder builder;
+        for (unsigned seed = 0; seed < 4; ++seed)
+            builder.add(somePeaks(seed, 6000, 40));
+        const SongIndex index = std::move(builder).build();
+        std::vector<Peak> query = somePeaks(2, 3000, 40);
+        query.erase(query.begin(), query.end() - 60);
+        const float middle = query.front().time + 100;
+        std::map<long, float> votes;
+        for (const Peak &first : query) {
+            for (const Peak &second : query) {
+                const float delay = second.time - first.time;
+                if (delay < shortestDelay - 1 || delay > longestDelay + 1)
+                    continue;
+                forEachCellAround({pitchScale(first.bin), pitchScale(second.bin), delay}, [&](Cell cell) {
+                    for (const LinePlace place : index.places(cell))
+                        votes[(place - std::lround((first.time - middle) / 4)) / 2] +=
+                            std::log(1e6F / float(index.places(cell).size()));
+                });
+            }
+        }
+        QVERIFY(votes.size() > 4000);
+        std::vector<float> expected;
+        for (const auto &[bin, here] : votes) {
+            const auto of = [&](long other) { return votes.contains(other) ? votes.at(other) : 0.0F; };
+            if (of(bin - 1) <= here && of(bin + 1) < here)
+                expected.push_back(here + std::max(of(bin - 1), of(bin + 1)));
+        }
+        std::sort(expected.begin(), expected.end(), std::greater());
+        const auto found = Voting(index).candidates(query, middle, Probing::CellsAround, 20);
+        QCOMPARE(found.size(), 20U);
+        QVERIFY(found[0].time.song == 2 && std::abs(found[0].time.frame - middle) <= 8);
+        for (std::size_t i = 0; i < found.size(); ++i)
+            QVERIFY(std::abs(found[i].votes - expected[i]) < 0.01F);
+        const auto fewer = Voting(index).candidates(query, middle, Probing::NearestCell, 20);
+        QVERIFY(fewer[0].time == found[0].time || std::abs(fewer[0].time.frame - middle) <= 8);
+        QVERIFY(fewer[0].votes < found[0].votes);
     }
 
     void namesASongFromAFewSeconds_data()
