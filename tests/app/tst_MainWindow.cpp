@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WindowControllers.h"
-#include "app/WindowScene.h"
-#include "artwork/ArtworkImageProvider.h"
+#include "app/RealWindow.h"
 #include "artwork/ArtworkMimeData.h"
 #include "detail/LinkDropTarget.h"
-#include "support/SyntheticLibrary.h"
 #include "support/Test.h"
-#include "ui/Engine.h"
 
 #include <QAccessible>
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
-#include <QQmlEngine>
 #include <QQuickItem>
 #include <QSignalSpy>
 
@@ -24,21 +19,8 @@ namespace {
 
 const QString songLink = u"https://music.apple.com/album/1?i=100"_s;
 
-/// A real window over doubles of the device.
-struct Window : WindowDevice
+struct Window : RealWindow
 {
-    Window()
-    {
-        library.add(7, "Seven", "Band", "Album", "100");
-        services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan); };
-        services.connectedScenes = [] { return 1; };
-        prepareEngine(engine);
-        engine.addImageProvider(u"artwork"_s, new ArtworkImageProvider(loader));
-        scene = std::make_unique<WindowScene>(engine, services, containerServices);
-        scene->show();
-        (void)QTest::qWaitForWindowActive(&window());
-    }
-    [[nodiscard]] QQuickWindow &window() const { return scene->window(); }
     [[nodiscard]] const Alert *alert() const { return scene->presentation().alert(); }
     [[nodiscard]] QString shownTitle() const
     {
@@ -81,11 +63,6 @@ struct Window : WindowDevice
                    focused() == alert()->actionTitles().value(alert()->preferredAction());
         });
     }
-
-    SyntheticLibrary songs{100};
-    ScriptedScan scan;
-    QQmlEngine engine;
-    std::unique_ptr<WindowScene> scene;
 };
 
 } // namespace

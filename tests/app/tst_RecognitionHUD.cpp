@@ -1,32 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/WindowControllers.h"
-#include "app/WindowScene.h"
-#include "artwork/ArtworkImageProvider.h"
-#include "support/SyntheticLibrary.h"
+#include "app/RealWindow.h"
 #include "support/Test.h"
 #include "support/ViewWindow.h"
-#include "ui/Engine.h"
-
-#include <QQmlEngine>
 
 namespace {
 
-/// A real window over doubles of the device.
-struct Window : WindowDevice
+struct Window : RealWindow
 {
-    explicit Window(const ThemeSettings &settings = {})
-    {
-        library.add(7, "Seven", "Band", "Album", "700");
-        services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan); };
-        services.connectedScenes = [] { return 1; };
-        prepareEngine(engine);
-        themeOf(engine).setSettings(settings);
-        engine.addImageProvider(u"artwork"_s, new ArtworkImageProvider(loader));
-        scene = std::make_unique<WindowScene>(engine, services, containerServices);
-        scene->show();
-        (void)QTest::qWaitForWindowActive(&window());
-    }
-    [[nodiscard]] QQuickWindow &window() const { return scene->window(); }
+    using RealWindow::RealWindow;
+
     [[nodiscard]] RecognitionHUD &hud() const { return *scene->detail().recognitionHUD(); }
     [[nodiscard]] bool isListening() const { return scene->detail().isListening(); }
     /// The item of that QML file; null when there is none.
@@ -61,33 +43,12 @@ struct Window : WindowDevice
                              (text->property("truncated").toBool() ? u"…"_s : QString());
         return found;
     }
-    /// The names of all that a screen reader finds, or of all with that role.
-    [[nodiscard]] QStringList spoken(QAccessible::Role role = QAccessible::NoRole) const
-    {
-        QStringList names;
-        std::vector<QAccessibleInterface *> elements{QAccessible::queryAccessibleInterface(&window())};
-        for (std::size_t next = 0; next < elements.size(); ++next) {
-            QAccessibleInterface *element = elements[next];
-            if (element->state().invisible)
-                continue;
-            if (role == QAccessible::NoRole || element->role() == role)
-                names << element->text(QAccessible::Name);
-            for (int i = 0; i < element->childCount(); ++i)
-                elements.push_back(element->child(i));
-        }
-        return names;
-    }
     void clickCancel() const
     {
         const QQuickItem *button = item("CancelButton_");
         QTest::mouseClick(&window(), Qt::LeftButton, {},
                           button->mapRectToScene(button->boundingRect()).center().toPoint());
     }
-
-    SyntheticLibrary songs{100};
-    ScriptedScan scan;
-    QQmlEngine engine;
-    std::unique_ptr<WindowScene> scene;
 };
 
 } // namespace
@@ -123,21 +84,22 @@ private Q_SLOTS:
         QCOMPARE(w.hud().config()->symbolName(), u"mic.fill"_s);
         QCOMPARE(w.window().activeFocusItem(), focused);
         // Its texts are not for screen readers, which get announcements.
-        const QStringList spoken = w.spoken();
+        const QStringList spoken = namesIn(w.window());
         QVERIFY(spoken.contains(u"More"_s));
         for (const QString &text : w.texts())
             QVERIFY(!spoken.contains(text));
         const auto *content = w.item("ShazamHUDContent_");
         QVERIFY(w.item("CancelButton_")->isVisible());
 
-        Q_EMIT w.recognition.session->didFind({{.catalogID = u"700"_s}});
+        Q_EMIT w.recognition.session->didFind({{.catalogID = u"100"_s}});
         QTRY_COMPARE(w.texts(), (QStringList{u"Seven"_s, u"Band"_s}));
         QCOMPARE(w.item("ShazamHUDContent_"), content);
         QVERIFY(w.isAtRest());
         QVERIFY(!w.item("CancelButton_")->isVisible());
         QCOMPARE(w.hud().config()->symbolName(), u"checkmark.circle.hierarchical"_s);
         QCOMPARE(w.scene->detail().visibleMediaItem()->title, u"Seven"_s);
-        QCOMPARE(w.spoken(QAccessible::AlertMessage), QStringList{u"Song identified, Seven by Band"_s});
+        QCOMPARE(namesIn(w.window(), QAccessible::AlertMessage),
+                 QStringList{u"Song identified, Seven by Band"_s});
 
         w.hud().dismiss();
         QTRY_VERIFY(!w.hud().config());
@@ -157,6 +119,7 @@ private Q_SLOTS:
         QVERIFY(w.recognition.isRunning);
         w.scene.reset(); // the window is closed
         QVERIFY(!w.recognition.isRunning);
+        QCOMPARE(w.recognition.calls.last(), u"playback"_s);
     }
 
     void isCancelledAboveEverything()

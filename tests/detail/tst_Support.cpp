@@ -32,19 +32,11 @@ struct Window : WindowControllers
                                        .webSite = u"https://site.example"_s};
         services.support.describeSystem = [] { return SystemDescription{u"System"_s, u"7.1"_s}; };
     }
-    [[nodiscard]] QStringList opened() const
-    {
-        QStringList result;
-        for (const QUrl &address : addresses.opened)
-            result << address.toString(QUrl::FullyEncoded);
-        return result;
-    }
-
     MailDouble mail;
 };
 
 const QString review = u"store.example/app/id12?mt=8&action=write-review"_s;
-const QString mailto = u"mailto:help%20me@example.org?subject=Trackwise"_s;
+const QUrl mailto(u"mailto:help%20me@example.org?subject=Trackwise"_s);
 
 } // namespace
 
@@ -74,7 +66,7 @@ private Q_SLOTS:
     {
         Window window;
         window.detail.sendFeedback(); // nothing composes
-        QCOMPARE(window.opened(), QStringList(mailto));
+        QCOMPARE(window.addresses.opened, std::vector{mailto});
         window.services.support.mail = &window.mail;
         window.detail.sendFeedback();
         const MailMessage expected{u"help me@example.org"_s, u"Trackwise"_s,
@@ -82,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(window.mail.composed, std::vector{expected});
         QCOMPARE(window.addresses.opened.size(), 1U);
         window.mail.unavailable();
-        QCOMPARE(window.opened(), QStringList({mailto, mailto}));
+        QCOMPARE(window.addresses.opened, std::vector({mailto, mailto}));
     }
 
     void mailsFromTheHelpScreenOnceThatHasGone()
@@ -110,13 +102,14 @@ private Q_SLOTS:
         window.detail.rateApp();
         window.detail.showMoreApps();
         window.detail.showPrivacyPolicy();
-        QStringList expected{u"itms-apps://"_s + review, u"https://store.example/developer/id34"_s,
-                             u"https://site.example/Trackwise/privacy.html"_s};
-        QCOMPARE(window.opened(), expected);
+        const QUrl inProgram(u"itms-apps://"_s + review), onTheWeb(u"https://"_s + review);
+        std::vector<QUrl> expected{inProgram, QUrl(u"https://store.example/developer/id34"_s),
+                                   QUrl(u"https://site.example/Trackwise/privacy.html"_s)};
+        QCOMPARE(window.addresses.opened, expected);
         window.addresses.refused = u"itms-apps"_s;
         window.detail.rateApp();
-        expected << u"itms-apps://"_s + review << u"https://"_s + review;
-        QCOMPARE(window.opened(), expected);
+        expected.insert(expected.end(), {inProgram, onTheWeb});
+        QCOMPARE(window.addresses.opened, expected);
     }
 };
 

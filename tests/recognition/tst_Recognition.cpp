@@ -26,6 +26,15 @@ MatchedMediaItem item(const char *catalogID, const char *title, const char *arti
     return {.catalogID = text(catalogID), .title = text(title), .artist = text(artist)};
 }
 
+/// The numbers of the kind, of the haptic (-1: none) and of the milliseconds, and the texts.
+QString described(const StateEffects &effects)
+{
+    const int haptic = effects.haptic ? static_cast<int>(*effects.haptic) : -1;
+    const auto milliseconds = effects.dismissAfter.value_or(0ms).count();
+    return u"%1 %2 %3|"_s.arg(static_cast<int>(effects.kind)).arg(haptic).arg(milliseconds) +
+           QStringList{effects.topText, effects.bottomText, effects.announcement}.join(u'|');
+}
+
 /// A controller with everything around it under the test's thumb.
 struct Attempt : RecognitionDoubles
 {
@@ -44,12 +53,8 @@ struct Attempt : RecognitionDoubles
 
     Attempt()
     {
-        library.add(7, "Seven", "Band", "Album", "700");
+        library.add(7, "Seven", "Band", "Album", "100");
         hud.setAnimated(true);
-        connectHUD();
-    }
-    void connectHUD()
-    {
         QObject::connect(&hud, &RecognitionHUD::announcementChanged, &controller, [this] {
             if (!hud.announcement().isEmpty())
                 calls << u"say "_s + hud.announcement();
@@ -72,9 +77,9 @@ struct Attempt : RecognitionDoubles
         return std::exchange(calls, {}).join(u'|');
     }
     /// The timers that run, by their milliseconds; those that go off once are negative.
-    [[nodiscard]] std::map<int, QTimer *> timers() const
+    [[nodiscard]] QMap<int, QTimer *> timers() const
     {
-        std::map<int, QTimer *> found;
+        QMap<int, QTimer *> found;
         for (QTimer *timer : controller.findChildren<QTimer *>())
             if (timer->isActive())
                 found[timer->isSingleShot() ? -timer->interval() : timer->interval()] = timer;
@@ -82,15 +87,8 @@ struct Attempt : RecognitionDoubles
     }
     void fire(int which)
     {
-        QTimerEvent event(timers().at(which)->timerId());
-        QCoreApplication::sendEvent(timers().at(which), &event);
-    }
-    [[nodiscard]] QList<int> runningTimers() const
-    {
-        QList<int> running;
-        for (const auto &[interval, timer] : timers())
-            running << interval;
-        return running;
+        QTimerEvent event(timers().value(which)->timerId());
+        QCoreApplication::sendEvent(timers().value(which), &event);
     }
 };
 
@@ -162,43 +160,26 @@ class tst_Recognition : public QObject
 private Q_SLOTS:
     void everyStateHasItsEffects()
     {
-        using Haptic = HapticNotification;
-        using Effects = std::optional<StateEffects>;
-        const QString song4 = u"Song identified"_s;
-        const auto found = [](const QString &top, const QString &bottom, const QString &said) {
-            return Effects({HUDKind::MatchFound, Haptic::Success, top, bottom, said, 3s});
+        const char *lost = "3 1 4000|Song Not Found|Couldn't find in your library|"
+                           "Song not found, couldn't find in your library";
+        const std::pair<ShazamState, const char *> rows[]{
+            {Listening{}, "0 -1 0|Music Recognition|Listening\u2026|"},
+            {MatchFound{song("Seven", "Band")}, "1 0 3000|Seven|Band|Song identified, Seven by Band"},
+            {MatchFound{song("%2", "%1")}, "1 0 3000|%2|%1|Song identified, %2 by %1"},
+            {MatchFound{song("Seven", "")}, "1 0 3000|Seven|Seven|Song identified"},
+            {MatchFound{song("", "Band")}, "1 0 3000|Song Identified|Band|Song identified"},
+            {MatchFound{}, "1 0 3000|Song Identified|--|Song identified"},
+            {NoSongFound{item("", "Seven", "Band")}, "3 1 4000|Not Found in Your Library|Seven \u2013 Band|"
+                                                     "Song not found, couldn't find in your library"},
+            {NoSongFound{item("1", "Seven", "")}, lost},
+            {NoSongFound{item("1", "", "Band")}, lost},
+            {NoSongFound{}, lost},
+            {NoMatchFound{}, "2 1 4000|No Result|Couldn't identify song|No result, couldn't identify song"},
+            {Failed{u"It is 5 %1"_s}, "4 2 4000|Error|It is 5 %1|Error occurred, It is 5 %1"},
         };
-        const auto unowned = [](const QString &top, const QString &bottom) {
-            return Effects({HUDKind::NotInLibrary, Haptic::Warning, top, bottom,
-                            u"Song not found, couldn't find in your library"_s, 4s});
-        };
-        const QString lost = u"Song Not Found"_s;
-        const QString lostBelow = u"Couldn't find in your library"_s;
-        const std::pair<ShazamState, Effects> rows[]{
-            {Idle{}, {}},
-            {Listening{},
-             Effects({HUDKind::Listening, {}, u"Music Recognition"_s, u"Listening\u2026"_s, {}, {}})},
-            {MatchFound{song("Seven", "Band")},
-             found(u"Seven"_s, u"Band"_s, u"Song identified, Seven by Band"_s)},
-            {MatchFound{song("%2", "%1")}, found(u"%2"_s, u"%1"_s, u"Song identified, %2 by %1"_s)},
-            {MatchFound{song("Seven", "")}, found(u"Seven"_s, u"Seven"_s, song4)},
-            {MatchFound{song("", "Band")}, found(u"Song Identified"_s, u"Band"_s, song4)},
-            {MatchFound{{}}, found(u"Song Identified"_s, u"--"_s, song4)},
-            {NoSongFound{item("", "Seven", "Band")},
-             unowned(u"Not Found in Your Library"_s, u"Seven \u2013 Band"_s)},
-            {NoSongFound{item("1", "Seven", "")}, unowned(lost, lostBelow)},
-            {NoSongFound{item("1", "", "Band")}, unowned(lost, lostBelow)},
-            {NoSongFound{}, unowned(lost, lostBelow)},
-            {NoMatchFound{},
-             Effects({HUDKind::NoResult, Haptic::Warning, u"No Result"_s, u"Couldn't identify song"_s,
-                      u"No result, couldn't identify song"_s, 4s})},
-            {Failed{u"It is 5 %1"_s}, Effects({HUDKind::Error, Haptic::Error, u"Error"_s, u"It is 5 %1"_s,
-                                               u"Error occurred, It is 5 %1"_s, 4s})},
-        };
-        for (const auto &[state, effects] : rows) {
-            const Effects came = effectsOf(state);
-            QVERIFY2(came == effects, qPrintable(came ? came->topText + u'|' + came->announcement : u"-"_s));
-        }
+        for (const auto &[state, effects] : rows)
+            QCOMPARE(described(effectsOf(state).value()), QString::fromUtf8(effects));
+        QVERIFY(!effectsOf(Idle{}));
     }
 
     void findsTheSongThatWasHeard()
@@ -235,23 +216,23 @@ private Q_SLOTS:
         const QString listening = u"record|activate|start|fixed|menu|prepare|hud Music Recognition"_s;
         const QString error = u"say Error occurred, %1|hud Error|playback"_s;
         QCOMPARE(a.request(), listening);
-        QCOMPARE(a.runningTimers(), (QList{250, 500}));
+        QCOMPARE(a.timers().keys(), (QList{250, 500}));
         a.fire(250);
         a.fire(500);                         // it runs
         QCOMPARE(a.request(), u"prepare"_s); // it listens already
         const auto *shown = a.hud.config();
-        a.answer({item("700", "", "")});
+        a.answer({item("100", "", "")});
         QCOMPARE(a.taken(), u"menu|haptic 0|say Song identified, Seven by Band|display 7|hud Seven|"
                             "stop|playback"_s);
         QCOMPARE(a.hud.config(), shown);
-        QCOMPARE(a.runningTimers(), QList{-3000});
+        QCOMPARE(a.timers().keys(), QList{-3000});
         a.answer({}); // too late
         QCOMPARE(a.taken(), QString());
 
         a.startFailure = Failure{FailureKind::Busy, u"not this"_s};
         QCOMPARE(a.request(),
                  u"record|activate|start|menu|haptic 2|"_s + error.arg(u"Microphone already in use"_s));
-        QCOMPARE(a.runningTimers(), QList{-4000});
+        QCOMPARE(a.timers().keys(), QList{-4000});
         a.fire(-4000);
         QCOMPARE(a.taken(), QString());
         a.startFailure = Failure{FailureKind::Unavailable, u"No sound"_s};
@@ -261,7 +242,7 @@ private Q_SLOTS:
         a.startFailure.reset();
         a.isScreenReaderRunning = true;
         QCOMPARE(a.request(), u"say Listening"_s);
-        QCOMPARE(a.runningTimers(), (QList{-4000, -500}));
+        QCOMPARE(a.timers().keys(), (QList{-4000, -500}));
         a.fire(-500);
         QCOMPARE(a.taken(), listening);
         Q_EMIT a.session->didNotFind(u"Broken"_s);
@@ -271,21 +252,6 @@ private Q_SLOTS:
         QCOMPARE(a.request(), u"alert"_s);
         a.isAuthorized = false;
         QCOMPARE(a.request(), QString());
-    }
-
-    void stopsTheMicrophoneWhenItGoes()
-    {
-        RecognitionDoubles device;
-        {
-            const ListedLibrary library;
-            RecognitionController controller(
-                device.services, library,
-                {[](auto then) { then(true); }, [] {}, [] {}, [] {}, [](auto &) {}});
-            controller.selectSongMusicRecognition();
-            QTRY_VERIFY(device.isRunning);
-        }
-        QVERIFY(!device.isRunning);
-        QCOMPARE(device.calls.last(), u"playback"_s);
     }
 
     void keepsToItsModelWhateverHappens()
@@ -312,7 +278,7 @@ private Q_SLOTS:
                     break;
                 case 2:
                     if (a.session)
-                        a.answer({item("700", "", "")});
+                        a.answer({item("100", "", "")});
                     model.end(MatchFound{}, -3000);
                     break;
                 case 3:
@@ -334,9 +300,8 @@ private Q_SLOTS:
                     model.hide();
                     break;
                 default:
-                    if (const auto timers = a.timers(); !timers.empty()) {
-                        const int timer =
-                            std::next(timers.begin(), random.bounded(static_cast<int>(timers.size())))->first;
+                    if (const QList<int> timers = a.timers().keys(); !timers.empty()) {
+                        const int timer = timers[random.bounded(static_cast<int>(timers.size()))];
                         a.fire(timer);
                         if (timer == -500) {
                             model.isStartPending = false;
@@ -349,7 +314,7 @@ private Q_SLOTS:
                 QCoreApplication::processEvents();
                 QVERIFY2(a.controller.shazamState().index() == model.state, qPrintable(story));
                 QVERIFY2(a.isRunning == model.isRunning, qPrintable(story));
-                QVERIFY2(a.runningTimers() == model.timers(), qPrintable(story));
+                QVERIFY2(a.timers().keys() == model.timers(), qPrintable(story));
                 QVERIFY2((a.hud.config() != nullptr) == !model.isIdle(), qPrintable(story));
                 QVERIFY2(a.hud.isVisible() == (!model.isIdle() && !model.isLeaving), qPrintable(story));
                 QVERIFY2(a.calls.count(u"menu"_s) == model.stateChanges, qPrintable(story));
@@ -366,7 +331,6 @@ private Q_SLOTS:
             constexpr double h = 1e-5;
             QVERIFY(std::abs(spring.position(0)) < 1e-12);
             QVERIFY(std::abs(spring.position(h)) < w * w * h * h); // at rest
-            double highest = 0;
             for (int step = 1; step <= 1000; ++step) {
                 const double t = step * duration / 500;
                 const double x = spring.position(t);
@@ -376,11 +340,7 @@ private Q_SLOTS:
                                     2 * ratio * w * (after - before) / (2 * h) + w * w * (x - 1);
                 QVERIFY(std::abs(pull) < 1e-3 * w * w);
                 QVERIFY(t < duration || std::abs(x - 1) <= 0.001);
-                highest = std::max(highest, x);
             }
-            // It swings over as far as its damping lets it, and no further.
-            const double over = std::exp(-std::numbers::pi * ratio / std::sqrt(1 - ratio * ratio));
-            QVERIFY(std::abs(highest - 1 - over) < 1e-4);
         }
         QCOMPARE(RecognitionHUD::slideInDuration(), 333);
         QCOMPARE(RecognitionHUD::slideOutDuration(), 666);

@@ -120,8 +120,6 @@ private Q_SLOTS:
         QVERIFY(about.drift()->startPoint().y() > -0.5); // slowly
         const AboutWindow still({715, 475}, {.reducesMotion = true});
         QVERIFY(!still.drift()->isRunning());
-        QCOMPARE(still.drift()->startPoint(), QPointF(0, 0));
-        QCOMPARE(still.drift()->endPoint(), QPointF(1, 1));
         QCOMPARE(still.drift()->plane(), gradientPlane({}, {715, 475}));
     }
 

@@ -10,7 +10,7 @@
 namespace trackwise {
 
 /// A microphone, a recogniser and a motor that do what the test says, and keep a list of what they were told.
-struct RecognitionDoubles
+struct RecognitionDoubles : AudioSession
 {
     QStringList calls;
     bool isGranted = true;
@@ -19,28 +19,27 @@ struct RecognitionDoubles
     bool isRunning = false;
     RecognitionSession *session = nullptr; ///< the latest
 
-    struct Audio : AudioSession
+    void requestRecordPermission(PermissionHandler handler) override { handler(isGranted); }
+    void setCategory(AudioSessionCategory category) override
+    {
+        calls << (category == AudioSessionCategory::Record ? QStringLiteral("record")
+                                                           : QStringLiteral("playback"));
+    }
+    void activate() override { calls << QStringLiteral("activate"); }
+
+    /// Knows whose it is.
+    template <typename Base>
+    struct Owned : Base
     {
         RecognitionDoubles &all;
 
-        explicit Audio(RecognitionDoubles &doubles)
+        explicit Owned(RecognitionDoubles &doubles)
             : all(doubles)
         {}
-        void requestRecordPermission(PermissionHandler handler) override { handler(all.isGranted); }
-        void setCategory(AudioSessionCategory category) override
-        {
-            all.calls << (category == AudioSessionCategory::Record ? QStringLiteral("record")
-                                                                   : QStringLiteral("playback"));
-        }
-        void activate() override { all.calls << QStringLiteral("activate"); }
     };
-    struct Session : RecognitionSession
+    struct Session : Owned<RecognitionSession>
     {
-        RecognitionDoubles &all;
-
-        explicit Session(RecognitionDoubles &doubles)
-            : all(doubles)
-        {}
+        using Owned::Owned;
         [[nodiscard]] std::optional<Failure> start() override
         {
             all.calls << QStringLiteral("start");
@@ -54,13 +53,9 @@ struct RecognitionDoubles
         }
         [[nodiscard]] bool isRunning() const override { return all.isRunning; }
     };
-    struct Haptics : NotificationHaptics
+    struct Haptics : Owned<NotificationHaptics>
     {
-        RecognitionDoubles &all;
-
-        explicit Haptics(RecognitionDoubles &doubles)
-            : all(doubles)
-        {}
+        using Owned::Owned;
         void prepare() override { all.calls << QStringLiteral("prepare"); }
         void notify(HapticNotification notification) override
         {
@@ -68,8 +63,7 @@ struct RecognitionDoubles
         }
     };
 
-    Audio audio{*this};
-    RecognitionServices services{audio,
+    RecognitionServices services{*this,
                                  [this] {
                                      auto made = std::make_unique<Session>(*this);
                                      session = made.get();

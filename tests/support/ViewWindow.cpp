@@ -37,6 +37,18 @@ void waitForLayout(const QQuickWindow &window)
         qFatal("the window was never laid out");
 }
 
+QStringList namesIn(QQuickWindow &window, QAccessible::Role role)
+{
+    std::vector<ViewWindow::Element> found;
+    collect(QAccessible::queryAccessibleInterface(&window), found);
+    QStringList result;
+    for (const ViewWindow::Element &element : found) {
+        if (role == QAccessible::NoRole || element.role == role)
+            result << element.name;
+    }
+    return result;
+}
+
 ViewWindow::ViewWindow(QSize size, const ThemeSettings &settings)
 {
     QAccessible::setActive(true);
@@ -63,14 +75,6 @@ std::vector<ViewWindow::Element> ViewWindow::elements()
     std::vector<Element> found;
     collect(QAccessible::queryAccessibleInterface(&window), found);
     return found;
-}
-
-QStringList ViewWindow::names()
-{
-    QStringList result;
-    for (const Element &element : elements())
-        result << element.name;
-    return result;
 }
 
 QQuickItem *ViewWindow::find(const QString &nameStart, QAccessible::Role role)

@@ -13,6 +13,9 @@
 
 namespace trackwise {
 
+/// The names of all that a screen reader finds in @p window, or of all with that role.
+[[nodiscard]] QStringList namesIn(QQuickWindow &window, QAccessible::Role role = QAccessible::NoRole);
+
 /// A screen in a real window of its own, read as a screen reader reads it. What the screen shows has to
 /// outlive it: derive from that first, and then from this.
 class ViewWindow
@@ -30,7 +33,7 @@ public:
     };
     /// Everything with a name that a screen reader comes across, in the order of the page.
     [[nodiscard]] std::vector<Element> elements();
-    [[nodiscard]] QStringList names();
+    [[nodiscard]] QStringList names() { return namesIn(window); }
     /// The first element whose name begins so, of any role unless one is given; null when there is none.
     [[nodiscard]] QQuickItem *find(const QString &nameStart, QAccessible::Role role = QAccessible::NoRole);
     /// In the window; only then is everything where it stays. Empty for what is not there.

@@ -31,16 +31,16 @@ private Q_SLOTS:
     {
         std::vector<Option> options(startOptions().begin(), startOptions().end());
         options.insert(options.end(), commonOptions().begin(), commonOptions().end());
-        for (const Command &command : commands()) {
+        for (const Command &command : commands())
             options.insert(options.end(), command.options.begin(), command.options.end());
-            for (const char *name : {"trackwise.1", "trackwise.bash", "_trackwise", "trackwise.fish"})
-                QVERIFY2(names(document(name), "", command.word), name);
-        }
-        for (const Option &option : options) {
-            QVERIFY2(names(document("trackwise.1"), "Fl -", option.name), option.name.data());
-            QVERIFY2(names(document("trackwise.bash"), "--", option.name), option.name.data());
-            QVERIFY2(names(document("_trackwise"), "--", option.name), option.name.data());
-            QVERIFY2(names(document("trackwise.fish"), "-l ", option.name), option.name.data());
+        for (const auto &[name, before] :
+             {std::pair("trackwise.1", "Fl -"), std::pair("trackwise.bash", "--"),
+              std::pair("_trackwise", "--"), std::pair("trackwise.fish", "-l ")}) {
+            const QByteArray text = document(name);
+            for (const Command &command : commands())
+                QVERIFY2(names(text, "", command.word), name);
+            for (const Option &option : options)
+                QVERIFY2(names(text, before, option.name), option.name.data());
         }
         QVERIFY(!document("trackwise.1").contains("\n@"));
     }

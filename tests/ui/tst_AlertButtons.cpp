@@ -11,38 +11,31 @@ class tst_AlertButtons : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void standSideBySideWhereTheyFit_data()
-    {
-        QTest::addColumn<QStringList>("titles");
-        QTest::addColumn<bool>("hasLargeLetters");
-        QTest::addColumn<bool>("areInRow");
-        const QString brief = u"No"_s, lengthy = u"Afficher la démonstration"_s;
-        QTest::newRow("two") << QStringList{u"Yes"_s, brief} << false << true;
-        QTest::newRow("the first is long") << QStringList{lengthy, brief} << false << false;
-        QTest::newRow("the last is long") << QStringList{brief, lengthy} << false << false;
-        QTest::newRow("three") << QStringList{u"Yes"_s, u"Perhaps"_s, brief} << false << false;
-        QTest::newRow("large letters") << QStringList{u"Yes"_s, brief} << true << false;
-    }
-
     void standSideBySideWhereTheyFit()
     {
-        QFETCH(const QStringList, titles);
-        QFETCH(const bool, hasLargeLetters);
-        QFETCH(const bool, areInRow);
-        std::vector<AlertAction> actions;
-        for (const QString &title : titles)
-            actions.push_back({title, AlertAction::Style::Default, {}});
-        Alert alert(u"Well?"_s, {}, std::move(actions), 0);
-        ViewWindow buttons({290, 400}, {.isAccessibilitySize = hasLargeLetters});
-        buttons.show("Ui/AlertButtons.qml", "alert", QVariant::fromValue(&alert));
-        const QRectF first = buttons.place(titles.first()), last = buttons.place(titles.last());
-        QCOMPARE(first.top() == last.top(), areInRow);
-        QCOMPARE(last.right() <= first.left(), areInRow); // the one that cancels leads in a row
-        QCOMPARE(last.top() >= first.bottom(), !areInRow);
-        QQuickItem *root = buttons.window.rootObject();
-        QVERIFY(QQmlProperty(root, u"LayoutMirroring.enabled"_s, qmlContext(root)).write(true));
-        waitForLayout(buttons.window);
-        QCOMPARE(buttons.place(titles.last()).left() >= buttons.place(titles.first()).right(), areInRow);
+        const QString brief = u"No"_s, lengthy = u"Afficher la démonstration"_s;
+        const std::tuple<QStringList, bool, bool> rows[]{
+            // The titles, whether letters are large, whether the buttons are in a row.
+            {{u"Yes"_s, brief}, false, true}, {{lengthy, brief}, false, false},
+            {{brief, lengthy}, false, false}, {{u"Yes"_s, u"Perhaps"_s, brief}, false, false},
+            {{u"Yes"_s, brief}, true, false},
+        };
+        for (const auto &[titles, hasLargeLetters, areInRow] : rows) {
+            std::vector<AlertAction> actions;
+            for (const QString &title : titles)
+                actions.push_back({title, AlertAction::Style::Default, {}});
+            Alert alert(u"Well?"_s, {}, std::move(actions), 0);
+            ViewWindow buttons({290, 400}, {.isAccessibilitySize = hasLargeLetters});
+            buttons.show("Ui/AlertButtons.qml", "alert", QVariant::fromValue(&alert));
+            const QRectF first = buttons.place(titles.first()), last = buttons.place(titles.last());
+            QCOMPARE(first.top() == last.top(), areInRow);
+            QCOMPARE(last.right() <= first.left(), areInRow); // the one that cancels leads in a row
+            QCOMPARE(last.top() >= first.bottom(), !areInRow);
+            QQuickItem *root = buttons.window.rootObject();
+            QVERIFY(QQmlProperty(root, u"LayoutMirroring.enabled"_s, qmlContext(root)).write(true));
+            waitForLayout(buttons.window);
+            QCOMPARE(buttons.place(titles.last()).left() >= buttons.place(titles.first()).right(), areInRow);
+        }
     }
 };
 

@@ -9,89 +9,61 @@
 #include <QDBusVirtualObject>
 #include <QSignalSpy>
 
-#include <memory>
+#include <optional>
 
 namespace {
-
-const QString properties = u"org.freedesktop.DBus.Properties"_s;
 
 /// A service with one property, on a connection of its own.
 class Service : public QDBusVirtualObject
 {
 public:
-    Service(const QString &name, QString path, QString interface, QString property, const QVariant &value)
-        : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name))
-        , m_path(std::move(path))
-        , m_interface(std::move(interface))
-        , m_property(std::move(property))
+    Service(BusProperty::Address address, const QVariant &value)
+        : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, address.service))
+        , m_address(std::move(address))
         , m_value(value)
     {
-        m_bus.registerVirtualObject(m_path, this);
-        m_bus.registerService(name);
+        m_bus.registerVirtualObject(m_address.path, this);
+        m_bus.registerService(m_address.service);
     }
     ~Service() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
 
     void change(const QVariant &value, bool tellsValue = true)
     {
         m_value = value;
-        QDBusMessage signal = QDBusMessage::createSignal(m_path, properties, u"PropertiesChanged"_s);
-        signal << m_interface << (tellsValue ? QVariantMap{{m_property, value}} : QVariantMap())
-               << (tellsValue ? QStringList() : QStringList(m_property));
+        QDBusMessage signal = QDBusMessage::createSignal(m_address.path, u"org.freedesktop.DBus.Properties"_s,
+                                                         u"PropertiesChanged"_s);
+        signal
+            << m_address.interface << (tellsValue ? QVariantMap{{m_address.property, value}} : QVariantMap())
+            << (tellsValue ? QStringList() : QStringList(m_address.property));
         m_bus.send(signal);
     }
 
     [[nodiscard]] QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
     {
-        if (message.arguments() != QVariantList{m_interface, m_property})
+        if (message.arguments() != QVariantList{m_address.interface, m_address.property})
             return false;
         return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(m_value))));
     }
 
 private:
     QDBusConnection m_bus;
-    QString m_path;
-    QString m_interface;
-    QString m_property;
+    BusProperty::Address m_address;
     QVariant m_value;
 };
 
-std::unique_ptr<Service> reader(bool isEnabled)
-{
-    return std::make_unique<Service>(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Status"_s,
-                                     u"ScreenReaderEnabled"_s, isEnabled);
-}
-std::unique_ptr<Service> portal(bool isSaving)
-{
-    return std::make_unique<Service>(
-        u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
-        u"org.freedesktop.portal.PowerProfileMonitor"_s, u"power-saver-enabled"_s, isSaving);
-}
-std::unique_ptr<Service> profiles(const QString &active)
-{
-    const QString name = u"org.freedesktop.UPower.PowerProfiles"_s;
-    return std::make_unique<Service>(name, u"/org/freedesktop/UPower/PowerProfiles"_s, name,
-                                     u"ActiveProfile"_s, active);
-}
-std::unique_ptr<Service> oldProfiles(const QString &active)
-{
-    const QString name = u"net.hadess.PowerProfiles"_s;
-    return std::make_unique<Service>(name, u"/net/hadess/PowerProfiles"_s, name, u"ActiveProfile"_s, active);
-}
-std::unique_ptr<Service> battery(uint warningLevel)
-{
-    return std::make_unique<Service>(u"org.freedesktop.UPower"_s,
-                                     u"/org/freedesktop/UPower/devices/DisplayDevice"_s,
-                                     u"org.freedesktop.UPower.Device"_s, u"WarningLevel"_s, warningLevel);
-}
-
-/// The private bus stands for that of the system as well.
-struct Conditions : DesktopConditions
-{
-    Conditions()
-        : DesktopConditions(QDBusConnection::sessionBus(), QDBusConnection::sessionBus())
-    {}
-};
+const BusProperty::Address reader{u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Status"_s,
+                                  u"ScreenReaderEnabled"_s};
+const BusProperty::Address portal{u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+                                  u"org.freedesktop.portal.PowerProfileMonitor"_s, u"power-saver-enabled"_s};
+const QString profilesName = u"org.freedesktop.UPower.PowerProfiles"_s;
+const BusProperty::Address profiles{profilesName, u"/org/freedesktop/UPower/PowerProfiles"_s, profilesName,
+                                    u"ActiveProfile"_s};
+const QString oldName = u"net.hadess.PowerProfiles"_s;
+const BusProperty::Address oldProfiles{oldName, u"/net/hadess/PowerProfiles"_s, oldName, u"ActiveProfile"_s};
+const BusProperty::Address battery{u"org.freedesktop.UPower"_s,
+                                   u"/org/freedesktop/UPower/devices/DisplayDevice"_s,
+                                   u"org.freedesktop.UPower.Device"_s, u"WarningLevel"_s};
 
 } // namespace
 
@@ -99,10 +71,13 @@ class tst_DesktopConditions : public QObject
 {
     Q_OBJECT
 
+    // Stands for that of the system as well.
+    const QDBusConnection m_bus = QDBusConnection::sessionBus();
+
 private Q_SLOTS:
     void holdBothUntilTheDeviceHasAnswered()
     {
-        const Conditions conditions;
+        const DesktopConditions conditions(m_bus, m_bus);
         QVERIFY(conditions.isScreenReaderRunning() && conditions.isSavingPower());
         QTRY_VERIFY(!conditions.isScreenReaderRunning() && !conditions.isSavingPower());
         const QDBusConnection none(u"no such bus"_s);
@@ -112,38 +87,38 @@ private Q_SLOTS:
 
     void followTheScreenReader()
     {
-        auto status = reader(true);
-        const Conditions conditions;
+        std::optional<Service> status(std::in_place, reader, true);
+        const DesktopConditions conditions(m_bus, m_bus);
         QTRY_VERIFY(!conditions.isSavingPower());
         QVERIFY(conditions.isScreenReaderRunning());
-        QSignalSpy changes(&conditions, &DeviceConditions::conditionsDidChange);
         status->change(false);
         QTRY_VERIFY(!conditions.isScreenReaderRunning());
+        QSignalSpy changes(&conditions, &DeviceConditions::conditionsDidChange);
         status->change(true, false); // is asked for
         QTRY_VERIFY(conditions.isScreenReaderRunning());
         status.reset();
         QTRY_VERIFY(!conditions.isScreenReaderRunning());
-        status = reader(true);
+        status.emplace(reader, true);
         QTRY_VERIFY(conditions.isScreenReaderRunning());
-        QCOMPARE(changes.size(), 4);
+        QCOMPARE(changes.size(), 3);
     }
 
     void askThoseWhoKnowBestAboutPower()
     {
-        const auto low = battery(3);
-        const Conditions conditions;
+        Service low(battery, 3U);
+        const DesktopConditions conditions(m_bus, m_bus);
         QTRY_VERIFY(!conditions.isScreenReaderRunning());
         QVERIFY(conditions.isSavingPower());
-        low->change(2U);
+        low.change(2U);
         QTRY_VERIFY(!conditions.isSavingPower());
-        const auto old = oldProfiles(u"power-saver"_s);
+        const Service old(oldProfiles, u"power-saver"_s);
         QTRY_VERIFY(conditions.isSavingPower());
-        const auto daemon = profiles(u"balanced"_s);
+        Service daemon(profiles, u"balanced"_s);
         QTRY_VERIFY(!conditions.isSavingPower());
-        auto monitor = portal(true);
+        std::optional<Service> monitor(std::in_place, portal, true);
         QTRY_VERIFY(conditions.isSavingPower());
         monitor->change(false);
-        daemon->change(u"power-saver"_s);
+        daemon.change(u"power-saver"_s);
         QTRY_VERIFY(!conditions.isSavingPower());
         monitor.reset();
         QTRY_VERIFY(conditions.isSavingPower());
