@@ -12,6 +12,9 @@ namespace {
 
 /// Under noise the right song may have hardly more votes than others; it is among this many all the same.
 constexpr std::size_t candidateCount = 100;
+/// Those of them that are compared at exact speeds: the right one is among them when its speed is half a per
+/// cent off.
+constexpr std::size_t candidatesForSpeed = 25;
 /// A changed tempo costs the votes little, so only the best are compared at others.
 constexpr std::size_t candidatesForTempo = 10;
 /// Speeds that are tried where the song's own does not convince; verification bridges what lies between them.
@@ -88,13 +91,24 @@ void Matcher::tryAtSpeed(const Query &query, std::span<const Peak> peaks, float 
     if (candidates.empty())
         return;
     const float median = candidates[candidates.size() / 2].votes;
+    std::vector<Verified> found;
     for (const Candidate &candidate : candidates) {
         const auto [song, frame] = candidate.time;
-        const Agreement agreement = bestSpeed(query.rows, m_index.peaks(song), {frame, speed, speed});
+        const Playing playing{frame, speed, speed};
+        const Agreement agreement = bestSpeed(query.rows, m_index.peaks(song), playing, Speeds::Few);
         if (std::isfinite(agreement.score))
-            m_verified.push_back({song, agreement, std::log(candidate.votes / median)});
+            found.push_back({song, agreement, std::log(candidate.votes / median)});
     }
-    sort();
+    sort(found);
+    for (std::size_t i = 0; i < std::min(candidatesForSpeed, found.size()); ++i) {
+        auto &[song, best, popularity] = found[i];
+        const Playing playing{best.playing.middle, speed, speed};
+        const Agreement agreement = bestSpeed(query.rows, m_index.peaks(song), playing, Speeds::All);
+        if (agreement.score > best.score)
+            best = agreement;
+    }
+    m_verified.insert(m_verified.end(), found.begin(), found.end());
+    sort(m_verified);
 }
 
 void Matcher::tryTempos(const Query &query)
@@ -107,12 +121,12 @@ void Matcher::tryTempos(const Query &query)
         if (agreement.score > best.score)
             best = agreement;
     }
-    sort();
+    sort(m_verified);
 }
 
-void Matcher::sort()
+void Matcher::sort(std::vector<Verified> &verified)
 {
-    std::stable_sort(m_verified.begin(), m_verified.end(),
+    std::stable_sort(verified.begin(), verified.end(),
                      [](const Verified &a, const Verified &b) { return a.score() > b.score(); });
 }
 

@@ -39,7 +39,7 @@ private:
 
     void tryAtSpeed(const Query &query, std::span<const Peak> peaks, float speed, Probing probing);
     void tryTempos(const Query &query);
-    void sort();
+    static void sort(std::vector<Verified> &verified); ///< the best first
     [[nodiscard]] std::optional<Match> decide() const;
     [[nodiscard]] bool soundAlike(const Verified &one, const Verified &other) const;
     [[nodiscard]] bool soundAlike(const Verified &one, const Verified &other, float tempo, float pitch) const;

@@ -26,7 +26,6 @@ constexpr float weightOfSurprise = 0.6F;
 constexpr float weightOfShare = 0.4F;
 
 constexpr float speedStep = 0.005F;
-constexpr int speedSteps = 3;
 constexpr int tempoSteps = 10;
 
 /// For each shift the sum of what stands out at the peaks of a song.
@@ -108,10 +107,13 @@ Agreement agreement(const QueryRows &query, std::span<const KeptPeak> peaks, con
     return result;
 }
 
-Agreement bestSpeed(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing)
+Agreement bestSpeed(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing,
+                    Speeds speeds)
 {
     Agreement best;
-    for (int step = -speedSteps; step <= speedSteps; ++step) {
+    const int outermost = speeds == Speeds::Few ? 2 : 3;
+    const int stride = speeds == Speeds::Few ? 2 : 1;
+    for (int step = -outermost; step <= outermost; step += stride) {
         const float factor = 1 + float(step) * speedStep;
         best = better(
             best, agreement(query, peaks, {playing.middle, playing.tempo * factor, playing.pitch * factor}));

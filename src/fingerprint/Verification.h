@@ -30,10 +30,13 @@ struct Agreement
 [[nodiscard]] Agreement agreement(const QueryRows &query, std::span<const KeptPeak> peaks,
                                   const Playing &playing);
 
+/// How many speeds are tried: three that differ by 1 %, which tell what is worth more, or seven by 0.5 %.
+enum class Speeds { Few, All };
+
 /// The same for the best of speeds that differ by up to 1.5 %, which is how exactly players and their clocks
 /// keep to it.
 [[nodiscard]] Agreement bestSpeed(const QueryRows &query, std::span<const KeptPeak> peaks,
-                                  const Playing &playing);
+                                  const Playing &playing, Speeds speeds);
 
 /// The same for the best of tempos that differ by up to 5 % at the same pitch, as from a player that keeps
 /// it.

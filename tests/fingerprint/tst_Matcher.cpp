@@ -73,8 +73,8 @@ std::vector<Peak> somePeaks(unsigned seed, int count, unsigned highestBin = 320)
     float time = 0;
     for (int i = 0; i < count; ++i) {
         time += float(random() % 1000) / 125; // 16 a second
-        peaks.push_back(
-            {time, float(13000 + random() % (1000 * (highestBin - 13))) / 1000, float(1 + random() % 1000)});
+        peaks.push_back({time, float(13000 + random() % (1000UL * (highestBin - 13))) / 1000,
+                         float(1 + random() % 1000)});
     }
     return peaks;
 }
