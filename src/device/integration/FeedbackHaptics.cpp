@@ -16,7 +16,7 @@ QDBusMessage callOfDaemon(const QString &interface, const QString &method)
                                           QStringLiteral("/org/sigxcpu/Feedback"), interface, method);
 }
 
-// Of the Event Naming Specification, as far as the daemon's own theme knows what to do for them.
+// Names of events that freedesktop.org lists, as far as the daemon's own theme knows what to do for them.
 QString eventFor(HapticNotification notification)
 {
     switch (notification) {
