@@ -263,6 +263,11 @@ private Q_SLOTS:
         walk(w, {{{}, false}, {{Qt::Key_F10}, true}});
         QTest::mouseClick(&w.window(), Qt::LeftButton, {}, {500, 500});
         walk(w, {{{}, false}, {{Qt::Key_F10, Qt::Key_Right, Qt::Key_Return}, true}});
+        const auto objects = w.window().findChildren<QObject *>();
+        const auto *file = *std::ranges::find_if(objects, [](const QObject *object) {
+            return object->inherits("QQuickMenu") && object->property("title") == u"File"_s;
+        });
+        QTRY_VERIFY(file->property("opened").toBool() && file->property("currentIndex") == 0);
         QTest::keyClick(&w.window(), Qt::Key_Return);
         QTRY_COMPARE(w.focused(), u"Search Songs"_s);
         walk(w, {{{Qt::Key_F10, Qt::Key_Alt}, false}}); // keys are the sheet's
