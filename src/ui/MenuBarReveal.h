@@ -9,7 +9,7 @@
 namespace trackwise {
 
 /// When a window's menu bar is there: always, or from a tap on Alt or F10 on until a command is chosen,
-/// Escape or Alt pressed again, or something else in the window clicked. Either key begins the walk through
+/// Escape, Alt or F10 pressed, or something else in the window clicked. Either key begins the walk through
 /// it; after it the keyboard is where it was before. Main thread.
 class MenuBarReveal : public QObject
 {
