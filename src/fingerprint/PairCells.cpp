@@ -9,7 +9,6 @@ namespace trackwise::fingerprint {
 
 namespace {
 
-constexpr std::size_t partnersOfPeak = 4;
 constexpr float finestHertz = 10;
 constexpr float widestShare = 0.006F;
 /// What puts the lowest peak, and one that is half a cell lower for the speed, into the first cells: the
@@ -52,14 +51,14 @@ std::optional<Cell> cellOf(const PeakPair &pair)
     return cellAt(first, second, delay);
 }
 
-std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks)
+std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, int partnersOfEach)
 {
     std::vector<SongPair> pairs;
     std::vector<std::size_t> partners;
     for (std::size_t first = 0; first < peaks.size(); ++first) {
         partners.clear();
         forEachPartner(peaks, first, 0, [&](std::size_t second) { partners.push_back(second); });
-        const std::size_t kept = std::min(partnersOfPeak, partners.size());
+        const std::size_t kept = std::min(std::size_t(partnersOfEach), partners.size());
         std::partial_sort(
             partners.begin(), partners.begin() + std::ptrdiff_t(kept), partners.end(),
             [&](std::size_t a, std::size_t b) { return peaks[a].strength > peaks[b].strength; });

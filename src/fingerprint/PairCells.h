@@ -73,8 +73,11 @@ struct SongPair
     float time = 0;
 };
 
-/// What is looked up of a song: each peak with its four strongest partners, which are the likeliest to be
-/// heard again. Four times the peaks is what an index can hold; a query tries all pairs.
-std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks);
+/// Four times the peaks is what an index can hold on a computer; a query tries all pairs.
+inline constexpr int partnersOfPeak = 4;
+
+/// What is looked up of a song: each peak with its strongest @p partners, which are the likeliest to be heard
+/// again.
+std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, int partners = partnersOfPeak);
 
 } // namespace trackwise::fingerprint

@@ -1,21 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fingerprint/SongIndex.h"
 
-#include "fingerprint/Row.h"
-
 #include <algorithm>
 
 namespace trackwise::fingerprint {
-
-namespace {
-
-/// What one hears may begin before the song does, and end behind it: by half of the longest query at most, as
-/// places are counted from its middle.
-constexpr LinePlace margin = LinePlace(8 * framesPerSecond / framesPerPlace);
-
-constexpr std::uint32_t lastFrame = (1U << 23) - 1;
-
-} // namespace
 
 std::span<const LinePlace> SongIndex::places(Cell cell) const
 {
@@ -28,7 +16,7 @@ std::optional<SongTime> SongIndex::songAt(double place) const
     if (place < 0 || place >= m_lineLength)
         return std::nullopt;
     // The line between two songs belongs half to the one and half to the other.
-    const auto next = std::upper_bound(m_beginnings.begin(), m_beginnings.end(), place + margin);
+    const auto next = std::upper_bound(m_beginnings.begin(), m_beginnings.end(), place + lineMargin);
     if (next == m_beginnings.begin())
         return std::nullopt;
     const double inSong = place - *std::prev(next);
@@ -50,7 +38,7 @@ std::size_t SongIndex::memoryBytes() const
 SongNumber SongIndexBuilder::add(std::span<const Peak> peaks)
 {
     SongIndex &index = m_index;
-    const LinePlace beginning = index.m_lineLength + margin;
+    const LinePlace beginning = index.m_lineLength + lineMargin;
     const auto song = SongNumber(index.m_beginnings.size());
     index.m_beginnings.push_back(beginning);
     index.m_firstPeaks.push_back(index.m_peaks.size());
@@ -66,7 +54,7 @@ SongNumber SongIndexBuilder::add(std::span<const Peak> peaks)
         const LinePlace place = beginning + LinePlace(std::max(0.0F, pair.time) / framesPerPlace);
         m_pairs.push_back(std::uint64_t(pair.cell) << 32 | place);
     }
-    index.m_lineLength = beginning + length + margin;
+    index.m_lineLength = beginning + length + lineMargin;
     return song;
 }
 

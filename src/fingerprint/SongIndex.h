@@ -2,34 +2,11 @@
 #pragma once
 
 #include "fingerprint/CellDirectory.h"
+#include "fingerprint/SongLine.h"
 
 #include <optional>
 
 namespace trackwise::fingerprint {
-
-/// Which song of an index: the number of songs that were added before it.
-using SongNumber = std::uint32_t;
-
-/// The songs of an index stand one behind the other on one line, with gaps between them; a place on it is
-/// both a song and a time. The unit is 64 ms, of which 32 bits hold nine years.
-using LinePlace = std::uint32_t;
-inline constexpr int framesPerPlace = 4;
-
-/// A peak of a song as it is kept, to compare what is heard with: whole frames and bins are exact enough for
-/// that.
-struct KeptPeak
-{
-    std::uint32_t frame : 23; ///< 37 hours of them
-    std::uint32_t bin : 9;
-};
-
-/// A time in a song.
-struct SongTime
-{
-    SongNumber song = 0;
-    float frame = 0;
-    friend bool operator==(const SongTime &, const SongTime &) = default;
-};
 
 /// What is known of the sound of songs: in which of them, and when, each pair of peaks is heard, and their
 /// peaks. Nothing of it changes; any number of threads may ask it.

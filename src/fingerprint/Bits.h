@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace trackwise::fingerprint {
+
+/// Bytes that reading bits may touch behind the last: they must be there, whatever is in them.
+inline constexpr std::size_t bitPadding = 8;
+
+/// The value at @p bytes, which has the lowest byte first.
+template <typename T>
+T loadLittle(const std::uint8_t *bytes)
+{
+    T value{};
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(&value, bytes, sizeof(T));
+    } else {
+        for (std::size_t i = 0; i < sizeof(T); ++i)
+            value |= T(T(bytes[i]) << 8 * i);
+    }
+    return value;
+}
+
+template <typename T>
+void appendLittle(std::vector<std::uint8_t> &bytes, T value)
+{
+    for (std::size_t i = 0; i < sizeof(T); ++i)
+        bytes.push_back(std::uint8_t(std::uint64_t(value) >> 8 * i));
+}
+
+/// At least 57 bits from the bit @p at on, the first as the lowest.
+inline std::uint64_t bitsFrom(const std::uint8_t *bytes, std::uint64_t at)
+{
+    return loadLittle<std::uint64_t>(bytes + at / 8) >> at % 8;
+}
+
+inline std::uint64_t lowestBits(std::uint64_t value, unsigned count)
+{
+    return value & ((std::uint64_t(1) << count) - 1);
+}
+
+/// Reads numbers from bits that may be anything. What would lie behind the end reads as 1, and is noticed.
+class BitReader
+{
+public:
+    /// From the bit @p at of @p bytes on; bitPadding follows the one that has the bit @p end.
+    BitReader(const std::uint8_t *bytes, std::uint64_t at, std::uint64_t end)
+        : m_bytes(bytes)
+        , m_at(at)
+        , m_end(end)
+    {}
+
+    /// @p count: 56 at most.
+    std::uint64_t take(unsigned count)
+    {
+        const std::uint64_t value = m_at < m_end ? lowestBits(bitsFrom(m_bytes, m_at), count) : 1;
+        m_at += count;
+        return value;
+    }
+    /// The zeros before the next one, or @p most (28 at most) where there are that many; the one is taken
+    /// too.
+    std::uint32_t unary(unsigned most)
+    {
+        if (m_at >= m_end) {
+            ++m_at;
+            return 0;
+        }
+        const auto zeros = unsigned(std::countr_zero(bitsFrom(m_bytes, m_at) | std::uint64_t(1) << most));
+        m_at += zeros + 1;
+        return zeros;
+    }
+    /// A number from 1 on, below 2^29: as many zeros as it has bits behind its highest, that, and those.
+    std::uint32_t gamma()
+    {
+        if (m_at >= m_end) {
+            ++m_at;
+            return 1;
+        }
+        const std::uint64_t bits = bitsFrom(m_bytes, m_at) | std::uint64_t(1) << 28;
+        const auto zeros = unsigned(std::countr_zero(bits));
+        m_at += 2 * zeros + 1;
+        return std::uint32_t(1) << zeros | std::uint32_t(lowestBits(bits >> (zeros + 1), zeros));
+    }
+    [[nodiscard]] std::uint64_t at() const { return m_at; }
+    /// Whether more was taken than there is.
+    [[nodiscard]] bool isBeyondEnd() const { return m_at > m_end; }
+
+private:
+    const std::uint8_t *m_bytes;
+    std::uint64_t m_at;
+    std::uint64_t m_end;
+};
+
+/// Writes what a BitReader reads.
+class BitWriter
+{
+public:
+    void put(std::uint64_t value, unsigned count)
+    {
+        m_waiting |= value << m_count;
+        m_count += count;
+        while (m_count >= 8) {
+            m_bytes.push_back(std::uint8_t(m_waiting));
+            m_waiting >>= 8;
+            m_count -= 8;
+        }
+    }
+    void putGamma(std::uint32_t value)
+    {
+        const auto zeros = unsigned(std::bit_width(value)) - 1;
+        put(std::uint64_t(1) << zeros, zeros + 1);
+        put(lowestBits(value, zeros), zeros);
+    }
+    /// As many zeros, and a one.
+    void putUnary(std::uint64_t zeros)
+    {
+        for (; zeros >= 32; zeros -= 32)
+            put(0, 32);
+        put(std::uint64_t(1) << zeros, unsigned(zeros) + 1);
+    }
+    /// Of all that was ever put.
+    [[nodiscard]] std::uint64_t bitCount() const { return (m_taken + m_bytes.size()) * 8 + m_count; }
+    [[nodiscard]] std::size_t bytesWaiting() const { return m_bytes.size(); }
+    /// The whole bytes that were not taken before.
+    std::vector<std::uint8_t> takeBytes()
+    {
+        m_taken += m_bytes.size();
+        return std::exchange(m_bytes, {});
+    }
+    /// The same with the last byte, filled up.
+    std::vector<std::uint8_t> takeAll()
+    {
+        put(0, (8 - m_count) % 8);
+        return takeBytes();
+    }
+
+private:
+    std::vector<std::uint8_t> m_bytes;
+    std::uint64_t m_taken = 0;
+    std::uint64_t m_waiting = 0;
+    unsigned m_count = 0; ///< bits that wait: below 8 between the calls
+};
+
+} // namespace trackwise::fingerprint

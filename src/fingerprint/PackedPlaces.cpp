@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fingerprint/PackedPlaces.h"
+
+#include <algorithm>
+
+namespace trackwise::fingerprint {
+
+namespace {
+
+/// More would make lookups slow, fewer the directory large.
+constexpr std::uint64_t placesOfGroup = 24;
+
+unsigned shiftFor(std::uint64_t places)
+{
+    unsigned shift = 0;
+    while (shift < PlaceCoding::widestGroup && (places << (shift + 1)) / cellCount <= placesOfGroup)
+        ++shift;
+    return shift;
+}
+
+/// Moves @p at behind the next @p ones ones; false where fewer are left before @p end.
+bool skipOnes(const std::uint8_t *bytes, std::uint64_t &at, std::uint64_t end, std::uint64_t ones)
+{
+    while (ones > 0) {
+        if (at >= end)
+            return false;
+        std::uint64_t word = lowestBits(bitsFrom(bytes, at), 56);
+        const auto here = unsigned(std::popcount(word));
+        if (here < ones) {
+            ones -= here;
+            at += 56;
+            continue;
+        }
+        for (; ones > 1; --ones)
+            word &= word - 1;
+        at += unsigned(std::countr_zero(word)) + 1;
+        return at <= end;
+    }
+    return true;
+}
+
+} // namespace
+
+PlaceCoding::PlaceCoding(std::uint64_t places, LinePlace lineLength)
+    : PlaceCoding(shiftFor(places), lineLength)
+{}
+
+PlaceCoding::PlaceCoding(unsigned groupShift, LinePlace lineLength)
+    : m_groupShift(std::min(groupShift, widestGroup))
+    , m_lineLength(lineLength)
+{
+    for (std::size_t places = 0; places < m_lowerBits.size(); ++places)
+        m_lowerBits[places] = std::uint8_t(computedLowerBits(std::uint32_t(places)));
+}
+
+unsigned PlaceCoding::computedLowerBits(std::uint32_t places) const
+{
+    // Golomb: the rest of a step is 0 for about half of them.
+    const std::uint64_t step = m_lineLength / (std::uint64_t(places) + 1);
+    return step < 2 ? 0 : unsigned(std::bit_width(step)) - 1;
+}
+
+PackedPlaces::PackedPlaces(const PlaceCoding &coding, const Bytes &bytes)
+    : m_coding(coding)
+    , m_bytes(bytes)
+{
+    const std::uint32_t groups = coding.groupCount();
+    if (bytes.directoryBits <= 32 &&
+        bytes.directory.size() >= PlaceDirectory::bytesOf(groups, bytes.directoryBits))
+        m_relatives = bytes.directory.data() + PlaceDirectory::bytesOfBases(groups);
+}
+
+std::uint64_t PackedPlaces::beginningOf(std::uint32_t group) const
+{
+    const auto base =
+        loadLittle<std::uint64_t>(m_bytes.directory.data() + group / PlaceDirectory::groupsTogether * 8);
+    const std::uint64_t at = std::uint64_t(group) * m_bytes.directoryBits;
+    return base + lowestBits(bitsFrom(m_relatives, at), m_bytes.directoryBits);
+}
+
+PlaceList PackedPlaces::places(Cell cell) const
+{
+    if (m_relatives == nullptr || cell >= cellCount)
+        return {};
+    const unsigned shift = m_coding.groupShift();
+    const std::uint64_t from = beginningOf(cell >> shift);
+    const std::uint64_t end = beginningOf((cell >> shift) + 1);
+    if (from >= end || end > std::uint64_t(m_bytes.groups.size()) * 8)
+        return {};
+    const std::uint8_t *bytes = m_bytes.groups.data();
+    BitReader header(bytes, from, end);
+    const std::uint64_t wanted = lowestBits(cell, shift) + 1;
+    const std::uint64_t lists = header.take(shift) + 1;
+    std::uint64_t listsCell = 0;
+    std::uint64_t ones = 0;   // of the lists before
+    std::uint64_t lowers = 0; // bits of the lists up to here
+    PlaceList found;
+    std::uint64_t lowersBefore = 0;
+    for (std::uint64_t i = 0; i < lists; ++i) {
+        listsCell += header.gamma();
+        const std::uint32_t size = header.gamma();
+        if (listsCell == wanted) {
+            found.m_size = size;
+            lowersBefore = lowers;
+        } else if (listsCell < wanted) {
+            ones += size;
+        } else if (found.m_size == 0) {
+            return {};
+        }
+        lowers += std::uint64_t(size) * m_coding.lowerBits(size);
+    }
+    if (found.m_size == 0 || header.isBeyondEnd() || header.at() + lowers > end)
+        return {};
+    const std::uint64_t firstLower = header.at() + lowersBefore;
+    std::uint64_t firstRest = header.at() + lowers;
+    if (!skipOnes(bytes, firstRest, end, ones))
+        return {};
+    found.m_lowers = bytes + firstLower / 8;
+    found.m_firstLower = std::uint8_t(firstLower % 8);
+    found.m_rests = bytes + firstRest / 8;
+    found.m_firstRest = std::uint8_t(firstRest % 8);
+    found.m_end = bytes + (end + 7) / 8;
+    found.m_lowerBits = std::uint8_t(m_coding.lowerBits(found.m_size));
+    found.m_lineLength = m_coding.lineLength();
+    return found;
+}
+
+void PlaceDirectory::add(std::uint64_t beginning)
+{
+    if (m_relatives.size() % groupsTogether == 0)
+        m_bases.push_back(beginning);
+    m_relatives.push_back(std::uint32_t(beginning - m_bases.back()));
+}
+
+PlaceDirectory::Packed PlaceDirectory::packed() const
+{
+    std::uint32_t most = 0;
+    for (const std::uint32_t relative : m_relatives)
+        most = std::max(most, relative);
+    Packed result;
+    result.bits = unsigned(std::bit_width(most));
+    for (const std::uint64_t base : m_bases)
+        appendLittle(result.bytes, base);
+    BitWriter relatives;
+    for (const std::uint32_t relative : m_relatives)
+        relatives.put(relative, result.bits);
+    const auto packed = relatives.takeAll();
+    result.bytes.insert(result.bytes.end(), packed.begin(), packed.end());
+    return result;
+}
+
+std::size_t PlaceDirectory::bytesOfBases(std::uint32_t groups)
+{
+    return (std::size_t(groups) / groupsTogether + 1) * 8; // with the end there is one group more
+}
+
+std::size_t PlaceDirectory::bytesOf(std::uint32_t groups, unsigned bits)
+{
+    return bytesOfBases(groups) + ((std::size_t(groups) + 1) * bits + 7) / 8;
+}
+
+PlacePacker::PlacePacker(const PlaceCoding &coding)
+    : m_coding(coding)
+{}
+
+void PlacePacker::add(Cell cell, std::span<const LinePlace> places)
+{
+    if (places.empty())
+        return;
+    while (m_group < cell >> m_coding.groupShift())
+        closeGroup();
+    m_lists.push_back({cell, std::uint32_t(places.size())});
+    m_places.insert(m_places.end(), places.begin(), places.end());
+}
+
+std::vector<std::uint8_t> PlacePacker::finish()
+{
+    while (m_group < m_coding.groupCount())
+        closeGroup();
+    m_directory.add(m_groups.bitCount());
+    return m_groups.takeAll();
+}
+
+void PlacePacker::closeGroup()
+{
+    m_directory.add(m_groups.bitCount());
+    ++m_group;
+    if (m_lists.empty())
+        return;
+    const unsigned shift = m_coding.groupShift();
+    m_groups.put(m_lists.size() - 1, shift);
+    Cell before = ((m_group - 1) << shift) - 1;
+    for (const auto &[cell, size] : m_lists) {
+        m_groups.putGamma(cell - before);
+        m_groups.putGamma(size);
+        before = cell;
+    }
+    const auto forEachStep = [&](auto &&take) {
+        const LinePlace *place = m_places.data();
+        for (const auto &[cell, size] : m_lists) {
+            const unsigned bits = m_coding.lowerBits(size);
+            LinePlace last = 0;
+            for (std::uint32_t i = 0; i < size; ++i, ++place) {
+                take(*place - last, bits);
+                last = *place;
+            }
+        }
+    };
+    forEachStep([&](LinePlace step, unsigned bits) { m_groups.put(lowestBits(step, bits), bits); });
+    forEachStep([&](LinePlace step, unsigned bits) { m_groups.putUnary(step >> bits); });
+    m_lists.clear();
+    m_places.clear();
+}
+
+} // namespace trackwise::fingerprint

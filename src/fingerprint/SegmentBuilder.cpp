@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fingerprint/SegmentBuilder.h"
+
+#include "fingerprint/PackedPeaks.h"
+#include "fingerprint/SegmentWriter.h"
+
+#include <algorithm>
+
+namespace trackwise::fingerprint {
+
+namespace {
+
+class MemoryOutput : public SegmentOutput
+{
+public:
+    void append(std::span<const std::uint8_t> bytes) override
+    {
+        m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
+    }
+    void putFirst(std::span<const std::uint8_t> bytes) override
+    {
+        std::copy(bytes.begin(), bytes.end(), m_bytes.begin());
+    }
+    std::vector<std::uint8_t> take() { return std::move(m_bytes); }
+
+private:
+    std::vector<std::uint8_t> m_bytes;
+};
+
+std::uint32_t frameOf(float time)
+{
+    return std::uint32_t(std::lround(std::clamp(time, 0.0F, float(lastFrame))));
+}
+
+std::vector<KeptPeak> keptPeaks(std::span<const Peak> peaks)
+{
+    std::vector<KeptPeak> kept;
+    kept.reserve(peaks.size());
+    for (const Peak &peak : peaks)
+        kept.push_back({frameOf(peak.time), std::uint32_t(std::lround(peak.bin))});
+    std::sort(kept.begin(), kept.end(), [](KeptPeak a, KeptPeak b) {
+        return std::pair(a.frame + 0, a.bin + 0) < std::pair(b.frame + 0, b.bin + 0);
+    });
+    return kept;
+}
+
+} // namespace
+
+SegmentBuilder::SegmentBuilder(int partners)
+    : m_partners(partners)
+{}
+
+SongNumber SegmentBuilder::add(std::span<const Peak> peaks, const CatalogSong &song)
+{
+    const std::vector<KeptPeak> kept = keptPeaks(peaks);
+    const LinePlace length = kept.empty() ? 0 : kept.back().frame / framesPerPlace + 1;
+    const LinePlace beginning = m_lineLength + lineMargin;
+    const std::size_t pairsBefore = m_pairs.size();
+    for (const SongPair &pair : pairsOfSong(peaks, m_partners)) {
+        const auto place = LinePlace(std::clamp(pair.time, 0.0F, float(lastFrame)) / framesPerPlace);
+        m_pairs.push_back(std::uint64_t(pair.cell) << 32 | (beginning + place));
+    }
+    m_songs.push_back({song, packedPeaks(kept), length, std::uint32_t(m_pairs.size() - pairsBefore)});
+    m_lineLength = beginning + length + lineMargin;
+    return SongNumber(m_songs.size() - 1);
+}
+
+std::vector<std::uint8_t> SegmentBuilder::bytes() &&
+{
+    MemoryOutput output;
+    SegmentWriter writer(output);
+    for (const Song &song : m_songs)
+        writer.addSong(song.song, {song.packedPeaks, song.length, song.pairCount, std::uint32_t(m_partners)});
+    std::sort(m_pairs.begin(), m_pairs.end());
+    std::vector<LinePlace> places;
+    for (auto pair = m_pairs.begin(); pair != m_pairs.end();) {
+        const auto cell = Cell(*pair >> 32);
+        places.clear();
+        for (; pair != m_pairs.end() && Cell(*pair >> 32) == cell; ++pair)
+            places.push_back(LinePlace(*pair));
+        writer.addPlaces(cell, places);
+    }
+    writer.finish();
+    return output.take();
+}
+
+Segment::Ptr SegmentBuilder::build() &&
+{
+    return std::get<Segment::Ptr>(Segment::of(SegmentBytes::of(std::move(*this).bytes())));
+}
+
+} // namespace trackwise::fingerprint

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fingerprint/Catalog.h"
+#include "fingerprint/SegmentBuilder.h"
+#include "support/Test.h"
+
+#include <map>
+#include <random>
+
+using namespace trackwise::fingerprint;
+
+namespace {
+
+std::vector<Peak> somePeaks(unsigned seed, int count, float framesBetween, unsigned highestBin = 320)
+{
+    std::mt19937 random(seed);
+    std::exponential_distribution<float> step(1 / framesBetween);
+    std::vector<Peak> peaks;
+    float time = 0;
+    for (int i = 0; i < count; ++i) {
+        time += step(random);
+        peaks.push_back({time, 13 + float(random() % (10 * (highestBin - 12))) / 10, float(random() % 1000)});
+    }
+    return peaks;
+}
+
+struct Song
+{
+    CatalogSong song;
+    std::vector<Peak> peaks;
+};
+
+/// What a segment must say, in the plainest form.
+struct Expected
+{
+    explicit Expected(const std::vector<Song> &songs, int partners)
+    {
+        for (const Song &song : songs) {
+            std::vector<std::pair<long, long>> kept;
+            for (const Peak &peak : song.peaks)
+                kept.emplace_back(std::lround(peak.time), std::lround(peak.bin));
+            std::sort(kept.begin(), kept.end());
+            beginnings.push_back(line + 125);
+            for (const SongPair &pair : pairsOfSong(song.peaks, partners))
+                places[pair.cell].push_back(beginnings.back() + LinePlace(pair.time / 4));
+            line = beginnings.back() + (kept.empty() ? 0 : LinePlace(kept.back().first / 4) + 1) + 125;
+            peaks.push_back(std::move(kept));
+        }
+        for (auto &[cell, list] : places)
+            std::sort(list.begin(), list.end());
+    }
+    LinePlace line = 0;
+    std::vector<LinePlace> beginnings;
+    std::map<Cell, std::vector<LinePlace>> places;
+    std::vector<std::vector<std::pair<long, long>>> peaks;
+};
+
+std::vector<LinePlace> placesOf(const PlaceList &list)
+{
+    std::vector<LinePlace> places;
+    list.forEach([&](LinePlace place) { places.push_back(place); });
+    return places;
+}
+
+std::vector<std::pair<long, long>> peaksOf(const Segment &segment, SongNumber song, float first, float last)
+{
+    std::vector<KeptPeak> peaks;
+    segment.peaks(song, first, last, peaks);
+    std::vector<std::pair<long, long>> result;
+    for (const KeptPeak &peak : peaks)
+        result.emplace_back(peak.frame, peak.bin);
+    return result;
+}
+
+std::vector<Song> someSongs(unsigned seed, int songs, int peaksOfEach, unsigned highestBin)
+{
+    std::vector<Song> result;
+    for (int i = 0; i < songs; ++i) {
+        const auto number = unsigned(i) + seed * 1000;
+        result.push_back(
+            {{number * 77777ULL << 20, ~std::uint64_t(number), std::to_string(number),
+              "Été " + std::string(number % 7000, 'x'), i % 3 == 0 ? "" : "Künstler", float(number) / 3},
+             somePeaks(number, peaksOfEach - i % 3, i % 5 == 0 ? 40 : 4, highestBin)});
+    }
+    return result;
+}
+
+std::vector<std::uint8_t> bytesOf(const std::vector<Song> &songs, int partners = partnersOfPeak)
+{
+    SegmentBuilder builder(partners);
+    for (const Song &song : songs)
+        builder.add(song.peaks, song.song);
+    return std::move(builder).bytes();
+}
+
+} // namespace
+
+class tst_Segment : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void givesBackWhatWasAdded_data()
+    {
+        QTest::addColumn<int>("songs");
+        QTest::addColumn<int>("peaksOfEach");
+        QTest::addColumn<unsigned>("highestBin");
+        QTest::addColumn<int>("partners");
+        QTest::addRow("nothing") << 0 << 0 << 320U << 4;
+        QTest::addRow("silence") << 3 << 0 << 320U << 4;
+        QTest::addRow("two peaks") << 1 << 2 << 320U << 4;
+        QTest::addRow("one song") << 1 << 4000 << 320U << 4;
+        QTest::addRow("some songs") << 20 << 3000 << 320U << 2;
+        QTest::addRow("few cells") << 7 << 3000 << 30U << 4;
+        QTest::addRow("very few cells") << 30 << 3000 << 14U << 4;
+    }
+    void givesBackWhatWasAdded()
+    {
+        QFETCH(int, songs);
+        QFETCH(int, peaksOfEach);
+        QFETCH(unsigned, highestBin);
+        QFETCH(int, partners);
+        std::vector<Song> added = someSongs(unsigned(songs), songs, peaksOfEach, highestBin);
+        if (songs > 1 && peaksOfEach > 10) {
+            for (std::size_t i = 100; i < added[1].peaks.size(); ++i)
+                added[1].peaks[i].time += 40000; // a silence of ten minutes
+        }
+        const Expected expected(added, partners);
+        const auto opened = Segment::of(SegmentBytes::of(bytesOf(added, partners)));
+        const Segment::Ptr segment = std::get<Segment::Ptr>(opened);
+        QVERIFY(!segment->verify());
+        QCOMPARE(segment->lineLength(), expected.line);
+        QCOMPARE(segment->songCount(), SongNumber(songs));
+        std::size_t pairs = 0;
+        for (const auto &[cell, should] : expected.places) {
+            QCOMPARE(placesOf(segment->places(cell)), should);
+            pairs += should.size();
+            QVERIFY(segment->places(cell + 1).empty() == !expected.places.contains(cell + 1));
+        }
+        QCOMPARE(segment->pairCount(), pairs);
+        for (Cell cell = 0; cell < 2 * cellCount; cell += 997)
+            QVERIFY(segment->places(cell).empty() == !expected.places.contains(cell));
+        for (SongNumber number = 0; number < SongNumber(songs); ++number) {
+            CatalogSong song = added[number].song;
+            song.title.resize(std::min<std::size_t>(song.title.size(), 4096));
+            QCOMPARE(segment->song(number), song);
+            const auto &peaks = expected.peaks[number];
+            QCOMPARE(peaksOf(*segment, number, 0, 1e9F), peaks);
+            for (const auto &[from, until] : {std::pair(500, 900), {1234, 1235}, {2000, 60000}}) {
+                auto some = peaks;
+                std::erase_if(some, [&](auto peak) { return peak.first < from || peak.first >= until; });
+                QCOMPARE(peaksOf(*segment, number, float(from), float(until)), some);
+            }
+            const double beginning = expected.beginnings[number];
+            QCOMPARE(segment->songAt(beginning + 2.5), (SongTime{number, 10}));
+            QCOMPARE(segment->songAt(beginning - 125), (SongTime{number, -500}));
+        }
+        QVERIFY(!segment->songAt(-0.5) && !segment->songAt(expected.line));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Segment)
+#include "tst_Segment.moc"
