@@ -8,9 +8,6 @@ namespace trackwise::fingerprint {
 
 namespace {
 
-/// Times before a place are counted with wrapping numbers: the end of the line is kept from its beginning.
-constexpr LinePlace longestLine = std::numeric_limits<LinePlace>::max() / 2;
-
 bool isRemovedOf(const Catalog::Part &part, SongNumber number)
 {
     return number < part.removed.size() && part.removed[number];

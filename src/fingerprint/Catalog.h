@@ -21,7 +21,7 @@ public:
     };
 
     Catalog() = default;
-    /// Parts that no place is left for on the line, after nine years of music, are left out.
+    /// Parts that no place is left for on the line, after four years of music, are left out.
     explicit Catalog(std::vector<Part> parts);
 
     /// Calls @p take with the places of @p cell in each segment that has some: a PlaceList, and what is added

@@ -46,27 +46,29 @@ bool writeAllAt(int descriptor, std::span<const std::uint8_t> bytes, std::uint64
     return true;
 }
 
-bool syncFolder(const std::filesystem::path &folder)
+CatalogResult<std::vector<std::uint8_t>> readFile(const std::filesystem::path &path)
 {
-    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return opened && ::fsync(opened.get()) == 0;
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::vector<std::uint8_t> bytes;
+    std::vector<std::uint8_t> part(std::size_t(1) << 16);
+    ssize_t count = file ? 1 : -1;
+    while (count > 0) {
+        count = ::read(file.get(), part.data(), part.size());
+        if (count < 0 && errno == EINTR)
+            count = 1;
+        else if (count > 0)
+            bytes.insert(bytes.end(), part.begin(), part.begin() + count);
+    }
+    if (count < 0)
+        return systemFailure(errno, CatalogFailure::Kind::CannotRead, "reading", path);
+    return bytes;
 }
 
-std::optional<CatalogFailure> replaceFile(const std::filesystem::path &path,
-                                          std::span<const std::uint8_t> bytes)
+void syncFolder(const std::filesystem::path &folder)
 {
-    using Kind = CatalogFailure::Kind;
-    std::filesystem::path beside = path;
-    beside += ".new";
-    {
-        const FileDescriptor file(
-            ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR));
-        if (!file || !writeAll(file.get(), bytes) || ::fsync(file.get()) != 0)
-            return systemFailure(errno, Kind::CannotWrite, "writing", beside);
-    }
-    if (::rename(beside.c_str(), path.c_str()) != 0 || !syncFolder(path.parent_path()))
-        return systemFailure(errno, Kind::CannotWrite, "replacing", path);
-    return std::nullopt;
+    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened)
+        ::fsync(opened.get());
 }
 
 } // namespace trackwise::fingerprint

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <span>
+#include <vector>
 
 namespace trackwise::fingerprint {
 
@@ -43,11 +43,10 @@ CatalogFailure systemFailure(int error, CatalogFailure::Kind kind, const char *d
 [[nodiscard]] bool writeAll(int descriptor, std::span<const std::uint8_t> bytes);
 [[nodiscard]] bool writeAllAt(int descriptor, std::span<const std::uint8_t> bytes, std::uint64_t offset);
 
-/// What was renamed, made or removed in @p folder is so even after a crash of the system.
-[[nodiscard]] bool syncFolder(const std::filesystem::path &folder);
+CatalogResult<std::vector<std::uint8_t>> readFile(const std::filesystem::path &path);
 
-/// Puts @p bytes in the place of the file @p path, wholly or not at all, even if the system crashes.
-std::optional<CatalogFailure> replaceFile(const std::filesystem::path &path,
-                                          std::span<const std::uint8_t> bytes);
+/// What was renamed, made or removed in @p folder is so even after a crash of the system, where its file
+/// system can do that.
+void syncFolder(const std::filesystem::path &folder);
 
 } // namespace trackwise::fingerprint

@@ -94,35 +94,75 @@ PlaceList PackedPlaces::places(Cell cell) const
     std::uint64_t listsCell = 0;
     std::uint64_t ones = 0;   // of the lists before
     std::uint64_t lowers = 0; // bits of the lists up to here
-    PlaceList found;
     std::uint64_t lowersBefore = 0;
+    std::uint32_t found = 0;
     for (std::uint64_t i = 0; i < lists; ++i) {
         listsCell += header.gamma();
         const std::uint32_t size = header.gamma();
         if (listsCell == wanted) {
-            found.m_size = size;
+            found = size;
             lowersBefore = lowers;
         } else if (listsCell < wanted) {
             ones += size;
-        } else if (found.m_size == 0) {
+        } else if (found == 0) {
             return {};
         }
         lowers += std::uint64_t(size) * m_coding.lowerBits(size);
     }
-    if (found.m_size == 0 || header.isBeyondEnd() || header.at() + lowers > end)
+    std::uint64_t rest = header.at() + lowers;
+    if (found == 0 || header.isBeyondEnd() || rest > end || !skipOnes(bytes, rest, end, ones))
         return {};
-    const std::uint64_t firstLower = header.at() + lowersBefore;
-    std::uint64_t firstRest = header.at() + lowers;
-    if (!skipOnes(bytes, firstRest, end, ones))
-        return {};
-    found.m_lowers = bytes + firstLower / 8;
-    found.m_firstLower = std::uint8_t(firstLower % 8);
-    found.m_rests = bytes + firstRest / 8;
-    found.m_firstRest = std::uint8_t(firstRest % 8);
-    found.m_end = bytes + (end + 7) / 8;
-    found.m_lowerBits = std::uint8_t(m_coding.lowerBits(found.m_size));
-    found.m_lineLength = m_coding.lineLength();
-    return found;
+    return listAt(header.at() + lowersBefore, rest, end, found);
+}
+
+void PackedPlaces::listsOf(std::uint32_t group, std::vector<CellPlaces> &out) const
+{
+    out.clear();
+    const Cell first = group << m_coding.groupShift();
+    if (m_relatives == nullptr || first >= cellCount)
+        return;
+    const std::uint64_t from = beginningOf(group);
+    const std::uint64_t end = beginningOf(group + 1);
+    if (from >= end || end > std::uint64_t(m_bytes.groups.size()) * 8)
+        return;
+    BitReader header(m_bytes.groups.data(), from, end);
+    std::uint64_t cell = std::uint64_t(first) - 1;
+    std::uint64_t lowers = 0;
+    for (std::uint64_t left = header.take(m_coding.groupShift()) + 1; left > 0; --left) {
+        cell += header.gamma();
+        const std::uint32_t size = header.gamma();
+        lowers += std::uint64_t(size) * m_coding.lowerBits(size);
+        out.push_back({Cell(cell), {}});
+        out.back().places.m_size = size;
+    }
+    std::uint64_t lower = header.at();
+    std::uint64_t rest = header.at() + lowers;
+    const bool isWhole = !header.isBeyondEnd() && rest <= end && cell < cellCount;
+    for (auto &[itsCell, places] : out) {
+        const std::uint32_t size = places.size();
+        places = isWhole ? listAt(lower, rest, end, size) : PlaceList();
+        lower += std::uint64_t(size) * m_coding.lowerBits(size);
+        if (!isWhole || !skipOnes(m_bytes.groups.data(), rest, end, size)) {
+            out.clear(); // a damaged group
+            return;
+        }
+    }
+}
+
+PlaceList PackedPlaces::listAt(std::uint64_t lower, std::uint64_t rest, std::uint64_t end,
+                               std::uint32_t size) const
+{
+    const std::uint8_t *bytes = m_bytes.groups.data();
+    PlaceList list;
+    list.m_lowers = bytes + lower / 8;
+    list.m_firstLower = std::uint8_t(lower % 8);
+    list.m_rests = bytes + rest / 8;
+    list.m_firstRest = std::uint8_t(rest % 8);
+    list.m_end = bytes + (end + 7) / 8;
+    list.m_size = size;
+    list.m_lowerBits = std::uint8_t(m_coding.lowerBits(size));
+    list.m_lineLength = m_coding.lineLength();
+    return list;
 }
 
 void PlaceDirectory::add(std::uint64_t beginning)

@@ -55,22 +55,19 @@ public:
     PackedPlaces(const PlaceCoding &coding, const Bytes &bytes);
 
     [[nodiscard]] PlaceList places(Cell cell) const;
-    /// Calls @p take with each cell of a group that has places, and its PlaceList.
-    template <typename Take>
-    void forEachList(std::uint32_t group, Take &&take) const
+    /// Puts the cells of @p group that have places, in order, to @p out.
+    struct CellPlaces
     {
-        const Cell first = group << m_coding.groupShift();
-        const Cell behind = first + (Cell(1) << m_coding.groupShift());
-        for (Cell cell = first; cell < behind; ++cell) {
-            const PlaceList list = places(cell);
-            if (!list.empty())
-                take(cell, list);
-        }
-    }
+        Cell cell = 0;
+        PlaceList places;
+    };
+    void listsOf(std::uint32_t group, std::vector<CellPlaces> &out) const;
     [[nodiscard]] const PlaceCoding &coding() const { return m_coding; }
 
 private:
     [[nodiscard]] std::uint64_t beginningOf(std::uint32_t group) const;
+    [[nodiscard]] PlaceList listAt(std::uint64_t lower, std::uint64_t rest, std::uint64_t end,
+                                   std::uint32_t size) const;
 
     PlaceCoding m_coding;
     Bytes m_bytes;

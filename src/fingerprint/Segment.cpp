@@ -20,7 +20,7 @@ std::span<const std::uint8_t> partOf(std::span<const std::uint8_t> file, const S
 
 CatalogResult<Segment::Ptr> Segment::of(SegmentBytes bytes)
 {
-    const auto header = SegmentHeader::of(bytes.all());
+    const auto header = SegmentHeader::of(bytes.all(), bytes.all().size());
     if (const auto *failure = std::get_if<CatalogFailure>(&header))
         return *failure;
     const std::shared_ptr<const Segment> segment(

@@ -2,30 +2,13 @@
 #include "fingerprint/SegmentBuilder.h"
 
 #include "fingerprint/PackedPeaks.h"
-#include "fingerprint/SegmentWriter.h"
+#include "fingerprint/SegmentOutputs.h"
 
 #include <algorithm>
 
 namespace trackwise::fingerprint {
 
 namespace {
-
-class MemoryOutput : public SegmentOutput
-{
-public:
-    void append(std::span<const std::uint8_t> bytes) override
-    {
-        m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
-    }
-    void putFirst(std::span<const std::uint8_t> bytes) override
-    {
-        std::copy(bytes.begin(), bytes.end(), m_bytes.begin());
-    }
-    std::vector<std::uint8_t> take() { return std::move(m_bytes); }
-
-private:
-    std::vector<std::uint8_t> m_bytes;
-};
 
 std::uint32_t frameOf(float time)
 {

@@ -61,24 +61,24 @@ std::vector<std::uint8_t> SegmentHeader::bytes() const
     return result;
 }
 
-CatalogResult<SegmentHeader> SegmentHeader::of(std::span<const std::uint8_t> file)
+CatalogResult<SegmentHeader> SegmentHeader::of(std::span<const std::uint8_t> first, std::uint64_t fileSize)
 {
     using Kind = CatalogFailure::Kind;
-    const std::size_t compared = std::min(file.size(), magic.size());
-    if (file.empty() || !std::equal(magic.begin(), magic.begin() + std::ptrdiff_t(compared), file.begin()))
+    const std::size_t compared = std::min(first.size(), magic.size());
+    if (first.empty() || !std::equal(magic.begin(), magic.begin() + std::ptrdiff_t(compared), first.begin()))
         return CatalogFailure{Kind::NotACatalog, "the first bytes are those of something else"};
-    if (file.size() < size)
+    if (first.size() < size)
         return CatalogFailure{Kind::Truncated, "not even the header is whole"};
-    Fields fields(file.data() + magic.size());
+    Fields fields(first.data() + magic.size());
     std::uint32_t itsVersion = 0;
     std::uint32_t itsSize = 0;
     fields.take(itsVersion);
     fields.take(itsSize);
     if (itsVersion > version)
         return CatalogFailure{Kind::NewerVersion, "made as version " + std::to_string(itsVersion)};
-    const auto checksum = loadLittle<std::uint64_t>(file.data() + size - sizeof(std::uint64_t));
+    const auto checksum = loadLittle<std::uint64_t>(first.data() + size - sizeof(std::uint64_t));
     if (itsVersion != version || itsSize != size ||
-        checksum != checksumOf(file.first(size - sizeof(std::uint64_t))))
+        checksum != checksumOf(first.first(size - sizeof(std::uint64_t))))
         return CatalogFailure{Kind::Damaged, "the header does not have its checksum"};
     SegmentHeader header;
     fields.take(header.fileSize);
@@ -87,14 +87,14 @@ CatalogResult<SegmentHeader> SegmentHeader::of(std::span<const std::uint8_t> fil
     fields.take(header.lineLength);
     fields.take(header.groupShift);
     fields.take(header.directoryBits);
-    if (file.size() < header.fileSize)
-        return CatalogFailure{Kind::Truncated, "has " + std::to_string(file.size()) + " bytes of " +
+    if (fileSize < header.fileSize)
+        return CatalogFailure{Kind::Truncated, "has " + std::to_string(fileSize) + " bytes of " +
                                                    std::to_string(header.fileSize)};
     for (Extent &part : header.parts) {
         fields.take(part.offset);
         fields.take(part.size);
         fields.take(part.checksum);
-        if (!liesIn(part, file.size()))
+        if (!liesIn(part, fileSize))
             return CatalogFailure{Kind::Damaged, "a part lies beyond the end"};
     }
     if (header.parts[Songs].size != header.songCount * std::uint64_t(SongRow::size))

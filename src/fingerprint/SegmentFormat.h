@@ -32,8 +32,9 @@ struct SegmentHeader
 
     static constexpr std::size_t size = 192;
     [[nodiscard]] std::vector<std::uint8_t> bytes() const;
-    /// Extents lie in the file, with room for reading beyond their ends; nothing is said of their checksums.
-    static CatalogResult<SegmentHeader> of(std::span<const std::uint8_t> file);
+    /// @p first: the first bytes of a file of @p fileSize bytes, as many as a header has, or all. Extents lie
+    /// in the file, with room for reading beyond their ends; nothing is said of their checksums.
+    static CatalogResult<SegmentHeader> of(std::span<const std::uint8_t> first, std::uint64_t fileSize);
 };
 
 /// What is kept of each song, in a row of 48 bytes.

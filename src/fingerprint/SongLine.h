@@ -4,6 +4,7 @@
 #include "fingerprint/Row.h"
 
 #include <cstdint>
+#include <limits>
 
 namespace trackwise::fingerprint {
 
@@ -18,6 +19,9 @@ inline constexpr int framesPerPlace = 4;
 /// The line before and behind each song. What one hears may begin before the song does, and end behind it: by
 /// half of the longest query at most, as places are counted from its middle.
 inline constexpr LinePlace lineMargin = LinePlace(8 * framesPerSecond / framesPerPlace);
+
+/// Times before a place are counted with wrapping numbers: the end of a line is kept from its beginning.
+inline constexpr LinePlace longestLine = std::numeric_limits<LinePlace>::max() / 2;
 
 /// A peak of a song as it is kept, to compare what is heard with: whole frames and bins are exact enough for
 /// that.
