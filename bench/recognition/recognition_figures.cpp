@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// recognition_figures SONGS CLIPS: indexes the sound files of one folder and asks for those of another,
-// folders within it included. Standard output has a line for each clip, with tabs: its path below CLIPS, the
-// name of the song's file or NONE, the score, the milliseconds it took, and how far the song is ahead of the
-// clip in seconds. Figures of the index go to standard error.
+// recognition_figures SONGS CLIPS ANSWERS: indexes the sound files of the folder SONGS and asks for the first
+// 3, 5 and 10 s of each WAV file below the folder CLIPS. What indexing costs goes to standard output, one
+// line a figure; a line for each question goes to the file ANSWERS, with tabs: the clip's path below CLIPS,
+// its seconds, the name of the song's file or NONE, the score, the milliseconds it took, and the time in the
+// song where the clip begins.
 #include "fingerprint/Matcher.h"
 #include "fingerprint/PeakExtractor.h"
 #include "recognition/SoundFile.h"
@@ -25,11 +26,11 @@ double secondsSince(Clock::time_point start)
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-std::vector<std::filesystem::path> filesBelow(const char *folder)
+std::vector<std::filesystem::path> filesBelow(const char *folder, const std::string &suffix)
 {
     std::vector<std::filesystem::path> files;
     for (const auto &entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.is_regular_file())
+        if (entry.is_regular_file() && entry.path().string().ends_with(suffix))
             files.push_back(entry.path());
     }
     std::sort(files.begin(), files.end());
@@ -52,40 +53,44 @@ SongIndex indexOf(const std::vector<std::filesystem::path> &files)
         heard += double(sound.size()) / sampleRateHz;
     }
     SongIndex index = std::move(builder).build();
-    std::fprintf(stderr, "songs\t%zu\nminutes\t%.1f\n", index.songCount(), heard / 60);
-    std::fprintf(stderr, "extraction\t%.0f\ttimes real time\n", heard / extracting);
-    std::fprintf(stderr, "with decoding\t%.0f\ttimes real time\n", heard / (extracting + decoding));
-    std::fprintf(stderr, "index\t%.2f\tkB a song-minute\n", double(index.memoryBytes()) / heard * 60 / 1000);
+    std::printf("songs %zu\nminutes %.1f\n", index.songCount(), heard / 60);
+    std::printf("extraction %.0f times real time\n", heard / extracting);
+    std::printf("indexing %.0f times real time\n", heard / (extracting + decoding));
+    std::printf("index %.2f kB a song-minute\n", double(index.memoryBytes()) / heard * 60 / 1000);
     return index;
+}
+
+/// Writes what the matcher says of the first @p seconds of @p sound.
+void ask(Matcher &matcher, std::span<const float> sound, int seconds, const std::string &clip,
+         const std::vector<std::filesystem::path> &songs, std::FILE *answers)
+{
+    const auto start = Clock::now();
+    const Query query = Query::of(sound.first(std::min(sound.size(), std::size_t(seconds) * sampleRateHz)));
+    const auto match = matcher.match(query);
+    const double milliseconds = secondsSince(start) * 1000;
+    const std::string song = match ? songs[match->song].filename().string() : "NONE";
+    const float beginning = match ? match->playing.middle - query.middle() * match->playing.tempo : 0;
+    std::fprintf(answers, "%s\t%d\t%s\t%.3f\t%.2f\t%.2f\n", clip.c_str(), seconds, song.c_str(),
+                 double(match ? match->score : 0), milliseconds, double(beginning / framesPerSecond));
 }
 
 } // namespace
 
 int main(int count, char **arguments)
 {
-    if (count != 3) {
-        std::fprintf(stderr, "usage: recognition_figures SONGS CLIPS\n");
+    std::FILE *answers = count == 4 ? std::fopen(arguments[3], "w") : nullptr;
+    if (answers == nullptr) {
+        std::fprintf(stderr, "usage: recognition_figures SONGS CLIPS ANSWERS\n");
         return 2;
     }
-    const auto songs = filesBelow(arguments[1]);
+    const auto songs = filesBelow(arguments[1], "");
     const SongIndex index = indexOf(songs);
     Matcher matcher(index);
-    for (const auto &clip : filesBelow(arguments[2])) {
+    for (const auto &clip : filesBelow(arguments[2], ".wav")) {
         const std::vector<float> sound = bench::soundOf(clip.string());
-        if (sound.empty())
-            continue;
-        const auto start = Clock::now();
-        const Query query = Query::of(sound);
-        const auto match = matcher.match(query);
-        const double milliseconds = secondsSince(start) * 1000;
         const std::string name = std::filesystem::relative(clip, arguments[2]).string();
-        if (!match) {
-            std::printf("%s\tNONE\t0\t%.2f\t0\n", name.c_str(), milliseconds);
-            continue;
-        }
-        const float beginning = match->playing.middle - query.middle() * match->playing.tempo;
-        std::printf("%s\t%s\t%.3f\t%.2f\t%.2f\n", name.c_str(), songs[match->song].filename().c_str(),
-                    double(match->score), milliseconds, double(beginning / framesPerSecond));
+        for (const int seconds : {3, 5, 10})
+            ask(matcher, sound, seconds, name, songs, answers);
     }
-    return 0;
+    return std::fclose(answers) == 0 ? 0 : 1;
 }
