@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "fingerprint/Peak.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace trackwise::bench {
+
+/// A song that nobody has heard, with the statistics of real ones: pieces of some seconds out of @p songs,
+/// each a song's peaks in order, one behind the other, as long as one of them. All of it is transposed by 6
+/// to 20 % and played 5 to 12 % faster or slower: too far off to be taken for what it is made of. The same
+/// for the same @p number.
+std::vector<fingerprint::Peak> madeUpSong(std::span<const std::vector<fingerprint::Peak>> songs,
+                                          std::uint32_t number);
+
+} // namespace trackwise::bench

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// recognition_catalog SONGS FILE COUNT: indexes the sound files of the folder SONGS, adds songs that are made
+// up of them until there are COUNT, and writes the catalog FILE. Each song's title is the name of its file;
+// made-up ones have none. What it costs goes to standard output, one line a figure; the size of a catalog is
+// that of the real songs.
+#include "fingerprint/PeakExtractor.h"
+#include "fingerprint/SegmentBuilder.h"
+#include "fingerprint/SegmentMerge.h"
+#include "fingerprint/SegmentOutputs.h"
+#include "recognition/MadeUpSongs.h"
+#include "recognition/SoundFile.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+using namespace trackwise;
+using namespace trackwise::fingerprint;
+
+namespace {
+
+using Songs = std::vector<std::vector<Peak>>;
+
+/// What the processor has worked for this program so far.
+double processorSeconds()
+{
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+std::vector<std::filesystem::path> filesIn(const char *folder)
+{
+    std::vector<std::filesystem::path> files;
+    for (const auto &entry : std::filesystem::directory_iterator(folder))
+        files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// The catalog of the real songs; their peaks go to @p peaks.
+Segment::Ptr realSongs(const char *folder, Songs &peaks)
+{
+    SegmentBuilder builder;
+    double decoding = 0;
+    double extracting = 0;
+    double heard = 0;
+    const double start = processorSeconds();
+    for (const auto &file : filesIn(folder)) {
+        const double opened = processorSeconds();
+        const std::vector<float> sound = bench::soundOf(file.string());
+        const double decoded = processorSeconds();
+        peaks.push_back(peaksOf(sound, songDensity));
+        extracting += processorSeconds() - decoded;
+        decoding += decoded - opened;
+        CatalogSong song;
+        song.title = file.filename().string();
+        builder.add(peaks.back(), song);
+        heard += double(sound.size()) / sampleRateHz;
+    }
+    Segment::Ptr segment = std::move(builder).build();
+    const double indexing = processorSeconds() - start;
+    std::printf("songs %zu\nminutes %.1f\n", peaks.size(), heard / 60);
+    std::printf("decoding %.0f times real time\n", heard / decoding);
+    std::printf("extraction %.0f times real time\n", heard / extracting);
+    std::printf("indexing %.0f times real time\n", heard / indexing);
+    std::printf("catalog %.2f kB a song-minute\n", double(segment->byteCount()) / heard * 60 / 1000);
+    return segment;
+}
+
+/// Adds segments of made-up songs until there are @p count; they are kept in files beside @p catalog.
+void addMadeUpSongs(const Songs &real, std::size_t count, const std::filesystem::path &catalog,
+                    std::vector<MergeInput> &segments)
+{
+    constexpr std::size_t songsOfSegment = 5000;
+    for (std::size_t begin = real.size(); begin < count; begin += songsOfSegment) {
+        SegmentBuilder builder;
+        for (std::size_t song = begin; song < std::min(begin + songsOfSegment, count); ++song)
+            builder.add(bench::madeUpSong(real, std::uint32_t(song)));
+        const std::filesystem::path part = catalog.string() + ".part";
+        FileOutput output(part);
+        output.append(std::move(builder).bytes());
+        output.finish();
+        segments.push_back({std::get<Segment::Ptr>(Segment::ofFile(part)), {}});
+        std::filesystem::remove(part); // it is still there for whoever has it open
+    }
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    if (count != 4) {
+        std::fprintf(stderr, "usage: recognition_catalog SONGS FILE COUNT\n");
+        return 2;
+    }
+    Songs real;
+    std::vector<MergeInput> segments{{realSongs(arguments[1], real), {}}};
+    addMadeUpSongs(real, std::strtoul(arguments[3], nullptr, 10), arguments[2], segments);
+    FileOutput output(arguments[2], FileOutput::Readers::All);
+    mergeSegments(segments, output);
+    if (const auto failure = output.finish()) {
+        std::fprintf(stderr, "recognition_catalog: %s\n", failure->detail.c_str());
+        return 1;
+    }
+    return 0;
+}
