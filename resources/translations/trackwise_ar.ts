@@ -404,6 +404,25 @@
     </message>
 </context>
 <context>
+    <name>RecognitionSection</name>
+    <message>
+        <source>Music Recognition</source>
+        <translation>التعرّف على الموسيقى</translation>
+    </message>
+    <message>
+        <source>Get to know songs by ear</source>
+        <translation>التعرّف على الأغاني بالسماع</translation>
+    </message>
+    <message>
+        <source>Begin Anew</source>
+        <translation>البدء من جديد</translation>
+    </message>
+    <message>
+        <source>Forget All Songs</source>
+        <translation>نسيان كل الأغاني</translation>
+    </message>
+</context>
+<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -659,6 +678,29 @@
     <message>
         <source>Lyrics</source>
         <translation>كلمات الأغنية</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::IndexStatus</name>
+    <message>
+        <source>%1 of %2 songs can be recognized (%3)</source>
+        <translation>يمكن التعرّف على %1 من %2 من الأغاني (%3)</translation>
+    </message>
+    <message>
+        <source>Listening to music: %1 left</source>
+        <translation>جارٍ الاستماع إلى الموسيقى: بقي %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>متوقف مؤقتًا</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>متوقف مؤقتًا: توفير الطاقة</translation>
+    </message>
+    <message>
+        <source>Not possible at the moment</source>
+        <translation>غير ممكن حاليًا</translation>
     </message>
 </context>
 <context>

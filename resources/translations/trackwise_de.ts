@@ -404,6 +404,25 @@
     </message>
 </context>
 <context>
+    <name>RecognitionSection</name>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Musikerkennung</translation>
+    </message>
+    <message>
+        <source>Get to know songs by ear</source>
+        <translation>Titel nach Gehör kennenlernen</translation>
+    </message>
+    <message>
+        <source>Begin Anew</source>
+        <translation>Neu beginnen</translation>
+    </message>
+    <message>
+        <source>Forget All Songs</source>
+        <translation>Alle Titel vergessen</translation>
+    </message>
+</context>
+<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -651,6 +670,29 @@
     <message>
         <source>Lyrics</source>
         <translation>Liedtext</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::IndexStatus</name>
+    <message>
+        <source>%1 of %2 songs can be recognized (%3)</source>
+        <translation>%1 von %2 Titeln können erkannt werden (%3)</translation>
+    </message>
+    <message>
+        <source>Listening to music: %1 left</source>
+        <translation>Musik wird angehört: noch %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>Angehalten: Strom wird gespart</translation>
+    </message>
+    <message>
+        <source>Not possible at the moment</source>
+        <translation>Zurzeit nicht möglich</translation>
     </message>
 </context>
 <context>

@@ -404,6 +404,25 @@
     </message>
 </context>
 <context>
+    <name>RecognitionSection</name>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconocimiento de música</translation>
+    </message>
+    <message>
+        <source>Get to know songs by ear</source>
+        <translation>Aprender las canciones de oído</translation>
+    </message>
+    <message>
+        <source>Begin Anew</source>
+        <translation>Empezar de nuevo</translation>
+    </message>
+    <message>
+        <source>Forget All Songs</source>
+        <translation>Olvidar todas las canciones</translation>
+    </message>
+</context>
+<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -651,6 +670,29 @@
     <message>
         <source>Lyrics</source>
         <translation>Letra</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::IndexStatus</name>
+    <message>
+        <source>%1 of %2 songs can be recognized (%3)</source>
+        <translation>Se pueden reconocer %1 de %2 canciones (%3)</translation>
+    </message>
+    <message>
+        <source>Listening to music: %1 left</source>
+        <translation>Escuchando música: quedan %1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>En pausa: ahorro de energía</translation>
+    </message>
+    <message>
+        <source>Not possible at the moment</source>
+        <translation>No es posible por el momento</translation>
     </message>
 </context>
 <context>

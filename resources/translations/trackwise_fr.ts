@@ -404,6 +404,25 @@
     </message>
 </context>
 <context>
+    <name>RecognitionSection</name>
+    <message>
+        <source>Music Recognition</source>
+        <translation>Reconnaissance musicale</translation>
+    </message>
+    <message>
+        <source>Get to know songs by ear</source>
+        <translation>Apprendre à reconnaître les morceaux</translation>
+    </message>
+    <message>
+        <source>Begin Anew</source>
+        <translation>Recommencer</translation>
+    </message>
+    <message>
+        <source>Forget All Songs</source>
+        <translation>Oublier tous les morceaux</translation>
+    </message>
+</context>
+<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -651,6 +670,29 @@
     <message>
         <source>Lyrics</source>
         <translation>Paroles</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::IndexStatus</name>
+    <message>
+        <source>%1 of %2 songs can be recognized (%3)</source>
+        <translation>%1 morceaux sur %2 peuvent être reconnus (%3)</translation>
+    </message>
+    <message>
+        <source>Listening to music: %1 left</source>
+        <translation>Écoute de la musique : %1 restants</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>En pause : économie d’énergie</translation>
+    </message>
+    <message>
+        <source>Not possible at the moment</source>
+        <translation>Impossible pour le moment</translation>
     </message>
 </context>
 <context>

@@ -404,6 +404,25 @@
     </message>
 </context>
 <context>
+    <name>RecognitionSection</name>
+    <message>
+        <source>Music Recognition</source>
+        <translation>ミュージック認識</translation>
+    </message>
+    <message>
+        <source>Get to know songs by ear</source>
+        <translation>曲を聴いて覚える</translation>
+    </message>
+    <message>
+        <source>Begin Anew</source>
+        <translation>最初からやり直す</translation>
+    </message>
+    <message>
+        <source>Forget All Songs</source>
+        <translation>すべての曲を忘れる</translation>
+    </message>
+</context>
+<context>
     <name>ReviewCard</name>
     <message>
         <source>Do you like Trackwise?</source>
@@ -649,6 +668,29 @@
     <message>
         <source>Lyrics</source>
         <translation>歌詞</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::IndexStatus</name>
+    <message>
+        <source>%1 of %2 songs can be recognized (%3)</source>
+        <translation>%2曲中%1曲を認識できます（%3）</translation>
+    </message>
+    <message>
+        <source>Listening to music: %1 left</source>
+        <translation>曲を聴いています：残り%1</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止中</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>一時停止中：省電力</translation>
+    </message>
+    <message>
+        <source>Not possible at the moment</source>
+        <translation>現在は利用できません</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 #include "device/integration/DesktopApplication.h"
 #include "device/integration/SystemTimeZone.h"
 #include "device/library/store/SetAside.h"
+#include "device/recognizer/FingerprintWorker.h"
 #include "lookup/CatalogConfiguration.h"
 #include "lookup/CatalogLookup.h"
 #include "preferences/Preferences.h"
@@ -27,6 +28,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <string_view>
+#include <unistd.h>
 
 using namespace trackwise;
 
@@ -51,6 +54,7 @@ SettingsServices settingsServices(Device &device)
             .folders = device.musicFolders(),
             .library = device.library().mediaLibrary(),
             .scan = device.library().scan(),
+            .index = device.fingerprinting(),
             .setMusicAccess =
                 [&device](bool isAllowed) {
                     device.library().access().setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized
@@ -167,6 +171,8 @@ void explainMissingDisplay(QtMsgType type, const QMessageLogContext & /*context*
 int main(int argc, char *argv[])
 {
     cli::keepStreamsTaken();
+    if (argc == 3 && std::string_view(argv[1]) == workerArgument)
+        return runFingerprintWorker(STDIN_FILENO, STDOUT_FILENO, argv[2]);
     // Qt 6.4 takes another multimedia backend by itself, which stops the program where its plug-ins are
     // missing.
     if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))

@@ -3,9 +3,12 @@
 
 #include "device/integration/FeedbackHaptics.h"
 #include "device/recognizer/AbsentRecognition.h"
+#include "device/recognizer/CatalogSummary.h"
 
 #include <QFile>
 #include <QStandardPaths>
+
+#include <utility>
 
 namespace trackwise {
 
@@ -23,6 +26,8 @@ std::optional<QByteArray> pathOf(const LinuxLibrary &library, PersistentID id)
     const auto song = library.song(id);
     return song ? std::optional(song->file.path()) : std::nullopt;
 }
+
+const QString pausedKey = QStringLiteral("Recognition/IndexPaused");
 
 Instant now()
 {
@@ -68,19 +73,22 @@ Device::Device(const Options &options, Files files)
     , m_systemPlayer(m_library->matching(), QDBusConnection::sessionBus(), options.appId)
     , m_addresses([this] { return m_systemPlayer.raisePlayer(); })
     , m_http(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/http"))
-    , m_recognition(m_settings, options.appId)
+    , m_recognition(m_settings, options.appId, *m_library)
 {
     connectCounts();
     followIgnoredPlayers();
     m_library->followMusicFolders();
+    fingerprintTheLibrary();
     if (!options.library)
         followChoiceOfFolders();
 }
 
 Device::~Device() = default;
 
-Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId)
+Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId, const LinuxLibrary &library)
     : audioSession(settings)
+    , fingerprinting(library, catalogFolder(library.configuration().databasePath),
+                     LibraryFingerprinting::Workers::ofThisProgram(Effort::Background))
     , services{audioSession, [] { return std::make_unique<AbsentRecognition>(); },
                [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
                [this] { return conditions.isScreenReaderRunning(); }}
@@ -109,6 +117,36 @@ void Device::followChoiceOfFolders()
 {
     QObject::connect(&m_musicFolders, &MusicFolders::foldersDidChange, &m_library->mediaLibrary(), [this] {
         m_library->setMusicFolders(LibraryConfiguration::ofUser(*m_files.settings).musicFolders);
+    });
+}
+
+void Device::fingerprintTheLibrary()
+{
+    LibraryFingerprinting *fingerprinting = &m_recognition.fingerprinting;
+    const auto settings = m_files.settings.get();
+    fingerprinting->setPaused(settings->value(pausedKey).toBool());
+    QObject::connect(fingerprinting, &RecognitionIndex::stateDidChange, fingerprinting,
+                     [settings, fingerprinting] {
+                         if (settings->value(pausedKey).toBool() != fingerprinting->isPaused())
+                             settings->setValue(pausedKey, fingerprinting->isPaused());
+                     });
+
+    const auto consider = [this, fingerprinting] {
+        fingerprinting->setConditions(m_recognition.conditions.isSavingPower(),
+                                      m_library->access().status() == LibraryAuthorizationStatus::Authorized);
+    };
+    consider();
+    QObject::connect(&m_recognition.conditions, &DeviceConditions::conditionsDidChange, fingerprinting,
+                     consider);
+    QObject::connect(&m_library->access(), &LibraryAccess::statusDidChange, fingerprinting, consider);
+
+    // After the first scan, and after each that has found something.
+    const ScanController *scan = &m_library->scan();
+    const auto isDue = std::make_shared<bool>(true);
+    QObject::connect(scan, &ScanController::libraryDidChange, fingerprinting, [isDue] { *isDue = true; });
+    QObject::connect(scan, &LibraryScan::progressDidChange, fingerprinting, [scan, isDue, fingerprinting] {
+        if (!scan->progress().isRunning && std::exchange(*isDue, false))
+            fingerprinting->lookForWork();
     });
 }
 

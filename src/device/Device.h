@@ -13,6 +13,7 @@
 #include "device/players/following/MprisSystemMusicPlayer.h"
 #include "device/players/playing/ApplicationMusicPlayer.h"
 #include "device/players/publishing/MprisPublisher.h"
+#include "device/recognizer/LibraryFingerprinting.h"
 #include "platform/RecognitionServices.h"
 #include "platform/Result.h"
 
@@ -54,6 +55,7 @@ public:
     [[nodiscard]] LinuxAudioSession &audioSession() { return m_recognition.audioSession; }
     [[nodiscard]] const DeviceConditions &conditions() const { return m_recognition.conditions; }
     [[nodiscard]] const RecognitionServices &recognition() const { return m_recognition.services; }
+    [[nodiscard]] LibraryFingerprinting &fingerprinting() { return m_recognition.fingerprinting; }
     [[nodiscard]] QSettings &settingsFile() { return *m_files.settings; }
     [[nodiscard]] AddressOpener &addresses() { return m_addresses; }
     [[nodiscard]] MailComposer &mail() { return m_mail; }
@@ -64,6 +66,7 @@ private:
     void connectCounts();
     void followIgnoredPlayers();
     void followChoiceOfFolders();
+    void fingerprintTheLibrary();
 
     struct
     {
@@ -82,10 +85,11 @@ private:
     NetworkHttpClient m_http;
     struct Recognition
     {
-        Recognition(DeviceSettings &settings, const QString &appId);
+        Recognition(DeviceSettings &settings, const QString &appId, const LinuxLibrary &library);
 
         LinuxAudioSession audioSession;
         DesktopConditions conditions;
+        LibraryFingerprinting fingerprinting;
         RecognitionServices services;
     } m_recognition;
 };

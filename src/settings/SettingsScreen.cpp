@@ -18,6 +18,7 @@ namespace trackwise {
 SettingsScreen::SettingsScreen(SettingsServices services, std::function<void()> dismissAction)
     : m_services(std::move(services))
     , m_dismissAction(std::move(dismissAction))
+    , m_index(m_services.index)
 {
     const DeviceSettings &device = m_services.device;
     connect(&device, &DeviceSettings::appearanceDidChange, this, &SettingsScreen::changed);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "settings/IndexStatus.h"
 #include "settings/SettingsList.h"
 #include "settings/SettingsServices.h"
 
@@ -36,6 +37,7 @@ class SettingsScreen : public QObject
     Q_PROPERTY(QString textSizeName READ textSizeName NOTIFY changed)
     Q_PROPERTY(trackwise::SettingsList *folders READ folders CONSTANT)
     Q_PROPERTY(trackwise::SettingsList *players READ players CONSTANT)
+    Q_PROPERTY(trackwise::IndexStatus *index READ index CONSTANT)
 
 public:
     /// @p services must outlive the screen. @p dismissAction closes it.
@@ -57,6 +59,7 @@ public:
     [[nodiscard]] QString textSizeName() const;
     [[nodiscard]] SettingsList *folders() { return &m_folders; }
     [[nodiscard]] SettingsList *players() { return &m_players; }
+    [[nodiscard]] IndexStatus *index() { return &m_index; }
 
     Q_INVOKABLE void setMusicAllowed(bool isAllowed);
     Q_INVOKABLE void scanAgain();
@@ -84,6 +87,7 @@ private:
     bool m_isScanning = false;
     SettingsList m_folders;
     SettingsList m_players;
+    IndexStatus m_index;
 };
 
 /// "~/Music" for a folder in the user's home.

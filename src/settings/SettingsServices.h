@@ -13,6 +13,7 @@ class DeviceSettings;
 class LibraryScan;
 class MediaLibrary;
 class MusicFolders;
+class RecognitionIndex;
 
 /// Another player as people know it.
 struct KnownPlayer
@@ -31,6 +32,7 @@ struct SettingsServices
     MusicFolders &folders;
     MediaLibrary &library;
     LibraryScan &scan;
+    RecognitionIndex &index;
     std::function<void(bool isAllowed)> setMusicAccess;
     std::function<std::vector<KnownPlayer>()> players; ///< those that run now
 };

@@ -108,6 +108,10 @@ FocusScope {
                 }
             }
         }
+        RecognitionSection {
+            width: parent.width
+            index: root.screen.index
+        }
         SettingsSection {
             width: parent.width
             title: qsTr("Appearance")

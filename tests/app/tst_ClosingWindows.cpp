@@ -5,6 +5,7 @@
 #include "device/integration/WebServer.h"
 #include "device/library/WavFolder.h"
 #include "device/players/following/FakePlayer.h"
+#include "device/recognizer/FingerprintWorker.h"
 #include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"
@@ -424,5 +425,12 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_ClosingWindows)
+int main(int argc, char **argv)
+{
+    if (argc == 3 && std::string_view(argv[1]) == workerArgument)
+        return runFingerprintWorker(STDIN_FILENO, STDOUT_FILENO, argv[2]);
+    QGuiApplication application(argc, argv);
+    tst_ClosingWindows test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_ClosingWindows.moc"

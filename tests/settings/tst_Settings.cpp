@@ -6,6 +6,7 @@
 #include "lookup/ListedLibrary.h"
 #include "settings/LibraryAccessRequest.h"
 #include "settings/SettingsScreen.h"
+#include "support/ScriptedIndex.h"
 #include "support/ScriptedScan.h"
 #include "support/Test.h"
 #include "support/ViewWindow.h"
@@ -41,7 +42,7 @@ struct Device
             setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized
                                 : LibraryAuthorizationStatus::Denied);
         };
-        return {settings, appearance, folders, library, scan, setMusicAccess, players};
+        return {settings, appearance, folders, library, scan, index, setMusicAccess, players};
     }
     void setStatus(LibraryAuthorizationStatus status)
     {
@@ -56,6 +57,7 @@ struct Device
     StoredMusicFolders folders{file};
     ListedLibrary library;
     ScriptedScan scan;
+    ScriptedIndex index;
 };
 
 struct SettingsWindow : ViewWindow
@@ -110,7 +112,30 @@ class tst_Settings : public QObject
 {
     Q_OBJECT
 
+    using Activity = RecognitionIndexState::Activity;
+
 private Q_SLOTS:
+    void tellsHowFarTheIndexIs()
+    {
+        ScriptedIndex index;
+        const IndexStatus status(index);
+        const std::pair<RecognitionIndexState, QString> rows[]{
+            {{Activity::Idle, 40, 40, 300'000, {}}, u"40 of 40 songs can be recognized (293.0 KiB)"_s},
+            {{Activity::Working, 1, 1200, 2'000, {}},
+             u"1 of 1,200 songs can be recognized (2.0 KiB)\nListening to music: 1,199 left"_s},
+            {{Activity::Paused, 0, 0, 0, {}}, u"0 of 0 songs can be recognized (0 bytes)\nPaused"_s},
+            {{Activity::SavingPower, 0, 1, 0, {}},
+             u"0 of 1 songs can be recognized (0 bytes)\nPaused: saving power"_s},
+            {{Activity::Unavailable, 0, 1, 0, u"disk full"_s},
+             u"0 of 1 songs can be recognized (0 bytes)\nNot possible at the moment"_s},
+        };
+        for (const auto &[state, text] : rows) {
+            index.report(state);
+            QCOMPARE(status.text(), text);
+            QCOMPARE(status.isPaused(), state.activity == Activity::Paused);
+        }
+    }
+
     void everyControlChangesItsSetting()
     {
         OpenSettings at;
@@ -129,6 +154,16 @@ private Q_SLOTS:
         QCOMPARE(at.settings.microphoneAccess(), AccessChoice::Allowed);
         at.press(u"Microphone access"_s);
         QCOMPARE(at.settings.microphoneAccess(), AccessChoice::Denied);
+
+        at.index.report({Activity::Idle, 2, 2, 3000, {}});
+        at.press(u"Get to know songs by ear"_s);
+        at.press(u"Begin Anew"_s);
+        at.press(u"Forget All Songs"_s);
+        at.index.report({Activity::Paused, 0, 2, 0, {}});
+        QVERIFY(!at.isChecked(u"Get to know songs by ear"_s));
+        at.press(u"Get to know songs by ear"_s);
+        QCOMPARE(at.index.asked, u"prcg"_s);
+        QVERIFY(!at.named(u"Forget All Songs"_s)->isEnabled());
 
         at.press(u"Theme, Dark"_s);
         QVERIFY(at.appearance.isDark() && at.isChecked(u"Theme, Dark"_s));

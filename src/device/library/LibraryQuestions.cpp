@@ -19,6 +19,13 @@ Result<LibrarySong> found(Result<std::optional<LibrarySong>> song)
     return **std::move(song);
 }
 
+/// The hash of the sound; where a file gives none, what changes with it.
+std::uint64_t stampOf(std::uint64_t hash, std::uint64_t size, std::uint64_t modified)
+{
+    constexpr std::uint64_t odd = 0x9e3779b97f4a7c15; // spreads what is multiplied with it over all bits
+    return hash != 0 ? hash : (size * odd ^ modified) * odd | 1;
+}
+
 Result<Done> schemaAt(const QByteArray &path)
 try {
     return checkSchema(sqlite::Connection(path, sqlite::Access::ReadOnly));
@@ -107,6 +114,23 @@ Result<Done> LibraryQuestions::forEachSong(const std::function<bool(const Librar
     return m_connections.read([&](ReadConnection &connection) {
         SongLookup(connection).visitSongs(visit);
         return Done{};
+    });
+}
+
+Result<std::vector<SongSound>> LibraryQuestions::sounds() const
+{
+    return m_connections.read([](ReadConnection &connection) {
+        auto &row = connection.statement(
+            "SELECT persistent_id, audio_hash, size, modified, files.availability"
+            " FROM songs JOIN files ON files.song = songs.id ORDER BY songs.id");
+        std::vector<SongSound> sounds;
+        const auto number = [&row](int column) { return static_cast<std::uint64_t>(row.integer(column)); };
+        while (row.step()) {
+            sounds.push_back({{number(0)},
+                              stampOf(number(1), number(2), number(3)),
+                              static_cast<Availability>(row.integer(4))});
+        }
+        return sounds;
     });
 }
 

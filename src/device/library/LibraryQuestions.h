@@ -21,6 +21,14 @@ struct LibraryStatus
     qsizetype problems = 0;
 };
 
+/// How the file of a song sounds, without listening to it.
+struct SongSound
+{
+    PersistentID song;
+    std::uint64_t stamp = 0; ///< of another sound another one
+    Availability availability = Availability::Available;
+};
+
 /// What can be asked of a library without changing it. Any thread. Every answer is whole, or a failure that
 /// names the database file.
 class LibraryQuestions
@@ -39,6 +47,8 @@ public:
     [[nodiscard]] Result<std::vector<PersistentID>> search(const QString &typed, int limit) const;
     /// Every song in the library's order, gone ones too, until @p visit answers false.
     [[nodiscard]] Result<Done> forEachSong(const std::function<bool(const LibrarySong &)> &visit) const;
+    /// Of every song, in the order in which they were added.
+    [[nodiscard]] Result<std::vector<SongSound>> sounds() const;
 
 protected:
     /// @p didFail is called for each failure, on the thread that asked.

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/library/LibraryFixture.h"
+#include "device/recognizer/CatalogSummary.h"
+#include "device/recognizer/LibraryFingerprinting.h"
+#include "fingerprint/Pieces.h"
+#include "fingerprint/Row.h"
+#include "support/Test.h"
+#include "support/WavFile.h"
+
+#include <QSignalSpy>
+
+#include <cstdlib>
+#include <map>
+
+namespace {
+
+using Activity = RecognitionIndexState::Activity;
+using Workers = LibraryFingerprinting::Workers;
+
+const Workers noWorkers{u"/nonexistent"_s, {}, 1};
+
+Workers workers(int count = 2)
+{
+    return {u"/proc/self/exe"_s, {QString::fromLatin1(workerArgument)}, count};
+}
+
+/// What this program does as a worker: some songs are more than it can take.
+Result<HeardSong> listen(const QByteArray &path, const std::function<void()> &goesOn)
+{
+    const auto isFirst = [&] {
+        return std::rename((path + ".first").constData(), (path + ".second").constData()) == 0;
+    };
+    if (path.endsWith("/crash.wav") || (path.endsWith("/killed.wav") && isFirst()))
+        std::abort();
+    while (path.endsWith("/hang.wav"))
+        ;
+    return hear(path, goesOn);
+}
+
+void writeSong(const WavFolder &music, const char *name, unsigned seed)
+{
+    using namespace fingerprint;
+    music.writeBytes(name, wavFile(piece(seed, 3), sampleRateHz, 1, {{"INAM", name}}));
+}
+
+} // namespace
+
+class tst_LibraryFingerprinting : public QObject
+{
+    Q_OBJECT
+
+private:
+    /// A library of three songs, and its catalog.
+    struct Songs
+    {
+        Songs()
+        {
+            unsigned seed = 0;
+            for (const char *name : {"a.wav", "b.wav", "c.wav"})
+                writeSong(music, name, ++seed);
+            fixture.scan();
+        }
+        [[nodiscard]] QByteArray folder() const { return catalogFolder(fixture.databasePath()); }
+        [[nodiscard]] std::unique_ptr<LibraryFingerprinting> with(const Workers &some)
+        {
+            return std::make_unique<LibraryFingerprinting>(fixture.library(), folder(), some);
+        }
+        /// Works to the end; what there is to tell then.
+        RecognitionIndexState state(const Workers &some = workers())
+        {
+            const auto fingerprinting = with(some);
+            QSignalSpy ends(fingerprinting.get(), &LibraryFingerprinting::finished);
+            fingerprinting->lookForWork();
+            return ends.wait(30000) ? fingerprinting->state() : RecognitionIndexState{};
+        }
+        /// The songs of the catalog, by their titles, with their lengths.
+        [[nodiscard]] std::map<QByteArray, float> known()
+        {
+            std::map<QByteArray, float> songs;
+            const auto catalog = *readCatalog(fixture.databasePath());
+            for (fingerprint::SongNumber i = 0; i < catalog->songCount(); ++i) {
+                const auto song = catalog->song(i);
+                const auto inLibrary = fixture.library().song({song.persistentID});
+                if (!catalog->isRemoved(i))
+                    songs[inLibrary ? inLibrary->file.name : QByteArray("?")] = song.seconds;
+            }
+            return songs;
+        }
+        [[nodiscard]] fingerprint::SongNumber songsEver()
+        {
+            return (*readCatalog(fixture.databasePath()))->songCount();
+        }
+
+        WavFolder music;
+        LibraryFixture fixture{std::vector{music.root()}};
+    };
+    using Known = std::map<QByteArray, float>;
+
+private Q_SLOTS:
+    void listensToEachSongOnce()
+    {
+        Songs songs;
+        const RecognitionIndexState state = songs.state();
+        QCOMPARE(state.activity, Activity::Idle);
+        QCOMPARE(std::pair(state.songsDone, state.songsTotal), (std::pair<qsizetype, qsizetype>(3, 3)));
+        QVERIFY(state.bytes > 1000);
+        QCOMPARE(songs.known(), (Known{{"a.wav", 3}, {"b.wav", 3}, {"c.wav", 3}}));
+        QCOMPARE(songs.state(noWorkers).songsDone, 3); // and nobody had to listen
+
+        writeSong(songs.music, "b.wav", 9);
+        songs.music.move("a.wav", "deeper/a.wav");
+        songs.music.remove("c.wav");
+        songs.fixture.scan();
+        const auto summary =
+            summaryOf(**readCatalog(songs.fixture.databasePath()), *songs.fixture.library().sounds());
+        QCOMPARE(std::pair(summary.songs, summary.left), (std::pair<qsizetype, qsizetype>(1, 1)));
+        QCOMPARE(songs.state(workers(1)).songsDone, 2);
+        QCOMPARE(songs.known(), (Known{{"a.wav", 3}, {"b.wav", 3}}));
+    }
+
+    void goesOnWhereItWasStopped()
+    {
+        Songs songs;
+        {
+            const auto fingerprinting = songs.with(workers(1));
+            connect(fingerprinting.get(), &RecognitionIndex::stateDidChange, this, [&] {
+                if (fingerprinting->state().songsDone > 0)
+                    fingerprinting->setPaused(true);
+            });
+            fingerprinting->lookForWork();
+            QTRY_COMPARE(fingerprinting->state().activity, Activity::Paused);
+        }
+        const std::size_t before = songs.known().size();
+        QVERIFY(before >= 1);
+        QCOMPARE(songs.state().songsDone, 3);
+        QCOMPARE(songs.known().size(), 3U);
+    }
+
+    void worksOnlyWhenItMay()
+    {
+        Songs songs;
+        const auto fingerprinting = songs.with(workers());
+        fingerprinting->setConditions(true, true);
+        fingerprinting->lookForWork();
+        QTRY_COMPARE(fingerprinting->state().songsTotal, 3);
+        QCOMPARE(fingerprinting->state().activity, Activity::SavingPower);
+        fingerprinting->setPaused(true);
+        QCOMPARE(fingerprinting->state().activity, Activity::Paused);
+        fingerprinting->setConditions(false, true);
+        QCOMPARE(fingerprinting->state().songsDone, 0);
+        fingerprinting->setPaused(false);
+        QCOMPARE(fingerprinting->state().activity, Activity::Working);
+        QTRY_COMPARE(fingerprinting->state().songsDone, 3);
+        QTRY_COMPARE(fingerprinting->state().activity, Activity::Idle);
+
+        fingerprinting->clear();
+        QTRY_COMPARE(fingerprinting->state().songsDone, 0);
+        QCOMPARE(fingerprinting->state().activity, Activity::Paused);
+        QTRY_COMPARE(songs.known().size(), 0U);
+        QSignalSpy ends(fingerprinting.get(), &LibraryFingerprinting::finished);
+        fingerprinting->rebuild();
+        QVERIFY(ends.wait(30000));
+        QCOMPARE(songs.known().size(), 3U);
+    }
+
+    void survivesEveryFile()
+    {
+        Songs songs;
+        unsigned seed = 20;
+        for (const char *name : {"crash.wav", "hang.wav", "killed.wav"})
+            writeSong(songs.music, name, ++seed);
+        songs.music.writeBytes("killed.wav.first", "");
+        songs.fixture.scan();
+        QCOMPARE(songs.state().songsDone, 6);
+        QCOMPARE(songs.known(), (Known{{"a.wav", 3},
+                                       {"b.wav", 3},
+                                       {"c.wav", 3},
+                                       {"crash.wav", 0},
+                                       {"hang.wav", 0},
+                                       {"killed.wav", 3}}));
+        QCOMPARE(songs.state(noWorkers).activity, Activity::Idle); // none is tried again
+    }
+
+    void saysWhatKeepsItFromWorking()
+    {
+        Songs songs;
+        const RecognitionIndexState state = songs.state(noWorkers);
+        QCOMPARE(state.activity, Activity::Unavailable);
+        QVERIFY(!state.trouble.isEmpty());
+        QCOMPARE(state.songsDone, 0);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && std::string_view(argv[1]) == workerArgument)
+        return runFingerprintWorker(STDIN_FILENO, STDOUT_FILENO, nameOf(Effort::Full), listen, 0s);
+    QCoreApplication application(argc, argv);
+    tst_LibraryFingerprinting test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_LibraryFingerprinting.moc"
