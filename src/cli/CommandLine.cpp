@@ -62,6 +62,8 @@ ExitCode carryOut(CommandName name, const Call &call)
     switch (name) {
     case CommandName::Information:
         return showInformation(call);
+    case CommandName::Identify:
+        return identifyClips(call);
     case CommandName::Scan:
         return scanLibrary(call);
     case CommandName::Status:
@@ -72,6 +74,16 @@ ExitCode carryOut(CommandName name, const Call &call)
         return listProblems(call);
     case CommandName::Export:
         return exportLibrary(call);
+    case CommandName::CatalogStatus:
+        return showCatalog(call);
+    case CommandName::CatalogBuild:
+        return buildCatalog(call);
+    case CommandName::CatalogExport:
+        return exportCatalog(call);
+    case CommandName::CatalogAdd:
+        return addCatalog(call);
+    case CommandName::CatalogRemove:
+        return removeCatalog(call);
     }
     Q_UNREACHABLE();
 }
@@ -115,7 +127,7 @@ ExitCode answer(const std::vector<QByteArray> &arguments)
             (!isGrouped || second == bytes(command.word)))
             return run(command, {arguments.begin() + (isGrouped ? 2 : 1), arguments.end()});
     }
-    if (first == "library" && isHelp(second)) {
+    if (isHelp(second)) { // of a group
         std::fputs(commandsHelp().constData(), stdout);
         return ExitCode::Success;
     }

@@ -12,6 +12,12 @@ namespace trackwise::cli {
 [[nodiscard]] ExitCode searchLibrary(const Call &call);
 [[nodiscard]] ExitCode listProblems(const Call &call);
 [[nodiscard]] ExitCode exportLibrary(const Call &call);
+[[nodiscard]] ExitCode showCatalog(const Call &call);
+[[nodiscard]] ExitCode buildCatalog(const Call &call);
+[[nodiscard]] ExitCode exportCatalog(const Call &call);
+[[nodiscard]] ExitCode addCatalog(const Call &call);
+[[nodiscard]] ExitCode removeCatalog(const Call &call);
+[[nodiscard]] ExitCode identifyClips(const Call &call);
 
 /// Says why and gives the code that fits: NotFound for what is not there, else Failure.
 [[nodiscard]] ExitCode giveUp(const Failure &failure);

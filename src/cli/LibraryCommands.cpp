@@ -6,7 +6,6 @@
 
 #include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 namespace trackwise::cli {
 
@@ -25,11 +24,6 @@ QString joined(const std::vector<QByteArray> &paths)
     for (const QByteArray &path : paths)
         names << QFile::decodeName(path);
     return names.isEmpty() ? QStringLiteral("--") : names.join(u'\n');
-}
-
-QByteArray lineOf(const QJsonObject &json)
-{
-    return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
 }
 
 QJsonArray toJson(const std::vector<QByteArray> &paths)

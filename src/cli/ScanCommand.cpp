@@ -2,23 +2,17 @@
 #include "cli/Commands.h"
 
 #include "cli/Console.h"
+#include "cli/Interruption.h"
 #include "device/library/scan/ScanController.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QTimer>
 
 #include <algorithm>
-#include <chrono>
-#include <csignal>
 
 namespace trackwise::cli {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-volatile std::sig_atomic_t interrupted = 0;
 
 QString textOf(const ScanProgress &progress)
 {
@@ -50,18 +44,10 @@ ExitCode scanLibrary(const Call &call)
     {
         StatusLine line;
         QEventLoop loop;
-        QTimer interruption;
+        const Interruption interruption(loop, [&] { scan.cancel(); });
         QObject::connect(&scan, &ScanController::progressDidChange, &loop,
                          [&] { line.show(textOf(scan.progress())); });
         QObject::connect(&scan, &ScanController::finished, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-        // A signal handler may do no more than this; the timer does the rest.
-        std::signal(SIGINT, [](int) { interrupted = 1; });
-        std::signal(SIGTERM, [](int) { interrupted = 1; });
-        QObject::connect(&interruption, &QTimer::timeout, &loop, [&] {
-            if (interrupted != 0)
-                scan.cancel();
-        });
-        interruption.start(100ms);
         if (call.wantsAll)
             scan.readEverythingAgain();
         else
@@ -70,7 +56,7 @@ ExitCode scanLibrary(const Call &call)
     }
     if (scan.failure())
         return giveUp(*scan.failure());
-    if (interrupted != 0)
+    if (Interruption::hasCome())
         return giveUp({FailureKind::Cancelled, QStringLiteral("stopped; what has been read is kept")});
     // Scanned all the same: the songs of an absent disk are marked as such.
     for (const QByteArray &folder : folders)

@@ -2,6 +2,7 @@
 #include "cli/SongJson.h"
 
 #include <QDateTime>
+#include <QJsonDocument>
 #include <QTimeZone>
 
 namespace trackwise::cli {
@@ -71,6 +72,11 @@ QJsonObject toJson(const LibrarySong &song)
     if (QString::fromUtf8(path).toUtf8() != path)
         json.insert(QStringLiteral("path_hex"), QString::fromLatin1(path.toHex()));
     return json;
+}
+
+QByteArray lineOf(const QJsonObject &json)
+{
+    return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
 }
 
 } // namespace trackwise::cli

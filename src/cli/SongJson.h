@@ -12,4 +12,7 @@ namespace trackwise::cli {
 /// hexadecimal digits, the artwork the key of its picture.
 [[nodiscard]] QJsonObject toJson(const LibrarySong &song);
 
+/// As a line of its own.
+[[nodiscard]] QByteArray lineOf(const QJsonObject &json);
+
 } // namespace trackwise::cli

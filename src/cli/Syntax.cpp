@@ -62,12 +62,26 @@ constexpr Option ofScan[] = {
 constexpr Option ofStatus[] = {{.name = "json", .help = "Print one line of JSON."}};
 constexpr Option ofSearch[] = {{.name = "json", .help = "Print a line of JSON for each song."}};
 constexpr Option ofProblems[] = {{.name = "json", .help = "Print a line of JSON for each file."}};
+constexpr Option ofIdentify[] = {
+    {.name = "json", .help = "Print a line of JSON for each file, as soon as it is known."}};
+constexpr Option ofCatalogStatus[] = {{.name = "json", .help = "Print one line of JSON."}};
 
 constexpr Command table[] = {
     {CommandName::Information, Completion::Files, "", "info", "FILE|ID|WORDS", 1, 1, ofInformation,
      "what is known about one song",
      "Shows what is known about one song: a file, a song of the library by its identifier (16 hexadecimal "
      "digits), or the one that fits the words best."},
+    {CommandName::Identify, Completion::Files, "", "identify", "FILE...|-", 1, anyNumber, ofIdentify,
+     "which song of the library is heard",
+     "Names the song of the library, or of an added catalog, that is heard in each file, or in what comes "
+     "from "
+     "standard input (-), by its first 15 seconds. It ends with 0 where all were recognised, with 3 where "
+     "one "
+     "was not, with 1 where one could not be read. With --json each line has file, match, path, "
+     "persistentID, "
+     "title, artist, offset_s (the place in the song where the file begins, in seconds), score, threshold "
+     "(the "
+     "score of a match) and ms (the time it took), or file and error."},
     {CommandName::Scan, Completion::Nothing, "library", "scan", "", 0, 0, ofScan,
      "bring the library up to date", "Brings the library up to date with the music folders."},
     {CommandName::Status, Completion::Nothing, "library", "status", "", 0, 0, ofStatus,
@@ -86,6 +100,55 @@ constexpr Command table[] = {
      {},
      "every song, a line of JSON each",
      "Prints a line of JSON for each song of the library, with everything that is known about it."},
+    {CommandName::CatalogStatus, Completion::Nothing, "catalog", "status", "", 0, 0, ofCatalogStatus,
+     "how many songs are known by their sound",
+     "Shows where the catalog of sounds is, by which songs are recognised, how many songs of the library it "
+     "knows, and which catalogs were added."},
+    {CommandName::CatalogBuild,
+     Completion::Nothing,
+     "catalog",
+     "build",
+     "",
+     0,
+     0,
+     {},
+     "listen to the songs that are not known yet",
+     "Brings the library up to date, and listens to all its songs that the catalog does not know yet; the "
+     "window does so by itself, in the background. A library that is named with --library is taken as it is, "
+     "unless its music folder is named too. It may be stopped: what was done is kept."},
+    {CommandName::CatalogExport,
+     Completion::Files,
+     "catalog",
+     "export",
+     "FILE",
+     1,
+     1,
+     {},
+     "the songs' sounds and names, for others",
+     "Writes the catalog of the library into one file, which others can add to theirs. The songs can be "
+     "recognised by it; their sound is not in it."},
+    {CommandName::CatalogAdd,
+     Completion::Files,
+     "catalog",
+     "add",
+     "FILE",
+     1,
+     1,
+     {},
+     "take over a catalog of others",
+     "Copies a catalog that was exported elsewhere: its songs are recognised too, and named as they are "
+     "named "
+     "there. One that was added from a file of the same name is replaced."},
+    {CommandName::CatalogRemove,
+     Completion::Nothing,
+     "catalog",
+     "remove",
+     "NAME",
+     1,
+     1,
+     {},
+     "let go of such a catalog",
+     "Removes a catalog that was added, by the name that the status shows."},
 };
 
 } // namespace

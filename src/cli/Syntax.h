@@ -24,7 +24,20 @@ struct Option
     [[nodiscard]] bool takesValue() const { return !value.empty(); }
 };
 
-enum class CommandName { Information, Scan, Status, Search, Problems, Export };
+enum class CommandName {
+    Information,
+    Identify,
+    Scan,
+    Status,
+    Search,
+    Problems,
+    Export,
+    CatalogStatus,
+    CatalogBuild,
+    CatalogExport,
+    CatalogAdd,
+    CatalogRemove,
+};
 
 /// Something that the program does without a window.
 struct Command

@@ -46,13 +46,13 @@ protected:
     }
     /// @p shell comes before the program in the command line, such as "env -u HOME".
     [[nodiscard]] Outcome run(const QByteArrayList &arguments, const QByteArray &shell = {},
-                              const QByteArray &device = {}) const
+                              const QByteArray &device = {}, const QByteArray &input = "/dev/null") const
     {
         const QByteArray output = device.isEmpty() ? inScratch("output") : device;
         QByteArray line = shell + " '" TRACKWISE_PROGRAM "'";
         for (QByteArray argument : arguments)
             line += " '" + argument.replace('\'', "'\\''") + '\'';
-        line += " </dev/null >'" + output + "' 2>'" + inScratch("errors") + '\'';
+        line += " <'" + input + "' >'" + output + "' 2>'" + inScratch("errors") + '\'';
         const int status = std::system(line.constData());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
                 contents(device.isEmpty() ? output : device + "/"), contents(inScratch("errors"))};

@@ -60,11 +60,30 @@ private Q_SLOTS:
             QVERIFY2(outcome.code == code, arguments.join(' ') + outcome.errors);
             QCOMPARE(outcome.errors.isEmpty(), code == 0 || arguments.contains("search"));
         }
-        for (const char *misuse :
-             {"info", "info a b", "info a --all", "library", "library play", "library scan a",
-              "library scan --json", "library scan --more", "library status a", "library status --all",
-              "library search", "library search a --lyrics", "library problems a", "library problems --more",
-              "library export a", "library export --json"}) {
+        for (const char *misuse : {"info",
+                                   "info a b",
+                                   "info a --all",
+                                   "library",
+                                   "library play",
+                                   "library scan a",
+                                   "library scan --json",
+                                   "library scan --more",
+                                   "library status a",
+                                   "library status --all",
+                                   "library search",
+                                   "library search a --lyrics",
+                                   "identify",
+                                   "identify a --all",
+                                   "catalog",
+                                   "catalog build a",
+                                   "catalog export",
+                                   "catalog add a b",
+                                   "catalog remove",
+                                   "catalog status --more",
+                                   "library problems a",
+                                   "library problems --more",
+                                   "library export a",
+                                   "library export --json"}) {
             const Outcome outcome = run(QByteArray(misuse).split(' '));
             QVERIFY2(outcome.code == 2 && outcome.errors.contains("trackwise ") && outcome.output.isEmpty(),
                      misuse);
