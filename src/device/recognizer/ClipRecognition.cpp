@@ -58,6 +58,7 @@ Result<ClipAnswer> recognizeClip(const fingerprint::Catalog &catalog, const QByt
         std::vector<KeptPeak> kept;
         catalog.peaks(number, 0, std::numeric_limits<float>::max(), kept);
         std::vector<Peak> peaks;
+        peaks.reserve(kept.size());
         for (const KeptPeak peak : kept)
             peaks.push_back({float(peak.frame), float(peak.bin), 1});
         builder.add(peaks);

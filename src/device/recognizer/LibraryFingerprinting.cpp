@@ -136,6 +136,7 @@ void LibraryFingerprinting::Survey::compare(std::vector<SongSound> sounds)
             todo.push_back(*sound);
     }
     std::vector<std::uint64_t> gone;
+    gone.reserve(known.size());
     for (const auto &[song, stamp] : known)
         gone.push_back(song);
     if (gone.empty())
