@@ -74,18 +74,6 @@ public:
         m_at += zeros + 1;
         return zeros;
     }
-    /// A number from 1 on, below 2^29: as many zeros as it has bits behind its highest, that, and those.
-    std::uint32_t gamma()
-    {
-        if (m_at >= m_end) {
-            ++m_at;
-            return 1;
-        }
-        const std::uint64_t bits = bitsFrom(m_bytes, m_at) | std::uint64_t(1) << 28;
-        const auto zeros = unsigned(std::countr_zero(bits));
-        m_at += 2 * zeros + 1;
-        return std::uint32_t(1) << zeros | std::uint32_t(lowestBits(bits >> (zeros + 1), zeros));
-    }
     [[nodiscard]] std::uint64_t at() const { return m_at; }
     /// Whether more was taken than there is.
     [[nodiscard]] bool isBeyondEnd() const { return m_at > m_end; }
@@ -94,6 +82,61 @@ private:
     const std::uint8_t *m_bytes;
     std::uint64_t m_at;
     std::uint64_t m_end;
+};
+
+/// Reads gamma codes: numbers from 1 on, below 2^29. Each is as many zeros as it has bits below its highest,
+/// that, and those.
+class GammaReader
+{
+public:
+    /// As for a BitReader.
+    GammaReader(const std::uint8_t *bytes, std::uint64_t at, std::uint64_t end)
+        : m_bytes(bytes)
+        , m_at(at)
+        , m_end(end)
+    {}
+
+    /// What lies behind the end reads as 1, and is noticed.
+    std::uint32_t next()
+    {
+        auto zeros = unsigned(std::countr_zero(m_window | mostZeros));
+        if (2 * zeros >= m_left) {
+            if (!fill())
+                return 1;
+            zeros = unsigned(std::countr_zero(m_window | mostZeros));
+        }
+        const auto value =
+            std::uint32_t(1) << zeros | std::uint32_t(lowestBits(m_window >> (zeros + 1), zeros));
+        m_window >>= 2 * zeros + 1;
+        m_left -= 2 * zeros + 1;
+        return value;
+    }
+    [[nodiscard]] std::uint64_t at() const { return m_at - m_left; }
+    [[nodiscard]] bool isBeyondEnd() const { return at() > m_end; }
+
+private:
+    static constexpr std::uint64_t mostZeros = std::uint64_t(1) << 28;
+    static constexpr unsigned bitsAtOnce = 57;
+
+    bool fill()
+    {
+        m_at -= m_left;
+        m_left = 0;
+        if (m_at >= m_end) {
+            m_at = m_end + 1;
+            return false;
+        }
+        m_window = lowestBits(bitsFrom(m_bytes, m_at), bitsAtOnce);
+        m_at += bitsAtOnce;
+        m_left = bitsAtOnce;
+        return true;
+    }
+
+    const std::uint8_t *m_bytes;
+    std::uint64_t m_at; ///< behind the window
+    std::uint64_t m_end;
+    std::uint64_t m_window = 0;
+    unsigned m_left = 0; ///< bits in the window
 };
 
 /// Writes what a BitReader reads.

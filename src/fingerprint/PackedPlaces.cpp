@@ -8,7 +8,7 @@ namespace trackwise::fingerprint {
 namespace {
 
 /// More would make lookups slow, fewer the directory large.
-constexpr std::uint64_t placesOfGroup = 24;
+constexpr std::uint64_t placesOfGroup = 50;
 
 unsigned shiftFor(std::uint64_t places)
 {
@@ -88,31 +88,105 @@ PlaceList PackedPlaces::places(Cell cell) const
     if (from >= end || end > std::uint64_t(m_bytes.groups.size()) * 8)
         return {};
     const std::uint8_t *bytes = m_bytes.groups.data();
-    BitReader header(bytes, from, end);
+    GammaReader header(bytes, from + shift, end);
     const std::uint64_t wanted = lowestBits(cell, shift) + 1;
-    const std::uint64_t lists = header.take(shift) + 1;
-    std::uint64_t listsCell = 0;
+    std::uint64_t left = listCount(from);
+    std::uint64_t current = header.next();
+    std::uint32_t size = header.next();
     std::uint64_t ones = 0;   // of the lists before
     std::uint64_t lowers = 0; // bits of the lists up to here
-    std::uint64_t lowersBefore = 0;
-    std::uint32_t found = 0;
-    for (std::uint64_t i = 0; i < lists; ++i) {
-        listsCell += header.gamma();
-        const std::uint32_t size = header.gamma();
-        if (listsCell == wanted) {
-            found = size;
-            lowersBefore = lowers;
-        } else if (listsCell < wanted) {
-            ones += size;
-        } else if (found == 0) {
-            return {};
-        }
+    while (--left > 0 && current < wanted) {
+        ones += size;
+        lowers += std::uint64_t(size) * m_coding.lowerBits(size);
+        current += header.next();
+        size = header.next();
+    }
+    if (current != wanted)
+        return {};
+    const std::uint64_t lowersBefore = lowers;
+    const std::uint32_t found = size;
+    lowers += std::uint64_t(size) * m_coding.lowerBits(size);
+    for (; left > 0; --left) {
+        header.next();
+        size = header.next();
         lowers += std::uint64_t(size) * m_coding.lowerBits(size);
     }
     std::uint64_t rest = header.at() + lowers;
-    if (found == 0 || header.isBeyondEnd() || rest > end || !skipOnes(bytes, rest, end, ones))
+    if (header.isBeyondEnd() || rest > end || !skipOnes(bytes, rest, end, ones))
         return {};
     return listAt(header.at() + lowersBefore, rest, end, found);
+}
+
+std::size_t PackedPlaces::findInGroup(std::span<const Cell> cells, std::size_t first,
+                                      std::vector<Found> &found) const
+{
+    found.clear();
+    if (m_relatives == nullptr || cells[first] >= cellCount)
+        return cells.size();
+    const unsigned shift = m_coding.groupShift();
+    const std::uint32_t group = cells[first] >> shift;
+    std::size_t behind = first + 1;
+    while (behind < cells.size() && cells[behind] >> shift == group)
+        ++behind;
+    prefetch(cells, behind);
+    const std::uint64_t from = beginningOf(group);
+    const std::uint64_t end = beginningOf(group + 1);
+    if (from >= end || end > std::uint64_t(m_bytes.groups.size()) * 8)
+        return behind;
+
+    GammaReader header(m_bytes.groups.data(), from + shift, end);
+    std::uint64_t cell = (std::uint64_t(group) << shift) - 1;
+    std::uint64_t ones = 0;   // of the lists before
+    std::uint64_t lowers = 0; // bits of the lists before
+    std::size_t next = first;
+    for (std::uint64_t left = listCount(from); left > 0; --left) {
+        cell += header.next();
+        const std::uint32_t size = header.next();
+        while (next < behind && cells[next] < cell)
+            ++next;
+        for (; next < behind && cells[next] == cell; ++next) {
+            found.push_back({next, ones, lowers, {}});
+            found.back().places.m_size = size;
+        }
+        ones += size;
+        lowers += std::uint64_t(size) * m_coding.lowerBits(size);
+    }
+    std::uint64_t rest = header.at() + lowers;
+    if (header.isBeyondEnd() || rest > end)
+        found.clear();
+    std::uint64_t skipped = 0;
+    for (Found &one : found) {
+        if (!skipOnes(m_bytes.groups.data(), rest, end, one.ones - skipped)) {
+            found.clear(); // a damaged group
+            break;
+        }
+        skipped = one.ones;
+        one.places = listAt(header.at() + one.lowers, rest, end, one.places.m_size);
+    }
+    return behind;
+}
+
+void PackedPlaces::prefetch(std::span<const Cell> cells, std::size_t index) const
+{
+    // What is far ahead needs the directory, which what is nearer has by now.
+    constexpr std::size_t groupsAhead = 8;
+    constexpr std::size_t directoryAhead = 16;
+    if (index + directoryAhead >= cells.size())
+        return;
+    const std::uint32_t far = cells[index + directoryAhead] >> m_coding.groupShift();
+    if (far >= m_coding.groupCount())
+        return;
+    __builtin_prefetch(m_relatives + std::uint64_t(far) * m_bytes.directoryBits / 8);
+    const std::uint64_t near = beginningOf(cells[index + groupsAhead] >> m_coding.groupShift()) / 8;
+    if (near >= m_bytes.groups.size())
+        return;
+    __builtin_prefetch(m_bytes.groups.data() + near);
+    __builtin_prefetch(m_bytes.groups.data() + near + 64);
+}
+
+std::uint64_t PackedPlaces::listCount(std::uint64_t group) const
+{
+    return lowestBits(bitsFrom(m_bytes.groups.data(), group), m_coding.groupShift()) + 1;
 }
 
 void PackedPlaces::listsOf(std::uint32_t group, std::vector<CellPlaces> &out) const
@@ -125,12 +199,12 @@ void PackedPlaces::listsOf(std::uint32_t group, std::vector<CellPlaces> &out) co
     const std::uint64_t end = beginningOf(group + 1);
     if (from >= end || end > std::uint64_t(m_bytes.groups.size()) * 8)
         return;
-    BitReader header(m_bytes.groups.data(), from, end);
+    GammaReader header(m_bytes.groups.data(), from + m_coding.groupShift(), end);
     std::uint64_t cell = std::uint64_t(first) - 1;
     std::uint64_t lowers = 0;
-    for (std::uint64_t left = header.take(m_coding.groupShift()) + 1; left > 0; --left) {
-        cell += header.gamma();
-        const std::uint32_t size = header.gamma();
+    for (std::uint64_t left = listCount(from); left > 0; --left) {
+        cell += header.next();
+        const std::uint32_t size = header.next();
         lowers += std::uint64_t(size) * m_coding.lowerBits(size);
         out.push_back({Cell(cell), {}});
         out.back().places.m_size = size;

@@ -72,6 +72,8 @@ std::optional<CatalogFailure> Segment::verify(SegmentHeader::Part part) const
 bool Segment::rowsAreSound() const
 {
     const std::size_t peaksSize = part(SegmentHeader::Peaks).size();
+    if (m_header.lineLength > longestLine)
+        return false;
     LinePlace free = 0; // of the line from here on
     for (SongNumber number = 0; number < songCount(); ++number) {
         const SongRow row = this->row(number);

@@ -150,7 +150,7 @@ private Q_SLOTS:
         std::mt19937 random(1);
         auto store = opened(m_folder);
         QVERIFY(has(*store, songs));
-        for (unsigned step = 0; step < 400; ++step) {
+        for (unsigned step = 0; step < 240; ++step) {
             const auto some = std::next(songs.begin(), long(random() % (songs.size() + 1)));
             if (step % 5 == 4 && some != songs.end()) {
                 remove(*store, songs, some->first);
@@ -208,7 +208,7 @@ private Q_SLOTS:
         std::mt19937 random(2);
         Songs songs;
         unsigned next = 0;
-        for (int round = 0; round < 8; ++round) {
+        for (int round = 0; round < 5; ++round) {
             int ends[2];
             QCOMPARE(::pipe(ends), 0);
             const pid_t child = ::fork();
@@ -250,7 +250,7 @@ private Q_SLOTS:
             QVERIFY(store->damages().empty());
             QVERIFY(has(*store, songs));
         }
-        QVERIFY(next > 100);
+        QVERIFY(next > 70);
     }
 
     void cutsOffATornEnd()
@@ -319,7 +319,7 @@ private Q_SLOTS:
         QCOMPARE(std::get<CatalogFailure>(CatalogStore::read(m_folder)).kind, Kind::NotThere);
         auto store = opened(m_folder);
         QCOMPARE(std::get<CatalogFailure>(CatalogStore::open(m_folder)).kind, Kind::InUse);
-        const std::vector<SomeSong> added = someSongs(6, 200, peaksOfSong);
+        const std::vector<SomeSong> added = someSongs(6, 150, peaksOfSong);
         Songs first;
         for (std::size_t i = 0; i < 70; ++i)
             add(*store, first, added[i]);

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fingerprint/Catalog.h"
 #include "fingerprint/SegmentBuilder.h"
+#include "fingerprint/SegmentMerge.h"
+#include "fingerprint/SegmentOutputs.h"
 #include "fingerprint/SomeSongs.h"
 #include "support/Test.h"
 
+#include <array>
 #include <map>
+#include <random>
 
 using namespace trackwise::fingerprint;
 
@@ -50,6 +54,64 @@ std::vector<std::pair<long, long>> peaksOf(const Segment &segment, SongNumber so
     for (const KeptPeak &peak : peaks)
         result.emplace_back(peak.frame, peak.bin);
     return result;
+}
+
+/// How many places a catalog finds when it is asked for many cells at once; 0 where one is wrong. For each
+/// segment it has the expected ones.
+std::size_t placesOf(const Catalog &catalog, const Expected &expected)
+{
+    std::vector<Cell> cells;
+    for (const auto &[cell, list] : expected.places)
+        cells.insert(cells.end(), {cell, cell, cell + 1}); // some of them have none
+    std::sort(cells.begin(), cells.end());
+    std::size_t count = 0;
+    bool isRight = true;
+    std::map<std::size_t, int> answers;
+    catalog.forEachList(cells, [&](std::size_t index, const PlaceList &list, LinePlace base) {
+        ++answers[index];
+        count += list.size();
+        const auto should = expected.places.find(cells[index]);
+        isRight = isRight && should != expected.places.end() && placesOf(list) == should->second &&
+                  base % expected.line == 0;
+    });
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        isRight = isRight && (answers[i] == 0) == !expected.places.contains(cells[i]);
+    // Every cell was asked for twice, or thrice behind another.
+    for (const auto &[cell, list] : expected.places)
+        count -= list.size() * (expected.places.contains(cell - 1) ? 2 : 1) * catalog.parts().size();
+    return isRight ? count : 0;
+}
+
+/// Asks for everything; what comes is to lie in the segment.
+bool staysWithin(const Segment::Ptr &segment)
+{
+    const Catalog catalog({{segment, {}, {}}});
+    std::vector<Cell> cells(cellCount / 211);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        cells[i] = Cell(i * 211);
+    std::size_t places = 0;
+    bool isWithin = true;
+    const auto take = [&](const PlaceList &list) {
+        list.forEach([&](LinePlace place) {
+            isWithin = isWithin && place < segment->lineLength();
+            ++places;
+        });
+    };
+    catalog.forEachList(cells, [&](std::size_t, const PlaceList &list, LinePlace) { take(list); });
+    std::size_t again = places;
+    for (const Cell cell : cells)
+        take(segment->places(cell));
+    for (SongNumber number = 0; number < segment->songCount(); ++number) {
+        std::vector<KeptPeak> peaks;
+        segment->peaks(number, 0, 1e9F, peaks);
+        segment->peaks(number, 1000, 2000, peaks);
+        isWithin = isWithin && segment->song(number).title.size() < 70000;
+    }
+    for (LinePlace place = 0; place < segment->lineLength() && place < 100000; place += 99)
+        isWithin = isWithin && segment->songAt(place).value_or(SongTime()).song <= segment->songCount();
+    MemoryOutput output;
+    mergeSegments(std::array{MergeInput{segment, {}}, MergeInput{segment, {true}}}, output);
+    return isWithin && places >= again;
 }
 
 std::vector<std::uint8_t> bytesOf(const std::vector<SomeSong> &songs, int partners = partnersOfPeak)
@@ -107,6 +169,7 @@ private Q_SLOTS:
             QVERIFY(segment->places(cell + 1).empty() == !expected.places.contains(cell + 1));
         }
         QCOMPARE(segment->pairCount(), pairs);
+        QCOMPARE(placesOf(Catalog({{segment, {}, {}}, {segment, {}, {}}}), expected), 2 * pairs);
         for (Cell cell = 0; cell < 2 * cellCount; cell += 997)
             QVERIFY(segment->places(cell).empty() == !expected.places.contains(cell));
         for (SongNumber number = 0; number < SongNumber(songs); ++number) {
@@ -126,6 +189,47 @@ private Q_SLOTS:
             QCOMPARE(segment->songAt(beginning - 125), (SongTime{number, -500}));
         }
         QVERIFY(!segment->songAt(-0.5) && !segment->songAt(expected.line));
+    }
+
+    void answersWithinAnyBytes()
+    {
+        // A hostile file has the right checksums.
+        std::mt19937 random(5);
+        const auto whole = bytesOf(someSongs(1, 4, 1000, 60));
+        const SegmentHeader wholeHeader = std::get<SegmentHeader>(SegmentHeader::of(whole, whole.size()));
+        int accepted = 0;
+        for (int round = 0; round < 200; ++round) {
+            std::vector<std::uint8_t> bytes = whole;
+            SegmentHeader header = wholeHeader;
+            auto &part = header.parts[std::size_t(round % SegmentHeader::PartCount)];
+            for (unsigned left = 1 + random() % 30; left > 0; --left)
+                bytes[part.offset + random() % part.size] = std::uint8_t(random() % 3 == 0   ? 0
+                                                                         : random() % 3 == 0 ? 255
+                                                                                             : random());
+            if (round % 4 == 3) {
+                for (std::uint32_t *number :
+                     {&header.groupShift, &header.directoryBits, &header.songCount, &header.lineLength})
+                    *number = random() % 3 != 0   ? *number
+                              : random() % 2 == 0 ? std::uint32_t(random())
+                                                  : std::uint32_t(random() % 40);
+                for (std::uint64_t *number : {&part.offset, &part.size})
+                    *number = random() % 4 != 0 ? *number : random() % (2 * whole.size());
+            }
+            if (round % 10 == 9)
+                part.size = std::uint64_t(0) - part.offset;
+            for (auto &each : header.parts) {
+                if (each.offset < bytes.size() && each.size <= bytes.size() - each.offset)
+                    each.checksum = checksumOf(std::span(bytes).subspan(each.offset, each.size));
+            }
+            const auto first = header.bytes();
+            std::copy(first.begin(), first.end(), bytes.begin());
+            const auto opened = Segment::of(SegmentBytes::of(bytes));
+            if (const auto *segment = std::get_if<Segment::Ptr>(&opened)) {
+                ++accepted;
+                QVERIFY(staysWithin(*segment));
+            }
+        }
+        QVERIFY(accepted > 80);
     }
 };
 
