@@ -25,6 +25,8 @@ using Files = StoreFolder::Kind;
 
 /// As many songs of the journal become a segment. They are in memory until then.
 constexpr std::size_t songsOfJournal = 64;
+/// Each takes a third more there. A small library is tidied up when they are this share of it.
+constexpr std::size_t shareOfJournal = 16;
 /// How often a reader looks again where files went while it opened them.
 constexpr int attempts = 10;
 
@@ -125,6 +127,7 @@ public:
     /// Makes @p next what there is, when it is written. The mutex is held.
     std::optional<CatalogFailure> change(StoreContents next, Journal journal);
     CatalogResult<bool> settle(std::size_t fewestSongs);
+    std::size_t worthSettling();
     CatalogResult<bool> merge();
     std::shared_ptr<const Catalog> snapshot();
 
@@ -224,6 +227,15 @@ CatalogResult<bool> CatalogStore::State::settle(std::size_t fewestSongs)
         inputs = contents.fresh();
     }
     return replaceByOne(inputs, Journal::New);
+}
+
+std::size_t CatalogStore::State::worthSettling()
+{
+    const std::lock_guard lock(mutex);
+    std::size_t settled = 0;
+    for (const StoredSegment &segment : contents.settled())
+        settled += segment.songs.segment->songCount();
+    return std::clamp(settled / shareOfJournal, std::size_t(1), songsOfJournal);
 }
 
 CatalogResult<bool> CatalogStore::State::merge()
@@ -390,7 +402,7 @@ std::unordered_map<std::uint64_t, std::uint64_t> CatalogStore::songs() const
 CatalogResult<bool> CatalogStore::mergeSome()
 {
     const std::lock_guard merging(m_state->merging);
-    auto settled = m_state->settle(songsOfJournal);
+    auto settled = m_state->settle(m_state->worthSettling());
     if (std::holds_alternative<CatalogFailure>(settled) || std::get<bool>(settled))
         return settled;
     return m_state->merge();

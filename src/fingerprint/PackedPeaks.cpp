@@ -42,10 +42,16 @@ void putBin(BitWriter &bits, std::uint32_t bin)
     bits.put(std::min(bin, highestBin) - firstBins[band], binBits[band]);
 }
 
+/// What makes the steps shortest.
 unsigned lowerBitsFor(std::span<const KeptPeak> peaks)
 {
-    const std::size_t frames = peaks.empty() ? 0 : peaks.back().frame - peaks.front().frame;
-    return unsigned(std::bit_width(frames * 7 / 10 / std::max<std::size_t>(1, peaks.size())));
+    std::array<std::uint64_t, 8> lengths{};
+    for (std::size_t i = 1; i < peaks.size(); ++i) {
+        const std::uint32_t step = peaks[i].frame - peaks[i - 1].frame;
+        for (unsigned bits = 0; bits < lengths.size(); ++bits)
+            lengths[bits] += bits + std::min(escape + frameBits, step >> bits);
+    }
+    return unsigned(std::min_element(lengths.begin(), lengths.end()) - lengths.begin());
 }
 
 class Unpacker

@@ -194,13 +194,13 @@ private Q_SLOTS:
     {
         SegmentBuilder builder;
         auto store = opened(m_folder);
-        for (const SomeSong &song : someSongs(3, 192, 600)) {
+        for (const SomeSong &song : someSongs(3, 100, 600)) {
             QVERIFY(!store->add(song.song, song.peaks));
             builder.add(song.peaks, song.song);
         }
         QVERIFY(mergeAll(*store));
-        QCOMPARE(store->catalog()->parts().size(), 1U);
-        QVERIFY(double(store->byteCount()) < 1.001 * double(std::move(builder).bytes().size()));
+        QVERIFY(store->catalog()->parts().size() <= 3U);
+        QVERIFY(double(store->byteCount()) < 1.03 * double(std::move(builder).bytes().size()));
     }
 
     void losesAtMostTheSongInWorkWhenKilled()
