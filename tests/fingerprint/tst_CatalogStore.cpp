@@ -4,13 +4,13 @@
 #include "fingerprint/SomeSongs.h"
 #include "support/Test.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <fstream>
 #include <map>
 #include <random>
 #include <set>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -121,6 +121,23 @@ void write(const fs::path &path, const std::string &contents)
     std::ofstream(path, std::ios::binary) << contents;
 }
 
+constexpr QLatin1String addsUntilKilled("--adds-until-killed");
+
+/// Tells of each song that was added by a byte.
+int addUntilKilled(const fs::path &folder, unsigned next)
+{
+    const auto store = opened(folder);
+    std::thread([&] {
+        while (std::holds_alternative<bool>(store->mergeSome()))
+            ;
+    }).detach();
+    for (;; ++next) {
+        const SomeSong song = someSongs(next, 1, peaksOfSong).front();
+        if (store->add(song.song, song.peaks) || ::write(STDOUT_FILENO, "+", 1) != 1)
+            ::_exit(1);
+    }
+}
+
 fs::path fileIn(const fs::path &folder, const std::string &prefix)
 {
     for (const auto &file : fs::directory_iterator(folder)) {
@@ -209,38 +226,18 @@ private Q_SLOTS:
         Songs songs;
         unsigned next = 0;
         for (int round = 0; round < 5; ++round) {
-            int ends[2];
-            QCOMPARE(::pipe(ends), 0);
-            const pid_t child = ::fork();
-            if (child == 0) {
-                auto store = opened(m_folder);
-                std::thread([&] {
-                    while (std::holds_alternative<bool>(store->mergeSome()))
-                        ;
-                }).detach();
-                for (unsigned song = next;; ++song) {
-                    const SomeSong some = someSongs(song, 1, peaksOfSong).front();
-                    const char done = store->add(some.song, some.peaks) ? 1 : 0;
-                    if (::write(ends[1], &done, 1) != 1 || done != 0)
-                        ::_exit(1);
-                }
-            }
-            ::close(ends[1]);
-            char failed = 0;
-            for (unsigned left = random() % 90; left > 0; --left, ++next) {
-                QCOMPARE(::read(ends[0], &failed, 1), 1);
-                QCOMPARE(int(failed), 0);
-                songs[someSongs(next, 1, 3).front().song.persistentID] =
-                    someSongs(next, 1, peaksOfSong).front();
-            }
-            ::kill(child, SIGKILL);
-            ::waitpid(child, nullptr, 0);
-            // What it told of last.
-            while (::read(ends[0], &failed, 1) == 1) {
+            QProcess child;
+            child.start(QCoreApplication::applicationFilePath(),
+                        {QString(addsUntilKilled), QString::fromStdString(m_folder), QString::number(next)});
+            const auto told = long(random() % 90);
+            while (child.bytesAvailable() < told)
+                QVERIFY(child.waitForReadyRead());
+            child.kill();
+            child.waitForFinished();
+            for (qsizetype left = child.readAllStandardOutput().size(); left > 0; --left) {
                 const SomeSong some = someSongs(next++, 1, peaksOfSong).front();
                 songs[some.song.persistentID] = some;
             }
-            ::close(ends[0]);
             auto store = opened(m_folder);
             const SomeSong last = someSongs(next, 1, peaksOfSong).front();
             if (store->songs().contains(last.song.persistentID)) { // it was about to tell
@@ -438,5 +435,13 @@ private:
     fs::path m_folder;
 };
 
-QTEST_GUILESS_MAIN(tst_CatalogStore)
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() == 4 && arguments[1] == addsUntilKilled)
+        return addUntilKilled(arguments[2].toStdString(), arguments[3].toUInt());
+    tst_CatalogStore test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_CatalogStore.moc"
