@@ -115,9 +115,9 @@ std::optional<CatalogFailure> copyCatalog(const fs::path &from, const fs::path &
 class CatalogStore::State
 {
 public:
-    State(StoreFolder storeFolder, FileDescriptor lock, int partnersOfEach)
+    State(StoreFolder storeFolder, FileDescriptor lock, PairDensity pairDensity)
         : folder(std::move(storeFolder))
-        , partners(partnersOfEach)
+        , density(pairDensity)
         , m_lock(std::move(lock))
     {}
 
@@ -132,7 +132,7 @@ public:
     std::shared_ptr<const Catalog> snapshot();
 
     const StoreFolder folder;
-    const int partners;
+    const PairDensity density;
     std::mutex mutex;   ///< of the contents and the journal
     std::mutex merging; ///< one at a time
     StoreContents contents;
@@ -310,7 +310,7 @@ CatalogStore::CatalogStore(std::unique_ptr<State> state)
 
 CatalogStore::~CatalogStore() = default;
 
-CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &folder, int partners)
+CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &folder, PairDensity density)
 {
     std::error_code error;
     fs::create_directories(folder, error);
@@ -320,7 +320,7 @@ CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &
     auto lock = lockedFile(files.lock());
     if (const auto *failure = std::get_if<CatalogFailure>(&lock))
         return *failure;
-    auto state = std::make_unique<State>(files, std::get<FileDescriptor>(std::move(lock)), partners);
+    auto state = std::make_unique<State>(files, std::get<FileDescriptor>(std::move(lock)), density);
     if (const auto failure = state->begin())
         return *failure;
     return std::unique_ptr<CatalogStore>(new CatalogStore(std::move(state)));
@@ -347,7 +347,7 @@ CatalogResult<std::shared_ptr<const Catalog>> CatalogStore::read(const fs::path 
 
 std::optional<CatalogFailure> CatalogStore::add(const CatalogSong &song, std::span<const Peak> peaks)
 {
-    SegmentBuilder builder(m_state->partners);
+    SegmentBuilder builder(m_state->density);
     builder.add(peaks, song);
     Segment::Ptr single = std::move(builder).build();
     {

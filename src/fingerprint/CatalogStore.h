@@ -28,9 +28,9 @@ class CatalogStore
 public:
     /// Opens @p folder to write, and makes it where there is none. InUse where another process writes there.
     /// What is damaged is left out (its songs are not known then, and can be added again); see damages().
-    /// @p partners: with how many others a peak makes a pair; see pairsOfSong().
+    /// @p density: of songs that are added from now on.
     static CatalogResult<std::unique_ptr<CatalogStore>> open(const std::filesystem::path &folder,
-                                                             int partners = partnersOfPeak);
+                                                             PairDensity density = PairDensity::Full);
     /// What @p folder holds now, for those who only ask; another process may write there meanwhile.
     static CatalogResult<std::shared_ptr<const Catalog>> read(const std::filesystem::path &folder);
 

@@ -51,14 +51,15 @@ std::optional<Cell> cellOf(const PeakPair &pair)
     return cellAt(first, second, delay);
 }
 
-std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, int partnersOfEach)
+std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, PairDensity density)
 {
     std::vector<SongPair> pairs;
     std::vector<std::size_t> partners;
     for (std::size_t first = 0; first < peaks.size(); ++first) {
         partners.clear();
         forEachPartner(peaks, first, 0, [&](std::size_t second) { partners.push_back(second); });
-        const std::size_t kept = std::min(std::size_t(partnersOfEach), partners.size());
+        const std::size_t most = (std::size_t(density) + first % 2) / 2;
+        const std::size_t kept = std::min(most, partners.size());
         std::partial_sort(
             partners.begin(), partners.begin() + std::ptrdiff_t(kept), partners.end(),
             [&](std::size_t a, std::size_t b) { return peaks[a].strength > peaks[b].strength; });

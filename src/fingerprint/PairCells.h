@@ -73,11 +73,12 @@ struct SongPair
     float time = 0;
 };
 
-/// Four times the peaks is what an index can hold on a computer; a query tries all pairs.
-inline constexpr int partnersOfPeak = 4;
+/// How many pairs are looked up of a song: with how many others two peaks make them. More than four times the
+/// peaks no index can hold. Compact, it takes half of that; of what is heard 1 % more stays unknown.
+enum class PairDensity : std::uint32_t { Full = 8, Compact = 3 };
 
-/// What is looked up of a song: each peak with its strongest @p partners, which are the likeliest to be heard
-/// again.
-std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, int partners = partnersOfPeak);
+/// What is looked up of a song: each peak with its strongest partners, which are the likeliest to be heard
+/// again. A query tries all pairs.
+std::vector<SongPair> pairsOfSong(std::span<const Peak> peaks, PairDensity density = PairDensity::Full);
 
 } // namespace trackwise::fingerprint

@@ -29,8 +29,8 @@ std::vector<KeptPeak> keptPeaks(std::span<const Peak> peaks)
 
 } // namespace
 
-SegmentBuilder::SegmentBuilder(int partners)
-    : m_partners(partners)
+SegmentBuilder::SegmentBuilder(PairDensity density)
+    : m_density(density)
 {}
 
 SongNumber SegmentBuilder::add(std::span<const Peak> peaks, const CatalogSong &song)
@@ -39,7 +39,7 @@ SongNumber SegmentBuilder::add(std::span<const Peak> peaks, const CatalogSong &s
     const LinePlace length = kept.empty() ? 0 : kept.back().frame / framesPerPlace + 1;
     const LinePlace beginning = m_lineLength + lineMargin;
     const std::size_t pairsBefore = m_pairs.size();
-    for (const SongPair &pair : pairsOfSong(peaks, m_partners)) {
+    for (const SongPair &pair : pairsOfSong(peaks, m_density)) {
         const auto place = LinePlace(std::clamp(pair.time, 0.0F, float(lastFrame)) / framesPerPlace);
         m_pairs.push_back(std::uint64_t(pair.cell) << 32 | (beginning + place));
     }
@@ -53,7 +53,7 @@ std::vector<std::uint8_t> SegmentBuilder::bytes() &&
     MemoryOutput output;
     SegmentWriter writer(output);
     for (const Song &song : m_songs)
-        writer.addSong(song.song, {song.packedPeaks, song.length, song.pairCount, std::uint32_t(m_partners)});
+        writer.addSong(song.song, {song.packedPeaks, song.length, song.pairCount, m_density});
     std::sort(m_pairs.begin(), m_pairs.end());
     std::vector<LinePlace> places;
     for (auto pair = m_pairs.begin(); pair != m_pairs.end();) {

@@ -10,8 +10,7 @@ namespace trackwise::fingerprint {
 class SegmentBuilder
 {
 public:
-    /// @p partners: with how many others each peak makes a pair; see pairsOfSong().
-    explicit SegmentBuilder(int partners = partnersOfPeak);
+    explicit SegmentBuilder(PairDensity density = PairDensity::Full);
 
     /// Adds a song by its @p peaks in songDensity.
     SongNumber add(std::span<const Peak> peaks, const CatalogSong &song = {});
@@ -27,7 +26,7 @@ private:
         std::uint32_t pairCount = 0;
     };
 
-    int m_partners;
+    PairDensity m_density;
     std::vector<Song> m_songs;
     LinePlace m_lineLength = 0;
     std::vector<std::uint64_t> m_pairs; ///< the cell in the upper half, the place in the lower

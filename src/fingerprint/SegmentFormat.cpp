@@ -112,7 +112,7 @@ void SongRow::appendTo(std::vector<std::uint8_t> &bytes) const
     appendLittle(bytes, textsOffset);
     appendLittle(bytes, pairCount);
     appendLittle(bytes, std::bit_cast<std::uint32_t>(seconds));
-    appendLittle(bytes, partners);
+    appendLittle(bytes, density);
 }
 
 SongRow SongRow::of(const std::uint8_t *bytes)
@@ -129,7 +129,7 @@ SongRow SongRow::of(const std::uint8_t *bytes)
     std::uint32_t seconds = 0;
     fields.take(seconds);
     row.seconds = std::bit_cast<float>(seconds);
-    fields.take(row.partners);
+    fields.take(row.density);
     return row;
 }
 

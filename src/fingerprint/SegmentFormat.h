@@ -48,7 +48,7 @@ struct SongRow
     std::uint32_t textsOffset = 0; ///< title, artist, catalog identifier, each with its length before it
     std::uint32_t pairCount = 0;
     float seconds = 0;
-    std::uint32_t partners = 0; ///< of a peak
+    std::uint32_t density = 0; ///< a PairDensity
 
     static constexpr std::size_t size = 48;
     void appendTo(std::vector<std::uint8_t> &bytes) const;

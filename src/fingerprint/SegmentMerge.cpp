@@ -73,9 +73,10 @@ std::vector<Run> addSongs(const MergeInput &input, SegmentWriter &writer, const 
             CatalogSong song = input.segment->song(number);
             if (change)
                 change(song);
-            run.shift = writer.addSong(song, {input.segment->packedPeaks(number),
-                                              input.segment->lengthOf(number), row.pairCount, row.partners}) -
-                        row.beginning;
+            run.shift =
+                writer.addSong(song, {input.segment->packedPeaks(number), input.segment->lengthOf(number),
+                                      row.pairCount, PairDensity(row.density)}) -
+                row.beginning;
         }
         if (runs.empty() || runs.back().shift != run.shift || runs.back().isRemoved != run.isRemoved)
             runs.push_back(run);

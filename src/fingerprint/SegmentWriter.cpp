@@ -35,7 +35,7 @@ LinePlace SegmentWriter::addSong(const CatalogSong &song, const Sound &sound)
     row.textsOffset = std::uint32_t(m_texts.size());
     row.pairCount = sound.pairCount;
     row.seconds = song.seconds;
-    row.partners = sound.partners;
+    row.density = std::uint32_t(sound.density);
     row.appendTo(m_rows);
     appendTexts(m_texts, song);
     append(sound.packedPeaks);

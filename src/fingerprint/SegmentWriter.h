@@ -37,7 +37,7 @@ public:
         std::span<const std::uint8_t> packedPeaks;
         LinePlace length = 0; ///< places
         std::uint32_t pairCount = 0;
-        std::uint32_t partners = 0; ///< of a peak
+        PairDensity density = PairDensity::Full;
     };
     /// Where the song begins on the line.
     LinePlace addSong(const CatalogSong &song, const Sound &sound);

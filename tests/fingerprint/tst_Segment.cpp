@@ -17,7 +17,7 @@ namespace {
 /// What a segment must say, in the plainest form.
 struct Expected
 {
-    explicit Expected(const std::vector<SomeSong> &songs, int partners)
+    explicit Expected(const std::vector<SomeSong> &songs, PairDensity density)
     {
         for (const SomeSong &song : songs) {
             std::vector<std::pair<long, long>> kept;
@@ -25,7 +25,7 @@ struct Expected
                 kept.emplace_back(std::lround(peak.time), std::lround(peak.bin));
             std::sort(kept.begin(), kept.end());
             beginnings.push_back(line + 125);
-            for (const SongPair &pair : pairsOfSong(song.peaks, partners))
+            for (const SongPair &pair : pairsOfSong(song.peaks, density))
                 places[pair.cell].push_back(beginnings.back() + LinePlace(pair.time / 4));
             line = beginnings.back() + (kept.empty() ? 0 : LinePlace(kept.back().first / 4) + 1) + 125;
             peaks.push_back(std::move(kept));
@@ -114,9 +114,9 @@ bool staysWithin(const Segment::Ptr &segment)
     return isWithin && places >= again;
 }
 
-std::vector<std::uint8_t> bytesOf(const std::vector<SomeSong> &songs, int partners = partnersOfPeak)
+std::vector<std::uint8_t> bytesOf(const std::vector<SomeSong> &songs, PairDensity density = PairDensity::Full)
 {
-    SegmentBuilder builder(partners);
+    SegmentBuilder builder(density);
     for (const SomeSong &song : songs)
         builder.add(song.peaks, song.song);
     return std::move(builder).bytes();
@@ -134,21 +134,21 @@ private Q_SLOTS:
         QTest::addColumn<int>("songs");
         QTest::addColumn<int>("peaksOfEach");
         QTest::addColumn<unsigned>("highestBin");
-        QTest::addColumn<int>("partners");
-        QTest::addRow("nothing") << 0 << 0 << 320U << 4;
-        QTest::addRow("silence") << 3 << 0 << 320U << 4;
-        QTest::addRow("two peaks") << 1 << 2 << 320U << 4;
-        QTest::addRow("one song") << 1 << 4000 << 320U << 4;
-        QTest::addRow("some songs") << 20 << 3000 << 320U << 2;
-        QTest::addRow("few cells") << 7 << 3000 << 30U << 4;
-        QTest::addRow("very few cells") << 30 << 3000 << 14U << 4;
+        QTest::addColumn<PairDensity>("density");
+        QTest::addRow("nothing") << 0 << 0 << 320U << PairDensity::Full;
+        QTest::addRow("silence") << 3 << 0 << 320U << PairDensity::Full;
+        QTest::addRow("two peaks") << 1 << 2 << 320U << PairDensity::Full;
+        QTest::addRow("one song") << 1 << 4000 << 320U << PairDensity::Full;
+        QTest::addRow("some songs") << 20 << 3000 << 320U << PairDensity::Compact;
+        QTest::addRow("few cells") << 7 << 3000 << 30U << PairDensity::Full;
+        QTest::addRow("very few cells") << 30 << 3000 << 14U << PairDensity::Full;
     }
     void givesBackWhatWasAdded()
     {
         QFETCH(int, songs);
         QFETCH(int, peaksOfEach);
         QFETCH(unsigned, highestBin);
-        QFETCH(int, partners);
+        QFETCH(PairDensity, density);
         std::vector<SomeSong> added = someSongs(unsigned(songs), songs, peaksOfEach, highestBin);
         if (songs > 1 && peaksOfEach > 10) {
             for (int i = 0; i < 3000; ++i)
@@ -156,8 +156,8 @@ private Q_SLOTS:
             for (std::size_t i = 100; i < added[1].peaks.size(); ++i)
                 added[1].peaks[i].time += 40000; // a silence of ten minutes
         }
-        const Expected expected(added, partners);
-        const auto opened = Segment::of(SegmentBytes::of(bytesOf(added, partners)));
+        const Expected expected(added, density);
+        const auto opened = Segment::of(SegmentBytes::of(bytesOf(added, density)));
         const Segment::Ptr segment = std::get<Segment::Ptr>(opened);
         QVERIFY(!segment->verify());
         QCOMPARE(segment->lineLength(), expected.line);
@@ -189,6 +189,18 @@ private Q_SLOTS:
             QCOMPARE(segment->songAt(beginning - 125), (SongTime{number, -500}));
         }
         QVERIFY(!segment->songAt(-0.5) && !segment->songAt(expected.line));
+    }
+
+    void keepsFewerPairsWhereItIsToBeCompact()
+    {
+        const auto peaks = somePeaks(3, 2000, 4);
+        const auto all = pairsOfSong(peaks);
+        const auto some = pairsOfSong(peaks, PairDensity::Compact);
+        QVERIFY(some.size() > all.size() * 35 / 100 && some.size() < all.size() * 40 / 100);
+        for (const SongPair &pair : some)
+            QVERIFY(std::any_of(all.begin(), all.end(), [&](const SongPair &other) {
+                return other.cell == pair.cell && other.time == pair.time;
+            }));
     }
 
     void answersWithinAnyBytes()
