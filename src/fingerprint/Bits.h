@@ -155,7 +155,7 @@ public:
     }
     void putGamma(std::uint32_t value)
     {
-        const auto zeros = unsigned(std::bit_width(value)) - 1;
+        const auto zeros = unsigned(std::bit_width(value | 1U)) - 1;
         put(std::uint64_t(1) << zeros, zeros + 1);
         put(lowestBits(value, zeros), zeros);
     }

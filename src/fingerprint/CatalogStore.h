@@ -9,6 +9,8 @@
 
 namespace trackwise::fingerprint {
 
+class StoreState;
+
 /// A catalog that was made elsewhere.
 struct AddedCatalog
 {
@@ -68,9 +70,8 @@ public:
     [[nodiscard]] std::vector<CatalogFailure> damages() const;
 
 private:
-    class State;
-    explicit CatalogStore(std::unique_ptr<State> state);
-    std::unique_ptr<State> m_state;
+    explicit CatalogStore(std::unique_ptr<StoreState> state);
+    std::unique_ptr<StoreState> m_state;
 };
 
 } // namespace trackwise::fingerprint

@@ -72,8 +72,8 @@ PackedPlaces::PackedPlaces(const PlaceCoding &coding, const Bytes &bytes)
 
 std::uint64_t PackedPlaces::beginningOf(std::uint32_t group) const
 {
-    const auto base =
-        loadLittle<std::uint64_t>(m_bytes.directory.data() + group / PlaceDirectory::groupsTogether * 8);
+    const auto base = loadLittle<std::uint64_t>(m_bytes.directory.data() +
+                                                std::size_t(group / PlaceDirectory::groupsTogether) * 8);
     const std::uint64_t at = std::uint64_t(group) * m_bytes.directoryBits;
     return base + lowestBits(bitsFrom(m_relatives, at), m_bytes.directoryBits);
 }

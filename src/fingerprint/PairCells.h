@@ -74,7 +74,7 @@ struct SongPair
 };
 
 /// How many pairs are looked up of a song: with how many others two peaks make them. More than four times the
-/// peaks no index can hold. Compact, it takes half of that; of what is heard 1 % more stays unknown.
+/// peaks no index can hold. Compact, it takes half of that; of what is heard 1 to 2 % more stays unknown.
 enum class PairDensity : std::uint32_t { Full = 8, Compact = 3 };
 
 /// What is looked up of a song: each peak with its strongest partners, which are the likeliest to be heard

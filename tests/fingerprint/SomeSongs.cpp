@@ -24,7 +24,7 @@ std::vector<SomeSong> someSongs(unsigned seed, int songs, int peaksOfEach, unsig
     for (int i = 0; i < songs; ++i) {
         const auto number = unsigned(i) + seed * 1000;
         result.push_back(
-            {{number * 77777ULL << 20, ~std::uint64_t(number), std::to_string(number),
+            {{(number * std::uint64_t(77777)) << 20, ~std::uint64_t(number), std::to_string(number),
               "Été " + std::string(number % 4000, 'x'), i % 3 == 0 ? "" : "Künstler", float(number) / 3},
              somePeaks(number, peaksOfEach - i % 3, i % 5 == 0 ? 40 : 4, highestBin)});
     }

@@ -199,7 +199,7 @@ private Q_SLOTS:
         std::uint64_t pairs = 0;
         for (const auto &part : store->catalog()->parts())
             pairs += part.segment->pairCount();
-        QVERIFY(pairs < 64 * 4 * peaksOfSong);
+        QVERIFY(pairs < std::uint64_t(64) * 4 * peaksOfSong);
         QVERIFY(has(*store, songs));
         QVERIFY(!store->removeAll() && has(*store, {}));
         store.reset();
