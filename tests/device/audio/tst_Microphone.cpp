@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/audio/Microphone.h"
+#include "device/audio/SoundInputWatch.h"
 #include "device/players/PrivateSound.h"
 #include "support/Test.h"
 
@@ -193,6 +194,27 @@ private Q_SLOTS:
         QVERIFY(surprised.fails(FailureKind::NotFound));
         sound.stop();
         QVERIFY(impatient.fails(FailureKind::Unavailable));
+    }
+
+    void tellsWhatThereIsToListenTo()
+    {
+        PrivateSound sound;
+        QVERIFY(sound.start());
+        SoundInputs told;
+        SoundInputWatch watch;
+        connect(&watch, &SoundInputWatch::didChange, this,
+                [&told](const SoundInputs &inputs) { told = inputs; });
+        QTRY_COMPARE(told.all.size(), 2U);
+        QCOMPARE(told.defaultOutput, "first"_ba);
+        sound.control(
+            "load-module module-remap-source master=second.monitor source_name=desk rate=11025 channels=1 "
+            "source_properties=device.description=Desk");
+        QTRY_COMPARE(told.defaultInput, "desk"_ba);
+        QVERIFY(told.all.back() == (SoundInput{"desk", u"Desk"_s, 11025, 1, {}}));
+        QVERIFY(told.all.front() ==
+                (SoundInput{"first.monitor", u"Monitor of Null Output"_s, 44100, 2, "first"}));
+        sound.stop();
+        QTRY_VERIFY(told == SoundInputs());
     }
 
     void doesNotWaitForServersThatSayNothing()
