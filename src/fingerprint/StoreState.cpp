@@ -24,6 +24,7 @@ constexpr std::size_t shareOfJournal = 16;
 std::vector<StoredSegment> worthMerging(const std::vector<StoredSegment> &settled)
 {
     std::vector<std::pair<std::uint64_t, const StoredSegment *>> bySize;
+    bySize.reserve(settled.size());
     for (const StoredSegment &segment : settled)
         bySize.emplace_back(segment.pairCount(), &segment);
     std::sort(bySize.begin(), bySize.end());

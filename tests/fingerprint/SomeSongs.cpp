@@ -11,9 +11,10 @@ std::vector<Peak> somePeaks(unsigned seed, int count, float framesBetween, unsig
     std::exponential_distribution<float> step(1 / framesBetween);
     std::vector<Peak> peaks;
     float time = 0;
+    const auto tenths = std::uint_fast32_t(10) * (highestBin - 12);
     for (int i = 0; i < count; ++i) {
         time += step(random);
-        peaks.push_back({time, 13 + float(random() % (10 * (highestBin - 12))) / 10, float(random() % 1000)});
+        peaks.push_back({time, 13 + float(random() % tenths) / 10, float(random() % 1000)});
     }
     return peaks;
 }

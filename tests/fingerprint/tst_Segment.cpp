@@ -51,6 +51,7 @@ std::vector<std::pair<long, long>> peaksOf(const Segment &segment, SongNumber so
     std::vector<KeptPeak> peaks;
     segment.peaks(song, first, last, peaks);
     std::vector<std::pair<long, long>> result;
+    result.reserve(peaks.size());
     for (const KeptPeak &peak : peaks)
         result.emplace_back(peak.frame, peak.bin);
     return result;
