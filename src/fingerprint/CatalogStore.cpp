@@ -164,13 +164,13 @@ std::unordered_map<std::uint64_t, std::uint64_t> CatalogStore::songs() const
     return m_state->contents.stamps();
 }
 
-CatalogResult<bool> CatalogStore::mergeSome()
+CatalogResult<bool> CatalogStore::mergeSome(const std::stop_token &stop)
 {
     const std::lock_guard merging(m_state->merging);
     auto settled = m_state->settleEarly();
     if (std::holds_alternative<CatalogFailure>(settled) || std::get<bool>(settled))
         return settled;
-    return m_state->merge();
+    return m_state->merge(stop);
 }
 
 std::optional<CatalogFailure> CatalogStore::exportTo(const fs::path &path, const SongNaming &naming) const

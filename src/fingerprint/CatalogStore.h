@@ -5,6 +5,7 @@
 #include "fingerprint/Peak.h"
 
 #include <functional>
+#include <stop_token>
 #include <unordered_map>
 
 namespace trackwise::fingerprint {
@@ -53,8 +54,9 @@ public:
     [[nodiscard]] std::unordered_map<std::uint64_t, std::uint64_t> songs() const;
 
     /// One step of tidying up, which may take many seconds and is for a thread in the background: songs that
-    /// were added one by one become a segment, segments a larger one. False: there is nothing to do.
-    CatalogResult<bool> mergeSome();
+    /// were added one by one become a segment, segments a larger one. False: there is nothing to do, or @p
+    /// stop ended it before anything was changed.
+    CatalogResult<bool> mergeSome(const std::stop_token &stop = {});
 
     /// Writes the songs of the own library into one file that others can add, as @p naming names them.
     std::optional<CatalogFailure> exportTo(const std::filesystem::path &path, const SongNaming &naming) const;

@@ -63,10 +63,11 @@ private:
     std::uint32_t m_group = 0;
 };
 
-std::vector<Run> addSongs(const MergeInput &input, SegmentWriter &writer, const SongChange &change)
+std::vector<Run> addSongs(const MergeInput &input, SegmentWriter &writer, const SongChange &change,
+                          const std::stop_token &stop)
 {
     std::vector<Run> runs;
-    for (SongNumber number = 0; number < input.segment->songCount(); ++number) {
+    for (SongNumber number = 0; number < input.segment->songCount() && !stop.stop_requested(); ++number) {
         const SongRow row = input.segment->row(number);
         Run run{number == 0 ? 0 : row.beginning - lineMargin, 0, input.isRemoved(number)};
         if (!run.isRemoved) {
@@ -88,12 +89,13 @@ std::vector<Run> addSongs(const MergeInput &input, SegmentWriter &writer, const 
 
 } // namespace
 
-void mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, const SongChange &change)
+bool mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, const SongChange &change,
+                   const std::stop_token &stop)
 {
     SegmentWriter writer(output);
     std::vector<Source> sources;
     for (const MergeInput &input : inputs)
-        sources.emplace_back(*input.segment, addSongs(input, writer, change));
+        sources.emplace_back(*input.segment, addSongs(input, writer, change, stop));
 
     using Waiting = std::pair<Cell, std::size_t>; // the next cell of a source
     std::priority_queue<Waiting, std::vector<Waiting>, std::greater<>> waiting;
@@ -105,6 +107,8 @@ void mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, co
         wait(source);
     std::vector<LinePlace> places;
     while (!waiting.empty()) {
+        if (stop.stop_requested())
+            return false;
         const Cell cell = waiting.top().first;
         places.clear();
         while (!waiting.empty() && waiting.top().first == cell) {
@@ -116,7 +120,10 @@ void mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, co
         }
         writer.addPlaces(cell, places);
     }
+    if (stop.stop_requested())
+        return false;
     writer.finish();
+    return true;
 }
 
 Segment::Ptr mergedInMemory(std::span<const MergeInput> inputs)

@@ -5,6 +5,7 @@
 #include "fingerprint/SegmentWriter.h"
 
 #include <functional>
+#include <stop_token>
 
 namespace trackwise::fingerprint {
 
@@ -23,8 +24,9 @@ struct MergeInput
 using SongChange = std::function<void(CatalogSong &)>;
 
 /// Writes the songs of @p inputs into one segment, in their order. Needs little memory besides a few bytes
-/// for each cell.
-void mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, const SongChange &change = {});
+/// for each cell. False where it was stopped: what is in the output is no segment then.
+bool mergeSegments(std::span<const MergeInput> inputs, SegmentOutput &output, const SongChange &change = {},
+                   const std::stop_token &stop = {});
 
 /// The same in memory.
 [[nodiscard]] Segment::Ptr mergedInMemory(std::span<const MergeInput> inputs);

@@ -153,7 +153,7 @@ CatalogResult<bool> StoreState::settleEarly()
     return settle(std::clamp(settled / shareOfJournal, std::size_t(1), songsOfJournal));
 }
 
-CatalogResult<bool> StoreState::merge()
+CatalogResult<bool> StoreState::merge(const std::stop_token &stop)
 {
     std::vector<StoredSegment> inputs;
     {
@@ -161,6 +161,8 @@ CatalogResult<bool> StoreState::merge()
         inputs = worthMerging(contents.settled());
     }
     for (const StoredSegment &input : inputs) {
+        if (stop.stop_requested())
+            return false;
         if (const auto damage = input.songs.segment->verify()) {
             const std::lock_guard lock(mutex);
             StoreContents next = contents;
@@ -173,10 +175,11 @@ CatalogResult<bool> StoreState::merge()
     }
     if (inputs.empty())
         return false;
-    return replaceByOne(inputs, Journal::GoesOn);
+    return replaceByOne(inputs, Journal::GoesOn, stop);
 }
 
-CatalogResult<bool> StoreState::replaceByOne(const std::vector<StoredSegment> &inputs, Journal journal)
+CatalogResult<bool> StoreState::replaceByOne(const std::vector<StoredSegment> &inputs, Journal journal,
+                                             const std::stop_token &stop)
 {
     StoredSegment merged;
     {
@@ -185,7 +188,8 @@ CatalogResult<bool> StoreState::replaceByOne(const std::vector<StoredSegment> &i
     }
     const fs::path path = folder.file(Files::Segment, merged.number);
     FileOutput output(path);
-    mergeSegments(songsOf(inputs), output);
+    if (!mergeSegments(songsOf(inputs), output, {}, stop))
+        return false;
     if (const auto failure = output.finish())
         return *failure;
     auto opened = Segment::ofFile(path);

@@ -5,6 +5,7 @@
 #include "fingerprint/CatalogSnapshot.h"
 
 #include <mutex>
+#include <stop_token>
 
 namespace trackwise::fingerprint {
 
@@ -29,7 +30,7 @@ public:
     /// there is nothing to do. Here and below, the lock of the merging is held.
     CatalogResult<bool> settleFull();
     CatalogResult<bool> settleEarly();
-    CatalogResult<bool> merge();
+    CatalogResult<bool> merge(const std::stop_token &stop);
 
     const StoreFolder folder;
     const PairDensity density;
@@ -40,7 +41,8 @@ public:
 
 private:
     CatalogResult<bool> settle(std::size_t fewestSongs);
-    CatalogResult<bool> replaceByOne(const std::vector<StoredSegment> &inputs, Journal journal);
+    CatalogResult<bool> replaceByOne(const std::vector<StoredSegment> &inputs, Journal journal,
+                                     const std::stop_token &stop = {});
     void removeFiles(const std::vector<std::filesystem::path> &before);
 
     FileDescriptor m_lock;

@@ -14,6 +14,7 @@
 
 #include <cmath>
 #include <map>
+#include <numeric>
 
 using namespace fingerprint;
 
@@ -31,6 +32,24 @@ Sound soundOf(const QByteArray &path)
     for (auto piece = decoder->next(); !piece.empty(); piece = decoder->next())
         sound.insert(sound.end(), piece.begin(), piece.end());
     return sound;
+}
+
+/// Whether what the clip was taken from is in the song at @p seconds too, sample by sample.
+bool isRepeated(const Sound &song, double seconds)
+{
+    const auto second = [&song](double from, int shift) {
+        return std::span(song).subspan(std::size_t(from * sampleRateHz) + std::size_t(shift), sampleRateHz);
+    };
+    if (seconds < 0.1 || (seconds + 1.1) * sampleRateHz > double(song.size()))
+        return false;
+    const auto clip = second(clipBegins, 0);
+    for (int shift = 0; shift < 0.2 * sampleRateHz; ++shift) {
+        const auto there = second(seconds - 0.1, shift);
+        const double product = std::inner_product(clip.begin(), clip.end(), there.begin(), 0.0);
+        if (product > 0.9 * sampleRateHz * std::sqrt(powerOf(clip) * powerOf(there)))
+            return true;
+    }
+    return false;
 }
 
 /// As a microphone hears it across a room: quieter, and not alone.
@@ -124,7 +143,9 @@ private Q_SLOTS:
             QCOMPARE(found.value(u"file"_s).toString().toUtf8(), clip);
             QCOMPARE(found.value(u"match"_s), QJsonValue(true));
             QCOMPARE(found.value(u"path"_s).toString().toUtf8(), song);
-            QVERIFY(std::abs(found.value(u"offset_s"_s).toDouble() - clipBegins) < 0.3);
+            const double offset = found.value(u"offset_s"_s).toDouble();
+            QVERIFY2(std::abs(offset - clipBegins) < 0.3 || isRepeated(soundOf(song), offset),
+                     lines.at(line - 1));
             QVERIFY(found.value(u"score"_s).toDouble() >= found.value(u"threshold"_s).toDouble());
             QVERIFY(found.value(u"threshold"_s).toDouble() > 0 && found.value(u"ms"_s).toDouble() > 0);
             const QJsonObject known = json(run(onDemo({"info", song, "--json"})).output);

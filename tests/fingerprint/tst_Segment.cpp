@@ -111,8 +111,12 @@ bool staysWithin(const Segment::Ptr &segment)
     for (LinePlace place = 0; place < segment->lineLength() && place < 100000; place += 99)
         isWithin = isWithin && segment->songAt(place).value_or(SongTime()).song <= segment->songCount();
     MemoryOutput output;
-    mergeSegments(std::array{MergeInput{segment, {}}, MergeInput{segment, {true}}}, output);
-    return isWithin && places >= again;
+    const std::array inputs{MergeInput{segment, {}}, MergeInput{segment, {true}}};
+    const bool isMerged = mergeSegments(inputs, output);
+    std::stop_source stop;
+    stop.request_stop();
+    const bool isStopped = !mergeSegments(inputs, output, {}, stop.get_token());
+    return isMerged && isStopped && isWithin && places >= again;
 }
 
 std::vector<std::uint8_t> bytesOf(const std::vector<SomeSong> &songs, PairDensity density = PairDensity::Full)

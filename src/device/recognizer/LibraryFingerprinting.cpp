@@ -339,7 +339,7 @@ void LibraryFingerprinting::tidyUp()
         m_pools.tidying, this,
         [store = m_store, stop = m_stop.get_token()] {
             while (!stop.stop_requested()) {
-                const auto merged = store->mergeSome();
+                const auto merged = store->mergeSome(stop);
                 const bool *isMore = std::get_if<bool>(&merged);
                 if (!isMore)
                     qCWarning(log) << "merging:" << textOf(std::get<CatalogFailure>(merged));
