@@ -16,13 +16,10 @@ std::vector<Peak> madeUpSong(std::span<const std::vector<Peak>> songs, std::uint
     const auto between = [&](float lowest, float highest) {
         return std::uniform_real_distribution(lowest, highest)(random);
     };
-    const auto offBy = [&](float least, float most) {
-        const float factor = 1 + between(least, most);
-        return random() % 2 == 0 ? factor : 1 / factor;
-    };
     const auto anySong = [&]() -> const std::vector<Peak> & { return songs[random() % songs.size()]; };
-    const float pitch = offBy(0.06F, 0.2F);
-    const float tempo = offBy(0.05F, 0.12F);
+    const bool isHigher = random() % 2 == 0;
+    const float pitch = isHigher ? between(1.08F, 1.2F) : 1 / between(1.08F, 1.2F);
+    const float tempo = isHigher ? 1 / between(1.05F, 1.12F) : between(1.05F, 1.12F);
     const std::vector<Peak> &model = anySong();
     const float length = model.empty() ? 0 : model.back().time / tempo;
     std::vector<Peak> made;

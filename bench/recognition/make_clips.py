@@ -7,8 +7,8 @@
 
 --count clips a condition are of indexed tracks (see tracks.csv); --negatives clips are of foreign ones, and
 some more of speech, noise, hum and silence. The same clips come of the same seed and the same tools; fewer are
-the first of more. FOLDER/clips.csv says what each clip is of: clip, condition, song (empty: of none that is
-indexed), version (of a song that is indexed: counted apart), offset (of its beginning in the track, seconds).
+the first of more. FOLDER/clips.csv says what each clip is of: clip, condition, track (empty: no music), role (of the
+track: indexed, foreign, or a version of an indexed one), offset (of the clip's beginning in the track, in seconds).
 """
 import argparse
 import csv
@@ -272,10 +272,9 @@ def main():
         lines = [line for line in pool.imap(studio.make, jobs, chunksize=8) if line]
     with open(options.folder / "clips.csv", "w", encoding="utf-8", newline="") as table:
         out = csv.writer(table)
-        out.writerow(("clip", "condition", "song", "version", "offset"))
-        for clip, name, track, start in lines:
-            role = tracks[track]["role"] if track else ""
-            out.writerow((clip, name, track if role == "indexed" else "", int(role == "version"), start))
+        out.writerow(("clip", "condition", "track", "role", "offset"))
+        out.writerows((clip, name, track, tracks[track]["role"] if track else "", start)
+                      for clip, name, track, start in lines)
 
 
 if __name__ == "__main__":

@@ -50,8 +50,8 @@ class Figures:
         for clip in clips:
             for length in LENGTHS:
                 answer = answers.get((clip["clip"], length))
-                if answer and not int(clip["version"]):
-                    (self.positives if clip["song"] else self.negatives).append((clip, length, *answer[:2]))
+                if answer and clip["role"] != "version":
+                    (self.positives if clip["role"] == "indexed" else self.negatives).append((clip, length, *answer[:2]))
 
     def thresholds(self):
         """For each length the highest score of a clip that nothing is to be found for."""
@@ -65,10 +65,10 @@ class Figures:
         right, wrong, asked = defaultdict(Counter), Counter(), defaultdict(Counter)
         for clip, length, song, score in self.positives:
             is_answered = song != "NONE" and score > thresholds[length]
-            wrong[length] += is_answered and song != clip["song"]
+            wrong[length] += is_answered and song != clip["track"]
             for kind in kinds_of(clip["condition"]):
                 asked[kind][length] += 1
-                right[kind][length] += is_answered and song == clip["song"]
+                right[kind][length] += is_answered and song == clip["track"]
         for kind in ["all"] if only_all else sorted(asked, key=list(self.goals).index):
             percent = [100 * right[kind][length] / max(1, asked[kind][length]) for length in LENGTHS]
             goal = self.goals.get(kind + suffix)

@@ -10,11 +10,12 @@
 #include "fingerprint/SegmentOutputs.h"
 #include "recognition/MadeUpSongs.h"
 #include "recognition/SoundFile.h"
+#include "support/Figures.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
+#include <cstring>
 
 using namespace trackwise;
 using namespace trackwise::fingerprint;
@@ -22,12 +23,6 @@ using namespace trackwise::fingerprint;
 namespace {
 
 using Songs = std::vector<std::vector<Peak>>;
-
-/// What the processor has worked for this program so far.
-double processorSeconds()
-{
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
 
 std::vector<std::filesystem::path> filesIn(const char *folder)
 {
@@ -39,19 +34,19 @@ std::vector<std::filesystem::path> filesIn(const char *folder)
 }
 
 /// The catalog of the real songs; their peaks go to @p peaks.
-Segment::Ptr realSongs(const char *folder, Songs &peaks)
+Segment::Ptr realSongs(const char *folder, PairDensity density, Songs &peaks)
 {
-    SegmentBuilder builder;
+    SegmentBuilder builder(density);
     double decoding = 0;
     double extracting = 0;
     double heard = 0;
-    const double start = processorSeconds();
+    const double start = cpuSeconds();
     for (const auto &file : filesIn(folder)) {
-        const double opened = processorSeconds();
+        const double opened = cpuSeconds();
         const std::vector<float> sound = bench::soundOf(file.string());
-        const double decoded = processorSeconds();
+        const double decoded = cpuSeconds();
         peaks.push_back(peaksOf(sound, songDensity));
-        extracting += processorSeconds() - decoded;
+        extracting += cpuSeconds() - decoded;
         decoding += decoded - opened;
         CatalogSong song;
         song.title = file.filename().string();
@@ -59,22 +54,23 @@ Segment::Ptr realSongs(const char *folder, Songs &peaks)
         heard += double(sound.size()) / sampleRateHz;
     }
     Segment::Ptr segment = std::move(builder).build();
-    const double indexing = processorSeconds() - start;
-    std::printf("songs %zu\nminutes %.1f\n", peaks.size(), heard / 60);
-    std::printf("decoding %.0f times real time\n", heard / decoding);
-    std::printf("extraction %.0f times real time\n", heard / extracting);
-    std::printf("indexing %.0f times real time\n", heard / indexing);
-    std::printf("catalog %.2f kB a song-minute\n", double(segment->byteCount()) / heard * 60 / 1000);
+    const double indexing = cpuSeconds() - start;
+    printFigure("songs", double(peaks.size()), "");
+    printFigure("minutes", heard / 60, "");
+    printFigure("decoding", heard / decoding, "times real time");
+    printFigure("extraction", heard / extracting, "times real time");
+    printFigure("indexing", heard / indexing, "times real time");
+    printFigure("catalog", double(segment->byteCount()) / heard * 60 / 1000, "kB a song-minute");
     return segment;
 }
 
 /// Adds segments of made-up songs until there are @p count; they are kept in files beside @p catalog.
-void addMadeUpSongs(const Songs &real, std::size_t count, const std::filesystem::path &catalog,
-                    std::vector<MergeInput> &segments)
+void addMadeUpSongs(const Songs &real, PairDensity density, std::size_t count,
+                    const std::filesystem::path &catalog, std::vector<MergeInput> &segments)
 {
     constexpr std::size_t songsOfSegment = 5000;
     for (std::size_t begin = real.size(); begin < count; begin += songsOfSegment) {
-        SegmentBuilder builder;
+        SegmentBuilder builder(density);
         for (std::size_t song = begin; song < std::min(begin + songsOfSegment, count); ++song)
             builder.add(bench::madeUpSong(real, std::uint32_t(song)));
         const std::filesystem::path part = catalog.string() + ".part";
@@ -90,18 +86,21 @@ void addMadeUpSongs(const Songs &real, std::size_t count, const std::filesystem:
 
 int main(int count, char **arguments)
 {
-    if (count != 4) {
-        std::fprintf(stderr, "usage: recognition_catalog SONGS FILE COUNT\n");
+    const bool isCompact = count == 5 && std::strcmp(arguments[4], "compact") == 0;
+    if (count != 4 && !isCompact) {
+        std::fprintf(stderr, "usage: recognition_catalog SONGS FILE COUNT [compact]\n");
         return 2;
     }
+    const PairDensity density = isCompact ? PairDensity::Compact : PairDensity::Full;
     Songs real;
-    std::vector<MergeInput> segments{{realSongs(arguments[1], real), {}}};
-    addMadeUpSongs(real, std::strtoul(arguments[3], nullptr, 10), arguments[2], segments);
+    std::vector<MergeInput> segments{{realSongs(arguments[1], density, real), {}}};
+    addMadeUpSongs(real, density, std::strtoul(arguments[3], nullptr, 10), arguments[2], segments);
     FileOutput output(arguments[2], FileOutput::Readers::All);
     mergeSegments(segments, output);
     if (const auto failure = output.finish()) {
         std::fprintf(stderr, "recognition_catalog: %s\n", failure->detail.c_str());
         return 1;
     }
+    printFigure("catalog_file", double(std::filesystem::file_size(arguments[2])) / 1e6, "MB");
     return 0;
 }
