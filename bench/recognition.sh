@@ -10,10 +10,12 @@ build=$1
 . "$(dirname "$0")/recognition/material.sh"
 
 clips 40 250
-"$programs/recognition_figures" "$work/music/indexed" "$clips" "$work/answers"
-"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold 4.5
-
 catalog 151 # those that are indexed, and none that is made up
 cat "$catalog.figures"
+"$programs/recognition_figures" "$catalog" "$clips" "$work/answers"
+"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold 4.5
+
 catalog 151 compact
 grep '^catalog' "$catalog.figures" | prefixed compact
+"$programs/recognition_figures" "$catalog" "$clips" "$work/answers"
+"$scripts/recall.py" "$clips/clips.csv" "$work/answers" | grep '^recall_all' | prefixed compact

@@ -1,77 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// recognition_figures SONGS CLIPS ANSWERS: indexes the sound files of the folder SONGS and asks for the first
-// 3, 5 and 10 s of each WAV file below the folder CLIPS. What indexing costs goes to standard output, one
-// line a figure; a line for each question goes to the file ANSWERS, with tabs: the clip's path below CLIPS,
-// its seconds, the name of the song's file or NONE, the score, the milliseconds it took, and the time in the
-// song where the clip begins.
+// recognition_figures CATALOG CLIPS ANSWERS: asks for the first 3, 5 and 10 s of each WAV file below the
+// folder CLIPS. A line for each question goes to the file ANSWERS, with tabs: the clip's path below CLIPS,
+// its seconds, the title of the song or NONE, the score, the milliseconds of processor time it took, and the
+// time in the song where the clip begins.
 #include "fingerprint/Matcher.h"
-#include "fingerprint/PeakExtractor.h"
 #include "recognition/SoundFile.h"
+#include "support/Figures.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <filesystem>
 
 using namespace trackwise;
 using namespace trackwise::fingerprint;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double secondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-std::vector<std::filesystem::path> filesBelow(const char *folder, const std::string &suffix)
+std::vector<std::filesystem::path> clipsBelow(const char *folder)
 {
     std::vector<std::filesystem::path> files;
     for (const auto &entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.is_regular_file() && entry.path().string().ends_with(suffix))
+        if (entry.path().extension() == ".wav")
             files.push_back(entry.path());
     }
     std::sort(files.begin(), files.end());
     return files;
 }
 
-SongIndex indexOf(const std::vector<std::filesystem::path> &files)
+/// Writes what is said of the first @p seconds of @p sound.
+void ask(const Catalog &catalog, std::span<const float> sound, int seconds, const std::string &clip,
+         std::FILE *answers)
 {
-    SongIndexBuilder builder;
-    double decoding = 0;
-    double extracting = 0;
-    double heard = 0;
-    for (const auto &file : files) {
-        const auto start = Clock::now();
-        const std::vector<float> sound = bench::soundOf(file.string());
-        decoding += secondsSince(start);
-        const auto decoded = Clock::now();
-        builder.add(peaksOf(sound, songDensity));
-        extracting += secondsSince(decoded);
-        heard += double(sound.size()) / sampleRateHz;
+    const auto piece = sound.first(std::min(sound.size(), std::size_t(seconds) * sampleRateHz));
+    const double start = threadCpuSeconds();
+    Matcher matcher(catalog);
+    matcher.push(piece);
+    const auto match = matcher.look(Query::Ending::Final);
+    const double milliseconds = (threadCpuSeconds() - start) * 1000;
+    std::string song = "NONE";
+    if (match) {
+        song = catalog.song(match->song).title;
+        if (song.empty())
+            song = "made-up";
     }
-    SongIndex index = std::move(builder).build();
-    std::printf("songs %zu\nminutes %.1f\n", index.songCount(), heard / 60);
-    std::printf("extraction %.0f times real time\n", heard / extracting);
-    std::printf("indexing %.0f times real time\n", heard / (extracting + decoding));
-    std::printf("index %.2f kB a song-minute\n", double(index.memoryBytes()) / heard * 60 / 1000);
-    return index;
-}
-
-/// Writes what the matcher says of the first @p seconds of @p sound.
-void ask(Matcher &matcher, std::span<const float> sound, int seconds, const std::string &clip,
-         const std::vector<std::filesystem::path> &songs, std::FILE *answers)
-{
-    const auto start = Clock::now();
-    const Query query = Query::of(sound.first(std::min(sound.size(), std::size_t(seconds) * sampleRateHz)));
-    const auto match = matcher.match(query);
-    const double milliseconds = secondsSince(start) * 1000;
-    const std::string song = match ? songs[match->song].filename().string() : "NONE";
-    const float beginning = match ? match->playing.middle - query.middle() * match->playing.tempo : 0;
     std::fprintf(answers, "%s\t%d\t%s\t%.3f\t%.2f\t%.2f\n", clip.c_str(), seconds, song.c_str(),
-                 double(match ? match->score : 0), milliseconds, double(beginning / framesPerSecond));
+                 double(match ? match->score : 0), milliseconds,
+                 double(match ? matcher.beginning(*match) : 0));
 }
 
 } // namespace
@@ -80,17 +54,20 @@ int main(int count, char **arguments)
 {
     std::FILE *answers = count == 4 ? std::fopen(arguments[3], "w") : nullptr;
     if (answers == nullptr) {
-        std::fprintf(stderr, "usage: recognition_figures SONGS CLIPS ANSWERS\n");
+        std::fprintf(stderr, "usage: recognition_figures CATALOG CLIPS ANSWERS\n");
         return 2;
     }
-    const auto songs = filesBelow(arguments[1], "");
-    const SongIndex index = indexOf(songs);
-    Matcher matcher(index);
-    for (const auto &clip : filesBelow(arguments[2], ".wav")) {
+    const auto segment = Segment::ofFile(arguments[1]);
+    if (const auto *failure = std::get_if<CatalogFailure>(&segment)) {
+        std::fprintf(stderr, "recognition_figures: %s\n", failure->detail.c_str());
+        return 1;
+    }
+    const Catalog catalog({{std::get<Segment::Ptr>(segment), {}, {}}});
+    for (const auto &clip : clipsBelow(arguments[2])) {
         const std::vector<float> sound = bench::soundOf(clip.string());
         const std::string name = std::filesystem::relative(clip, arguments[2]).string();
         for (const int seconds : {3, 5, 10})
-            ask(matcher, sound, seconds, name, songs, answers);
+            ask(catalog, sound, seconds, name, answers);
     }
     return std::fclose(answers) == 0 ? 0 : 1;
 }
