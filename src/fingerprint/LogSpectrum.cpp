@@ -65,10 +65,8 @@ struct LogSpectrum::Transform
     std::array<float, frameLength> window = hannWindow();
 };
 
-LogSpectrum::~LogSpectrum() = default;
-
 LogSpectrum::LogSpectrum(int hop)
-    : m_transform(std::make_unique<Transform>())
+    : m_transform(std::make_shared<const Transform>())
     , m_hop(hop)
 {}
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fingerprint/Matcher.h"
 
-#include "fingerprint/PeakQuota.h"
-
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 
 namespace trackwise::fingerprint {
 
@@ -31,28 +31,18 @@ constexpr float weightOfRival = 0.7F;
 constexpr double shareOfSiblings = 0.3;
 constexpr float siblingReach = 10 * framesPerSecond;
 constexpr float siblingSlack = 2;
-
-/// The strongest of the peaks: 9 a band in a second. That is enough for most of what is played nearby.
-std::vector<Peak> thinned(std::span<const Peak> peaks)
-{
-    PeakQuota quota(9);
-    std::vector<Peak> passed;
-    for (const Peak &peak : peaks)
-        quota.push(peak, passed);
-    quota.finish(passed);
-    return passed;
-}
-
-/// The peaks as they would be at the speed 1, of what is played at @p speed.
-std::vector<Peak> atOwnSpeed(std::span<const Peak> peaks, float speed)
-{
-    std::vector<Peak> scaled(peaks.begin(), peaks.end());
-    for (Peak &peak : scaled) {
-        peak.time *= speed;
-        peak.bin /= speed;
-    }
-    return scaled;
-}
+/// How much of a song a query may cover, against its own length: what verification tries, and a little more.
+constexpr float widestTempo = 1.12F;
+/// Other speeds are tried from here on: most songs are named by then.
+constexpr float secondsBeforeSpeeds = 2.4F;
+/// One of them at each look, and no more votes for it than these; a vote takes about 20 ns.
+constexpr std::size_t votesOfLook = 2'000'000;
+constexpr std::size_t candidatesOfSpeed = 100;
+/// Of the candidates of a speed so many are compared again at the next look, which tries another speed.
+constexpr std::size_t heldCount = 10;
+/// Bins of a field. With 600 hours of music each has a place of its own.
+constexpr std::size_t largestField = std::size_t(1) << 24;
+constexpr std::size_t largestFieldOfSpeed = std::size_t(1) << 21;
 
 std::span<const KeptPeak> between(std::span<const KeptPeak> peaks, float first, float last)
 {
@@ -63,63 +53,118 @@ std::span<const KeptPeak> between(std::span<const KeptPeak> peaks, float first, 
 
 } // namespace
 
-Matcher::Matcher(const SongIndex &index)
-    : m_index(index)
-    , m_voting(index)
-{}
-
-std::optional<Match> Matcher::match(const Query &query)
+Matcher::Matcher(const Catalog &catalog)
+    : m_catalog(catalog)
 {
-    // Each step costs several times what the ones before it do, and few queries need the last.
+    m_fields.emplace_back(catalog, 1, largestField);
+}
+
+std::optional<Match> Matcher::look(Query::Ending ending)
+{
+    m_query.settle(ending);
     m_verified.clear();
-    tryAtSpeed(query, thinned(query.peaks), 1, Probing::NearestCell);
+    m_peaksUsed = 0;
+    constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
+    m_fields.front().vote(m_query.peaks(), unlimited);
+    verify(m_fields.front(), candidateCount);
+    tryTempos();
+    verifyHeld();
     if (const auto found = decide(); found && found->score >= convincingScore)
         return found;
-    m_verified.clear();
-    tryAtSpeed(query, query.peaks, 1, Probing::CellsAround);
-    tryTempos(query);
-    if (const auto found = decide(); found && found->score >= convincingScore)
-        return found;
-    for (const float speed : otherSpeeds)
-        tryAtSpeed(query, atOwnSpeed(query.peaks, speed), speed, Probing::CellsAround);
+    if (ending == Query::Ending::Final) {
+        for (std::size_t i = 0; i < std::size(otherSpeeds); ++i)
+            trySpeed(unlimited);
+    } else if (m_query.seconds() >= secondsBeforeSpeeds) {
+        trySpeed(votesOfLook);
+    }
+    hold();
     return decide();
 }
 
-void Matcher::tryAtSpeed(const Query &query, std::span<const Peak> peaks, float speed, Probing probing)
+void Matcher::trySpeed(std::size_t budget)
 {
-    const auto candidates = m_voting.candidates(peaks, query.middle() * speed, probing, candidateCount);
+    const std::size_t next = m_nextSpeed++ % std::size(otherSpeeds);
+    if (m_fields.size() < next + 2)
+        m_fields.emplace_back(m_catalog, otherSpeeds[next], largestFieldOfSpeed);
+    VoteField &field = m_fields[next + 1];
+    field.vote(m_query.strongPeaks(), budget);
+    verify(field, candidatesOfSpeed);
+}
+
+void Matcher::hold()
+{
+    m_held.clear();
+    for (std::size_t i = 0; i < m_verified.size() && m_held.size() < heldCount; ++i) {
+        if (m_verified[i].isOtherSpeed)
+            m_held.push_back(m_verified[i]);
+    }
+    m_heldMiddle = m_query.middle();
+}
+
+void Matcher::verifyHeld()
+{
+    const float moved = m_query.middle() - m_heldMiddle;
+    for (Verified one : m_held) {
+        Playing playing = one.agreement.playing;
+        playing.middle += moved * playing.tempo;
+        one.peaks = peaksAround({one.song, playing.middle}, m_query.middle() * widestTempo);
+        one.agreement = bestSpeed(m_query.rows(), one.peaks, playing, Speeds::All);
+        m_verified.push_back(one);
+    }
+    sort(m_verified);
+}
+
+float Matcher::beginning(const Match &match) const
+{
+    return (match.playing.middle - m_query.middle() * match.playing.tempo) / framesPerSecond;
+}
+
+std::span<const KeptPeak> Matcher::peaksAround(const SongTime &time, float reach)
+{
+    if (m_peaksUsed == m_peaks.size())
+        m_peaks.emplace_back();
+    std::vector<KeptPeak> &peaks = m_peaks[m_peaksUsed++];
+    peaks.clear();
+    m_catalog.peaks(time.song, time.frame - reach, time.frame + reach, peaks);
+    return peaks;
+}
+
+void Matcher::verify(const VoteField &field, std::size_t count)
+{
+    const auto candidates = field.best(count, m_query.middle());
     if (candidates.empty())
         return;
     const float median = candidates[candidates.size() / 2].votes;
     std::vector<Verified> found;
     for (const Candidate &candidate : candidates) {
-        const auto [song, frame] = candidate.time;
-        const Playing playing{frame, speed, speed};
-        const Agreement agreement = bestSpeed(query.rows, m_index.peaks(song), playing, Speeds::Few);
+        const Playing playing{candidate.time.frame, field.speed(), field.speed()};
+        const auto peaks = peaksAround(candidate.time, m_query.middle() * widestTempo);
+        const Agreement agreement = bestSpeed(m_query.rows(), peaks, playing, Speeds::Few);
         if (std::isfinite(agreement.score))
-            found.push_back({song, agreement, std::log(candidate.votes / median)});
+            found.push_back({candidate.time.song, peaks, agreement, std::log(candidate.votes / median),
+                             field.speed() != 1});
     }
     sort(found);
     for (std::size_t i = 0; i < std::min(candidatesForSpeed, found.size()); ++i) {
-        auto &[song, best, popularity] = found[i];
-        const Playing playing{best.playing.middle, speed, speed};
-        const Agreement agreement = bestSpeed(query.rows, m_index.peaks(song), playing, Speeds::All);
-        if (agreement.score > best.score)
-            best = agreement;
+        Verified &one = found[i];
+        const Playing playing{one.agreement.playing.middle, field.speed(), field.speed()};
+        const Agreement agreement = bestSpeed(m_query.rows(), one.peaks, playing, Speeds::All);
+        if (agreement.score > one.agreement.score)
+            one.agreement = agreement;
     }
     m_verified.insert(m_verified.end(), found.begin(), found.end());
     sort(m_verified);
 }
 
-void Matcher::tryTempos(const Query &query)
+void Matcher::tryTempos()
 {
     for (std::size_t i = 0; i < std::min(candidatesForTempo, m_verified.size()); ++i) {
-        auto &[song, best, popularity] = m_verified[i];
-        Playing playing = best.playing;
+        Verified &one = m_verified[i];
+        Playing playing = one.agreement.playing;
         playing.tempo = playing.pitch;
-        const Agreement agreement = bestTempo(query.rows, m_index.peaks(song), playing);
-        if (agreement.score > best.score)
-            best = agreement;
+        const Agreement agreement = bestTempo(m_query.rows(), one.peaks, playing);
+        if (agreement.score > one.agreement.score)
+            one.agreement = agreement;
     }
     sort(m_verified);
 }
@@ -130,7 +175,7 @@ void Matcher::sort(std::vector<Verified> &verified)
                      [](const Verified &a, const Verified &b) { return a.score() > b.score(); });
 }
 
-std::optional<Match> Matcher::decide() const
+std::optional<Match> Matcher::decide()
 {
     if (m_verified.empty())
         return std::nullopt;
@@ -149,31 +194,35 @@ std::optional<Match> Matcher::decide() const
     return Match{best.song, best.agreement.playing, best.score() - weightOfRival * rival};
 }
 
-bool Matcher::soundAlike(const Verified &one, const Verified &other) const
+bool Matcher::soundAlike(const Verified &one, const Verified &other)
 {
     const Playing &here = one.agreement.playing;
     const Playing &there = other.agreement.playing;
+    const auto ones = peaksAround({one.song, here.middle}, siblingReach);
+    const auto others = peaksAround({other.song, there.middle}, siblingReach * widestTempo);
     // At the same speed, or at those that were found: these are too rough for the one, and needed for a
     // faster version.
-    return soundAlike(one, other, 1, 1) ||
-           soundAlike(one, other, there.tempo / here.tempo, there.pitch / here.pitch);
+    const std::array<std::pair<float, float>, 2> speeds{
+        {{1, 1}, {there.tempo / here.tempo, there.pitch / here.pitch}}};
+    return std::any_of(speeds.begin(), speeds.end(), [&](const auto &speed) {
+        int shared = 0;
+        for (const KeptPeak &peak : ones) {
+            const float frame = there.middle + (float(peak.frame) - here.middle) * speed.first;
+            const float bin = float(peak.bin) / speed.second;
+            const auto near = between(others, frame - siblingSlack, frame + siblingSlack + 1);
+            shared += std::any_of(near.begin(), near.end(), [bin](const KeptPeak &candidate) {
+                return std::abs(float(candidate.bin) - bin) <= 1;
+            });
+        }
+        return shared > shareOfSiblings * double(ones.size());
+    });
 }
 
-bool Matcher::soundAlike(const Verified &one, const Verified &other, float tempo, float pitch) const
+std::optional<Match> matchOf(const Catalog &catalog, std::span<const float> samples)
 {
-    const float here = one.agreement.playing.middle;
-    const float there = other.agreement.playing.middle;
-    const auto peaks = between(m_index.peaks(one.song), here - siblingReach, here + siblingReach);
-    int shared = 0;
-    for (const KeptPeak &peak : peaks) {
-        const float frame = there + (float(peak.frame) - here) * tempo;
-        const float bin = float(peak.bin) / pitch;
-        const auto near = between(m_index.peaks(other.song), frame - siblingSlack, frame + siblingSlack + 1);
-        shared += std::any_of(near.begin(), near.end(), [bin](const KeptPeak &candidate) {
-            return std::abs(float(candidate.bin) - bin) <= 1;
-        });
-    }
-    return shared > shareOfSiblings * double(peaks.size());
+    Matcher matcher(catalog);
+    matcher.push(samples);
+    return matcher.look(Query::Ending::Final);
 }
 
 } // namespace trackwise::fingerprint

@@ -3,6 +3,7 @@
 
 #include "fingerprint/Peak.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -41,13 +42,15 @@ std::optional<Cell> cellOf(const PeakPair &pair);
 template <typename Take>
 void forEachCellAround(const PeakPair &pair, Take &&take)
 {
-    // From the middle of a cell to the next it is half a cell either way.
-    for (const float first : {-0.5F, 0.5F}) {
-        for (const float second : {-0.5F, 0.5F}) {
-            for (const float delay : {-0.5F, 0.5F}) {
-                if (const auto cell = cellOf({pair.first + first, pair.second + second, pair.delay + delay}))
-                    take(*cell);
-            }
+    // The one below, and the one above it. No place is further below a scale than 1 here.
+    const auto below = [](float place) { return int(std::max(place, -1.0F) + 1) - 1; };
+    const int firsts = below(pair.first);
+    const int seconds = below(pair.second);
+    const int delays = below(pair.delay);
+    for (int first = std::max(firsts, 0); first <= std::min(firsts + 1, pitchCells - 1); ++first) {
+        for (int second = std::max(seconds, 0); second <= std::min(seconds + 1, pitchCells - 1); ++second) {
+            for (int delay = std::max(delays, 0); delay <= std::min(delays + 1, delayCells - 1); ++delay)
+                take((Cell(first) * pitchCells + Cell(second)) * delayCells + Cell(delay));
         }
     }
 }

@@ -23,7 +23,8 @@ inline constexpr PeakDensity songDensity{songHop, 1.0F, 4};
 inline constexpr PeakDensity queryDensity{queryHop, 0.8F, 23};
 
 /// The road from sound to peaks: spectrum, whitening, maxima, quota. Holds about two seconds of it at any
-/// time, however long the sound is; the peaks do not depend on how it is cut into pieces.
+/// time, however long the sound is; the peaks do not depend on how it is cut into pieces. A copy goes on from
+/// where it was made, on the same thread.
 class PeakExtractor
 {
 public:

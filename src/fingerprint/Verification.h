@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fingerprint/Query.h"
-#include "fingerprint/SongIndex.h"
+#include "fingerprint/SongLine.h"
 
 #include <limits>
 
