@@ -3,10 +3,8 @@
 
 #include "device/audio/SoundDecoder.h"
 #include "fingerprint/Matcher.h"
-#include "fingerprint/SongIndex.h"
 
 #include <algorithm>
-#include <limits>
 #include <unistd.h>
 #include <vector>
 
@@ -53,28 +51,17 @@ Result<ClipAnswer> recognizeClip(const fingerprint::Catalog &catalog, const QByt
     if (!sound)
         return sound.failure();
     using namespace fingerprint;
-    SongIndexBuilder builder;
-    for (SongNumber number = 0; number < catalog.songCount(); ++number) {
-        std::vector<KeptPeak> kept;
-        catalog.peaks(number, 0, std::numeric_limits<float>::max(), kept);
-        std::vector<Peak> peaks;
-        peaks.reserve(kept.size());
-        for (const KeptPeak peak : kept)
-            peaks.push_back({float(peak.frame), float(peak.bin), 1});
-        builder.add(peaks);
-    }
-    const SongIndex index = std::move(builder).build();
-    const Query query = Query::of(*sound);
+    Matcher matcher(catalog);
+    matcher.push(*sound);
     ClipAnswer answer{.threshold = certainScore};
-    const auto match = Matcher(index).match(query);
+    const auto match = matcher.look(Query::Ending::Final);
     if (!match)
         return answer;
     answer.score = double(match->score);
     if (match->score < certainScore)
         return answer;
     answer.match = matched(catalog, match->song);
-    answer.match->offsetSeconds =
-        double((match->playing.middle - query.middle() * match->playing.tempo) / framesPerSecond);
+    answer.match->offsetSeconds = double(matcher.beginning(*match));
     return answer;
 }
 
