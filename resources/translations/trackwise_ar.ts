@@ -645,13 +645,6 @@
     </message>
 </context>
 <context>
-    <name>trackwise::AbsentRecognition</name>
-    <message>
-        <source>Not available on this device yet</source>
-        <translation>غير متوفر على هذا الجهاز بعد</translation>
-    </message>
-</context>
-<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -818,6 +811,21 @@
     <message>
         <source>file not available</source>
         <translation>الملف غير متوفر</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryRecognition</name>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>الميكروفون قيد الاستخدام بالفعل</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>لم يُعثر على ميكروفون</translation>
+    </message>
+    <message>
+        <source>No sound on this device</source>
+        <translation>لا يوجد صوت على هذا الجهاز</translation>
     </message>
 </context>
 <context>

@@ -637,13 +637,6 @@
     </message>
 </context>
 <context>
-    <name>trackwise::AbsentRecognition</name>
-    <message>
-        <source>Not available on this device yet</source>
-        <translation>Hier noch nicht verfügbar</translation>
-    </message>
-</context>
-<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -810,6 +803,21 @@
     <message>
         <source>file not available</source>
         <translation>Datei nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryRecognition</name>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>Mikrofon wird bereits verwendet</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Kein Mikrofon gefunden</translation>
+    </message>
+    <message>
+        <source>No sound on this device</source>
+        <translation>Kein Ton auf diesem Gerät</translation>
     </message>
 </context>
 <context>

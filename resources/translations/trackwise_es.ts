@@ -637,13 +637,6 @@
     </message>
 </context>
 <context>
-    <name>trackwise::AbsentRecognition</name>
-    <message>
-        <source>Not available on this device yet</source>
-        <translation>Aún no disponible aquí</translation>
-    </message>
-</context>
-<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -810,6 +803,21 @@
     <message>
         <source>file not available</source>
         <translation>archivo no disponible</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryRecognition</name>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>El micrófono ya está en uso</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>No se ha encontrado ningún micrófono</translation>
+    </message>
+    <message>
+        <source>No sound on this device</source>
+        <translation>No hay sonido en este dispositivo</translation>
     </message>
 </context>
 <context>

@@ -637,13 +637,6 @@
     </message>
 </context>
 <context>
-    <name>trackwise::AbsentRecognition</name>
-    <message>
-        <source>Not available on this device yet</source>
-        <translation>Pas encore disponible ici</translation>
-    </message>
-</context>
-<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -810,6 +803,21 @@
     <message>
         <source>file not available</source>
         <translation>fichier indisponible</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryRecognition</name>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>Microphone déjà utilisé</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Aucun microphone trouvé</translation>
+    </message>
+    <message>
+        <source>No sound on this device</source>
+        <translation>Pas de son sur cet appareil</translation>
     </message>
 </context>
 <context>

@@ -635,13 +635,6 @@
     </message>
 </context>
 <context>
-    <name>trackwise::AbsentRecognition</name>
-    <message>
-        <source>Not available on this device yet</source>
-        <translation>このデバイスではまだ利用できません</translation>
-    </message>
-</context>
-<context>
     <name>trackwise::AddressOpening</name>
     <message>
         <source>Song Not Found</source>
@@ -808,6 +801,21 @@
     <message>
         <source>file not available</source>
         <translation>ファイルを利用できません</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::LibraryRecognition</name>
+    <message>
+        <source>Microphone already in use</source>
+        <translation>マイクはすでに使用中です</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>マイクが見つかりません</translation>
+    </message>
+    <message>
+        <source>No sound on this device</source>
+        <translation>このデバイスでは音声を使えません</translation>
     </message>
 </context>
 <context>

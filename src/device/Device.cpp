@@ -2,8 +2,8 @@
 #include "device/Device.h"
 
 #include "device/integration/FeedbackHaptics.h"
-#include "device/recognizer/AbsentRecognition.h"
 #include "device/recognizer/CatalogSummary.h"
+#include "device/recognizer/LibraryRecognition.h"
 
 #include <QFile>
 #include <QStandardPaths>
@@ -89,7 +89,10 @@ Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId,
     : audioSession(settings)
     , fingerprinting(library, catalogFolder(library.configuration().databasePath),
                      LibraryFingerprinting::Workers::ofThisProgram(Effort::Background))
-    , services{audioSession, [] { return std::make_unique<AbsentRecognition>(); },
+    , services{audioSession,
+               [this] {
+                   return std::make_unique<LibraryRecognition>([this] { return fingerprinting.catalog(); });
+               },
                [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
                [this] { return conditions.isScreenReaderRunning(); }}
 {}

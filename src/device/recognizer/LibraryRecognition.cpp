@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/recognizer/LibraryRecognition.h"
+
+#include "device/audio/SoundResampler.h"
+#include "fingerprint/Listening.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <semaphore>
+#include <thread>
+
+namespace trackwise {
+
+namespace {
+
+/// Between the microphone's thread, which may not wait, and the one that compares: pieces of sound, more than
+/// five seconds of them at any rate. What does not fit is lost.
+class PieceQueue
+{
+public:
+    struct Piece
+    {
+        std::array<float, Microphone::samplesOfPiece> samples;
+        std::size_t count = 0;
+        int rateHz = 0;
+    };
+
+    void push(const HeardSound &heard)
+    {
+        const std::size_t end = m_end.load(std::memory_order_relaxed);
+        if (end - m_begin.load(std::memory_order_acquire) == m_pieces.size())
+            return;
+        Piece &piece = m_pieces[end % m_pieces.size()];
+        piece.count = std::min(heard.samples.size(), piece.samples.size());
+        std::copy_n(heard.samples.begin(), piece.count, piece.samples.begin());
+        piece.rateHz = heard.rateHz;
+        m_end.store(end + 1, std::memory_order_release);
+        m_filled.release();
+    }
+    /// Waits for the next; nothing when it was ended.
+    template <typename Take>
+    bool take(Take &&take)
+    {
+        m_filled.acquire();
+        const std::size_t begin = m_begin.load(std::memory_order_relaxed);
+        if (m_isEnded.load() || begin == m_end.load(std::memory_order_acquire))
+            return false;
+        take(m_pieces[begin % m_pieces.size()]);
+        m_begin.store(begin + 1, std::memory_order_release);
+        return true;
+    }
+    void end()
+    {
+        m_isEnded.store(true);
+        m_filled.release();
+    }
+
+private:
+    std::vector<Piece> m_pieces = std::vector<Piece>(512);
+    std::atomic<std::size_t> m_begin = 0;
+    std::atomic<std::size_t> m_end = 0;
+    std::atomic<bool> m_isEnded = false;
+    std::counting_semaphore<> m_filled{0};
+};
+
+std::optional<QString> textOf(const std::string &text)
+{
+    return text.empty() ? std::nullopt : std::optional(QString::fromStdString(text));
+}
+
+MatchedMediaItem itemOf(const fingerprint::Catalog &catalog, fingerprint::SongNumber number)
+{
+    const fingerprint::CatalogSong song = catalog.song(number);
+    MatchedMediaItem item{textOf(song.catalogID), textOf(song.title), textOf(song.artist), std::nullopt};
+    if (catalog.originOf(number).empty())
+        item.librarySong = PersistentID{song.persistentID};
+    return item;
+}
+
+} // namespace
+
+/// From start() to the answer: a thread of its own compares what the microphone hears.
+class LibraryRecognition::Attempt
+{
+public:
+    Attempt(LibraryRecognition &session, std::shared_ptr<const fingerprint::Catalog> catalog)
+        : m_session(session)
+        , m_thread([this, catalog = std::move(catalog)] { listen(catalog); })
+    {}
+    ~Attempt()
+    {
+        m_queue.end();
+        m_thread.join();
+    }
+    void take(const HeardSound &heard) { m_queue.push(heard); }
+
+private:
+    using Answer = fingerprint::Listening::Answer;
+
+    void listen(const std::shared_ptr<const fingerprint::Catalog> &catalog)
+    {
+        fingerprint::Listening listening(catalog);
+        SoundResampler resampler;
+        Answer answer = Answer::Undecided;
+        const auto hear = [&](const PieceQueue::Piece &piece) {
+            answer = listening.hear(resampler.resampled({piece.samples.data(), piece.count}, piece.rateHz));
+        };
+        while (answer == Answer::Undecided) {
+            if (!m_queue.take(hear))
+                return;
+        }
+        if (answer == Answer::Match)
+            Q_EMIT m_session.didFind({itemOf(listening.catalog(), listening.match().song)});
+        else
+            Q_EMIT m_session.didNotFind(std::nullopt);
+    }
+
+    LibraryRecognition &m_session;
+    PieceQueue m_queue;
+    std::thread m_thread; ///< the last: it uses the others
+};
+
+LibraryRecognition::LibraryRecognition(CatalogSource catalog)
+    : m_catalog(std::move(catalog))
+{}
+
+LibraryRecognition::~LibraryRecognition()
+{
+    stop();
+}
+
+std::optional<Failure> LibraryRecognition::start()
+{
+    stop();
+    auto catalog = m_catalog();
+    if (!catalog)
+        catalog = std::make_shared<const fingerprint::Catalog>();
+    m_attempt = std::make_unique<Attempt>(*this, std::move(catalog));
+    m_microphone.start(
+        defaultInputChoice, [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
+        [this](const Failure &failure) { microphoneDidFail(failure); });
+    return std::nullopt;
+}
+
+void LibraryRecognition::stop()
+{
+    m_microphone.stop();
+    m_attempt.reset();
+}
+
+bool LibraryRecognition::isRunning() const
+{
+    return m_microphone.isRunning();
+}
+
+void LibraryRecognition::microphoneDidFail(const Failure &failure)
+{
+    switch (failure.kind) {
+    case FailureKind::Busy:
+        Q_EMIT didNotFind(tr("Microphone already in use"));
+        return;
+    case FailureKind::NotFound:
+        Q_EMIT didNotFind(tr("No microphone found"));
+        return;
+    default:
+        Q_EMIT didNotFind(tr("No sound on this device"));
+    }
+}
+
+} // namespace trackwise

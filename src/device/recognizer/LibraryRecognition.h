@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "device/audio/Microphone.h"
+#include "fingerprint/Catalog.h"
+#include "platform/RecognitionSession.h"
+
+#include <functional>
+#include <memory>
+
+namespace trackwise {
+
+/// Finds out which song is heard by comparing it with the songs of this device, and with the catalogs that
+/// were added. What was heard is kept until the answer only, in memory.
+class LibraryRecognition final : public RecognitionSession
+{
+    Q_OBJECT
+
+public:
+    /// What there is to compare with at the moment; may be nothing yet.
+    using CatalogSource = std::function<std::shared_ptr<const fingerprint::Catalog>()>;
+
+    explicit LibraryRecognition(CatalogSource catalog);
+    ~LibraryRecognition() override;
+
+    /// The microphone's failures come with didNotFind(): what it is connected to is not known at once.
+    [[nodiscard]] std::optional<Failure> start() override;
+    void stop() override;
+    [[nodiscard]] bool isRunning() const override;
+
+private:
+    class Attempt;
+    void microphoneDidFail(const Failure &failure);
+
+    CatalogSource m_catalog;
+    std::unique_ptr<Attempt> m_attempt;
+    Microphone m_microphone; ///< is gone before what it taps into
+};
+
+} // namespace trackwise

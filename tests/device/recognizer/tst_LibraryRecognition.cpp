@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "device/players/PrivateSound.h"
+#include "device/recognizer/LibraryRecognition.h"
+#include "fingerprint/PeakExtractor.h"
+#include "fingerprint/Pieces.h"
+#include "fingerprint/SegmentBuilder.h"
+#include "support/Test.h"
+
+#include <span>
+
+using fingerprint::Sound;
+
+namespace {
+
+/// A session over three pieces, and what it told.
+struct Listener
+{
+    Listener()
+    {
+        QObject::connect(&session, &RecognitionSession::didFind, &here,
+                         [this](const std::vector<MatchedMediaItem> &items) { found.push_back(items); });
+        QObject::connect(&session, &RecognitionSession::didNotFind, &here,
+                         [this](const std::optional<QString> &error) { notFound.push_back(error); });
+    }
+    [[nodiscard]] std::size_t answers() const { return found.size() + notFound.size(); }
+
+    static std::shared_ptr<const fingerprint::Catalog> catalog()
+    {
+        fingerprint::SegmentBuilder builder;
+        for (unsigned seed = 0; seed < 3; ++seed)
+            builder.add(fingerprint::peaksOf(fingerprint::piece(seed, 25), fingerprint::songDensity),
+                        {.persistentID = 70 + seed,
+                         .catalogID = seed == 2 ? "1440857781" : "",
+                         .title = "Piece " + std::to_string(seed)});
+        return std::make_shared<const fingerprint::Catalog>(
+            std::vector<fingerprint::Catalog::Part>{{std::move(builder).build(), {}, {}}});
+    }
+
+    QObject here;
+    LibraryRecognition session{[known = catalog()] { return known; }};
+    std::vector<std::vector<MatchedMediaItem>> found;
+    std::vector<std::optional<QString>> notFound;
+};
+
+/// Plays into the loudspeaker that the microphone stands before.
+struct Music
+{
+    explicit Music(const Sound &sound)
+    {
+        player.start(u"pacat"_s, {u"--playback"_s, u"--device=room"_s, u"--format=float32le"_s,
+                                  u"--rate=16000"_s, u"--channels=1"_s});
+        const auto bytes = std::as_bytes(std::span(sound));
+        player.write(reinterpret_cast<const char *>(bytes.data()), qint64(bytes.size()));
+    }
+    ~Music()
+    {
+        player.kill();
+        player.waitForFinished();
+    }
+    QProcess player;
+};
+
+void putUpMicrophone(const PrivateSound &sound)
+{
+    sound.control("load-module module-null-sink sink_name=room norewinds=1");
+    sound.control("load-module module-remap-source master=room.monitor source_name=mic");
+    sound.control("set-default-source mic");
+}
+
+} // namespace
+
+class tst_LibraryRecognition : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void namesWhatTheMicrophoneHears()
+    {
+        PrivateSound sound;
+        QVERIFY(sound.start());
+        putUpMicrophone(sound);
+        Listener listener;
+        const Sound song = fingerprint::piece(2, 25);
+        for (std::size_t attempt = 1; attempt <= 2; ++attempt) {
+            const Music music(Sound(song.begin() + 48000, song.end()));
+            QVERIFY(!listener.session.start());
+            QVERIFY(listener.session.isRunning());
+            QTRY_VERIFY_WITH_TIMEOUT(listener.answers() == attempt, 20'000);
+            listener.session.stop();
+            QVERIFY(!listener.session.isRunning());
+        }
+        QCOMPARE(listener.found.size(), 2U);
+        const std::vector<MatchedMediaItem> expected{
+            {u"1440857781"_s, u"Piece 2"_s, std::nullopt, PersistentID{72}}};
+        QCOMPARE(listener.found.front(), expected);
+        QCOMPARE(listener.found.back(), expected);
+    }
+
+    void findsNothingInNoise()
+    {
+        PrivateSound sound;
+        QVERIFY(sound.start());
+        putUpMicrophone(sound);
+        Listener listener;
+        const Music music(fingerprint::noise(5, 25 * std::size_t(fingerprint::sampleRateHz), 0.01));
+        QVERIFY(!listener.session.start());
+        QTRY_VERIFY_WITH_TIMEOUT(listener.answers() == 1, 30'000);
+        QCOMPARE(listener.notFound, std::vector{std::optional<QString>()});
+    }
+
+    void saysWhyItCannotListen()
+    {
+        qputenv("PULSE_SERVER", "unix:/nowhere/at/all");
+        Listener listener;
+        QVERIFY(!listener.session.start());
+        QTRY_VERIFY_WITH_TIMEOUT(listener.answers() == 1, 10'000);
+        QVERIFY(listener.notFound.front() && !listener.notFound.front()->isEmpty());
+        QTRY_VERIFY(!listener.session.isRunning());
+        QVERIFY(!listener.session.start()); // and is stopped while it tries
+        listener.session.stop();
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_LibraryRecognition)
+#include "tst_LibraryRecognition.moc"
