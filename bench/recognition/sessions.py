@@ -5,12 +5,17 @@
     sessions.py CLIPS LOOKS THRESHOLD [--without LOOKS]
 
 CLIPS is what make_clips.py says of its clips, LOOKS what recognition_sessions printed, also for clips whose song the
-catalog was without. A session answers when two looks in a row score above the threshold and agree on the song.
+catalog was without. A session answers when two looks in a row score above the threshold and agree on the song; as in
+fingerprint/Listening.cpp, every second after the fourth asks for 0.15 more.
 """
 import argparse
 import csv
 import math
 from collections import defaultdict
+
+
+def more_asked(seconds):
+    return 0.15 * max(0, seconds - 4)
 
 
 class Sessions:
@@ -20,7 +25,8 @@ class Sessions:
         with open(path, encoding="utf-8") as lines:
             for line in lines:
                 clip, seconds, song, score, milliseconds = line.rstrip("\n").split("\t")
-                self.looks[clip].append((float(seconds), song, float(score)))
+                at = float(seconds)
+                self.looks[clip].append((at, song, float(score) - more_asked(at)))
                 self.milliseconds.append(float(milliseconds))
 
     def answer_to(self, clip, threshold):
