@@ -33,6 +33,8 @@ constexpr float siblingReach = 10 * framesPerSecond;
 constexpr float siblingSlack = 2;
 /// How much of a song a query may cover, against its own length: what verification tries, and a little more.
 constexpr float widestTempo = 1.12F;
+/// With more music than this, about 20,000 songs, all the peaks of a query would take too long to look up.
+constexpr LinePlace longLine = 80'000'000;
 /// Other speeds are tried from here on: most songs are named by then.
 constexpr float secondsBeforeSpeeds = 2.4F;
 /// One of them at each look, and no more votes for it than these; a vote takes about 20 ns.
@@ -65,7 +67,8 @@ std::optional<Match> Matcher::look(Query::Ending ending)
     m_verified.clear();
     m_peaksUsed = 0;
     constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
-    m_fields.front().vote(m_query.peaks(), unlimited);
+    m_fields.front().vote(m_catalog.lineLength() > longLine ? m_query.strongPeaks() : m_query.peaks(),
+                          unlimited);
     verify(m_fields.front(), candidateCount);
     tryTempos();
     verifyHeld();

@@ -120,9 +120,9 @@ Result<Done> LibraryQuestions::forEachSong(const std::function<bool(const Librar
 Result<std::vector<SongSound>> LibraryQuestions::sounds() const
 {
     return m_connections.read([](ReadConnection &connection) {
-        auto &row = connection.statement(
-            "SELECT persistent_id, audio_hash, size, modified, files.availability"
-            " FROM songs JOIN files ON files.song = songs.id ORDER BY songs.id");
+        auto &row =
+            connection.statement("SELECT persistent_id, audio_hash, size, modified, files.availability"
+                                 " FROM songs JOIN files ON files.song = songs.id ORDER BY songs.id");
         std::vector<SongSound> sounds;
         const auto number = [&row](int column) { return static_cast<std::uint64_t>(row.integer(column)); };
         while (row.step()) {
