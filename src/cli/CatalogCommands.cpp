@@ -90,17 +90,7 @@ ExitCode showCatalog(const Call &call)
 ExitCode exportCatalog(const Call &call)
 {
     return change(call, [&](const CatalogStore &store, const ReadLibrary &library) {
-        const auto failure = store.exportTo(native(call.operands.front()), [&](auto &song) {
-            const auto known = library->song({song.persistentID});
-            if (!known)
-                return;
-            const auto text = [](const std::optional<QString> &value) {
-                return value.value_or(QString()).toStdString();
-            };
-            song.title = text(known->item.title);
-            song.artist = text(known->item.artist);
-            song.catalogID = known->item.playbackStoreID.toStdString();
-        });
+        const auto failure = store.exportTo(native(call.operands.front()), namingBy(*library.library));
         return failure ? giveUp(asFailure(*failure)) : ExitCode::Success;
     });
 }

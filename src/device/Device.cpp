@@ -90,8 +90,12 @@ Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId,
     , fingerprinting(library, catalogFolder(library.configuration().databasePath),
                      LibraryFingerprinting::Workers::ofThisProgram(Effort::Background))
     , services{audioSession,
-               [this] {
-                   return std::make_unique<LibraryRecognition>([this] { return fingerprinting.catalog(); });
+               [&library] {
+                   return std::make_unique<LibraryRecognition>(
+                       [path = library.configuration().databasePath] {
+                           return readCatalog(path).valueOr(nullptr);
+                       },
+                       namingBy(library));
                },
                [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
                [this] { return conditions.isScreenReaderRunning(); }}

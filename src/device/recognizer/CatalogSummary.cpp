@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/recognizer/CatalogSummary.h"
 
-#include "fingerprint/CatalogStore.h"
-
 #include <map>
 #include <unordered_map>
 
@@ -80,6 +78,21 @@ CatalogSummary summaryOf(const Catalog &catalog, const std::vector<SongSound> &l
             ++summary.left;
     }
     return summary;
+}
+
+fingerprint::SongNaming namingBy(const LibraryQuestions &library)
+{
+    return [&library](fingerprint::CatalogSong &song) {
+        const auto known = library.song({song.persistentID});
+        if (!known)
+            return;
+        const auto text = [](const std::optional<QString> &value) {
+            return value.value_or(QString()).toStdString();
+        };
+        song.catalogID = known->item.playbackStoreID.toStdString();
+        song.title = text(known->item.title);
+        song.artist = text(known->item.artist);
+    };
 }
 
 } // namespace trackwise

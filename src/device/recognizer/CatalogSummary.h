@@ -2,7 +2,7 @@
 #pragma once
 
 #include "device/library/LibraryQuestions.h"
-#include "fingerprint/Catalog.h"
+#include "fingerprint/CatalogStore.h"
 
 #include <memory>
 #include <vector>
@@ -31,6 +31,10 @@ struct CatalogSummary
 };
 [[nodiscard]] CatalogSummary summaryOf(const fingerprint::Catalog &catalog,
                                        const std::vector<SongSound> &library);
+
+/// Names a catalog's own songs as @p library, which must outlive it, has them at the moment; one that is not
+/// there any more stays as it is. Any thread.
+[[nodiscard]] fingerprint::SongNaming namingBy(const LibraryQuestions &library);
 
 /// A failure of the catalog as one of the device.
 [[nodiscard]] Failure asFailure(const fingerprint::CatalogFailure &failure);

@@ -49,8 +49,7 @@ void workQuietly()
 struct LibraryFingerprinting::Survey
 {
     std::shared_ptr<CatalogStore> store;
-    std::shared_ptr<const fingerprint::Catalog> seen; ///< where there can be no store
-    std::vector<SongSound> todo;                      ///< the first one last
+    std::vector<SongSound> todo; ///< the first one last
     qsizetype total = 0;
     qint64 bytes = 0;
     QString trouble;
@@ -93,9 +92,6 @@ void LibraryFingerprinting::Survey::open(const QByteArray &folder)
     const CatalogFailure &failure = std::get<CatalogFailure>(opened);
     trouble = textOf(failure);
     isInUse = failure.kind == CatalogFailure::Kind::InUse;
-    auto read = CatalogStore::read(native(folder));
-    if (auto *catalog = std::get_if<0>(&read))
-        seen = std::move(*catalog);
 }
 
 LibraryFingerprinting::Survey LibraryFingerprinting::Survey::of(const LibraryQuestions &library,
@@ -203,7 +199,6 @@ void LibraryFingerprinting::takeSurvey(Survey survey)
 {
     m_looking.isRunning = false;
     m_store = std::move(survey.store);
-    m_seen = std::move(survey.seen);
     if (survey.isInUse) // nobody tells when it is free again
         QTimer::singleShot(timeOfOthers, this, &LibraryFingerprinting::lookForWork);
     m_songs.todo = std::move(survey.todo);
@@ -263,7 +258,6 @@ void LibraryFingerprinting::advance()
 /// Whoever wants to write into the catalog can do so now.
 void LibraryFingerprinting::rest()
 {
-    m_seen = m_store->catalog();
     m_store.reset();
     Q_EMIT finished();
 }
@@ -402,11 +396,6 @@ void LibraryFingerprinting::clear()
     m_holds.byUser = true;
     endWorkers();
     look(Beginning::Anew);
-}
-
-std::shared_ptr<const fingerprint::Catalog> LibraryFingerprinting::catalog() const
-{
-    return m_store ? m_store->catalog() : m_seen;
 }
 
 RecognitionIndexState LibraryFingerprinting::state() const

@@ -47,8 +47,6 @@ public:
     /// Whether nothing is to be done now for the sake of power, and whether the library may be used at all.
     void setConditions(bool isSavingPower, bool isAllowed);
 
-    /// What is known so far; nothing before the first lookForWork() has looked.
-    [[nodiscard]] std::shared_ptr<const fingerprint::Catalog> catalog() const;
     /// Songs that could not be listened to, and will be tried again.
     [[nodiscard]] qsizetype songsLeftOut() const { return m_songs.leftOut; }
     [[nodiscard]] bool isPaused() const { return m_holds.byUser; }
@@ -85,7 +83,6 @@ private:
     QByteArray m_folder;
     Workers m_workers;
     std::shared_ptr<fingerprint::CatalogStore> m_store; ///< while there is work: nobody else can write then
-    std::shared_ptr<const fingerprint::Catalog> m_seen; ///< while there is none
     std::vector<Listener *> m_listeners;                ///< children of this
     struct
     {

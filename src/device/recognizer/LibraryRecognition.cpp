@@ -69,13 +69,16 @@ std::optional<QString> textOf(const std::string &text)
     return text.empty() ? std::nullopt : std::optional(QString::fromStdString(text));
 }
 
-MatchedMediaItem itemOf(const fingerprint::Catalog &catalog, fingerprint::SongNumber number)
+MatchedMediaItem itemOf(const fingerprint::Catalog &catalog, fingerprint::SongNumber number,
+                        const fingerprint::SongNaming &naming)
 {
-    const fingerprint::CatalogSong song = catalog.song(number);
-    MatchedMediaItem item{textOf(song.catalogID), textOf(song.title), textOf(song.artist), std::nullopt};
-    if (catalog.originOf(number).empty())
-        item.librarySong = PersistentID{song.persistentID};
-    return item;
+    fingerprint::CatalogSong song = catalog.song(number);
+    std::optional<PersistentID> librarySong;
+    if (catalog.originOf(number).empty()) {
+        librarySong = PersistentID{song.persistentID};
+        naming(song);
+    }
+    return {textOf(song.catalogID), textOf(song.title), textOf(song.artist), librarySong};
 }
 
 } // namespace
@@ -84,9 +87,9 @@ MatchedMediaItem itemOf(const fingerprint::Catalog &catalog, fingerprint::SongNu
 class LibraryRecognition::Attempt
 {
 public:
-    Attempt(LibraryRecognition &session, std::shared_ptr<const fingerprint::Catalog> catalog)
+    explicit Attempt(LibraryRecognition &session)
         : m_session(session)
-        , m_thread([this, catalog = std::move(catalog)] { listen(catalog); })
+        , m_thread([this] { listen(); })
     {}
     ~Attempt()
     {
@@ -98,9 +101,12 @@ public:
 private:
     using Answer = fingerprint::Listening::Answer;
 
-    void listen(const std::shared_ptr<const fingerprint::Catalog> &catalog)
+    void listen()
     {
-        fingerprint::Listening listening(catalog);
+        auto catalog = m_session.m_catalog();
+        if (!catalog)
+            catalog = std::make_shared<const fingerprint::Catalog>();
+        fingerprint::Listening listening(std::move(catalog));
         SoundResampler resampler;
         Answer answer = Answer::Undecided;
         const auto hear = [&](const PieceQueue::Piece &piece) {
@@ -111,7 +117,8 @@ private:
                 return;
         }
         if (answer == Answer::Match)
-            Q_EMIT m_session.didFind({itemOf(listening.catalog(), listening.match().song)});
+            Q_EMIT m_session.didFind(
+                {itemOf(listening.catalog(), listening.match().song, m_session.m_naming)});
         else
             Q_EMIT m_session.didNotFind(std::nullopt);
     }
@@ -121,8 +128,9 @@ private:
     std::thread m_thread; ///< the last: it uses the others
 };
 
-LibraryRecognition::LibraryRecognition(CatalogSource catalog)
+LibraryRecognition::LibraryRecognition(CatalogSource catalog, fingerprint::SongNaming naming)
     : m_catalog(std::move(catalog))
+    , m_naming(std::move(naming))
 {}
 
 LibraryRecognition::~LibraryRecognition()
@@ -133,10 +141,7 @@ LibraryRecognition::~LibraryRecognition()
 std::optional<Failure> LibraryRecognition::start()
 {
     stop();
-    auto catalog = m_catalog();
-    if (!catalog)
-        catalog = std::make_shared<const fingerprint::Catalog>();
-    m_attempt = std::make_unique<Attempt>(*this, std::move(catalog));
+    m_attempt = std::make_unique<Attempt>(*this);
     m_microphone.start(
         defaultInputChoice, [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
         [this](const Failure &failure) { microphoneDidFail(failure); });

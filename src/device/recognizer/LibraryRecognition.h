@@ -2,7 +2,7 @@
 #pragma once
 
 #include "device/audio/Microphone.h"
-#include "fingerprint/Catalog.h"
+#include "fingerprint/CatalogStore.h"
 #include "platform/RecognitionSession.h"
 
 #include <functional>
@@ -20,7 +20,8 @@ public:
     /// What there is to compare with at the moment; may be nothing yet.
     using CatalogSource = std::function<std::shared_ptr<const fingerprint::Catalog>()>;
 
-    explicit LibraryRecognition(CatalogSource catalog);
+    /// Each attempt asks for @p catalog, and for the names of what was found there, on a thread of its own.
+    LibraryRecognition(CatalogSource catalog, fingerprint::SongNaming naming);
     ~LibraryRecognition() override;
 
     /// The microphone's failures come with didNotFind(): what it is connected to is not known at once.
@@ -33,6 +34,7 @@ private:
     void microphoneDidFail(const Failure &failure);
 
     CatalogSource m_catalog;
+    fingerprint::SongNaming m_naming;
     std::unique_ptr<Attempt> m_attempt;
     Microphone m_microphone; ///< is gone before what it taps into
 };

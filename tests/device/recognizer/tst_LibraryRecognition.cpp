@@ -6,13 +6,18 @@
 #include "fingerprint/SegmentBuilder.h"
 #include "support/Test.h"
 
+#include <QThread>
+
+#include <atomic>
 #include <span>
+#include <utility>
 
 using fingerprint::Sound;
 
 namespace {
 
-/// A session over three pieces, and what it told.
+/// A session over three pieces, and what it told. They are its own at the first attempt, of an added catalog
+/// from then on.
 struct Listener
 {
     Listener()
@@ -24,20 +29,24 @@ struct Listener
     }
     [[nodiscard]] std::size_t answers() const { return found.size() + notFound.size(); }
 
-    static std::shared_ptr<const fingerprint::Catalog> catalog()
+    std::shared_ptr<const fingerprint::Catalog> catalog()
     {
+        isWaitedFor = isWaitedFor || QThread::currentThread() == here.thread();
         fingerprint::SegmentBuilder builder;
         for (unsigned seed = 0; seed < 3; ++seed)
             builder.add(fingerprint::peaksOf(fingerprint::piece(seed, 25), fingerprint::songDensity),
                         {.persistentID = 70 + seed,
                          .catalogID = seed == 2 ? "1440857781" : "",
                          .title = "Piece " + std::to_string(seed)});
-        return std::make_shared<const fingerprint::Catalog>(
-            std::vector<fingerprint::Catalog::Part>{{std::move(builder).build(), {}, {}}});
+        return std::make_shared<const fingerprint::Catalog>(std::vector<fingerprint::Catalog::Part>{
+            {std::move(builder).build(), std::exchange(origin, "added"), {}}});
     }
 
     QObject here;
-    LibraryRecognition session{[known = catalog()] { return known; }};
+    std::atomic<bool> isWaitedFor = false;
+    std::string origin;
+    LibraryRecognition session{[this] { return catalog(); },
+                               [](fingerprint::CatalogSong &song) { song.artist = "Today’s"; }};
     std::vector<std::vector<MatchedMediaItem>> found;
     std::vector<std::optional<QString>> notFound;
 };
@@ -90,10 +99,11 @@ private Q_SLOTS:
             QVERIFY(!listener.session.isRunning());
         }
         QCOMPARE(listener.found.size(), 2U);
-        const std::vector<MatchedMediaItem> expected{
-            {u"1440857781"_s, u"Piece 2"_s, std::nullopt, PersistentID{72}}};
-        QCOMPARE(listener.found.front(), expected);
-        QCOMPARE(listener.found.back(), expected);
+        QCOMPARE(listener.found.front(), (std::vector<MatchedMediaItem>{{u"1440857781"_s, u"Piece 2"_s,
+                                                                         u"Today’s"_s, PersistentID{72}}}));
+        QCOMPARE(listener.found.back(), (std::vector<MatchedMediaItem>{
+                                            {u"1440857781"_s, u"Piece 2"_s, std::nullopt, std::nullopt}}));
+        QVERIFY(!listener.isWaitedFor);
     }
 
     void findsNothingInNoise()
