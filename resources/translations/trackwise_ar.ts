@@ -256,6 +256,33 @@
     </message>
 </context>
 <context>
+    <name>MicrophoneSection</name>
+    <message>
+        <source>Microphone</source>
+        <translation>الميكروفون</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>الوصول إلى الميكروفون</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>للتعرف على الموسيقى من حولك. ما يُسمع يبقى على هذا الجهاز.</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>الإدخال</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>المستوى</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>لا يصل أي صوت</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -517,18 +544,6 @@
         <translation>الفحص مجددًا</translation>
     </message>
     <message>
-        <source>Microphone</source>
-        <translation>الميكروفون</translation>
-    </message>
-    <message>
-        <source>Microphone access</source>
-        <translation>الوصول إلى الميكروفون</translation>
-    </message>
-    <message>
-        <source>For recognizing the music around you. What is heard stays on this device.</source>
-        <translation>للتعرف على الموسيقى من حولك. ما يُسمع يبقى على هذا الجهاز.</translation>
-    </message>
-    <message>
         <source>Appearance</source>
         <translation>المظهر</translation>
     </message>
@@ -694,6 +709,33 @@
     <message>
         <source>Not possible at the moment</source>
         <translation>غير ممكن حاليًا</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::InputSettings</name>
+    <message>
+        <source>Default input</source>
+        <translation>الإدخال الافتراضي</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>لم يُعثر على ميكروفون</translation>
+    </message>
+    <message>
+        <source>Not connected; the default input is used</source>
+        <translation>غير متصل؛ يُستخدم الإدخال الافتراضي</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s sound</source>
+        <translation>صوت هذا الحاسوب</translation>
+    </message>
+    <message>
+        <source>Whatever it plays, also for headphones</source>
+        <translation>كل ما يشغّله، وإن كان لسماعات الرأس</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>غير متوفر حاليًا</translation>
     </message>
 </context>
 <context>

@@ -256,6 +256,33 @@
     </message>
 </context>
 <context>
+    <name>MicrophoneSection</name>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>Zugriff auf das Mikrofon</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>Zum Erkennen der Musik um dich herum. Was gehört wird, bleibt auf diesem Gerät.</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Eingang</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Es kommt kein Ton an</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -517,18 +544,6 @@
         <translation>Erneut einlesen</translation>
     </message>
     <message>
-        <source>Microphone</source>
-        <translation>Mikrofon</translation>
-    </message>
-    <message>
-        <source>Microphone access</source>
-        <translation>Zugriff auf das Mikrofon</translation>
-    </message>
-    <message>
-        <source>For recognizing the music around you. What is heard stays on this device.</source>
-        <translation>Zum Erkennen der Musik um dich herum. Was gehört wird, bleibt auf diesem Gerät.</translation>
-    </message>
-    <message>
         <source>Appearance</source>
         <translation>Darstellung</translation>
     </message>
@@ -686,6 +701,33 @@
     <message>
         <source>Not possible at the moment</source>
         <translation>Zurzeit nicht möglich</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::InputSettings</name>
+    <message>
+        <source>Default input</source>
+        <translation>Standardeingang</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Kein Mikrofon gefunden</translation>
+    </message>
+    <message>
+        <source>Not connected; the default input is used</source>
+        <translation>Nicht verbunden; der Standardeingang wird verwendet</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s sound</source>
+        <translation>Ton dieses Computers</translation>
+    </message>
+    <message>
+        <source>Whatever it plays, also for headphones</source>
+        <translation>Alles, was er wiedergibt, auch über Kopfhörer</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>Derzeit nicht verfügbar</translation>
     </message>
 </context>
 <context>

@@ -256,6 +256,33 @@
     </message>
 </context>
 <context>
+    <name>MicrophoneSection</name>
+    <message>
+        <source>Microphone</source>
+        <translation>Micrófono</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>Acceso al micrófono</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>Para reconocer la música que suena a su alrededor. Lo que se escucha no sale de este dispositivo.</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrada</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Nivel</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>No llega ningún sonido</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -517,18 +544,6 @@
         <translation>Volver a analizar</translation>
     </message>
     <message>
-        <source>Microphone</source>
-        <translation>Micrófono</translation>
-    </message>
-    <message>
-        <source>Microphone access</source>
-        <translation>Acceso al micrófono</translation>
-    </message>
-    <message>
-        <source>For recognizing the music around you. What is heard stays on this device.</source>
-        <translation>Para reconocer la música que suena a su alrededor. Lo que se escucha no sale de este dispositivo.</translation>
-    </message>
-    <message>
         <source>Appearance</source>
         <translation>Apariencia</translation>
     </message>
@@ -686,6 +701,33 @@
     <message>
         <source>Not possible at the moment</source>
         <translation>No es posible por el momento</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::InputSettings</name>
+    <message>
+        <source>Default input</source>
+        <translation>Entrada predeterminada</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>No se ha encontrado ningún micrófono</translation>
+    </message>
+    <message>
+        <source>Not connected; the default input is used</source>
+        <translation>No conectada; se usa la entrada predeterminada</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s sound</source>
+        <translation>Sonido de este ordenador</translation>
+    </message>
+    <message>
+        <source>Whatever it plays, also for headphones</source>
+        <translation>Todo lo que reproduce, también para auriculares</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>No disponible ahora</translation>
     </message>
 </context>
 <context>

@@ -256,6 +256,33 @@
     </message>
 </context>
 <context>
+    <name>MicrophoneSection</name>
+    <message>
+        <source>Microphone</source>
+        <translation>Microphone</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>Accès au microphone</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>Pour reconnaître la musique autour de vous. Ce qui est entendu reste sur cet appareil.</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Niveau</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Aucun son ne parvient</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -517,18 +544,6 @@
         <translation>Relancer l’analyse</translation>
     </message>
     <message>
-        <source>Microphone</source>
-        <translation>Microphone</translation>
-    </message>
-    <message>
-        <source>Microphone access</source>
-        <translation>Accès au microphone</translation>
-    </message>
-    <message>
-        <source>For recognizing the music around you. What is heard stays on this device.</source>
-        <translation>Pour reconnaître la musique autour de vous. Ce qui est entendu reste sur cet appareil.</translation>
-    </message>
-    <message>
         <source>Appearance</source>
         <translation>Apparence</translation>
     </message>
@@ -686,6 +701,33 @@
     <message>
         <source>Not possible at the moment</source>
         <translation>Impossible pour le moment</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::InputSettings</name>
+    <message>
+        <source>Default input</source>
+        <translation>Entrée par défaut</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Aucun microphone trouvé</translation>
+    </message>
+    <message>
+        <source>Not connected; the default input is used</source>
+        <translation>Non connectée ; l’entrée par défaut est utilisée</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s sound</source>
+        <translation>Son de cet ordinateur</translation>
+    </message>
+    <message>
+        <source>Whatever it plays, also for headphones</source>
+        <translation>Tout ce qu’il lit, même au casque</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>Indisponible pour le moment</translation>
     </message>
 </context>
 <context>

@@ -256,6 +256,33 @@
     </message>
 </context>
 <context>
+    <name>MicrophoneSection</name>
+    <message>
+        <source>Microphone</source>
+        <translation>マイク</translation>
+    </message>
+    <message>
+        <source>Microphone access</source>
+        <translation>マイクへのアクセス</translation>
+    </message>
+    <message>
+        <source>For recognizing the music around you. What is heard stays on this device.</source>
+        <translation>周囲で流れている曲を認識するために使います。聞き取った音はこのデバイスから出ません。</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>入力</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>音が入力されていません</translation>
+    </message>
+</context>
+<context>
     <name>MusicAppLink</name>
     <message>
         <source>Open Music app</source>
@@ -517,18 +544,6 @@
         <translation>再スキャン</translation>
     </message>
     <message>
-        <source>Microphone</source>
-        <translation>マイク</translation>
-    </message>
-    <message>
-        <source>Microphone access</source>
-        <translation>マイクへのアクセス</translation>
-    </message>
-    <message>
-        <source>For recognizing the music around you. What is heard stays on this device.</source>
-        <translation>周囲で流れている曲を認識するために使います。聞き取った音はこのデバイスから出ません。</translation>
-    </message>
-    <message>
         <source>Appearance</source>
         <translation>外観</translation>
     </message>
@@ -684,6 +699,33 @@
     <message>
         <source>Not possible at the moment</source>
         <translation>現在は利用できません</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::InputSettings</name>
+    <message>
+        <source>Default input</source>
+        <translation>デフォルトの入力</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>マイクが見つかりません</translation>
+    </message>
+    <message>
+        <source>Not connected; the default input is used</source>
+        <translation>接続されていません。デフォルトの入力を使用します</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s sound</source>
+        <translation>このコンピュータの音</translation>
+    </message>
+    <message>
+        <source>Whatever it plays, also for headphones</source>
+        <translation>ヘッドフォン用も含め、再生しているすべての音</translation>
+    </message>
+    <message>
+        <source>Not available now</source>
+        <translation>現在利用できません</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "device/Device.h"
+#include "device/audio/LinuxInputMonitor.h"
 #include "device/integration/DesktopApplication.h"
 #include "device/integration/SystemTimeZone.h"
 #include "device/library/store/SetAside.h"
@@ -66,7 +67,8 @@ SettingsServices settingsServices(Device &device)
                     for (const PlayerDescription &player : device.systemPlayer().players())
                         players.push_back({playerKind(player.player), player.identity});
                     return players;
-                }};
+                },
+            .makeInputMonitor = [] { return std::make_unique<LinuxInputMonitor>(); }};
 }
 
 // Whether another one of us runs already and has taken over what this start is for.

@@ -90,12 +90,14 @@ Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId,
     , fingerprinting(library, catalogFolder(library.configuration().databasePath),
                      LibraryFingerprinting::Workers::ofThisProgram(Effort::Background))
     , services{audioSession,
-               [&library] {
-                   return std::make_unique<LibraryRecognition>(
-                       [path = library.configuration().databasePath] {
-                           return readCatalog(path).valueOr(nullptr);
-                       },
-                       namingBy(library));
+               [&library, &settings] {
+                   return std::make_unique<LibraryRecognition>(LibraryRecognition::Sources{
+                       .catalog =
+                           [path = library.configuration().databasePath] {
+                               return readCatalog(path).valueOr(nullptr);
+                           },
+                       .naming = namingBy(library),
+                       .input = [&settings] { return settings.soundInput().name.toUtf8(); }});
                },
                [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
                [this] { return conditions.isScreenReaderRunning(); }}

@@ -26,6 +26,15 @@ struct AppearanceChoices
 
 enum class AccessChoice { NotDetermined, Denied, Allowed };
 
+/// Which input music recognition listens to.
+struct SoundInputChoice
+{
+    QString name;  ///< as InputMonitor::measure() takes it; empty: the default one
+    QString title; ///< as it was chosen, for when it is not there
+
+    friend bool operator==(const SoundInputChoice &, const SoundInputChoice &) = default;
+};
+
 /// What the user has decided about this app on this device. The device keeps it, in a file of its own, as
 /// a phone's settings screen does; it is not among the app's four preferences. Main thread.
 class DeviceSettings : public QObject
@@ -41,6 +50,9 @@ public:
     [[nodiscard]] virtual AccessChoice microphoneAccess() const = 0;
     virtual void setMicrophoneAccess(AccessChoice choice) = 0;
 
+    [[nodiscard]] virtual SoundInputChoice soundInput() const = 0;
+    virtual void setSoundInput(const SoundInputChoice &choice) = 0;
+
     /// Names of players that are never followed, as they stand behind "org.mpris.MediaPlayer2.".
     [[nodiscard]] virtual QStringList ignoredPlayers() const = 0;
     virtual void setIgnoredPlayers(const QStringList &names) = 0;
@@ -48,6 +60,7 @@ public:
 Q_SIGNALS:
     void appearanceDidChange();
     void microphoneAccessDidChange();
+    void soundInputDidChange();
     void ignoredPlayersDidChange();
 };
 

@@ -19,6 +19,7 @@ SettingsScreen::SettingsScreen(SettingsServices services, std::function<void()> 
     : m_services(std::move(services))
     , m_dismissAction(std::move(dismissAction))
     , m_index(m_services.index)
+    , m_input(m_services.device, m_services.makeInputMonitor())
 {
     const DeviceSettings &device = m_services.device;
     connect(&device, &DeviceSettings::appearanceDidChange, this, &SettingsScreen::changed);

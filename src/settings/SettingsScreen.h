@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/IndexStatus.h"
+#include "settings/InputSettings.h"
 #include "settings/SettingsList.h"
 #include "settings/SettingsServices.h"
 
@@ -38,6 +39,7 @@ class SettingsScreen : public QObject
     Q_PROPERTY(trackwise::SettingsList *folders READ folders CONSTANT)
     Q_PROPERTY(trackwise::SettingsList *players READ players CONSTANT)
     Q_PROPERTY(trackwise::IndexStatus *index READ index CONSTANT)
+    Q_PROPERTY(trackwise::InputSettings *input READ input CONSTANT)
 
 public:
     /// @p services must outlive the screen. @p dismissAction closes it.
@@ -60,6 +62,7 @@ public:
     [[nodiscard]] SettingsList *folders() { return &m_folders; }
     [[nodiscard]] SettingsList *players() { return &m_players; }
     [[nodiscard]] IndexStatus *index() { return &m_index; }
+    [[nodiscard]] InputSettings *input() { return &m_input; }
 
     Q_INVOKABLE void setMusicAllowed(bool isAllowed);
     Q_INVOKABLE void scanAgain();
@@ -88,6 +91,7 @@ private:
     SettingsList m_folders;
     SettingsList m_players;
     IndexStatus m_index;
+    InputSettings m_input;
 };
 
 /// "~/Music" for a folder in the user's home.

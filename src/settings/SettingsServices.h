@@ -4,12 +4,14 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace trackwise {
 
 class Appearance;
 class DeviceSettings;
+class InputMonitor;
 class LibraryScan;
 class MediaLibrary;
 class MusicFolders;
@@ -35,6 +37,7 @@ struct SettingsServices
     RecognitionIndex &index;
     std::function<void(bool isAllowed)> setMusicAccess;
     std::function<std::vector<KnownPlayer>()> players; ///< those that run now
+    std::function<std::unique_ptr<InputMonitor>()> makeInputMonitor;
 };
 
 } // namespace trackwise

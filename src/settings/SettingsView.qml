@@ -91,22 +91,11 @@ FocusScope {
                 onClicked: root.screen.scanAgain()
             }
         }
-        SettingsSection {
+        MicrophoneSection {
             width: parent.width
-            title: qsTr("Microphone")
-
-            SettingsRow {
-                width: parent.width
-                title: qsTr("Microphone access")
-                note: qsTr("For recognizing the music around you. What is heard stays on this device.")
-                hasSeparator: false
-
-                ToggleSwitch {
-                    text: qsTr("Microphone access")
-                    isOn: root.screen.isMicrophoneAllowed
-                    onChosen: isOn => root.screen.setMicrophoneAllowed(isOn)
-                }
-            }
+            screen: root.screen
+            viewTop: page.contentY
+            viewBottom: page.contentY + page.height
         }
         RecognitionSection {
             width: parent.width

@@ -18,6 +18,7 @@ FocusScope {
     /// Of the content, in points; in wider pages it stands in the middle.
     property real widestContent: Infinity
     readonly property real horizontalPadding: Theme.margin(isRegularWidth)
+    readonly property real contentY: flickable.contentY
     readonly property bool isScrolled: flickable.contentY > 0
 
     readonly property real lineStep: 3 * Theme.caption.lineHeight

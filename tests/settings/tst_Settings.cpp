@@ -22,6 +22,22 @@
 
 namespace {
 
+/// Inputs as the test says, which tell what they measure.
+struct ScriptedInputs : InputMonitor
+{
+    std::optional<AvailableInputs> known;
+    QStringList measured;
+
+    [[nodiscard]] std::optional<AvailableInputs> inputs() const override { return known; }
+    void measure(const QString &choice) override { measured << choice; }
+    void stopMeasuring() override { measured << u"nothing"_s; }
+    void change(const AvailableInputs &now)
+    {
+        known = now;
+        Q_EMIT inputsDidChange();
+    }
+};
+
 /// A device of its own for each test: a home with music folders, and a settings file.
 struct Device
 {
@@ -42,7 +58,12 @@ struct Device
             setStatus(isAllowed ? LibraryAuthorizationStatus::Authorized
                                 : LibraryAuthorizationStatus::Denied);
         };
-        return {settings, appearance, folders, library, scan, index, setMusicAccess, players};
+        const auto makeMonitor = [this] {
+            auto made = std::make_unique<ScriptedInputs>();
+            inputs = made.get();
+            return made;
+        };
+        return {settings, appearance, folders, library, scan, index, setMusicAccess, players, makeMonitor};
     }
     void setStatus(LibraryAuthorizationStatus status)
     {
@@ -58,6 +79,7 @@ struct Device
     ListedLibrary library;
     ScriptedScan scan;
     ScriptedIndex index;
+    ScriptedInputs *inputs = nullptr; ///< of the screen that was made last
 };
 
 struct SettingsWindow : ViewWindow
@@ -181,6 +203,70 @@ private Q_SLOTS:
         at.screen.setPlayerIgnored(1, false);
         at.press(u"Ignore mpv Media Player"_s);
         QCOMPARE(at.settings.ignoredPlayers(), QStringList());
+    }
+
+    void anInputIsChosenAndStaysChosen()
+    {
+        OpenSettings at;
+        const auto lines = [&at] {
+            QStringList found;
+            for (const SettingsLine &line : at.screen.input()->choices()->lines())
+                found << (line.isOn ? u"*"_s : QString()) + line.title + u'|' + line.note;
+            return found;
+        };
+        const AvailableInputs three{
+            {{u"a"_s, u"Desk"_s}, {u"b"_s, u"Twin"_s}, {u"c"_s, u"Twin"_s}}, u"Desk"_s, true};
+        const QString computers = u"This computer's sound|Whatever it plays, also for headphones"_s;
+        QCOMPARE(lines(), QStringList(u"*Default input|"_s)); // nothing is known yet
+        at.inputs->change(three);
+        QCOMPARE(lines(),
+                 (QStringList{u"*Default input|Desk"_s, u"Desk|"_s, u"Twin|b"_s, u"Twin|c"_s, computers}));
+        at.press(u"Input, Desk"_s);
+        QVERIFY(at.isChecked(u"Input, Desk"_s));
+        QCOMPARE(at.settings.soundInput(), (SoundInputChoice{u"a"_s, u"Desk"_s}));
+        at.inputs->change({{{u"b"_s, u"Twin"_s}}, u"Twin"_s, false});
+        QCOMPARE(lines(), (QStringList{u"Default input|Twin"_s, u"Twin|"_s,
+                                       u"*Desk|Not connected; the default input is used"_s}));
+        at.inputs->change(three);
+        at.press(u"Input, This computer's sound"_s, Qt::Key_Return);
+        QCOMPARE(at.settings.soundInput().name, QLatin1StringView(computersSoundName));
+        at.inputs->change({});
+        QCOMPARE(lines(), (QStringList{u"Default input|No microphone found"_s,
+                                       u"*This computer's sound|Not available now"_s}));
+        at.screen.input()->choose(9); // there is none
+    }
+
+    void listensOnlyWhileTheLevelIsInSight()
+    {
+        OpenSettings at;
+        at.inputs->change({{{u"a"_s, u"Desk"_s}}, u"Desk"_s, false});
+        at.settings.setMicrophoneAccess(AccessChoice::Allowed);
+        QVERIFY(at.named(u"Level"_s));
+        QTRY_COMPARE(at.inputs->measured, QStringList(QString()));
+        at.press(u"Input, Desk"_s);
+        Q_EMIT at.inputs->didHear({0.5F, 43ms});
+        QVERIFY(at.screen.input()->level() > 0.8);
+        at.window.resize(360, 200);
+        at.press(u"Text size of the desktop"_s); // far below
+        QTRY_COMPARE(at.inputs->measured, (QStringList{QString(), u"a"_s, u"nothing"_s}));
+        Q_EMIT at.inputs->didHear({0.5F, 43ms}); // was under way
+        QCOMPARE(at.screen.input()->level(), 0.0);
+        at.window.resize(360, 1200);
+        QTRY_COMPARE(at.inputs->measured.last(), u"a"_s);
+        Q_EMIT at.inputs->didHear({0.00002F, 2900ms});
+        QVERIFY(!at.screen.input()->isSilent());
+        Q_EMIT at.inputs->didHear({0, 100ms});
+        QVERIFY(at.screen.input()->isSilent());
+        Q_EMIT at.inputs->didHear({0.0001F, 40ms});
+        QVERIFY(!at.screen.input()->isSilent());
+        at.settings.setMicrophoneAccess(AccessChoice::Denied);
+        QCOMPARE(at.inputs->measured.last(), u"nothing"_s);
+        at.settings.setMicrophoneAccess(AccessChoice::Allowed);
+        QTRY_COMPARE(at.inputs->measured.last(), u"a"_s);
+        QWindow other; // comes to the front
+        other.show();
+        other.requestActivate();
+        QTRY_COMPARE(at.inputs->measured.last(), u"nothing"_s);
     }
 
     void choicesStayWithinTheirRange()

@@ -5,6 +5,19 @@
 
 namespace trackwise {
 
+AvailableInputs availableInputs(const SoundInputs &inputs)
+{
+    AvailableInputs available;
+    for (const SoundInput &input : inputs.all) {
+        if (input.repeatedOutput.isEmpty())
+            available.named.push_back({QString::fromUtf8(input.name), input.description});
+    }
+    if (const auto input = chosenInput(inputs, defaultInputChoice))
+        available.defaultTitle = input->description;
+    available.hasThisComputersSound = chosenInput(inputs, thisComputersSound).has_value();
+    return available;
+}
+
 std::optional<SoundInput> chosenInput(const SoundInputs &inputs, const InputChoice &choice)
 {
     const auto firstWith = [&inputs](QByteArray SoundInput::*member,

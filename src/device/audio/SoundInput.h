@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/InputMonitor.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -31,10 +33,12 @@ struct SoundInputs
     friend bool operator==(const SoundInputs &, const SoundInputs &) = default;
 };
 
-/// What the user wants to listen to, as it is kept among the settings: the name of an input, or one of these.
+/// What the user wants to listen to: the name of an input, or one of these.
 using InputChoice = QByteArray;
 inline const InputChoice defaultInputChoice;
-inline const InputChoice thisComputersSound = "@DEFAULT_MONITOR@"; ///< what it plays itself
+inline const InputChoice thisComputersSound = computersSoundName;
+
+[[nodiscard]] AvailableInputs availableInputs(const SoundInputs &inputs);
 
 /// The input that @p choice means now; one that is not there is replaced by the default. Nothing where there
 /// is none: where all that comes in is what goes out, the server takes that as default, and no user has

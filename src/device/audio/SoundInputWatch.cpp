@@ -4,9 +4,19 @@
 #include "device/audio/SoundServer.h"
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 namespace trackwise {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Nothing tells when a server has started.
+constexpr auto untilNextAttempt = 1s;
+
+} // namespace
 
 class SoundInputWatch::Listener
 {
@@ -28,13 +38,24 @@ public:
 private:
     void run()
     {
-        std::unique_ptr<SoundServer> server;
-        if (m_loop)
-            server = std::make_unique<SoundServer>(m_loop.get(), [this](const SoundInputs &i) { tell(i); });
-        while (m_isWanted && server && !server->isGone())
-            (void)pa_mainloop_iterate(m_loop.get(), 1, nullptr);
+        while (m_isWanted && m_loop) {
+            followServer();
+            wait(untilNextAttempt);
+        }
+    }
+    void followServer()
+    {
+        const SoundServer server(m_loop.get(), [this](const SoundInputs &inputs) { tell(inputs); });
+        while (m_isWanted && !server.isGone())
+            wait(-1us);
         if (m_isWanted)
             tell({});
+    }
+    void wait(std::chrono::microseconds longest)
+    {
+        if (pa_mainloop_prepare(m_loop.get(), int(longest.count())) >= 0 &&
+            pa_mainloop_poll(m_loop.get()) >= 0)
+            (void)pa_mainloop_dispatch(m_loop.get());
     }
     void tell(const SoundInputs &inputs)
     {

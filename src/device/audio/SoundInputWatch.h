@@ -19,8 +19,7 @@ public:
     ~SoundInputWatch() override;
 
 Q_SIGNALS:
-    /// Sent for the first time soon after construction. Without inputs when the sound server is gone or was
-    /// never there, and not again after that.
+    /// Sent for the first time soon after construction. Without inputs while there is no sound server.
     void didChange(const trackwise::SoundInputs &inputs);
 
 private:

@@ -14,6 +14,8 @@ constexpr QLatin1StringView textSizeKey("Appearance/TextSize");
 constexpr QLatin1StringView motionKey("Appearance/Motion");
 constexpr QLatin1StringView menuBarKey("Appearance/ShowMenuBar");
 constexpr QLatin1StringView microphoneKey("Access/Microphone");
+constexpr QLatin1StringView inputKey("Microphone/Input");
+constexpr QLatin1StringView inputTitleKey("Microphone/InputTitle");
 constexpr QLatin1StringView ignoredPlayersKey("Players/Ignored");
 
 // Words, in the order of the enumeration that they stand for; the first one is the default.
@@ -95,6 +97,20 @@ void StoredDeviceSettings::setMicrophoneAccess(AccessChoice choice)
         return;
     store(m_file, microphoneKey, choice, accessWords);
     Q_EMIT microphoneAccessDidChange();
+}
+
+SoundInputChoice StoredDeviceSettings::soundInput() const
+{
+    return {m_file.value(inputKey).toString(), m_file.value(inputTitleKey).toString()};
+}
+
+void StoredDeviceSettings::setSoundInput(const SoundInputChoice &choice)
+{
+    if (choice == soundInput())
+        return;
+    m_file.setValue(inputKey, choice.name);
+    m_file.setValue(inputTitleKey, choice.title);
+    Q_EMIT soundInputDidChange();
 }
 
 QStringList StoredDeviceSettings::ignoredPlayers() const

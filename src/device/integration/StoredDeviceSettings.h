@@ -20,6 +20,8 @@ public:
     void setAppearance(const AppearanceChoices &choices) override;
     [[nodiscard]] AccessChoice microphoneAccess() const override;
     void setMicrophoneAccess(AccessChoice choice) override;
+    [[nodiscard]] SoundInputChoice soundInput() const override;
+    void setSoundInput(const SoundInputChoice &choice) override;
     [[nodiscard]] QStringList ignoredPlayers() const override;
     void setIgnoredPlayers(const QStringList &names) override;
 

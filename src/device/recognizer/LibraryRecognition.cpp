@@ -103,7 +103,7 @@ private:
 
     void listen()
     {
-        auto catalog = m_session.m_catalog();
+        auto catalog = m_session.m_sources.catalog();
         if (!catalog)
             catalog = std::make_shared<const fingerprint::Catalog>();
         fingerprint::Listening listening(std::move(catalog));
@@ -118,7 +118,7 @@ private:
         }
         if (answer == Answer::Match)
             Q_EMIT m_session.didFind(
-                {itemOf(listening.catalog(), listening.match().song, m_session.m_naming)});
+                {itemOf(listening.catalog(), listening.match().song, m_session.m_sources.naming)});
         else
             Q_EMIT m_session.didNotFind(std::nullopt);
     }
@@ -128,9 +128,8 @@ private:
     std::thread m_thread; ///< the last: it uses the others
 };
 
-LibraryRecognition::LibraryRecognition(CatalogSource catalog, fingerprint::SongNaming naming)
-    : m_catalog(std::move(catalog))
-    , m_naming(std::move(naming))
+LibraryRecognition::LibraryRecognition(Sources sources)
+    : m_sources(std::move(sources))
 {}
 
 LibraryRecognition::~LibraryRecognition()
@@ -143,7 +142,7 @@ std::optional<Failure> LibraryRecognition::start()
     stop();
     m_attempt = std::make_unique<Attempt>(*this);
     m_microphone.start(
-        defaultInputChoice, [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
+        m_sources.input(), [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
         [this](const Failure &failure) { microphoneDidFail(failure); });
     return std::nullopt;
 }

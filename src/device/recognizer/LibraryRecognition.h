@@ -20,8 +20,14 @@ public:
     /// What there is to compare with at the moment; may be nothing yet.
     using CatalogSource = std::function<std::shared_ptr<const fingerprint::Catalog>()>;
 
-    /// Each attempt asks for @p catalog, and for the names of what was found there, on a thread of its own.
-    LibraryRecognition(CatalogSource catalog, fingerprint::SongNaming naming);
+    struct Sources
+    {
+        CatalogSource catalog;              ///< each attempt asks, on a thread of its own
+        fingerprint::SongNaming naming;     ///< of what was found there; on that thread too
+        std::function<InputChoice()> input; ///< what the user wants to be listened to
+    };
+
+    explicit LibraryRecognition(Sources sources);
     ~LibraryRecognition() override;
 
     /// The microphone's failures come with didNotFind(): what it is connected to is not known at once.
@@ -33,8 +39,7 @@ private:
     class Attempt;
     void microphoneDidFail(const Failure &failure);
 
-    CatalogSource m_catalog;
-    fingerprint::SongNaming m_naming;
+    Sources m_sources;
     std::unique_ptr<Attempt> m_attempt;
     Microphone m_microphone; ///< is gone before what it taps into
 };

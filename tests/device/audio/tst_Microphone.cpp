@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "device/audio/Microphone.h"
-#include "device/audio/SoundInputWatch.h"
+#include "device/audio/LinuxInputMonitor.h"
 #include "device/players/PrivateSound.h"
 #include "support/Test.h"
 
@@ -213,8 +212,20 @@ private Q_SLOTS:
         QVERIFY(told.all.back() == (SoundInput{"desk", u"Desk"_s, 11025, 1, {}}));
         QVERIFY(told.all.front() ==
                 (SoundInput{"first.monitor", u"Monitor of Null Output"_s, 44100, 2, "first"}));
+        LinuxInputMonitor monitor;
+        float loudest = -1;
+        connect(&monitor, &InputMonitor::didHear, this,
+                [&loudest](const SoundLevel &level) { loudest = std::max(loudest, level.peak); });
+        monitor.measure(u"desk"_s);
+        QTRY_COMPARE(loudest, 0.0F); // nothing plays
+        const AvailableInputs expected{{{u"desk"_s, u"Desk"_s}}, u"Desk"_s, true};
+        QCOMPARE(monitor.inputs(), std::optional(expected));
         sound.stop();
         QTRY_VERIFY(told == SoundInputs());
+        QCOMPARE(monitor.inputs(), std::optional(AvailableInputs()));
+        monitor.stopMeasuring();
+        QVERIFY(sound.start());
+        QTRY_COMPARE(told.all.size(), 2U);
     }
 
     void doesNotWaitForServersThatSayNothing()

@@ -45,8 +45,9 @@ struct Listener
     QObject here;
     std::atomic<bool> isWaitedFor = false;
     std::string origin;
-    LibraryRecognition session{[this] { return catalog(); },
-                               [](fingerprint::CatalogSong &song) { song.artist = "Today’s"; }};
+    LibraryRecognition session{{.catalog = [this] { return catalog(); },
+                                .naming = [](fingerprint::CatalogSong &song) { song.artist = "Today’s"; },
+                                .input = [] { return defaultInputChoice; }}};
     std::vector<std::vector<MatchedMediaItem>> found;
     std::vector<std::optional<QString>> notFound;
 };
