@@ -5,6 +5,7 @@
 #include "cli/SongJson.h"
 #include "device/recognizer/CatalogSummary.h"
 #include "fingerprint/CatalogStore.h"
+#include "fingerprint/StoreFolder.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -23,18 +24,6 @@ using fingerprint::CatalogStore;
 std::filesystem::path native(const QByteArray &path)
 {
     return path.toStdString();
-}
-
-std::uint64_t bytesIn(const QByteArray &folder)
-{
-    std::error_code error;
-    std::uint64_t bytes = 0;
-    for (std::filesystem::recursive_directory_iterator entry(native(folder), error), end; entry != end;
-         entry.increment(error)) {
-        if (entry->is_regular_file(error))
-            bytes += std::uint64_t(std::max<std::uintmax_t>(0, entry->file_size(error)));
-    }
-    return bytes;
 }
 
 /// Carries out a change of the library's catalog.
@@ -63,7 +52,7 @@ ExitCode showCatalog(const Call &call)
     if (!catalog || !sounds)
         return giveUp(catalog ? sounds.failure() : catalog.failure());
     const CatalogSummary summary = summaryOf(**catalog, *sounds);
-    const auto bytes = qint64(bytesIn(folder));
+    const auto bytes = qint64(fingerprint::StoreFolder(native(folder)).byteCount());
     if (call.wantsJson) {
         QJsonArray added;
         for (const auto &[name, songs] : summary.added)

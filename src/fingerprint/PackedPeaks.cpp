@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fingerprint/PackedPeaks.h"
 
-#include "fingerprint/Bits.h"
+#include "fingerprint/BitWriter.h"
 #include "fingerprint/Peak.h"
 
 #include <algorithm>

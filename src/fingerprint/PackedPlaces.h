@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "fingerprint/BitWriter.h"
 #include "fingerprint/PairCells.h"
 #include "fingerprint/PlaceList.h"
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/audio/SoundDecoder.h"
 
+#include "device/audio/SoundResampler.h"
 #include "device/audio/SoundSource.h"
 #include "fingerprint/Row.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
-#include <libavutil/channel_layout.h>
-#include <libavutil/opt.h>
-#include <libswresample/swresample.h>
 }
 
 #include <algorithm>
@@ -23,16 +21,7 @@ using fingerprint::sampleRateHz;
 using DecoderPtr = std::unique_ptr<AVCodecContext, AvFree<avcodec_free_context>>;
 using FramePtr = std::unique_ptr<AVFrame, AvFree<av_frame_free>>;
 using PacketPtr = std::unique_ptr<AVPacket, AvFree<av_packet_free>>;
-using ResamplerPtr = std::unique_ptr<SwrContext, AvFree<swr_free>>;
 
-/// What libswresample can mix.
-constexpr int mostChannels = 64;
-/// From telephones of long ago to direct stream digital.
-constexpr int lowestRateHz = 1000;
-constexpr int highestRateHz = 6'000'000;
-/// The filter's length at the engine's rate. The engine hears up to 5.6 kHz, so what folds back from between
-/// 8 and 10.4 kHz does not matter: half of the usual length takes 60 dB off all beyond.
-constexpr int filterSize = 16;
 /// So many broken places in a row, and there is nothing good behind them.
 constexpr int mostBroken = 1000;
 
@@ -46,76 +35,6 @@ DecoderPtr decoderOf(const AVStream &stream, const AVCodec *codec)
     return avcodec_open2(decoder.get(), codec, nullptr) < 0 ? nullptr : std::move(decoder);
 }
 
-/// Turns frames into mono at the engine's rate, whatever they are, and however they change on the way.
-class Mono
-{
-public:
-    /// Adds what becomes of @p frame to @p sound.
-    void add(const AVFrame &frame, std::vector<float> &sound)
-    {
-        if (!fits(frame)) {
-            finish(sound);
-            begin(frame);
-        }
-        if (m_resampler)
-            convert(frame.extended_data, frame.nb_samples, sound);
-    }
-    /// Adds what is still held back.
-    void finish(std::vector<float> &sound)
-    {
-        if (m_resampler)
-            convert(nullptr, 0, sound);
-        m_resampler.reset();
-    }
-
-private:
-    [[nodiscard]] bool fits(const AVFrame &frame) const
-    {
-        return m_resampler && frame.sample_rate == m_rate && frame.format == m_format &&
-               frame.ch_layout.nb_channels == m_channels;
-    }
-
-    void begin(const AVFrame &frame)
-    {
-        m_rate = frame.sample_rate;
-        m_format = frame.format;
-        m_channels = frame.ch_layout.nb_channels;
-        if (m_channels < 1 || m_channels > mostChannels || m_rate < lowestRateHz || m_rate > highestRateHz)
-            return;
-        // Which loudspeaker a channel is meant for does not matter, and is not always known.
-        AVChannelLayout mono = AV_CHANNEL_LAYOUT_MONO;
-        AVChannelLayout many{};
-        av_channel_layout_default(&many, m_channels);
-        const std::vector<double> shares(std::size_t(m_channels), 1.0 / m_channels);
-        SwrContext *made = nullptr;
-        if (swr_alloc_set_opts2(&made, &mono, AV_SAMPLE_FMT_FLT, sampleRateHz, &many,
-                                AVSampleFormat(m_format), m_rate, 0, nullptr) < 0)
-            return;
-        ResamplerPtr resampler(made);
-        av_opt_set_int(made, "filter_size", filterSize, 0);
-        if (swr_set_matrix(made, shares.data(), m_channels) >= 0 && swr_init(made) >= 0)
-            m_resampler = std::move(resampler);
-    }
-
-    void convert(std::uint8_t **samples, int count, std::vector<float> &sound)
-    {
-        const int room = swr_get_out_samples(m_resampler.get(), count);
-        if (room <= 0)
-            return;
-        const std::size_t before = sound.size();
-        sound.resize(before + std::size_t(room));
-        auto *place = reinterpret_cast<std::uint8_t *>(sound.data() + before);
-        const int made =
-            swr_convert(m_resampler.get(), &place, room, const_cast<const std::uint8_t **>(samples), count);
-        sound.resize(before + std::size_t(std::max(0, made)));
-    }
-
-    ResamplerPtr m_resampler;
-    int m_rate = 0;
-    int m_format = AV_SAMPLE_FMT_NONE;
-    int m_channels = 0;
-};
-
 } // namespace
 
 struct SoundDecoder::State
@@ -127,13 +46,14 @@ struct SoundDecoder::State
     std::size_t left = 0; ///< samples that may still come
     FramePtr frame{av_frame_alloc()};
     PacketPtr packet{av_packet_alloc()};
-    Mono mono;
+    SoundResampler mono;
     std::vector<float> piece;
 
     void takeFrames()
     {
         while (avcodec_receive_frame(decoder.get(), frame.get()) >= 0)
-            mono.add(*frame, piece);
+            mono.add({frame->sample_rate, frame->ch_layout.nb_channels, frame->format}, frame->extended_data,
+                     frame->nb_samples, piece);
     }
 
     void end()

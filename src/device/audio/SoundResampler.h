@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <vector>
@@ -9,21 +10,36 @@ struct SwrContext;
 
 namespace trackwise {
 
-/// Makes sound of the recogniser's rate out of one channel of any other, piece by piece. One thread.
+/// Makes sound of the recogniser's rate and one channel, the mean of all, out of any other, however that
+/// changes on the way. One thread.
 class SoundResampler
 {
 public:
+    struct Format
+    {
+        int rateHz = 0;
+        int channels = 0;
+        int samples = 0; ///< an AVSampleFormat
+        friend bool operator==(const Format &, const Format &) = default;
+    };
+
     SoundResampler();
     ~SoundResampler();
 
-    /// What becomes of @p samples, which are of @p rateHz; valid until the next call. Nothing where the rate
-    /// cannot be. A new rate begins anew.
-    std::span<const float> resampled(std::span<const float> samples, int rateHz);
+    /// Adds what becomes of @p frames of the sound at @p planes (an address for each channel, or one where
+    /// they are interleaved) to @p sound: nothing where the format cannot be.
+    void add(const Format &format, const std::uint8_t *const *planes, int frames, std::vector<float> &sound);
+    /// The same for one channel of full scale ±1.
+    void add(std::span<const float> samples, int rateHz, std::vector<float> &sound);
+    /// Adds what is still held back.
+    void finish(std::vector<float> &sound);
 
 private:
+    void begin();
+    void convert(const std::uint8_t *const *planes, int frames, std::vector<float> &sound);
+
     std::unique_ptr<SwrContext, void (*)(SwrContext *)> m_resampler;
-    int m_rateHz = 0;
-    std::vector<float> m_sound;
+    Format m_format;
 };
 
 } // namespace trackwise

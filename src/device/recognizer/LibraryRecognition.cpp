@@ -108,9 +108,12 @@ private:
             catalog = std::make_shared<const fingerprint::Catalog>();
         fingerprint::Listening listening(std::move(catalog));
         SoundResampler resampler;
+        std::vector<float> sound;
         Answer answer = Answer::Undecided;
         const auto hear = [&](const PieceQueue::Piece &piece) {
-            answer = listening.hear(resampler.resampled({piece.samples.data(), piece.count}, piece.rateHz));
+            sound.clear();
+            resampler.add({piece.samples.data(), piece.count}, piece.rateHz, sound);
+            answer = listening.hear(sound);
         };
         while (answer == Answer::Undecided) {
             if (!m_queue.take(hear))
