@@ -42,7 +42,7 @@ constexpr std::size_t votesOfLook = 2'000'000;
 constexpr std::size_t candidatesOfSpeed = 100;
 /// Of the candidates of a speed so many are compared again at the next look, which tries another speed.
 constexpr std::size_t heldCount = 10;
-/// Bins of a field. With 600 hours of music each has a place of its own.
+/// Bins of a field. With 600 hours of music each has a count of its own.
 constexpr std::size_t largestField = std::size_t(1) << 24;
 constexpr std::size_t largestFieldOfSpeed = std::size_t(1) << 21;
 
@@ -112,7 +112,8 @@ void Matcher::verifyHeld()
         playing.middle += moved * playing.tempo;
         one.peaks = peaksAround({one.song, playing.middle}, m_query.middle() * widestTempo);
         one.agreement = bestSpeed(m_query.rows(), one.peaks, playing, Speeds::All);
-        m_verified.push_back(one);
+        if (std::isfinite(one.agreement.score))
+            m_verified.push_back(one);
     }
     sort(m_verified);
 }

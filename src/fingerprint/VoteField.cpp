@@ -4,7 +4,6 @@
 #include "fingerprint/PairCells.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -23,8 +22,11 @@ constexpr float disorder = 1;
 /// What counts as one: a pair has 60 to 100 of these, and a bin can have 65,535.
 constexpr float weightOfVote = 0.125F;
 constexpr std::size_t ballotsTogether = 4096;
+/// So many bins are looked at in the end; more only where that many have all the votes that a bin can have.
 constexpr std::size_t promisingBins = 3000;
-constexpr std::size_t mostPromising = 20000; // of bins that have all the votes there are
+constexpr std::size_t mostPromising = 20000;
+/// However many bins share a count: the song may be under any of these.
+constexpr std::size_t leastSummits = 25;
 constexpr std::size_t smallestField = 64;
 /// Added to places, so that what began before the first song is on the line too: more than the longest query.
 constexpr LinePlace origin = 256;
@@ -137,7 +139,9 @@ std::vector<Candidate> VoteField::best(std::size_t count, float middle) const
         if (before <= votes && after < votes)
             summits.push_back({bin, votes + std::max(before, after)});
     }
-    const auto kept = std::min(count, summits.size());
+    const std::size_t lineBins = (std::size_t(m_catalog->lineLength()) + origin) / placesPerBin + 1;
+    const std::size_t sharing = lineBins / m_votes.size() + 1;
+    const auto kept = std::min(std::max(count / sharing, leastSummits), summits.size());
     std::partial_sort(summits.begin(), summits.begin() + std::ptrdiff_t(kept), summits.end(),
                       [](const Summit &a, const Summit &b) {
                           return std::pair(b.votes, a.bin) < std::pair(a.votes, b.bin);
@@ -148,7 +152,6 @@ std::vector<Candidate> VoteField::best(std::size_t count, float middle) const
         const float before = votesAt(std::size_t(summits[i].bin) - 1);
         const float after = votesAt(std::size_t(summits[i].bin) + 1);
         const double within = 0.5 + double(after - before) / double(before + votes + after);
-        const auto lineBins = (m_catalog->lineLength() + origin) / placesPerBin + 1;
         for (std::size_t bin = summits[i].bin; bin < lineBins; bin += m_votes.size()) {
             const double place =
                 (double(bin) + within) * placesPerBin - origin + double(middle * m_speed) / framesPerPlace;
