@@ -36,17 +36,6 @@ public:
         }
     }
 
-    /// The same for many cells, in ascending order, which is several times as fast; @p take is given the
-    /// index of the cell before the others.
-    template <typename Take>
-    void forEachList(std::span<const Cell> cells, Take &&take) const
-    {
-        for (const Placed &placed : m_placed) {
-            placed.places->forEachList(
-                cells, [&](std::size_t index, const PlaceList &list) { take(index, list, placed.base); });
-        }
-    }
-
     /// The song at @p place of the line of all, as Segment::songAt(); never a removed one.
     [[nodiscard]] std::optional<SongTime> songAt(double place) const;
     /// As Segment::peaks().

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <span>
+#include <vector>
 
 namespace trackwise::fingerprint {
 
@@ -56,19 +57,6 @@ public:
     PackedPlaces(const PlaceCoding &coding, const Bytes &bytes);
 
     [[nodiscard]] PlaceList places(Cell cell) const;
-    /// Calls @p take for each of @p cells that has places, with its index and its PlaceList. The cells are in
-    /// ascending order, which makes this several times as fast as to ask for one after the other.
-    template <typename Take>
-    void forEachList(std::span<const Cell> cells, Take &&take) const
-    {
-        std::vector<Found> found;
-        for (std::size_t first = 0; first < cells.size();) {
-            const std::size_t behind = findInGroup(cells, first, found);
-            for (const Found &one : found)
-                take(one.index, one.places);
-            first = behind;
-        }
-    }
     /// Puts the cells of @p group that have places, in order, to @p out.
     struct CellPlaces
     {
@@ -79,16 +67,6 @@ public:
     [[nodiscard]] const PlaceCoding &coding() const { return m_coding; }
 
 private:
-    struct Found
-    {
-        std::size_t index = 0;
-        std::uint64_t ones = 0;   ///< of the rests before its own, in its group
-        std::uint64_t lowers = 0; ///< bits of the lower bits before its own
-        PlaceList places;
-    };
-    /// Finds those of @p cells that are in one group with the one at @p first; the index behind them.
-    std::size_t findInGroup(std::span<const Cell> cells, std::size_t first, std::vector<Found> &found) const;
-    void prefetch(std::span<const Cell> cells, std::size_t index) const;
     [[nodiscard]] std::uint64_t beginningOf(std::uint32_t group) const;
     [[nodiscard]] std::uint64_t listCount(std::uint64_t group) const;
     [[nodiscard]] PlaceList listAt(std::uint64_t lower, std::uint64_t rest, std::uint64_t end,
