@@ -429,6 +429,10 @@
         <source>Not Found in Your Library</source>
         <translation>غير موجودة في مكتبتك</translation>
     </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>لا يصل أي صوت</translation>
+    </message>
 </context>
 <context>
     <name>RecognitionSection</name>

@@ -429,6 +429,10 @@
         <source>Not Found in Your Library</source>
         <translation>Nicht in deiner Mediathek</translation>
     </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Es kommt kein Ton an</translation>
+    </message>
 </context>
 <context>
     <name>RecognitionSection</name>

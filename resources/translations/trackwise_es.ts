@@ -429,6 +429,10 @@
         <source>Not Found in Your Library</source>
         <translation>No está en su biblioteca</translation>
     </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>No llega ningún sonido</translation>
+    </message>
 </context>
 <context>
     <name>RecognitionSection</name>

@@ -279,7 +279,7 @@
     </message>
     <message>
         <source>No sound is coming in</source>
-        <translation>Aucun son ne parvient</translation>
+        <translation>Aucun son n’est reçu</translation>
     </message>
 </context>
 <context>
@@ -428,6 +428,10 @@
     <message>
         <source>Not Found in Your Library</source>
         <translation>Absent de votre bibliothèque</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Aucun son n’est reçu</translation>
     </message>
 </context>
 <context>

@@ -429,6 +429,10 @@
         <source>Not Found in Your Library</source>
         <translation>ライブラリにありません</translation>
     </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>音が入力されていません</translation>
+    </message>
 </context>
 <context>
     <name>RecognitionSection</name>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Result.h"
+#include "platform/SoundLevel.h"
 #include "song/PersistentID.h"
 
 #include <QObject>
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] virtual bool isRunning() const = 0;
 
 Q_SIGNALS:
+    /// What comes in while it is looked up. Sent on any thread.
+    void didHear(const trackwise::SoundLevel &level);
     // One of them for each piece of sound that was looked up. Sent on any thread.
     void didFind(const std::vector<trackwise::MatchedMediaItem> &items);
     /// @p error is for the user, in the user's language; without one, nothing sounds like it.

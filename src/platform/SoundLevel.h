@@ -39,7 +39,7 @@ private:
         return peak > 0 ? std::clamp(1 - 20 * std::log10(double(peak)) / quietestDb, 0.0, 1.0) : 0;
     }
 
-    static constexpr double quietestDb = -54;
+    static constexpr double quietestDb = -60;
     static constexpr float leastStep = 1.0F / 32768; ///< of 16 bits; no microphone is as quiet
     static constexpr std::chrono::duration<double> timeOfFall{0.8};
 

@@ -34,6 +34,7 @@ T.Popup {
             active: root.hud.config !== null
             sourceComponent: ShazamHUDContent {
                 config: root.hud.config
+                level: root.hud.level
                 minimumScale: root.hud.minimumScale(Theme.textScale)
                 onCancelRequested: root.hud.cancel()
             }

@@ -93,6 +93,8 @@ RecognitionSession &RecognitionController::session()
 {
     if (!m_session) {
         m_session = m_services.makeSession();
+        connect(m_session.get(), &RecognitionSession::didHear, this, &RecognitionController::soundWasHeard,
+                Qt::QueuedConnection);
         connect(m_session.get(), &RecognitionSession::didFind, this, &RecognitionController::matchWasFound,
                 Qt::QueuedConnection);
         connect(m_session.get(), &RecognitionSession::didNotFind, this,
@@ -129,6 +131,20 @@ void RecognitionController::cancel()
     m_timers.audioEngineRunning.stop();
     stopListening();
     m_hud.dismiss();
+}
+
+void RecognitionController::soundWasHeard(const SoundLevel &level)
+{
+    if (!isWaitingForAnswer())
+        return;
+    m_meter.hear(level);
+    m_hud.setLevel(m_meter.fullness());
+    auto &listening = std::get<Listening>(m_state);
+    if (std::exchange(listening.isSilent, m_meter.isSilent()) == m_meter.isSilent())
+        return;
+    const StateEffects effects = *effectsOf(m_state);
+    m_hud.announce(effects.announcement);
+    m_hud.show(effects);
 }
 
 void RecognitionController::matchWasFound(const std::vector<MatchedMediaItem> &items)
@@ -170,6 +186,8 @@ void RecognitionController::setState(ShazamState state)
 void RecognitionController::perform(const StateEffects &effects)
 {
     if (isListening()) {
+        m_meter = {};
+        m_hud.setLevel(0);
         if (!m_haptics)
             m_haptics = m_services.makeHaptics();
         m_haptics->prepare();

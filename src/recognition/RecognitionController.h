@@ -50,6 +50,7 @@ private:
     void startListening();
     void stopListening();
     void cancel();
+    void soundWasHeard(const SoundLevel &level);
     void matchWasFound(const std::vector<MatchedMediaItem> &items);
     void noMatchWasFound(const std::optional<QString> &error);
     void lookAfterEngine();
@@ -64,6 +65,7 @@ private:
     std::unique_ptr<RecognitionSession> m_session; ///< one for all attempts
     ShazamState m_state = recognition::Idle{};
     RecognitionHUD m_hud;
+    SoundMeter m_meter;
     std::unique_ptr<NotificationHaptics> m_haptics; ///< from listening until idle
     struct
     {

@@ -100,6 +100,12 @@ void RecognitionHUD::announce(const QString &text)
     Q_EMIT announcementChanged();
 }
 
+void RecognitionHUD::setLevel(qreal level)
+{
+    m_level = level;
+    Q_EMIT levelChanged();
+}
+
 void RecognitionHUD::cancel()
 {
     if (canCancel())

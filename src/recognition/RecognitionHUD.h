@@ -24,6 +24,8 @@ class RecognitionHUD : public QObject
     Q_PROPERTY(bool isVisible READ isVisible NOTIFY changed)
     /// Whether cancel() does something now.
     Q_PROPERTY(bool canCancel READ canCancel NOTIFY changed)
+    /// How loud it is at the microphone, from 0 to 1.
+    Q_PROPERTY(qreal level READ level NOTIFY levelChanged)
     /// What a screen reader is to say, now that it is another text than before.
     Q_PROPERTY(QString announcement READ announcement NOTIFY announcementChanged)
     // Durations in milliseconds, and what springs do meanwhile.
@@ -44,11 +46,13 @@ public:
     /// There is nothing to be shown any more.
     void clear();
     void announce(const QString &text);
+    void setLevel(qreal level);
 
     [[nodiscard]] ShazamHUDContentConfig *config() const { return m_config.get(); }
     [[nodiscard]] bool isVisible() const { return m_stage == Stage::Shown; }
     [[nodiscard]] bool canCancel() const { return isVisible() && m_config->canCancel(); }
     [[nodiscard]] bool isLeaving() const { return m_stage == Stage::Leaving; }
+    [[nodiscard]] qreal level() const { return m_level; }
     [[nodiscard]] QString announcement() const { return m_announcement; }
 
     [[nodiscard]] static int slideInDuration();
@@ -66,6 +70,7 @@ public:
 Q_SIGNALS:
     void changed();
     void announcementChanged();
+    void levelChanged();
     void didDismiss();
     void cancelRequested();
 
@@ -74,6 +79,7 @@ private:
 
     std::unique_ptr<ShazamHUDContentConfig> m_config;
     QString m_announcement;
+    qreal m_level = 0;
     Stage m_stage = Stage::Hidden;
     bool m_animated = false;
 };

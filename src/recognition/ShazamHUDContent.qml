@@ -9,6 +9,8 @@ Item {
 
     required property ShazamHUDContentConfig config
     required property real minimumScale
+    /// How loud it is, from 0 to 1.
+    required property real level
     signal cancelRequested
 
     readonly property real symbolWidth: 44
@@ -43,11 +45,13 @@ Item {
         }
     }
 
-    Symbol {
+    LevelSymbol {
         anchors.left: parent.left
         anchors.leftMargin: (root.symbolWidth - width) / 2
         anchors.verticalCenter: parent.verticalCenter
-        name: root.config.symbolName
+        outline: root.config.outlineName
+        filled: root.config.symbolName
+        level: Theme.reducesMotion ? Math.ceil(root.level) : root.level
         size: root.config.symbolFontSize
         color: Theme[root.config.symbolColor || "accent"]
     }

@@ -66,12 +66,12 @@ void ShazamHUDContentConfig::assign(const ShazamHUDContentConfig &other)
     copy(&ShazamHUDContentConfig::m_bottomText, &ShazamHUDContentConfig::bottomTextChanged);
 }
 
-QString ShazamHUDContentConfig::symbolName() const
+QString ShazamHUDContentConfig::nameWith(SymbolVariants variants) const
 {
     QString name = m_systemImageName;
-    if (m_symbolVariants & Circle)
+    if (variants & Circle)
         name += QLatin1StringView(".circle");
-    if (m_symbolVariants & Fill)
+    if (variants & Fill)
         name += QLatin1StringView(".fill");
     if (m_symbolRenderingMode == RenderingMode::Hierarchical)
         name += QLatin1StringView(".hierarchical");

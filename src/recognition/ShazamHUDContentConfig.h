@@ -26,6 +26,8 @@ class ShazamHUDContentConfig : public QObject
     Q_PROPERTY(QString bottomText MEMBER m_bottomText NOTIFY bottomTextChanged)
     /// The one symbol that all this comes to.
     Q_PROPERTY(QString symbolName READ symbolName NOTIFY symbolNameChanged)
+    /// The same without a filling.
+    Q_PROPERTY(QString outlineName READ outlineName NOTIFY symbolNameChanged)
 
 public:
     enum SymbolVariant { NoVariant = 0, Fill = 1, Circle = 2 };
@@ -40,7 +42,8 @@ public:
     /// Takes over all eight fields, one by one.
     void assign(const ShazamHUDContentConfig &other);
 
-    [[nodiscard]] QString symbolName() const;
+    [[nodiscard]] QString symbolName() const { return nameWith(m_symbolVariants); }
+    [[nodiscard]] QString outlineName() const { return nameWith(m_symbolVariants & ~SymbolVariants(Fill)); }
     [[nodiscard]] SymbolVariants symbolVariants() const { return m_symbolVariants; }
     [[nodiscard]] bool canCancel() const { return m_canCancel; }
 
@@ -56,6 +59,8 @@ Q_SIGNALS:
     void symbolNameChanged();
 
 private:
+    [[nodiscard]] QString nameWith(SymbolVariants variants) const;
+
     QString m_systemImageName;
     SymbolVariants m_symbolVariants;
     RenderingMode m_symbolRenderingMode;

@@ -92,6 +92,11 @@ struct Details
         effects.bottomText = state.message;
         effects.announcement = effects.announcement.arg(state.message);
     }
+    void operator()(const Listening &state) const
+    {
+        if (state.isSilent)
+            effects.bottomText = effects.announcement = Texts::tr("No sound is coming in");
+    }
     template <typename State>
     void operator()(const State &) const
     {}

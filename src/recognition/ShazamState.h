@@ -35,7 +35,9 @@ struct Failed
 struct Idle
 {};
 struct Listening
-{};
+{
+    bool isSilent = false; ///< nothing comes in, as from a microphone that is switched off
+};
 struct NoMatchFound
 {};
 

@@ -82,6 +82,7 @@ private Q_SLOTS:
         QVERIFY(!w.scene->detail().isTrackingNowPlaying());
         QCOMPARE(w.texts(), (QStringList{u"Music Recognition"_s, u"Listening…"_s}));
         QCOMPARE(w.hud().config()->symbolName(), u"mic.fill"_s);
+        QCOMPARE(w.hud().config()->outlineName(), u"mic"_s);
         QCOMPARE(w.window().activeFocusItem(), focused);
         // Its texts are not for screen readers, which get announcements.
         const QStringList spoken = namesIn(w.window());

@@ -164,6 +164,8 @@ private Q_SLOTS:
                            "Song not found, couldn't find in your library";
         const std::pair<ShazamState, const char *> rows[]{
             {Listening{}, "0 -1 0|Music Recognition|Listening\u2026|"},
+            {Listening{.isSilent = true},
+             "0 -1 0|Music Recognition|No sound is coming in|No sound is coming in"},
             {MatchFound{song("Seven", "Band")}, "1 0 3000|Seven|Band|Song identified, Seven by Band"},
             {MatchFound{song("%2", "%1")}, "1 0 3000|%2|%1|Song identified, %2 by %1"},
             {MatchFound{song("Seven", "")}, "1 0 3000|Seven|Seven|Song identified"},
@@ -252,6 +254,35 @@ private Q_SLOTS:
         QCOMPARE(a.request(), u"alert"_s);
         a.isAuthorized = false;
         QCOMPARE(a.request(), QString());
+    }
+
+    void showsWhatComesIn()
+    {
+        Attempt a;
+        (void)a.request();
+        const auto hear = [&a](float peak, std::chrono::milliseconds duration) {
+            Q_EMIT a.session->didHear({peak, duration});
+            const QString called = a.taken();
+            return called + u'|' + a.hud.config()->property("bottomText").toString();
+        };
+        QCOMPARE(hear(1, 40ms), u"|Listening…"_s);
+        QCOMPARE(a.hud.level(), 1.0);
+        QCOMPARE(hear(0, 2999ms), u"|Listening…"_s);
+        QCOMPARE(a.hud.level(), 0.0);
+        QCOMPARE(hear(0.00003F, 1ms),
+                 u"say No sound is coming in|hud Music Recognition|No sound is coming in"_s);
+        QCOMPARE(hear(0, 9s), u"|No sound is coming in"_s);
+        QCOMPARE(a.timers().keys(), (QList{250, 500}));
+        QCOMPARE(hear(0.1F, 40ms), u"hud Music Recognition|Listening…"_s);
+        QCOMPARE(qRound(900 * a.hud.level()), 600);
+        QVERIFY(hear(0, 400ms) == u"|Listening…"_s && a.hud.level() > 0.1 && a.hud.level() < 0.2);
+        (void)hear(0, 3s);
+        a.answer({item("100", "", "")});
+        (void)a.taken();
+        QCOMPARE(hear(0.5F, 40ms), u"|Band"_s); // it is over
+        (void)a.request();
+        QCOMPARE(hear(0, 1s), u"|Listening…"_s); // and begins anew
+        QCOMPARE(a.hud.level(), 0.0);
     }
 
     void keepsToItsModelWhateverHappens()

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "device/audio/LinuxInputMonitor.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace trackwise {
 
 LinuxInputMonitor::LinuxInputMonitor()
@@ -19,13 +16,7 @@ LinuxInputMonitor::LinuxInputMonitor()
 void LinuxInputMonitor::measure(const QString &choice)
 {
     m_measured = choice;
-    const auto tap = [this](const HeardSound &heard) {
-        SoundLevel level{
-            0, std::chrono::microseconds(std::int64_t(heard.samples.size()) * 1000000 / heard.rateHz)};
-        for (const float sample : heard.samples)
-            level.peak = std::max(level.peak, std::abs(sample));
-        tell(level);
-    };
+    const auto tap = [this](const HeardSound &heard) { tell(levelOf(heard.samples, heard.rateHz)); };
     m_microphone.start(choice.toUtf8(), tap, [this](const Failure &) { tell({0, SoundMeter::longEnough}); });
 }
 

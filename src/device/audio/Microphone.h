@@ -3,6 +3,7 @@
 
 #include "device/audio/SoundInput.h"
 #include "platform/Result.h"
+#include "platform/SoundLevel.h"
 
 #include <chrono>
 #include <functional>
@@ -18,6 +19,9 @@ struct HeardSound
     int rateHz = 0;                   ///< the input's own; may change from one piece to the next
     std::chrono::microseconds time{}; ///< when the first sample was heard, after the first of all
 };
+
+/// How loud a piece of @p samples is.
+[[nodiscard]] SoundLevel levelOf(std::span<const float> samples, int rateHz);
 
 /// Listens to an input of the sound server, beside whoever else does, for as long as it can: goes along when
 /// the default input changes, when the input in use goes and there is another one, and when the server starts

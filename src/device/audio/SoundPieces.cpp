@@ -7,6 +7,14 @@
 
 namespace trackwise {
 
+SoundLevel levelOf(std::span<const float> samples, int rateHz)
+{
+    SoundLevel level{.duration = std::chrono::microseconds(std::int64_t(samples.size()) * 1000000 / rateHz)};
+    for (const float sample : samples)
+        level.peak = std::max(level.peak, std::abs(sample));
+    return level;
+}
+
 SoundPieces::SoundPieces(Microphone::Tap tap)
     : m_tap(std::move(tap))
 {}
@@ -39,9 +47,7 @@ void SoundPieces::take(const float *sound, std::size_t frames)
 
 void SoundPieces::passOn()
 {
-    m_level = 0;
-    for (const float sample : m_samples)
-        m_level = std::max(m_level, std::abs(sample));
+    m_level = levelOf(m_samples, m_rateHz).peak;
     const auto before = std::chrono::microseconds(m_framesPassedOn * 1000000 / m_rateHz);
     m_tap({m_samples, m_rateHz,
            std::chrono::duration_cast<std::chrono::microseconds>(*m_inputsFirst) + before});

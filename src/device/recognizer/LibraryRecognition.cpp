@@ -111,8 +111,10 @@ private:
         std::vector<float> sound;
         Answer answer = Answer::Undecided;
         const auto hear = [&](const PieceQueue::Piece &piece) {
+            const std::span samples(piece.samples.data(), piece.count);
+            Q_EMIT m_session.didHear(levelOf(samples, piece.rateHz));
             sound.clear();
-            resampler.add({piece.samples.data(), piece.count}, piece.rateHz, sound);
+            resampler.add(samples, piece.rateHz, sound);
             answer = listening.hear(sound);
         };
         while (answer == Answer::Undecided) {
