@@ -24,11 +24,9 @@ bool isSpelled(const Option &option, const QByteArray &argument)
 
 bool takeFlag(Call &call, const QByteArray &argument, std::span<const Option> options)
 {
-    const std::pair<std::string_view, bool &> flags[] = {{"help", call.wantsHelp},
-                                                         {"json", call.wantsJson},
-                                                         {"more", call.wantsMore},
-                                                         {"lyrics", call.wantsLyrics},
-                                                         {"all", call.wantsAll}};
+    const std::pair<std::string_view, bool &> flags[] = {
+        {"help", call.wantsHelp},     {"json", call.wantsJson}, {"more", call.wantsMore},
+        {"lyrics", call.wantsLyrics}, {"all", call.wantsAll},   {"listen", call.wantsListening}};
     for (const Option &option : options) {
         for (const auto &[name, flag] : flags) {
             if (name == option.name && isSpelled(option, argument)) {
@@ -38,11 +36,6 @@ bool takeFlag(Call &call, const QByteArray &argument, std::span<const Option> op
         }
     }
     return false;
-}
-
-std::unique_ptr<QSettings> userSettings()
-{
-    return std::make_unique<QSettings>(settingsFile("device.ini"), QSettings::IniFormat);
 }
 
 Result<LibraryConfiguration> configurationOf(const Call &call, const QSettings &settings)
@@ -98,6 +91,11 @@ Result<Call> parseCall(const std::vector<QByteArray> &arguments, std::span<const
         }
     }
     return call;
+}
+
+std::unique_ptr<QSettings> userSettings()
+{
+    return std::make_unique<QSettings>(settingsFile("device.ini"), QSettings::IniFormat);
 }
 
 Result<OpenLibrary> openLibrary(const Call &call)

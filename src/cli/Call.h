@@ -25,12 +25,16 @@ struct Call
     bool wantsMore = false;
     bool wantsLyrics = false;
     bool wantsAll = false;
+    bool wantsListening = false;
 };
 
 /// Takes @p arguments apart; @p options are known besides those of all commands. The detail of a failure is a
 /// sentence for the user.
 [[nodiscard]] Result<Call> parseCall(const std::vector<QByteArray> &arguments,
                                      std::span<const Option> options);
+
+/// What the settings screen of the app writes.
+[[nodiscard]] std::unique_ptr<QSettings> userSettings();
 
 /// The library that a call is about, the user's or what its options say, to be scanned.
 struct OpenLibrary

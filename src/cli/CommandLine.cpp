@@ -63,7 +63,7 @@ ExitCode carryOut(CommandName name, const Call &call)
     case CommandName::Information:
         return showInformation(call);
     case CommandName::Identify:
-        return identifyClips(call);
+        return call.wantsListening ? identifyWhatIsHeard(call) : identifyClips(call);
     case CommandName::Scan:
         return scanLibrary(call);
     case CommandName::Status:
@@ -102,8 +102,9 @@ ExitCode run(const Command &command, const std::vector<QByteArray> &arguments)
         std::fputs(helpOf(command).constData(), stdout);
         return ExitCode::Success;
     }
-    const bool fits = call && call->operands.size() >= command.fewestOperands &&
-                      call->operands.size() <= command.mostOperands;
+    const bool fits = call && (call->wantsListening ? call->operands.empty()
+                                                    : call->operands.size() >= command.fewestOperands &&
+                                                          call->operands.size() <= command.mostOperands);
     if (fits)
         return carryOut(command.name, *call);
     if (!call)

@@ -18,6 +18,7 @@ namespace trackwise::cli {
 [[nodiscard]] ExitCode addCatalog(const Call &call);
 [[nodiscard]] ExitCode removeCatalog(const Call &call);
 [[nodiscard]] ExitCode identifyClips(const Call &call);
+[[nodiscard]] ExitCode identifyWhatIsHeard(const Call &call);
 
 /// Says why and gives the code that fits: NotFound for what is not there, else Failure.
 [[nodiscard]] ExitCode giveUp(const Failure &failure);

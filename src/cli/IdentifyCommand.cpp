@@ -2,9 +2,12 @@
 #include "cli/Commands.h"
 
 #include "cli/Console.h"
+#include "cli/Interruption.h"
+#include "cli/NamedClip.h"
 #include "cli/SongJson.h"
+#include "device/integration/StoredDeviceSettings.h"
 #include "device/recognizer/CatalogSummary.h"
-#include "device/recognizer/ClipRecognition.h"
+#include "device/recognizer/LibraryRecognition.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -16,101 +19,22 @@ namespace trackwise::cli {
 
 namespace {
 
-/// What is told of a clip.
-struct Named
-{
-    ClipAnswer answer;
-    QByteArray path; ///< of the song's file; empty: it is not in the library
-    PersistentID song;
-    QString title;
-    QString artist;
-    double milliseconds = 0;
-};
-
-void warnOfSongsLeft(const ReadLibrary &library, const fingerprint::Catalog &catalog)
-{
-    const auto sounds = library->sounds();
-    const CatalogSummary summary = summaryOf(catalog, sounds ? *sounds : std::vector<SongSound>());
-    if (summary.songs == 0 && summary.added.empty())
-        complain(QStringLiteral("no song is known by its sound yet: run \"trackwise catalog build\""));
-    else if (summary.left > 0)
-        complain(
-            QStringLiteral("%1 of %2 songs are not known by their sound yet: run \"trackwise catalog build\"")
-                .arg(summary.left)
-                .arg(summary.left + summary.songs));
-}
-
-Result<Named> named(const ReadLibrary &library, const fingerprint::Catalog &catalog, const QByteArray &file)
+Result<NamedClip> identified(const LibraryQuestions &library, const fingerprint::Catalog &catalog,
+                             const QByteArray &file)
 {
     QElapsedTimer clock;
     clock.start();
-    auto answer = recognizeClip(catalog, file);
+    const auto answer = recognizeClip(catalog, file);
     if (!answer)
         return answer.failure();
-    Named named{.answer = *std::move(answer)};
-    if (const auto &match = named.answer.match) {
-        named.title = match->title;
-        named.artist = match->artist;
-        if (const auto song = match->librarySong ? library->song(*match->librarySong)
-                                                 : Failure{FailureKind::NotFound, {}}) {
-            named.path = song->file.path();
-            named.song = song->item.persistentID;
-            named.title = song->item.title.value_or(QString());
-            named.artist = song->item.artist.value_or(QString());
-        }
-    }
-    named.milliseconds = double(clock.nsecsElapsed()) / 1e6;
-    return named;
+    NamedClip clip = named(library, *answer);
+    clip.milliseconds = double(clock.nsecsElapsed()) / 1e6;
+    return clip;
 }
 
-QJsonValue orNull(const QString &text)
+QString toLine(const QString &text)
 {
-    return text.isEmpty() ? QJsonValue() : QJsonValue(QString::fromUtf8(text.toUtf8()));
-}
-
-double rounded(double value, int decimals)
-{
-    return QString::number(value, 'f', decimals).toDouble();
-}
-
-QJsonObject toJson(const QByteArray &file, const Result<Named> &named)
-{
-    QJsonObject json{{QStringLiteral("file"), QString::fromUtf8(file)},
-                     {QStringLiteral("match"), named && named->answer.match}};
-    if (QString::fromUtf8(file).toUtf8() != file)
-        json.insert(QStringLiteral("file_hex"), QString::fromLatin1(file.toHex()));
-    if (!named) {
-        json.insert(QStringLiteral("error"), named.failure().detail);
-        return json;
-    }
-    const auto &match = named->answer.match;
-    json.insert(QStringLiteral("path"), orNull(QString::fromUtf8(named->path)));
-    if (QString::fromUtf8(named->path).toUtf8() != named->path)
-        json.insert(QStringLiteral("path_hex"), QString::fromLatin1(named->path.toHex()));
-    json.insert(QStringLiteral("persistentID"),
-                named->song.isInLibrary() ? QJsonValue(named->song.toString()) : QJsonValue());
-    json.insert(QStringLiteral("title"), orNull(named->title));
-    json.insert(QStringLiteral("artist"), orNull(named->artist));
-    json.insert(QStringLiteral("offset_s"),
-                match ? QJsonValue(rounded(match->offsetSeconds, 3)) : QJsonValue());
-    json.insert(QStringLiteral("score"), rounded(named->answer.score, 3));
-    json.insert(QStringLiteral("threshold"), named->answer.threshold);
-    json.insert(QStringLiteral("ms"), rounded(named->milliseconds, 2));
-    return json;
-}
-
-QString toLine(const QByteArray &file, const Named &named)
-{
-    QString found = QStringLiteral("no match");
-    if (const auto &match = named.answer.match) {
-        found = named.title.isEmpty() ? QFile::decodeName(FileName::ofPath(named.path).name) : named.title;
-        if (!named.artist.isEmpty())
-            found += QStringLiteral(" – ") + named.artist;
-        const int seconds = std::max(0, int(match->offsetSeconds));
-        found += QStringLiteral("  %1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
-    }
-    const QString line = QFile::decodeName(file) + QStringLiteral(": ") + found;
-    return printable(line).replace(u'\n', u' ') + u'\n';
+    return printable(text).replace(u'\n', u' ') + u'\n';
 }
 
 /// That something is not found means that there is no match.
@@ -120,7 +44,67 @@ ExitCode failed(const Failure &failure)
     return ExitCode::Failure;
 }
 
+/// What the microphone hears; nothing where the user ended it.
+std::optional<Result<ClipAnswer>> heard(LibraryRecognition &session)
+{
+    std::optional<Result<ClipAnswer>> answer;
+    StatusLine line;
+    QEventLoop loop;
+    const Interruption interruption(loop, [&] { loop.quit(); });
+    QObject::connect(&session, &LibraryRecognition::didDecide, &loop, [&](const ClipAnswer &decided) {
+        answer = decided;
+        loop.quit();
+    });
+    QObject::connect(&session, &RecognitionSession::didNotFind, &loop,
+                     [&](const std::optional<QString> &error) {
+                         if (!error)
+                             return;
+                         answer = Failure{FailureKind::Unavailable, *error};
+                         loop.quit();
+                     });
+    line.show(QStringLiteral("Listening…"));
+    if (const auto failure = session.start())
+        return *failure;
+    loop.exec();
+    session.stop();
+    return answer;
+}
+
 } // namespace
+
+ExitCode identifyWhatIsHeard(const Call &call)
+{
+    const auto library = readLibrary(call);
+    if (!library)
+        return failed(library.failure());
+    const auto catalog = readCatalog(library->configuration.databasePath);
+    if (!catalog)
+        return failed(catalog.failure());
+    const auto settings = userSettings();
+    if (StoredDeviceSettings(*settings).microphoneAccess() == AccessChoice::Denied)
+        return failed(
+            {FailureKind::Unavailable,
+             QStringLiteral("the microphone may not be used; this can be changed in the settings")});
+    warnOfSongsLeft(*library->library, **catalog);
+    LibraryRecognition session({.catalog = [known = *catalog] { return known; },
+                                .naming = namingBy(*library->library),
+                                .input = [] { return defaultInputChoice; }});
+    QElapsedTimer clock;
+    clock.start();
+    const auto answer = heard(session);
+    if (!answer)
+        return failed({FailureKind::Cancelled, QStringLiteral("stopped")});
+    Result<NamedClip> clip = *answer ? Result(named(*library->library, **answer)) : answer->failure();
+    if (clip)
+        clip->milliseconds = double(clock.nsecsElapsed()) / 1e6;
+    if (call.wantsJson)
+        write(lineOf(toJson({}, clip)));
+    if (!clip)
+        return failed(clip.failure());
+    if (!call.wantsJson)
+        print(toLine(textOf(*clip)));
+    return clip->answer.match ? ExitCode::Success : ExitCode::NotFound;
+}
 
 ExitCode identifyClips(const Call &call)
 {
@@ -130,17 +114,17 @@ ExitCode identifyClips(const Call &call)
     const auto catalog = readCatalog(library->configuration.databasePath);
     if (!catalog)
         return failed(catalog.failure());
-    warnOfSongsLeft(*library, **catalog);
+    warnOfSongsLeft(*library->library, **catalog);
     bool hasFailed = false;
     bool isAllFound = true;
     for (const QByteArray &file : call.operands) {
-        const auto found = named(*library, **catalog, file);
+        const auto found = identified(*library->library, **catalog, file);
         hasFailed = hasFailed || !found;
         isAllFound = isAllFound && found && found->answer.match;
         if (call.wantsJson)
             write(lineOf(toJson(file, found)));
         else if (found)
-            print(toLine(file, *found));
+            print(toLine(QFile::decodeName(file) + QStringLiteral(": ") + textOf(*found)));
         if (!found)
             complain(QFile::decodeName(file) + QStringLiteral(": ") + found.failure().detail);
         std::fflush(stdout); // whoever reads it may wait for each

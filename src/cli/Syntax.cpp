@@ -63,6 +63,7 @@ constexpr Option ofStatus[] = {{.name = "json", .help = "Print one line of JSON.
 constexpr Option ofSearch[] = {{.name = "json", .help = "Print a line of JSON for each song."}};
 constexpr Option ofProblems[] = {{.name = "json", .help = "Print a line of JSON for each file."}};
 constexpr Option ofIdentify[] = {
+    {.name = "listen", .help = "Listen to the microphone instead of files."},
     {.name = "json", .help = "Print a line of JSON for each file, as soon as it is known."}};
 constexpr Option ofCatalogStatus[] = {{.name = "json", .help = "Print one line of JSON."}};
 
@@ -74,14 +75,13 @@ constexpr Command table[] = {
     {CommandName::Identify, Completion::Files, "", "identify", "FILE...|-", 1, anyNumber, ofIdentify,
      "which song of the library is heard",
      "Names the song of the library, or of an added catalog, that is heard in each file, or in what comes "
-     "from "
-     "standard input (-), by its first 15 seconds. It ends with 0 where all were recognised, with 3 where "
-     "one "
-     "was not, with 1 where one could not be read. With --json each line has file, match, path, "
-     "persistentID, "
-     "title, artist, offset_s (the place in the song where the file begins, in seconds), score, threshold "
-     "(the "
-     "score of a match) and ms (the time it took), or file and error."},
+     "from standard input (-): by its first 15 seconds, or where those are of no known song by what follows, "
+     "up to two minutes. With --listen it names what the microphone hears, the system's default one; that "
+     "takes 13 seconds at most. It ends with 0 where all were recognised, with 3 where one was not, with 1 "
+     "where one could not be read. With --json each line has file (null for the microphone), match, path, "
+     "persistentID, title, artist, offset_s (the place in the song, in seconds, at which the file or the "
+     "listening begins; below zero where the song begins later), score, threshold (the score of a match) and "
+     "ms (the time it took), or file and error."},
     {CommandName::Scan, Completion::Nothing, "library", "scan", "", 0, 0, ofScan,
      "bring the library up to date", "Brings the library up to date with the music folders."},
     {CommandName::Status, Completion::Nothing, "library", "status", "", 0, 0, ofStatus,

@@ -56,7 +56,8 @@ Listening::Answer Listening::look()
     if (m_loudest < silence)
         return otherwise;
     const auto found = m_matcher.look(Query::Ending::Open);
-    if (!found || found->score < scoreAskedFor(seconds)) {
+    m_score = found ? found->score : 0;
+    if (!found || found->score < scoreAsked()) {
         m_last.reset();
         return otherwise;
     }
@@ -65,6 +66,11 @@ Listening::Answer Listening::look()
     m_last = found;
     m_lastBeginning = beginning;
     return isSure ? Answer::Match : otherwise;
+}
+
+float Listening::scoreAsked() const
+{
+    return scoreAskedFor(m_matcher.seconds());
 }
 
 bool Listening::agrees(const Match &match, float beginning) const

@@ -20,6 +20,11 @@ public:
     Answer hear(std::span<const float> samples);
     /// Of Answer::Match.
     [[nodiscard]] const Match &match() const { return *m_last; }
+    /// Where in its song what was heard begins, in seconds.
+    [[nodiscard]] float beginning() const { return m_lastBeginning; }
+    /// Of the likeliest song at the last look, and what makes it certain there.
+    [[nodiscard]] float score() const { return m_score; }
+    [[nodiscard]] float scoreAsked() const;
     [[nodiscard]] const Catalog &catalog() const { return *m_catalog; }
 
 private:
@@ -31,6 +36,7 @@ private:
     Answer m_answer = Answer::Undecided;
     std::size_t m_untilLook; ///< samples
     float m_loudest = 0;
+    float m_score = 0;
     std::optional<Match> m_last; ///< certain, of the last look
     float m_lastBeginning = 0;
 };

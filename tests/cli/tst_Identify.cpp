@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Program.h"
 #include "device/audio/SoundDecoder.h"
+#include "device/recognizer/HeardMusic.h"
 #include "fingerprint/Pieces.h"
 #include "fingerprint/Row.h"
 #include "support/Files.h"
@@ -182,6 +183,59 @@ private Q_SLOTS:
         QCOMPARE(outcome.code, 0);
         QCOMPARE(json(outcome.output).value(u"path"_s).toString().toUtf8(), song);
         QCOMPARE(json(outcome.output).value(u"file"_s), u"-"_s);
+    }
+
+    void looksOnWhereTheFirstSecondsAreOfNoSong()
+    {
+        const auto &[clip, path] = *m_songOfClip.begin();
+        const Sound song = soundOf(path);
+        const std::size_t before = 17 * sampleRateHz;
+        const auto after = [&](std::size_t samples) {
+            Sound sound = noise(3, samples, 1e-6);
+            const auto part =
+                std::span(song).subspan(std::size_t(clipBegins * sampleRateHz), 5 * sampleRateHz);
+            sound.insert(sound.end(), part.begin(), part.end());
+            return sound;
+        };
+        const QByteArray late = writeClip("late.wav", after(before));
+        const QJsonObject found = json(run(onDemo({"identify", "--json", late})).output);
+        QCOMPARE(found.value(u"path"_s).toString().toUtf8(), path);
+        const double place = found.value(u"offset_s"_s).toDouble() + 17;
+        QVERIFY2(std::abs(place - clipBegins) < 0.3 || isRepeated(song, place),
+                 qPrintable(QString::number(place)));
+        if (std::abs(place - clipBegins) < 0.3)
+            QVERIFY(run(onDemo({"identify", late})).output.endsWith("  -0:09\n"));
+        const QByteArray tooLate = writeClip("tooLate.wav", after(125 * sampleRateHz));
+        QCOMPARE(run(onDemo({"identify", tooLate})).code, 3);
+    }
+
+    void listensToTheMicrophone()
+    {
+        PrivateSound sound;
+        QVERIFY(sound.start());
+        putUpMicrophone(sound);
+        const QByteArrayList listen = onDemo({"identify", "--listen"});
+        {
+            const auto &[clip, path] = *m_songOfClip.begin();
+            const HeardMusic music(std::span<const float>(soundOf(path)).subspan(sampleRateHz));
+            const Outcome outcome = run(listen + QByteArrayList{"--json"});
+            QCOMPARE(std::pair(outcome.code, outcome.errors), std::pair(0, QByteArray()));
+            const QJsonObject found = json(outcome.output);
+            QCOMPARE(found.value(u"path"_s).toString().toUtf8(), path);
+            QVERIFY(found.value(u"file"_s).isNull());
+            QVERIFY(found.value(u"score"_s).toDouble() >= found.value(u"threshold"_s).toDouble());
+            QVERIFY(found.value(u"offset_s"_s).toDouble() > 0.5 && found.value(u"ms"_s).toDouble() > 1500);
+        }
+        QCOMPARE(run(listen + QByteArrayList{"clip.wav"}).code, 2);
+        const Outcome stopped = run(listen, "timeout --preserve-status -s INT 1");
+        QCOMPARE(std::pair(stopped.code, stopped.errors), std::pair(1, "trackwise: stopped\n"_ba));
+        const Outcome silent = run(listen + QByteArrayList{"--json"}, "env PULSE_SERVER=unix:/nowhere");
+        QCOMPARE(std::pair(silent.code, silent.errors),
+                 std::pair(1, "trackwise: No sound on this device\n"_ba));
+        QVERIFY(json(silent.output).contains(u"error"_s));
+        QVERIFY(QDir().mkpath(QFile::decodeName(inScratch("home/trackwise"))));
+        (void)write("home/trackwise/device.ini", "[Access]\nMicrophone=denied\n");
+        QVERIFY(run(listen).errors.startsWith("trackwise: the microphone may not be used"));
     }
 
     void takesOverCatalogsOfOthers()

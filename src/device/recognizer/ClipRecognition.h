@@ -22,12 +22,17 @@ struct ClipMatch
 struct ClipAnswer
 {
     std::optional<ClipMatch> match;
-    double score = 0;     ///< of the likeliest song
-    double threshold = 0; ///< that a match has to reach
+    double score = 0;     ///< of the likeliest song, where it comes closest to the threshold
+    double threshold = 0; ///< that a match has to reach there
 };
 
-/// Names the song that is heard in a sound file, or, for "-", in what comes from standard input, by its first
-/// 15 seconds; more is not waited for. Failures are those of SoundDecoder::open(). Blocks.
+/// The match with a song of @p catalog.
+[[nodiscard]] ClipMatch matchOf(const fingerprint::Catalog &catalog, fingerprint::SongNumber number,
+                                double offsetSeconds);
+
+/// Names the song that is heard in a sound file, or, for "-", in what comes from standard input: by its first
+/// 15 seconds, or where those are of no known song by what follows, up to two minutes. No more than that is
+/// waited for. Failures are those of SoundDecoder::open(). Blocks.
 [[nodiscard]] Result<ClipAnswer> recognizeClip(const fingerprint::Catalog &catalog, const QByteArray &path);
 
 } // namespace trackwise

@@ -81,6 +81,14 @@ MatchedMediaItem itemOf(const fingerprint::Catalog &catalog, fingerprint::SongNu
     return {textOf(song.catalogID), textOf(song.title), textOf(song.artist), librarySong};
 }
 
+ClipAnswer answerOf(const fingerprint::Listening &listening, bool isMatch)
+{
+    ClipAnswer answer{.score = double(listening.score()), .threshold = double(listening.scoreAsked())};
+    if (isMatch)
+        answer.match = matchOf(listening.catalog(), listening.match().song, double(listening.beginning()));
+    return answer;
+}
+
 } // namespace
 
 /// From start() to the answer: a thread of its own compares what the microphone hears.
@@ -121,6 +129,7 @@ private:
             if (!m_queue.take(hear))
                 return;
         }
+        Q_EMIT m_session.didDecide(answerOf(listening, answer == Answer::Match));
         if (answer == Answer::Match)
             Q_EMIT m_session.didFind(
                 {itemOf(listening.catalog(), listening.match().song, m_session.m_sources.naming)});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "device/audio/Microphone.h"
+#include "device/recognizer/ClipRecognition.h"
 #include "fingerprint/CatalogStore.h"
 #include "platform/RecognitionSession.h"
 
@@ -34,6 +35,10 @@ public:
     [[nodiscard]] std::optional<Failure> start() override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override;
+
+Q_SIGNALS:
+    /// Comes before didFind(), or didNotFind() without an error, with what they leave out. On any thread.
+    void didDecide(const trackwise::ClipAnswer &answer);
 
 private:
     class Attempt;

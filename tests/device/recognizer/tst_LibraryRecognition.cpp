@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "device/players/PrivateSound.h"
+#include "device/recognizer/HeardMusic.h"
 #include "device/recognizer/LibraryRecognition.h"
 #include "fingerprint/PeakExtractor.h"
 #include "fingerprint/Pieces.h"
@@ -52,31 +52,6 @@ struct Listener
     std::vector<std::optional<QString>> notFound;
 };
 
-/// Plays into the loudspeaker that the microphone stands before.
-struct Music
-{
-    explicit Music(const Sound &sound)
-    {
-        player.start(u"pacat"_s, {u"--playback"_s, u"--device=room"_s, u"--format=float32le"_s,
-                                  u"--rate=16000"_s, u"--channels=1"_s});
-        const auto bytes = std::as_bytes(std::span(sound));
-        player.write(reinterpret_cast<const char *>(bytes.data()), qint64(bytes.size()));
-    }
-    ~Music()
-    {
-        player.kill();
-        player.waitForFinished();
-    }
-    QProcess player;
-};
-
-void putUpMicrophone(const PrivateSound &sound)
-{
-    sound.control("load-module module-null-sink sink_name=room norewinds=1");
-    sound.control("load-module module-remap-source master=room.monitor source_name=mic");
-    sound.control("set-default-source mic");
-}
-
 } // namespace
 
 class tst_LibraryRecognition : public QObject
@@ -92,7 +67,7 @@ private Q_SLOTS:
         Listener listener;
         const Sound song = fingerprint::piece(2, 25);
         for (std::size_t attempt = 1; attempt <= 2; ++attempt) {
-            const Music music(Sound(song.begin() + 48000, song.end()));
+            const HeardMusic music(std::span<const float>(song).subspan(48000));
             QVERIFY(!listener.session.start());
             QVERIFY(listener.session.isRunning());
             QTRY_VERIFY_WITH_TIMEOUT(listener.answers() == attempt, 20'000);
@@ -113,7 +88,7 @@ private Q_SLOTS:
         QVERIFY(sound.start());
         putUpMicrophone(sound);
         Listener listener;
-        const Music music(fingerprint::noise(5, 25 * std::size_t(fingerprint::sampleRateHz), 0.01));
+        const HeardMusic music(fingerprint::noise(5, 25 * std::size_t(fingerprint::sampleRateHz), 0.01));
         QVERIFY(!listener.session.start());
         QTRY_VERIFY_WITH_TIMEOUT(listener.answers() == 1, 30'000);
         QCOMPARE(listener.notFound, std::vector{std::optional<QString>()});
