@@ -714,6 +714,10 @@
         <source>Not possible at the moment</source>
         <translation>غير ممكن حاليًا</translation>
     </message>
+    <message>
+        <source>What was not recognized just now may be among the songs that are left.</source>
+        <translation>قد يكون ما لم يُتعرَّف عليه الآن ضمن الأغاني المتبقية.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::InputSettings</name>

@@ -706,6 +706,10 @@
         <source>Not possible at the moment</source>
         <translation>Zurzeit nicht möglich</translation>
     </message>
+    <message>
+        <source>What was not recognized just now may be among the songs that are left.</source>
+        <translation>Was eben nicht erkannt wurde, ist vielleicht unter den übrigen Titeln.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::InputSettings</name>

@@ -706,6 +706,10 @@
         <source>Not possible at the moment</source>
         <translation>No es posible por el momento</translation>
     </message>
+    <message>
+        <source>What was not recognized just now may be among the songs that are left.</source>
+        <translation>Es posible que lo que no se ha reconocido esté entre las canciones que faltan.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::InputSettings</name>

@@ -706,6 +706,10 @@
         <source>Not possible at the moment</source>
         <translation>Impossible pour le moment</translation>
     </message>
+    <message>
+        <source>What was not recognized just now may be among the songs that are left.</source>
+        <translation>Ce qui vient de ne pas être reconnu fait peut-être partie des morceaux restants.</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::InputSettings</name>

@@ -704,6 +704,10 @@
         <source>Not possible at the moment</source>
         <translation>現在は利用できません</translation>
     </message>
+    <message>
+        <source>What was not recognized just now may be among the songs that are left.</source>
+        <translation>今認識できなかった曲は、残りの曲の中にあるかもしれません。</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::InputSettings</name>

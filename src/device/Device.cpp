@@ -100,7 +100,7 @@ Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId,
                        .input = [&settings] { return settings.soundInput().name.toUtf8(); }});
                },
                [appId] { return std::make_unique<FeedbackHaptics>(appId, QDBusConnection::sessionBus()); },
-               [this] { return conditions.isScreenReaderRunning(); }}
+               [this] { return conditions.isScreenReaderRunning(); }, [this] { fingerprinting.noteMiss(); }}
 {}
 
 void Device::connectCounts()

@@ -21,6 +21,7 @@ struct RecognitionIndexState
     qsizetype songsTotal = 0; ///< that are in the library now
     qint64 bytes = 0;         ///< on disk
     QString trouble;          ///< why nothing is possible, for the user
+    bool hasMissed = false;   ///< something was heard that may be among the songs not yet done
 
     friend bool operator==(const RecognitionIndexState &, const RecognitionIndexState &) = default;
 };

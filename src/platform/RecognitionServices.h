@@ -17,6 +17,7 @@ struct RecognitionServices
     std::function<std::unique_ptr<RecognitionSession>()> makeSession;
     std::function<std::unique_ptr<NotificationHaptics>()> makeHaptics;
     std::function<bool()> isScreenReaderRunning;
+    std::function<void()> noteMiss; ///< nothing sounded like what was heard, and the user has been told
 };
 
 } // namespace trackwise

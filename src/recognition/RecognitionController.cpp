@@ -171,7 +171,8 @@ void RecognitionController::lookAfterEngine()
 
 void RecognitionController::setState(ShazamState state)
 {
-    m_state = std::move(state);
+    if (std::holds_alternative<NoMatchFound>(std::exchange(m_state, std::move(state))))
+        m_services.noteMiss();
     m_actions.stateDidChange();
     for (QTimer *timer : {&m_timers.dismissHUD, &m_timers.haptics, &m_timers.audioEngineRunning})
         timer->stop();

@@ -24,8 +24,11 @@ QString IndexStatus::text() const
     const QString songs = tr("%1 of %2 songs can be recognized (%3)")
                               .arg(locale.toString(m_state.songsDone), locale.toString(m_state.songsTotal),
                                    locale.formattedDataSize(m_state.bytes, 1));
-    const QString what = activity();
-    return what.isEmpty() ? songs : songs + u'\n' + what;
+    QStringList lines{songs, activity()};
+    if (m_state.hasMissed)
+        lines << tr("What was not recognized just now may be among the songs that are left.");
+    lines.removeAll(QString());
+    return lines.join(u'\n');
 }
 
 QString IndexStatus::activity() const

@@ -22,7 +22,7 @@ public:
     /// @p index must outlive this object.
     explicit IndexStatus(RecognitionIndex &index, QObject *parent = nullptr);
 
-    /// Lines: songs and their size, then what goes on.
+    /// Lines: songs and their size, then what goes on, and what that means.
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool isPaused() const;
     [[nodiscard]] bool isEmpty() const { return m_state.songsDone == 0; }

@@ -250,6 +250,14 @@ private Q_SLOTS:
         Q_EMIT a.session->didNotFind(u"Broken"_s);
         QCOMPARE(a.taken(),
                  u"menu|haptic 2|"_s + error.arg(u"Broken"_s).replace(u"playback"_s, u"stop|playback"_s));
+        QCOMPARE(a.request(), u"say Listening"_s);
+        a.fire(-500);
+        (void)a.taken();
+        Q_EMIT a.session->didNotFind({});
+        QVERIFY(!a.taken().contains(u"miss"_s)); // the text is still to be read
+        a.fire(-4000);
+        a.hud.didHide();
+        QCOMPARE(a.taken(), u"miss|menu"_s);
         a.isGranted = false;
         QCOMPARE(a.request(), u"alert"_s);
         a.isAuthorized = false;

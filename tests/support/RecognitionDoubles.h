@@ -70,7 +70,8 @@ struct RecognitionDoubles : AudioSession
                                      return made;
                                  },
                                  [this] { return std::make_unique<Haptics>(*this); },
-                                 [this] { return isScreenReaderRunning; }};
+                                 [this] { return isScreenReaderRunning; },
+                                 [this] { calls << QStringLiteral("miss"); }};
 };
 
 } // namespace trackwise

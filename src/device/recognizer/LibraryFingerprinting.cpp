@@ -259,6 +259,7 @@ void LibraryFingerprinting::advance()
 void LibraryFingerprinting::rest()
 {
     m_store.reset();
+    m_songs.haveMissed = false;
     Q_EMIT finished();
 }
 
@@ -398,6 +399,12 @@ void LibraryFingerprinting::clear()
     look(Beginning::Anew);
 }
 
+void LibraryFingerprinting::noteMiss()
+{
+    m_songs.haveMissed = m_songs.done < m_songs.total;
+    tell();
+}
+
 RecognitionIndexState LibraryFingerprinting::state() const
 {
     using Activity = RecognitionIndexState::Activity;
@@ -408,7 +415,7 @@ RecognitionIndexState LibraryFingerprinting::state() const
                               : !isAtWork                ? Activity::Idle
                               : m_holds.savingPower      ? Activity::SavingPower
                                                          : Activity::Working;
-    return {activity, m_songs.done, m_songs.total, m_songs.bytes, m_holds.trouble};
+    return {activity, m_songs.done, m_songs.total, m_songs.bytes, m_holds.trouble, m_songs.haveMissed};
 }
 
 void LibraryFingerprinting::tell()

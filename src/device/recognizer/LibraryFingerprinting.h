@@ -46,6 +46,8 @@ public:
     void lookForWork();
     /// Whether nothing is to be done now for the sake of power, and whether the library may be used at all.
     void setConditions(bool isSavingPower, bool isAllowed);
+    /// Something was not recognised, and state() says so for as long as songs are left.
+    void noteMiss();
 
     /// Songs that could not be listened to, and will be tried again.
     [[nodiscard]] qsizetype songsLeftOut() const { return m_songs.leftOut; }
@@ -92,6 +94,7 @@ private:
         qsizetype leftOut = 0;
         int beingWritten = 0;
         qint64 bytes = 0;
+        bool haveMissed = false;
     } m_songs;
     struct
     {

@@ -146,12 +146,17 @@ private Q_SLOTS:
         QCOMPARE(fingerprinting->state().activity, Activity::SavingPower);
         fingerprinting->setPaused(true);
         QCOMPARE(fingerprinting->state().activity, Activity::Paused);
+        fingerprinting->noteMiss();
+        QVERIFY(fingerprinting->state().hasMissed);
         fingerprinting->setConditions(false, true);
         QCOMPARE(fingerprinting->state().songsDone, 0);
         fingerprinting->setPaused(false);
         QCOMPARE(fingerprinting->state().activity, Activity::Working);
         QTRY_COMPARE(fingerprinting->state().songsDone, 3);
         QTRY_COMPARE(fingerprinting->state().activity, Activity::Idle);
+        QTRY_VERIFY(!fingerprinting->state().hasMissed);
+        fingerprinting->noteMiss(); // all songs are known
+        QVERIFY(!fingerprinting->state().hasMissed);
 
         fingerprinting->clear();
         QTRY_COMPARE(fingerprinting->state().songsDone, 0);
