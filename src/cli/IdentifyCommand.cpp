@@ -62,6 +62,10 @@ std::optional<Result<ClipAnswer>> heard(LibraryRecognition &session)
                          answer = Failure{FailureKind::Unavailable, *error};
                          loop.quit();
                      });
+    QObject::connect(&session, &LibraryRecognition::didBreakOff, &loop, [&](const QString &why) {
+        answer = Failure{FailureKind::Unavailable, why};
+        loop.quit();
+    });
     line.show(QStringLiteral("Listening…"));
     if (const auto failure = session.start())
         return *failure;
@@ -86,9 +90,10 @@ ExitCode identifyWhatIsHeard(const Call &call)
             {FailureKind::Unavailable,
              QStringLiteral("the microphone may not be used; this can be changed in the settings")});
     warnOfSongsLeft(*library->library, **catalog);
-    LibraryRecognition session({.catalog = [known = *catalog] { return known; },
-                                .naming = namingBy(*library->library),
-                                .input = [] { return defaultInputChoice; }});
+    LibraryRecognition session(
+        {.catalog = [known = *catalog] { return known; },
+         .naming = namingBy(*library->library),
+         .input = [&settings] { return StoredDeviceSettings(*settings).soundInput().name.toUtf8(); }});
     QElapsedTimer clock;
     clock.start();
     const auto answer = heard(session);

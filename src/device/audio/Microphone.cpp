@@ -5,6 +5,7 @@
 #include "device/audio/SoundServer.h"
 
 #include <atomic>
+#include <future>
 #include <thread>
 #include <utility>
 
@@ -16,6 +17,9 @@ using Clock = std::chrono::steady_clock;
 
 /// A server that went is mostly started anew by the system at once.
 constexpr std::chrono::milliseconds untilNextAttempt{100};
+
+/// Connecting takes some milliseconds. Somebody waits who wants to go on.
+constexpr std::chrono::milliseconds longestStart{200};
 
 } // namespace
 
@@ -37,6 +41,7 @@ public:
     std::atomic<bool> isRunning = true;
     std::atomic<float> level = 0;
     std::atomic<int> overruns = 0;
+    std::promise<std::optional<Failure>> start; ///< why it failed, or nothing
 
 private:
     void run();
@@ -47,6 +52,7 @@ private:
     void lookAfterStream();
     void listenTo(const SoundInput &input);
     void fail(FailureKind kind, const char *detail);
+    void settle(const std::optional<Failure> &failure);
     void take();
     static void soundDidCome(pa_stream *, std::size_t, void *self);
     static void soundWasLost(pa_stream *, void *self);
@@ -58,6 +64,7 @@ private:
     std::optional<SoundInput> m_input;     ///< the one that is listened to
     StreamPtr m_stream;
     SoundPieces m_pieces;
+    bool m_isSettled = false; ///< whether it has started, or not
     Clock::time_point m_deadline = Clock::now() + m_order.patience;
     std::thread m_thread;
 };
@@ -136,6 +143,8 @@ void Microphone::Capture::lookAfterServer()
 
 void Microphone::Capture::lookAfterStream()
 {
+    if (m_stream && pa_stream_get_state(m_stream.get()) == PA_STREAM_READY)
+        settle(std::nullopt);
     if (m_stream && !PA_STREAM_IS_GOOD(pa_stream_get_state(m_stream.get()))) {
         m_stream.reset(); // its input went; what takes its place is told next
         m_input.reset();
@@ -199,8 +208,17 @@ void Microphone::Capture::take()
 
 void Microphone::Capture::fail(FailureKind kind, const char *detail)
 {
-    if (isRunning.exchange(false))
-        m_order.didFail({kind, QString::fromLatin1(detail)});
+    if (!isRunning.exchange(false))
+        return;
+    const Failure failure{kind, QString::fromLatin1(detail)};
+    m_order.didFail(failure);
+    settle(failure);
+}
+
+void Microphone::Capture::settle(const std::optional<Failure> &failure)
+{
+    if (!std::exchange(m_isSettled, true))
+        start.set_value(failure);
 }
 
 Microphone::Microphone(std::chrono::milliseconds patience)
@@ -214,6 +232,13 @@ void Microphone::start(const InputChoice &choice, Tap tap, DidFail didFail)
     stop();
     m_capture =
         std::make_unique<Capture>(Capture::Order{choice, m_patience, std::move(didFail)}, std::move(tap));
+}
+
+std::optional<Failure> Microphone::failureToStart()
+{
+    auto failure = m_capture->start.get_future();
+    const bool isKnown = failure.wait_for(longestStart) == std::future_status::ready;
+    return isKnown ? failure.get() : std::nullopt;
 }
 
 void Microphone::stop()

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace trackwise {
@@ -44,6 +45,9 @@ public:
 
     /// Returns at once. What was begun before is stopped.
     void start(const InputChoice &choice, Tap tap, DidFail didFail);
+    /// Why it did not get as far as being connected to an input; waits until that is known, but not for long
+    /// where a server does not answer. Once after each start().
+    [[nodiscard]] std::optional<Failure> failureToStart();
     /// The tap is not called any more when this returns. Neither it nor start() may be called by the tap.
     void stop();
     /// From start() to stop(), or to a failure.

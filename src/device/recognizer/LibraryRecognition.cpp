@@ -104,7 +104,13 @@ public:
         m_queue.end();
         m_thread.join();
     }
-    void take(const HeardSound &heard) { m_queue.push(heard); }
+    void take(const HeardSound &heard)
+    {
+        hasHeard = true;
+        m_queue.push(heard);
+    }
+
+    bool hasHeard = false; ///< of the microphone's thread
 
 private:
     using Answer = fingerprint::Listening::Answer;
@@ -157,8 +163,16 @@ std::optional<Failure> LibraryRecognition::start()
     m_attempt = std::make_unique<Attempt>(*this);
     m_microphone.start(
         m_sources.input(), [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
-        [this](const Failure &failure) { microphoneDidFail(failure); });
-    return std::nullopt;
+        [this, attempt = m_attempt.get()](const Failure &failure) {
+            if (attempt->hasHeard)
+                Q_EMIT didBreakOff(explained(failure));
+            else
+                Q_EMIT didNotFind(explained(failure));
+        });
+    auto failure = m_microphone.failureToStart();
+    if (failure)
+        failure->detail = explained(*failure);
+    return failure;
 }
 
 void LibraryRecognition::stop()
@@ -172,17 +186,15 @@ bool LibraryRecognition::isRunning() const
     return m_microphone.isRunning();
 }
 
-void LibraryRecognition::microphoneDidFail(const Failure &failure)
+QString LibraryRecognition::explained(const Failure &failure)
 {
     switch (failure.kind) {
     case FailureKind::Busy:
-        Q_EMIT didNotFind(tr("Microphone already in use"));
-        return;
+        return tr("Microphone already in use");
     case FailureKind::NotFound:
-        Q_EMIT didNotFind(tr("No microphone found"));
-        return;
+        return tr("No microphone found");
     default:
-        Q_EMIT didNotFind(tr("No sound on this device"));
+        return tr("No sound on this device");
     }
 }
 

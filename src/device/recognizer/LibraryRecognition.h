@@ -31,7 +31,7 @@ public:
     explicit LibraryRecognition(Sources sources);
     ~LibraryRecognition() override;
 
-    /// The microphone's failures come with didNotFind(): what it is connected to is not known at once.
+    /// The failure of a sound server that takes its time comes with didNotFind().
     [[nodiscard]] std::optional<Failure> start() override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override;
@@ -39,10 +39,13 @@ public:
 Q_SIGNALS:
     /// Comes before didFind(), or didNotFind() without an error, with what they leave out. On any thread.
     void didDecide(const trackwise::ClipAnswer &answer);
+    /// It heard something, and then the microphone went; there is no answer. @p why is for the user. On any
+    /// thread.
+    void didBreakOff(const QString &why);
 
 private:
     class Attempt;
-    void microphoneDidFail(const Failure &failure);
+    [[nodiscard]] static QString explained(const Failure &failure);
 
     Sources m_sources;
     std::unique_ptr<Attempt> m_attempt;
