@@ -2,11 +2,13 @@
 #include "cli/Commands.h"
 
 #include "cli/Console.h"
+#include "cli/Interruption.h"
 #include "cli/SongJson.h"
 #include "device/recognizer/CatalogSummary.h"
 #include "fingerprint/CatalogStore.h"
 #include "fingerprint/StoreFolder.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QJsonArray>
 #include <QLocale>
@@ -21,9 +23,40 @@ namespace {
 using fingerprint::CatalogFailure;
 using fingerprint::CatalogStore;
 
+constexpr std::chrono::seconds longestWait{30};
+
 std::filesystem::path native(const QByteArray &path)
 {
     return path.toStdString();
+}
+
+/// Opens a catalog once whoever has it open, such as the window, has let go of it.
+fingerprint::CatalogResult<std::unique_ptr<CatalogStore>> openInTurn(const std::filesystem::path &folder)
+{
+    const auto open = [&] {
+        return CatalogStore::open(folder, fingerprint::PairDensity::Full, CatalogStore::Note::Left);
+    };
+    const auto isInUse = [](const auto &store) {
+        const auto *failure = std::get_if<CatalogFailure>(&store);
+        return failure && failure->kind == CatalogFailure::Kind::InUse;
+    };
+    auto store = open();
+    if (!isInUse(store))
+        return store;
+    StatusLine line;
+    line.show(QStringLiteral("Waiting for another program that writes the catalog…"));
+    QEventLoop loop;
+    const Interruption interruption(loop, [&] { loop.quit(); });
+    const QDeadlineTimer patience(longestWait);
+    QTimer nextAttempt;
+    QObject::connect(&nextAttempt, &QTimer::timeout, &loop, [&] {
+        store = open();
+        if (!isInUse(store) || patience.hasExpired())
+            loop.quit();
+    });
+    nextAttempt.start(std::chrono::milliseconds(250));
+    loop.exec();
+    return store;
 }
 
 /// Carries out a change of the library's catalog.
@@ -33,7 +66,7 @@ ExitCode change(const Call &call,
     const auto library = readLibrary(call);
     if (!library)
         return giveUp(library.failure());
-    auto store = CatalogStore::open(native(catalogFolder(library->configuration.databasePath)));
+    auto store = openInTurn(native(catalogFolder(library->configuration.databasePath)));
     if (const auto *failure = std::get_if<CatalogFailure>(&store))
         return giveUp(asFailure(*failure));
     return carryOut(*std::get<0>(store), *library);

@@ -75,7 +75,8 @@ CatalogStore::CatalogStore(std::unique_ptr<StoreState> state)
 
 CatalogStore::~CatalogStore() = default;
 
-CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &folder, PairDensity density)
+CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &folder, PairDensity density,
+                                                                Note note)
 {
     std::error_code error;
     fs::create_directories(folder, error);
@@ -83,12 +84,23 @@ CatalogResult<std::unique_ptr<CatalogStore>> CatalogStore::open(const fs::path &
         return CatalogFailure{Failure::CannotWrite, "making " + folder.string() + ": " + error.message()};
     const StoreFolder files(folder);
     auto lock = lockedFile(files.lock());
-    if (const auto *failure = std::get_if<CatalogFailure>(&lock))
+    if (const auto *failure = std::get_if<CatalogFailure>(&lock)) {
+        if (failure->kind == Failure::InUse && note == Note::Left)
+            (void)FileDescriptor(
+                ::open(files.wanted().c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
         return *failure;
+    }
+    fs::remove(files.wanted(), error);
     auto state = std::make_unique<StoreState>(files, std::get<FileDescriptor>(std::move(lock)), density);
     if (const auto failure = state->begin())
         return *failure;
     return std::unique_ptr<CatalogStore>(new CatalogStore(std::move(state)));
+}
+
+bool CatalogStore::isWanted() const
+{
+    std::error_code ignored;
+    return fs::exists(m_state->folder.wanted(), ignored);
 }
 
 CatalogResult<std::shared_ptr<const Catalog>> CatalogStore::read(const fs::path &folder)

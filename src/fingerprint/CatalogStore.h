@@ -29,11 +29,16 @@ using SongNaming = std::function<void(CatalogSong &)>;
 class CatalogStore
 {
 public:
+    /// Whether one who finds a store in use leaves a note for the one who has it.
+    enum class Note { None, Left };
     /// Opens @p folder to write, and makes it where there is none. InUse where another process writes there.
     /// What is damaged is left out (its songs are not known then, and can be added again); see damages().
     /// @p density: of songs that are added from now on.
     static CatalogResult<std::unique_ptr<CatalogStore>> open(const std::filesystem::path &folder,
-                                                             PairDensity density = PairDensity::Full);
+                                                             PairDensity density = PairDensity::Full,
+                                                             Note note = Note::None);
+    /// Whether somebody has left a note since it was opened: a file in the folder.
+    [[nodiscard]] bool isWanted() const;
     /// What @p folder holds now, for those who only ask; another process may write there meanwhile.
     static CatalogResult<std::shared_ptr<const Catalog>> read(const std::filesystem::path &folder);
 

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] const std::filesystem::path &path() const { return m_path; }
     [[nodiscard]] std::filesystem::path manifest() const { return m_path / "manifest"; }
     [[nodiscard]] std::filesystem::path lock() const { return m_path / "lock"; }
+    /// A note: someone waits for the lock.
+    [[nodiscard]] std::filesystem::path wanted() const { return m_path / "wanted"; }
     [[nodiscard]] std::filesystem::path file(Kind kind, std::uint32_t number) const;
 
     /// The numbers of the files of one kind that are there, in order.

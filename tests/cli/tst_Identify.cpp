@@ -245,7 +245,10 @@ private Q_SLOTS:
         QCOMPARE(run(QByteArrayList{"library", "scan"} + other).code, 0);
         const QByteArray file = inScratch("demo.catalog");
         QCOMPARE(run(onDemo({"catalog", "export", file})).code, 0);
-        QCOMPARE(run(QByteArrayList{"catalog", "add", file} + other).output, "demo: 12 songs\n"_ba);
+        const QByteArray others = "flock '" + inScratch("other.db.catalog/lock") + "' sleep 1 &";
+        QVERIFY(QDir().mkpath(QFile::decodeName(inScratch("other.db.catalog"))));
+        const Outcome added = run(QByteArrayList{"catalog", "add", file} + other, others);
+        QCOMPARE(std::pair(added.code, added.output), std::pair(0, "demo: 12 songs\n"_ba));
         QVERIFY(run(QByteArrayList{"catalog", "status"} + other).output.contains("demo (12 songs)\n"));
 
         const auto &[clip, song] = *m_songOfClip.begin();

@@ -38,6 +38,8 @@ Failure asFailure(const CatalogFailure &failure)
         }
         return FailureKind::Malformed;
     }();
+    if (kind == FailureKind::Busy)
+        return {kind, QStringLiteral("another program is writing the catalog")};
     return {kind, QString::fromStdString(failure.detail)};
 }
 

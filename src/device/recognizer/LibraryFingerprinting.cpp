@@ -4,6 +4,7 @@
 #include "device/recognizer/FingerprintProcess.h"
 #include "platform/Background.h"
 
+#include <QFile>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -25,12 +26,10 @@ using fingerprint::CatalogStore;
 Q_LOGGING_CATEGORY(log, "trackwise.recognizer", QtFatalMsg)
 
 constexpr auto tellingInterval = 100ms;
-constexpr auto timeOfOthers = 10s;
-
-std::filesystem::path native(const QByteArray &path)
-{
-    return path.toStdString();
-}
+/// Nobody tells when a catalog is free again: how often we look who have asked for it, and how long others
+/// have it for themselves.
+constexpr auto nextAttempt = 250ms;
+constexpr auto turnOfOthers = 2s;
 
 QString textOf(const CatalogFailure &failure)
 {
@@ -44,23 +43,6 @@ void workQuietly()
 }
 
 } // namespace
-
-/// What the library and the catalog say of one another.
-struct LibraryFingerprinting::Survey
-{
-    std::shared_ptr<CatalogStore> store;
-    std::vector<SongSound> todo; ///< the first one last
-    qsizetype total = 0;
-    qint64 bytes = 0;
-    QString trouble;
-    bool isInUse = false;
-
-    /// Opens the store in @p folder where there is no @p known one.
-    [[nodiscard]] static Survey of(const LibraryQuestions &library, const QByteArray &folder,
-                                   std::shared_ptr<CatalogStore> known, Beginning beginning);
-    void open(const QByteArray &folder);
-    void compare(std::vector<SongSound> sounds);
-};
 
 struct LibraryFingerprinting::Written
 {
@@ -80,74 +62,14 @@ struct LibraryFingerprinting::Listener : QObject
     std::optional<SongSound> song;
 };
 
-void LibraryFingerprinting::Survey::open(const QByteArray &folder)
-{
-    auto opened = CatalogStore::open(native(folder));
-    if (auto *made = std::get_if<0>(&opened)) {
-        store = std::move(*made);
-        for (const CatalogFailure &damage : store->damages())
-            qCWarning(log) << "opening the catalog of songs:" << textOf(damage);
-        return;
-    }
-    const CatalogFailure &failure = std::get<CatalogFailure>(opened);
-    trouble = textOf(failure);
-    isInUse = failure.kind == CatalogFailure::Kind::InUse;
-}
-
-LibraryFingerprinting::Survey LibraryFingerprinting::Survey::of(const LibraryQuestions &library,
-                                                                const QByteArray &folder,
-                                                                std::shared_ptr<CatalogStore> known,
-                                                                Beginning beginning)
-{
-    Survey survey{.store = std::move(known)};
-    if (!survey.store)
-        survey.open(folder);
-    if (!survey.store)
-        return survey;
-    if (beginning == Beginning::Anew) {
-        if (const auto failure = survey.store->removeAll())
-            survey.trouble = textOf(*failure);
-    }
-    auto sounds = library.sounds();
-    if (sounds)
-        survey.compare(*std::move(sounds));
-    else
-        survey.trouble = sounds.failure().detail;
-    survey.bytes = qint64(survey.store->byteCount());
-    return survey;
-}
-
-void LibraryFingerprinting::Survey::compare(std::vector<SongSound> sounds)
-{
-    auto known = store->songs();
-    for (auto sound = sounds.rbegin(); sound != sounds.rend(); ++sound) {
-        if (sound->availability == Availability::FileGone)
-            continue;
-        const auto same = known.find(sound->song.value);
-        const bool isKnown = same != known.end() && same->second == sound->stamp;
-        if (same != known.end())
-            known.erase(same);
-        total += isKnown || sound->availability == Availability::Available ? 1 : 0;
-        if (!isKnown && sound->availability == Availability::Available)
-            todo.push_back(*sound);
-    }
-    std::vector<std::uint64_t> gone;
-    gone.reserve(known.size());
-    for (const auto &[song, stamp] : known)
-        gone.push_back(song);
-    if (gone.empty())
-        return;
-    if (const auto failure = store->remove(gone))
-        trouble = textOf(*failure);
-}
-
 LibraryFingerprinting::Workers LibraryFingerprinting::Workers::ofThisProgram(Effort effort)
 {
     const int cores = std::max(1, int(std::thread::hardware_concurrency()));
     // Not by its path, where there may be another version of it by now.
     return {QStringLiteral("/proc/self/exe"),
             {QString::fromLatin1(workerArgument), QString::fromLatin1(nameOf(effort).data())},
-            effort == Effort::Full ? cores : std::max(1, cores - 1)};
+            effort == Effort::Full ? cores : std::max(1, cores - 1),
+            effort == Effort::Background};
 }
 
 LibraryFingerprinting::LibraryFingerprinting(const LibraryQuestions &library, QByteArray folder,
@@ -164,11 +86,16 @@ LibraryFingerprinting::LibraryFingerprinting(const LibraryQuestions &library, QB
     m_telling.setSingleShot(true);
     m_telling.setInterval(tellingInterval);
     connect(&m_telling, &QTimer::timeout, this, &RecognitionIndex::stateDidChange);
+    m_others.end.setSingleShot(true);
+    m_others.end.setInterval(m_workers.isPatient ? turnOfOthers : std::chrono::milliseconds(nextAttempt));
+    connect(&m_others.end, &QTimer::timeout, this, &LibraryFingerprinting::lookAgain);
+    connect(&m_others.notes, &QFileSystemWatcher::directoryChanged, this,
+            &LibraryFingerprinting::catalogDidChange);
 }
 
 LibraryFingerprinting::~LibraryFingerprinting()
 {
-    m_stop.request_stop();
+    m_others.begins.request_stop();
     endWorkers();
     for (QThreadPool *pool : {&m_pools.reading, &m_pools.writing, &m_pools.tidying})
         pool->waitForDone();
@@ -186,21 +113,25 @@ void LibraryFingerprinting::look(Beginning beginning)
         return;
     }
     m_looking.isRunning = true;
+    beginning = std::max(beginning, std::exchange(m_looking.due, std::nullopt).value_or(beginning));
+    const bool leavesNote = !m_workers.isPatient || beginning == Beginning::Anew;
+    const CatalogSurvey::Order order{m_folder, m_store, beginning,
+                                     leavesNote ? CatalogStore::Note::Left : CatalogStore::Note::None};
     runInBackground(
-        m_pools.writing, this,
-        [library = &m_library, folder = m_folder, store = m_store, beginning] {
-            return Survey::of(*library, folder, store, beginning);
-        },
-        [this](Survey survey) { takeSurvey(std::move(survey)); });
+        m_pools.writing, this, [library = &m_library, order] { return CatalogSurvey::of(*library, order); },
+        [this, beginning](CatalogSurvey survey) { takeSurvey(beginning, std::move(survey)); });
     tell();
 }
 
-void LibraryFingerprinting::takeSurvey(Survey survey)
+void LibraryFingerprinting::takeSurvey(Beginning beginning, CatalogSurvey survey)
 {
     m_looking.isRunning = false;
     m_store = std::move(survey.store);
-    if (survey.isInUse) // nobody tells when it is free again
-        QTimer::singleShot(timeOfOthers, this, &LibraryFingerprinting::lookForWork);
+    m_others.notes.addPath(QFile::decodeName(m_folder));
+    if (survey.isInUse) {
+        m_looking.due = beginning;
+        m_others.end.start();
+    }
     m_songs.todo = std::move(survey.todo);
     m_songs.total = survey.total;
     m_songs.done = survey.total - std::ssize(m_songs.todo);
@@ -222,7 +153,7 @@ void LibraryFingerprinting::takeSurvey(Survey survey)
 
 bool LibraryFingerprinting::mayWork() const
 {
-    return m_store && m_holds.trouble.isEmpty() && !m_holds.byUser && !m_holds.savingPower &&
+    return !m_others.end.isActive() && m_holds.trouble.isEmpty() && !m_holds.byUser && !m_holds.savingPower &&
            !m_holds.notAllowed;
 }
 
@@ -231,8 +162,14 @@ void LibraryFingerprinting::advance()
     tell();
     if (!mayWork()) {
         endWorkers();
+        letOthersWrite();
         if (!m_holds.trouble.isEmpty() && !m_looking.isRunning)
             Q_EMIT finished();
+        return;
+    }
+    if (!m_store) {
+        if (m_looking.due)
+            look(*m_looking.due);
         return;
     }
     while (std::ssize(m_listeners) < m_workers.count && std::ssize(m_listeners) < std::ssize(m_songs.todo)) {
@@ -253,6 +190,36 @@ void LibraryFingerprinting::advance()
     tidyUp();
     if (!m_looking.isRunning && !m_looking.isTidying)
         rest();
+}
+
+/// Once nothing of ours is under way in the catalog.
+void LibraryFingerprinting::letOthersWrite()
+{
+    if (!m_store || m_looking.isRunning || m_looking.isTidying || m_songs.beingWritten > 0)
+        return;
+    m_store.reset();
+    m_looking.due = m_looking.due.value_or(Beginning::WithWhatIsThere);
+}
+
+/// Where it was not us, somebody has left a note, or has written the catalog.
+void LibraryFingerprinting::catalogDidChange()
+{
+    const bool isWanted = !m_store || (m_workers.isPatient && m_store->isWanted());
+    if (!isWanted)
+        return;
+    if (!m_store)
+        m_looking.due = m_looking.due.value_or(Beginning::WithWhatIsThere);
+    m_others.end.start();
+    m_others.begins.request_stop();
+    advance();
+}
+
+void LibraryFingerprinting::lookAgain()
+{
+    m_others.begins = {};
+    if (m_looking.due == Beginning::Anew)
+        look(Beginning::Anew);
+    advance();
 }
 
 /// Whoever wants to write into the catalog can do so now.
@@ -332,7 +299,7 @@ void LibraryFingerprinting::tidyUp()
     m_looking.isTidying = true;
     runInBackground(
         m_pools.tidying, this,
-        [store = m_store, stop = m_stop.get_token()] {
+        [store = m_store, stop = m_others.begins.get_token()] {
             while (!stop.stop_requested()) {
                 const auto merged = store->mergeSome(stop);
                 const bool *isMore = std::get_if<bool>(&merged);

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "device/library/LibraryQuestions.h"
+#include "device/recognizer/CatalogSurvey.h"
 #include "device/recognizer/FingerprintWorker.h"
-#include "fingerprint/CatalogStore.h"
 #include "platform/RecognitionIndex.h"
 
+#include <QFileSystemWatcher>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -18,7 +19,8 @@ namespace trackwise {
 
 /// Listens to the songs of the library that the catalog of their sounds lacks, in worker processes, and takes
 /// out of it those that are gone. What has been listened to is kept at once: nothing is done twice, however
-/// the program ends. Main thread.
+/// the program ends. Other processes may write the catalog while there is nothing to do, or nothing may be
+/// done; what they do meanwhile counts. Main thread.
 class LibraryFingerprinting final : public RecognitionIndex
 {
     Q_OBJECT
@@ -30,6 +32,8 @@ public:
         QString program;
         QStringList arguments;
         int count = 1;
+        /// Whether others who want to write the catalog may do so first; else those are asked to let it go.
+        bool isPatient = true;
 
         /// Of this program: as many as there are cores, in the background one less.
         [[nodiscard]] static Workers ofThisProgram(Effort effort);
@@ -63,15 +67,17 @@ Q_SIGNALS:
     void finished();
 
 private:
-    struct Survey;
     struct Written;
-    enum class Beginning { WithWhatIsThere, Anew };
     struct Listener;
+    using Beginning = CatalogSurvey::Beginning;
 
     [[nodiscard]] bool mayWork() const;
     void look(Beginning beginning);
-    void takeSurvey(Survey survey);
+    void takeSurvey(Beginning beginning, CatalogSurvey survey);
     void advance();
+    void catalogDidChange();
+    void letOthersWrite();
+    void lookAgain();
     void begin(Listener &listener);
     void take(Listener &listener, const Result<HeardSong> &heard);
     void write(fingerprint::CatalogSong song, std::vector<fingerprint::Peak> peaks);
@@ -107,11 +113,17 @@ private:
     {
         bool isRunning = false;
         std::optional<Beginning> next; ///< once that is over
+        std::optional<Beginning> due;  ///< once we may write the catalog
         bool isUntidy = false;         ///< something has been written since it was tidied up
         bool isTidying = false;
     } m_looking;
+    struct
+    {
+        QFileSystemWatcher notes;
+        QTimer end; ///< of their turn
+        std::stop_source begins;
+    } m_others; ///< who want to write the catalog
     QTimer m_telling;
-    std::stop_source m_stop;
     struct
     {
         QThreadPool reading; ///< looks up songs

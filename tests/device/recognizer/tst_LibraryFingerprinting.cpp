@@ -168,6 +168,47 @@ private Q_SLOTS:
         QCOMPARE(songs.known().size(), 3U);
     }
 
+    void letsOthersWriteTheCatalog()
+    {
+        using fingerprint::CatalogStore;
+        Songs songs;
+        for (const char *name : {"d.wav", "e.wav", "f.wav", "g.wav", "h.wav", "i.wav"})
+            writeSong(songs.music, name, unsigned(name[0]));
+        songs.fixture.scan();
+        const auto fingerprinting = songs.with(workers(1));
+        std::unique_ptr<CatalogStore> store;
+        const auto take = [&](CatalogStore::Note note) {
+            auto opened =
+                CatalogStore::open(songs.folder().toStdString(), fingerprint::PairDensity::Full, note);
+            if (auto *made = std::get_if<0>(&opened))
+                store = std::move(*made);
+            return store != nullptr;
+        };
+        fingerprinting->lookForWork();
+        QTRY_VERIFY(fingerprinting->state().songsDone > 0);
+        QVERIFY(!take(CatalogStore::Note::None));
+        QTRY_VERIFY(take(CatalogStore::Note::Left)); // once it has been asked
+        const auto done = store->songs().size();
+        QVERIFY(done < 9);
+        QCOMPARE(fingerprinting->state().activity, Activity::Working);
+        store.reset();
+        QTRY_COMPARE(fingerprinting->state().activity, Activity::Idle);
+        QCOMPARE(songs.known().size(), 9U);
+
+        QTRY_VERIFY(take(CatalogStore::Note::None));
+        QVERIFY(!store->removeAll());
+        QTRY_COMPARE(fingerprinting->state().songsDone, 0); // it sees what others do
+        store.reset();
+        QTRY_COMPARE(fingerprinting->state().songsDone, 9);
+        QTRY_COMPARE(fingerprinting->state().activity, Activity::Idle);
+
+        fingerprinting->setPaused(true);
+        fingerprinting->rebuild();
+        fingerprinting->setPaused(true);
+        QTRY_COMPARE(fingerprinting->state().activity, Activity::Paused);
+        QTRY_VERIFY(take(CatalogStore::Note::None));
+    }
+
     void survivesEveryFile()
     {
         Songs songs;
