@@ -90,6 +90,7 @@ void RecognitionHUD::clear()
     const auto gone = std::exchange(m_config, nullptr);
     Q_EMIT changed(); // the view looks away
     announce({});
+    setLevel(0);
 }
 
 void RecognitionHUD::announce(const QString &text)

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/AppDelegate.h"
+#include "app/WholeProgram.h"
 #include "app/composition/Launch.h"
-#include "device/Device.h"
 #include "device/integration/WebServer.h"
 #include "device/library/WavFolder.h"
 #include "device/players/following/FakePlayer.h"
 #include "device/recognizer/FingerprintWorker.h"
-#include "preferences/Preferences.h"
 #include "settings/LibraryAccessRequest.h"
 #include "support/Covers.h"
 #include "support/Files.h"
@@ -54,50 +52,12 @@ struct Catalog
     }};
 };
 
-std::unique_ptr<Device> openDevice(const WavFolder &music, const QTemporaryDir &folder)
+struct Program : WholeProgram
 {
-    auto device = Device::open(
-        {u"org.example.tester"_s, folder.filePath(u"device.ini"_s),
-         LibraryConfiguration{{music.root()}, QFile::encodeName(folder.filePath(u"library.db"_s))}, [] {},
-         [] {}});
-    if (!device)
-        qFatal("%s", qPrintable(device.failure().detail));
-    return *std::move(device);
-}
-
-/// The program as it is put together when it starts.
-struct Program
-{
-    std::unique_ptr<Device> device;
-    Preferences preferences;
-    CatalogLookup catalog;
-    AppDelegate app;
-    LinuxLibrary &library = device->library();
-
     Program(const WavFolder &music, const QTemporaryDir &folder, const Catalog &web)
-        : device(openDevice(music, folder))
-        , preferences(folder.filePath(u"defaults.ini"_s))
-        , catalog(device->http(), {web.server.address({}).toString(), u"catalog.example"_s})
-        , app({device->library().mediaLibrary(),
-               device->library().browser(),
-               device->library().scan(),
-               device->player(),
-               device->systemPlayer(),
-               device->appearance(),
-               device->addresses(),
-               catalog,
-               device->recognition(),
-               folder.path(),
-               folder.filePath(u"windows.ini"_s),
-               {}},
-              preferences)
+        : WholeProgram(music.root(), folder, {web.server.address({}).toString(), u"catalog.example"_s})
     {}
 
-    WindowScene &openWindow()
-    {
-        app.newWindow();
-        return *app.scenes().back();
-    }
     /// Everything that a window waits for, all at once: searches, the catalog, lists and covers.
     void keepBusy(WindowScene &window, int round)
     {
