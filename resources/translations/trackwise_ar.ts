@@ -469,13 +469,6 @@
     </message>
 </context>
 <context>
-    <name>ScanBanner</name>
-    <message>
-        <source>Stop Reading Music</source>
-        <translation>إيقاف قراءة الموسيقى</translation>
-    </message>
-</context>
-<context>
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
@@ -647,6 +640,13 @@
     <message>
         <source>Unknown Album</source>
         <translation>ألبوم غير معروف</translation>
+    </message>
+</context>
+<context>
+    <name>SongPickerView</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>إيقاف قراءة الموسيقى</translation>
     </message>
 </context>
 <context>
@@ -915,6 +915,33 @@
     <message>
         <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
         <translation>يجب إضافة الأغاني إلى مكتبتك للحصول على معلوماتها. إذا لم تكن هذه الأغنية في مكتبتك، فأضفها ثم حاول مرة أخرى.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ListeningStatus</name>
+    <message>
+        <source>Listening to music: %1 of %2</source>
+        <translation>جارٍ الاستماع إلى الموسيقى: %1 من %2</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>متوقف مؤقتًا</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>متوقف مؤقتًا: توفير الطاقة</translation>
+    </message>
+    <message>
+        <source>So that it can be recognized</source>
+        <translation>لكي يمكن التعرّف عليها</translation>
+    </message>
+    <message>
+        <source>Go On Listening to Music</source>
+        <translation>متابعة الاستماع إلى الموسيقى</translation>
+    </message>
+    <message>
+        <source>Pause Listening to Music</source>
+        <translation>إيقاف الاستماع إلى الموسيقى مؤقتًا</translation>
     </message>
 </context>
 <context>

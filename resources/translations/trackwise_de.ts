@@ -469,13 +469,6 @@
     </message>
 </context>
 <context>
-    <name>ScanBanner</name>
-    <message>
-        <source>Stop Reading Music</source>
-        <translation>Einlesen der Musik anhalten</translation>
-    </message>
-</context>
-<context>
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
@@ -639,6 +632,13 @@
     <message>
         <source>Unknown Album</source>
         <translation>Unbekanntes Album</translation>
+    </message>
+</context>
+<context>
+    <name>SongPickerView</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>Einlesen der Musik anhalten</translation>
     </message>
 </context>
 <context>
@@ -907,6 +907,33 @@
     <message>
         <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
         <translation>Titel müssen in deiner Mediathek sein, damit ihre Informationen gezeigt werden können. Wenn dieser Titel nicht darin ist, füge ihn hinzu und versuche es erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ListeningStatus</name>
+    <message>
+        <source>Listening to music: %1 of %2</source>
+        <translation>Musik wird angehört: %1 von %2</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>Angehalten: Strom wird gespart</translation>
+    </message>
+    <message>
+        <source>So that it can be recognized</source>
+        <translation>Damit sie erkannt werden kann</translation>
+    </message>
+    <message>
+        <source>Go On Listening to Music</source>
+        <translation>Musik weiter anhören</translation>
+    </message>
+    <message>
+        <source>Pause Listening to Music</source>
+        <translation>Anhören der Musik anhalten</translation>
     </message>
 </context>
 <context>

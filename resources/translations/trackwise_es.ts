@@ -469,13 +469,6 @@
     </message>
 </context>
 <context>
-    <name>ScanBanner</name>
-    <message>
-        <source>Stop Reading Music</source>
-        <translation>Detener el análisis de la música</translation>
-    </message>
-</context>
-<context>
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
@@ -639,6 +632,13 @@
             <numerusform>%Ln canción</numerusform>
             <numerusform>%Ln canciones</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SongPickerView</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>Detener el análisis de la música</translation>
     </message>
 </context>
 <context>
@@ -907,6 +907,33 @@
     <message>
         <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
         <translation>Para obtener la información de las canciones, deben estar en su biblioteca. Si esta canción no está en ella, añádala e inténtelo de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ListeningStatus</name>
+    <message>
+        <source>Listening to music: %1 of %2</source>
+        <translation>Escuchando música: %1 de %2</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pausa</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>En pausa: ahorro de energía</translation>
+    </message>
+    <message>
+        <source>So that it can be recognized</source>
+        <translation>Para poder reconocerla</translation>
+    </message>
+    <message>
+        <source>Go On Listening to Music</source>
+        <translation>Seguir escuchando música</translation>
+    </message>
+    <message>
+        <source>Pause Listening to Music</source>
+        <translation>Pausar la escucha de música</translation>
     </message>
 </context>
 <context>

@@ -469,13 +469,6 @@
     </message>
 </context>
 <context>
-    <name>ScanBanner</name>
-    <message>
-        <source>Stop Reading Music</source>
-        <translation>Arrêter l’analyse de la musique</translation>
-    </message>
-</context>
-<context>
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
@@ -639,6 +632,13 @@
             <numerusform>%Ln morceau</numerusform>
             <numerusform>%Ln morceaux</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SongPickerView</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>Arrêter l’analyse de la musique</translation>
     </message>
 </context>
 <context>
@@ -907,6 +907,33 @@
     <message>
         <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
         <translation>Les morceaux doivent être ajoutés à votre bibliothèque pour que leurs informations soient accessibles. Si ce morceau n’y figure pas, ajoutez-le, puis réessayez.</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ListeningStatus</name>
+    <message>
+        <source>Listening to music: %1 of %2</source>
+        <translation>Écoute de la musique&#xa0;: %1 sur %2</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>En pause</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>En pause : économie d’énergie</translation>
+    </message>
+    <message>
+        <source>So that it can be recognized</source>
+        <translation>Pour pouvoir la reconnaître</translation>
+    </message>
+    <message>
+        <source>Go On Listening to Music</source>
+        <translation>Reprendre l’écoute de la musique</translation>
+    </message>
+    <message>
+        <source>Pause Listening to Music</source>
+        <translation>Suspendre l’écoute de la musique</translation>
     </message>
 </context>
 <context>

@@ -469,13 +469,6 @@
     </message>
 </context>
 <context>
-    <name>ScanBanner</name>
-    <message>
-        <source>Stop Reading Music</source>
-        <translation>ミュージックの読み込みを停止</translation>
-    </message>
-</context>
-<context>
     <name>SearchField</name>
     <message>
         <source>Search Songs</source>
@@ -637,6 +630,13 @@
     <message>
         <source>Unknown Album</source>
         <translation>不明なアルバム</translation>
+    </message>
+</context>
+<context>
+    <name>SongPickerView</name>
+    <message>
+        <source>Stop Reading Music</source>
+        <translation>ミュージックの読み込みを停止</translation>
     </message>
 </context>
 <context>
@@ -905,6 +905,33 @@
     <message>
         <source>Songs do need to be added to your library to get their info. If this song isn&apos;t in your library, add it then try again.</source>
         <translation>曲の情報を見るには、ライブラリに追加されている必要があります。この曲がライブラリにない場合は、追加してからもう一度お試しください。</translation>
+    </message>
+</context>
+<context>
+    <name>trackwise::ListeningStatus</name>
+    <message>
+        <source>Listening to music: %1 of %2</source>
+        <translation>曲を聴いています：%1/%2</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止中</translation>
+    </message>
+    <message>
+        <source>Paused: saving power</source>
+        <translation>一時停止中：省電力</translation>
+    </message>
+    <message>
+        <source>So that it can be recognized</source>
+        <translation>あとで曲を認識するため</translation>
+    </message>
+    <message>
+        <source>Go On Listening to Music</source>
+        <translation>曲を聴くのを再開</translation>
+    </message>
+    <message>
+        <source>Pause Listening to Music</source>
+        <translation>曲を聴くのを一時停止</translation>
     </message>
 </context>
 <context>

@@ -50,21 +50,23 @@ AppDelegate::AppDelegate(const AppDevice &device, Preferences &preferences, QObj
     , m_artworkFiles(device.cacheFolder)
     , m_artworkServices{device.player, device.addresses,          m_artworkLoader, m_artworkFiles,
                         now,           fileNameIn(device.browser)}
-    , m_detailServices{
-          device.library,
-          device.systemPlayer,
-          preferences,
-          device.addresses,
-          m_artworkServices,
-          device.catalog,
-          device.recognition,
-          m_searches,
-          [this] { return std::make_shared<MediaPicker>(m_device.library, m_device.browser, m_device.scan); },
-          [this] { return static_cast<int>(m_scenes.size()); },
-          {},
-          FormatLocale::fromEnvironment(),
-          QTimeZone::systemTimeZone(),
-          device.support}
+    , m_detailServices{device.library,
+                       device.systemPlayer,
+                       preferences,
+                       device.addresses,
+                       m_artworkServices,
+                       device.catalog,
+                       device.recognition,
+                       m_searches,
+                       [this] {
+                           return std::make_shared<MediaPicker>(m_device.library, m_device.browser,
+                                                                m_device.scan, m_device.index);
+                       },
+                       [this] { return static_cast<int>(m_scenes.size()); },
+                       {},
+                       FormatLocale::fromEnvironment(),
+                       QTimeZone::systemTimeZone(),
+                       device.support}
     , m_containerServices{device.player, preferences, m_artworkServices,
                           [] { return QDateTime::currentDateTime(); }}
     , m_opening(device.scan, device.songOfFile)

@@ -10,6 +10,7 @@
 #include "platform/Appearance.h"
 #include "platform/LibraryBrowser.h"
 #include "platform/LibraryScan.h"
+#include "platform/RecognitionIndex.h"
 
 #include <QQmlEngine>
 
@@ -24,6 +25,7 @@ struct AppDevice
     MediaLibrary &library;
     const LibraryBrowser &browser;
     LibraryScan &scan;
+    RecognitionIndex &index;
     MusicPlayer &player;
     SystemMusicPlayer &systemPlayer;
     Appearance &appearance;

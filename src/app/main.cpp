@@ -120,8 +120,9 @@ int runWindows(QGuiApplication &application, DesktopApplication &place, const St
     Preferences preferences(settingsFile("defaults.ini"));
     const CatalogLookup catalog(device.http(), catalogConfiguration(device.settingsFile()));
     AppDelegate app({device.library().mediaLibrary(), device.library().browser(), device.library().scan(),
-                     device.player(), device.systemPlayer(), device.appearance(), device.addresses(), catalog,
-                     device.recognition(), QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
+                     device.fingerprinting(), device.player(), device.systemPlayer(), device.appearance(),
+                     device.addresses(), catalog, device.recognition(),
+                     QStandardPaths::writableLocation(QStandardPaths::CacheLocation),
                      stateFile("windows.ini"), supportServices(device),
                      [&device](const QByteArray &path) {
                          const auto song = device.library().songForPath(path);

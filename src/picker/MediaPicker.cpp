@@ -16,11 +16,12 @@ constexpr int workerCount = 4;
 } // namespace
 
 MediaPicker::MediaPicker(MediaLibrary &library, const LibraryBrowser &browser, LibraryScan &scan,
-                         QObject *parent)
+                         RecognitionIndex &index, QObject *parent)
     : QObject(parent)
     , m_library(library)
     , m_browser(browser)
     , m_scan(new ScanStatus(scan, this))
+    , m_listening(new ListeningStatus(index, this))
     , m_tabLists{makeList(ListContent::Kind::Songs), makeList(ListContent::Kind::Artists),
                  makeList(ListContent::Kind::Albums), makeList(ListContent::Kind::Songs)}
     , m_groupSongs(makeList(ListContent::Kind::Songs))
@@ -59,6 +60,7 @@ void MediaPicker::prepare()
     m_isPresented = true;
     m_isShowingGroup = false;
     m_scan->lookForChanges();
+    m_listening->prepare();
     setSearchText({});
     for (LibraryListModel *list : allLists())
         list->highlight(-1);

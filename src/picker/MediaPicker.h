@@ -3,6 +3,7 @@
 
 #include "picker/EmptyState.h"
 #include "picker/LibraryListModel.h"
+#include "picker/ListeningStatus.h"
 #include "picker/ScanStatus.h"
 #include "song/MediaItem.h"
 
@@ -40,15 +41,16 @@ class MediaPicker : public QObject
     Q_PROPERTY(trackwise::LibraryListModel *groupSongs READ groupSongs CONSTANT)
     Q_PROPERTY(trackwise::LibraryListModel *results READ results CONSTANT)
     Q_PROPERTY(trackwise::ScanStatus *scan READ scan CONSTANT)
+    Q_PROPERTY(trackwise::ListeningStatus *listening READ listening CONSTANT)
     Q_PROPERTY(trackwise::EmptyState emptyState READ emptyState NOTIFY emptyStateChanged)
 
 public:
     enum class Tab { Songs, Artists, Albums, RecentlyAdded };
     Q_ENUM(Tab)
 
-    /// All three must outlive the picker.
+    /// All four must outlive the picker.
     MediaPicker(MediaLibrary &library, const LibraryBrowser &browser, LibraryScan &scan,
-                QObject *parent = nullptr);
+                RecognitionIndex &index, QObject *parent = nullptr);
     ~MediaPicker() override;
 
     /// Call each time the picker is about to be shown; its view does so when it is made.
@@ -77,6 +79,7 @@ public:
     [[nodiscard]] LibraryListModel *groupSongs() const { return m_groupSongs; }
     [[nodiscard]] LibraryListModel *results() const { return m_results; }
     [[nodiscard]] ScanStatus *scan() const { return m_scan; }
+    [[nodiscard]] ListeningStatus *listening() const { return m_listening; }
     [[nodiscard]] EmptyState emptyState() const;
 
     /// Picks the song of the current list's row, or opens its artist or album. Picking and cancelling end
@@ -118,6 +121,7 @@ private:
     const LibraryBrowser &m_browser;
     QThreadPool m_pool;
     ScanStatus *m_scan;
+    ListeningStatus *m_listening;
     std::array<LibraryListModel *, 4> m_tabLists{};
     LibraryListModel *m_groupSongs;
     LibraryListModel *m_results;

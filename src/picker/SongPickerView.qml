@@ -51,21 +51,39 @@ FocusScope {
     PickerPages {
         anchors.top: search.bottom
         anchors.topMargin: 4 // under the field's own air
-        anchors.bottom: banner.top
-        anchors.bottomMargin: banner.visible ? 0 : root.cornerMargin
+        anchors.bottom: banners.top
+        anchors.bottomMargin: banners.height > 0 ? 0 : root.cornerMargin
         anchors.left: parent.left
         anchors.right: parent.right
         isLow: root.isLow
         picker: root.picker
     }
-    ScanBanner {
-        id: banner
+    Column {
+        id: banners
 
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        height: visible ? implicitHeight : 0
-        visible: root.picker.scan.isRunning
-        scan: root.picker.scan
+
+        ProgressBanner {
+            width: parent.width
+            visible: root.picker.scan.isRunning
+            fraction: root.picker.scan.fraction
+            text: root.picker.scan.text
+            note: root.picker.scan.folder
+            commandTitle: qsTr("Stop Reading Music")
+            commandSymbol: "xmark.circle.fill"
+            onCommanded: root.picker.scan.cancel()
+        }
+        ProgressBanner {
+            width: parent.width
+            visible: root.picker.listening.isShown && !root.picker.scan.isRunning
+            fraction: root.picker.listening.fraction
+            text: root.picker.listening.text
+            note: root.picker.listening.activity
+            commandTitle: root.picker.listening.commandTitle
+            commandSymbol: root.picker.listening.commandSymbol
+            onCommanded: root.picker.listening.carryOut()
+        }
     }
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowControllers.h"
+#include "support/ScriptedIndex.h"
 #include "support/SyntheticLibrary.h"
 #include "support/Test.h"
 
@@ -11,6 +12,7 @@ struct PickersLibrary
 {
     SyntheticLibrary songs{10};
     ScriptedScan scan;
+    ScriptedIndex index;
 };
 
 /// Controllers with pickers, as many as are asked for, and a settings screen.
@@ -19,7 +21,7 @@ struct Window : PickersLibrary, WindowControllers
     Window()
         : WindowControllers([this](DetailServices &s) {
             s.makePicker = [this] {
-                pickers.push_back(std::make_shared<MediaPicker>(songs, songs, scan));
+                pickers.push_back(std::make_shared<MediaPicker>(songs, songs, scan, index));
                 return pickers.back();
             };
             s.connectedScenes = [this] { return windows; };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "picker/MediaPicker.h"
+#include "support/ScriptedIndex.h"
 #include "support/SyntheticLibrary.h"
 #include "support/Test.h"
 #include "support/ViewWindow.h"
@@ -13,7 +14,8 @@ struct ShownPicker
 {
     SyntheticLibrary library;
     ScriptedScan scan;
-    MediaPicker picker{library, library, scan};
+    ScriptedIndex index;
+    MediaPicker picker{library, library, scan, index};
     QSignalSpy picks{&picker, &MediaPicker::didPick};
     QSignalSpy cancels{&picker, &MediaPicker::didCancel};
 };
@@ -280,6 +282,41 @@ private Q_SLOTS:
 
         w.type("<i>x</i>");
         QTRY_COMPARE(w.picker.emptyState().message, u"No song matches “<i>x</i>”."_s);
+    }
+
+    void tellsHowFarListeningHasCome()
+    {
+        using Activity = RecognitionIndexState::Activity;
+        PickerWindow w(100);
+        const auto bar = [&](qsizetype done) {
+            const QString text = u"Listening to music: %1 of 2,000"_s.arg(QLocale().toString(done));
+            return w.find(text, QAccessible::ProgressBar);
+        };
+        const std::tuple<Activity, qsizetype, QString, bool> rows[]{
+            {Activity::Working, 1976, {}, false}, // of a few songs nobody needs to know
+            {Activity::Paused, 100, {}, false},   // nor of what was paused long ago
+            {Activity::Working, 1975, u"So that it can be recognized"_s, true},
+            {Activity::Working, 1999, u"So that it can be recognized"_s, true},
+            {Activity::Paused, 1999, u"Paused"_s, true},
+            {Activity::SavingPower, 1999, u"Paused: saving power"_s, true},
+            {Activity::Idle, 2000, {}, false}};
+        for (const auto &[activity, done, note, isShown] : rows) {
+            w.index.report({activity, done, 2000});
+            const auto shown = bar(done);
+            QCOMPARE(bool(shown), isShown);
+            QVERIFY(!shown || shown->property("note").toString() == note);
+        }
+        w.index.report({Activity::Working, 500, 2000});
+        QCOMPARE(w.picker.listening()->fraction(), 0.25);
+        w.click(Qt::LeftButton, u"Pause Listening to Music"_s);
+        w.index.report({Activity::Paused, 500, 2000});
+        w.click(Qt::LeftButton, u"Go On Listening to Music"_s);
+        QCOMPARE(w.index.asked, u"pg"_s);
+        w.scan.report({.isRunning = true});
+        QVERIFY(!bar(500)); // one thing at a time
+        w.scan.report({});
+        w.picker.prepare();
+        QVERIFY(!bar(500));
     }
 
     void theLabelAtTheTopFollowsTheRows()

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t nextPiece = std::size_t(10) * fingerprint::sampleRateHz;
 constexpr std::size_t longestClip = std::size_t(120) * fingerprint::sampleRateHz;
 /// What later pieces have to reach besides: the more is looked up, the likelier is chance.
-constexpr float laterScore = 1;
+constexpr float laterScore = 2;
 
 /// Adds to @p sound until there is so much of it, or all.
 std::optional<Failure> read(SoundDecoder &decoder, std::size_t samples, std::vector<float> &sound)

@@ -1,20 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick
-import Trackwise.Picker
 import Trackwise.Ui
 
-/// At the foot of the picker while the music folders are being read: how far, where, and a way to stop it.
+/// At the foot of the picker while something goes on in the background: how far, and a way to stop it.
 Item {
     id: root
 
-    required property ScanStatus scan
+    required property double fraction
+    required property string text
+    required property string note
+    required property string commandTitle
+    required property string commandSymbol
     readonly property real airAround: 6
     readonly property real lineHeight: 2
+
+    signal commanded
 
     implicitHeight: texts.height + 2 * root.airAround + root.lineHeight
 
     Accessible.role: Accessible.ProgressBar
     Accessible.name: progressText.text
+    Accessible.description: root.note
 
     Rectangle {
         anchors.top: parent.top
@@ -25,7 +31,7 @@ Item {
         Rectangle {
             anchors.left: parent.left
             height: parent.height
-            width: parent.width * root.scan.fraction
+            width: parent.width * root.fraction
             color: Theme.accent
         }
     }
@@ -34,7 +40,7 @@ Item {
 
         anchors.left: parent.left
         anchors.leftMargin: Theme.margin()
-        anchors.right: stop.left
+        anchors.right: command.left
         anchors.rightMargin: Theme.margin()
         anchors.bottom: parent.bottom
         anchors.bottomMargin: root.airAround
@@ -43,14 +49,14 @@ Item {
             id: progressText
 
             width: parent.width
-            text: root.scan.text
+            text: root.text
             style: Theme.footnote
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignLeft
         }
         StyledText {
             width: parent.width
-            text: root.scan.folder
+            text: root.note
             style: Theme.caption
             color: Theme.secondaryLabel
             elide: Text.ElideMiddle
@@ -58,15 +64,15 @@ Item {
         }
     }
     PlainButton {
-        id: stop
+        id: command
 
         anchors.right: parent.right
         anchors.rightMargin: Theme.margin()
         anchors.verticalCenter: texts.verticalCenter
         display: PlainButton.IconOnly
-        text: qsTr("Stop Reading Music")
-        symbolName: "xmark.circle.fill"
+        text: root.commandTitle
+        symbolName: root.commandSymbol
         color: Theme.secondaryLabel
-        onClicked: root.scan.cancel()
+        onClicked: root.commanded()
     }
 }
