@@ -1,23 +1,13 @@
 #!/bin/sh
 # SPDX-License-Identifier: GPL-3.0-or-later
 #
-# microphone.sh BUILD   how long it takes until the microphone gives its first piece of sound, and what gets lost in a
-# minute in which all processors are busy with something else. Needs pulseaudio and pulseaudio-utils.
+# microphone.sh BUILD [SECONDS]   how long it takes until the microphone gives its first piece of sound, and what gets
+# lost in so many seconds (60 unless they are given) in which all processors are busy with something else. Needs
+# pulseaudio and pulseaudio-utils.
 set -eu
 
 build=$1
-private=$(mktemp -d)
-export HOME="$private" XDG_RUNTIME_DIR="$private" PULSE_SERVER="unix:$private/native"
-# The output without rewinds gives sound in small pieces, as devices do.
-pulseaudio --daemonize=no -n --exit-idle-time=-1 \
-    --load="module-native-protocol-unix auth-anonymous=1 socket=$private/native" \
-    --load="module-null-sink sink_name=room norewinds=1 rate=48000" \
-    --load="module-remap-source master=room.monitor source_name=mic" 2>/dev/null &
-server=$!
-trap 'kill "$server"; wait "$server" || true; rm -rf "$private"' EXIT
-tries=0
-until pactl list short sources 2>/dev/null | grep -q mic || [ $tries -gt 100 ]; do
-    sleep 0.1
-    tries=$((tries + 1))
-done
-"$build/bench/device/audio/microphone_figures" 60
+# shellcheck source=bench/device/audio/room.sh
+. "$(dirname "$0")/device/audio/room.sh"
+room
+"$build/bench/device/audio/microphone_figures" "${2:-60}"

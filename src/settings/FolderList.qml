@@ -42,7 +42,7 @@ Column {
                 anchors.left: parent.left
                 anchors.leftMargin: root.symbolSpace
                 anchors.right: parent.right
-                title: folder.title
+                title: "\u2066%1\u2069".arg(folder.title) // from left to right everywhere
                 note: folder.note
                 isStacked: false
                 Accessible.role: Accessible.StaticText

@@ -23,7 +23,7 @@ QString IndexStatus::text() const
     const QLocale locale;
     const QString songs = tr("%1 of %2 songs can be recognized (%3)")
                               .arg(locale.toString(m_state.songsDone), locale.toString(m_state.songsTotal),
-                                   locale.formattedDataSize(m_state.bytes, 1));
+                                   locale.formattedDataSize(m_state.bytes, 1).replace(u' ', QChar::Nbsp));
     QStringList lines{songs, activity()};
     if (m_state.hasMissed)
         lines << tr("What was not recognized just now may be among the songs that are left.");

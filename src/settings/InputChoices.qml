@@ -15,6 +15,7 @@ FocusScope {
 
     readonly property real padding: 8
     readonly property real gap: 12
+    readonly property real largestMark: 28 // leaves large words their room
 
     implicitHeight: column.height
     Accessible.role: Accessible.Grouping
@@ -85,8 +86,8 @@ FocusScope {
                         id: words
 
                         anchors.left: parent.left
-                        anchors.right: mark.left
-                        anchors.rightMargin: root.gap
+                        anchors.right: parent.right
+                        anchors.rightMargin: mark.visible ? mark.width + root.gap : 0
                         anchors.verticalCenter: parent.verticalCenter
 
                         StyledText {
@@ -114,7 +115,7 @@ FocusScope {
                         anchors.verticalCenter: parent.verticalCenter
                         visible: choice.isOn
                         name: "checkmark"
-                        size: Math.round(1.1 * Theme.body.font.pixelSize)
+                        size: Math.min(root.largestMark, Math.round(1.1 * Theme.body.font.pixelSize))
                     }
                 }
             }

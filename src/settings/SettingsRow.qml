@@ -56,13 +56,11 @@ Item {
                 wrapMode: Text.Wrap
             }
         }
-        Item {
+        Row {
             id: place
 
             Layout.fillWidth: root.isStacked
             Layout.alignment: Qt.AlignVCenter
-            implicitWidth: childrenRect.width
-            implicitHeight: childrenRect.height
         }
     }
     Separator {

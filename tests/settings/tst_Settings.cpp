@@ -142,17 +142,17 @@ private Q_SLOTS:
         ScriptedIndex index;
         const IndexStatus status(index);
         const std::pair<RecognitionIndexState, QString> rows[]{
-            {{Activity::Idle, 40, 40, 300'000, {}}, u"40 of 40 songs can be recognized (293.0 KiB)"_s},
+            {{Activity::Idle, 40, 40, 300'000, {}}, u"40 of 40 songs can be recognized (293.0\u00a0KiB)"_s},
             {{Activity::Working, 1, 1200, 2'000, {}},
-             u"1 of 1,200 songs can be recognized (2.0 KiB)\nListening to music: 1,199 left"_s},
+             u"1 of 1,200 songs can be recognized (2.0\u00a0KiB)\nListening to music: 1,199 left"_s},
             {{Activity::Working, 1, 2, 2'000, {}, true},
-             u"1 of 2 songs can be recognized (2.0 KiB)\nListening to music: 1 left\n"
+             u"1 of 2 songs can be recognized (2.0\u00a0KiB)\nListening to music: 1 left\n"
              "What was not recognized just now may be among the songs that are left."_s},
-            {{Activity::Paused, 0, 0, 0, {}}, u"0 of 0 songs can be recognized (0 bytes)\nPaused"_s},
+            {{Activity::Paused, 0, 0, 0, {}}, u"0 of 0 songs can be recognized (0\u00a0bytes)\nPaused"_s},
             {{Activity::SavingPower, 0, 1, 0, {}},
-             u"0 of 1 songs can be recognized (0 bytes)\nPaused: saving power"_s},
+             u"0 of 1 songs can be recognized (0\u00a0bytes)\nPaused: saving power"_s},
             {{Activity::Unavailable, 0, 1, 0, u"disk full"_s},
-             u"0 of 1 songs can be recognized (0 bytes)\nNot possible at the moment"_s},
+             u"0 of 1 songs can be recognized (0\u00a0bytes)\nNot possible at the moment"_s},
         };
         for (const auto &[state, text] : rows) {
             index.report(state);
