@@ -10,6 +10,7 @@
 #include "artwork/ArtworkPicture.h"
 #include "support/Figures.h"
 #include "support/Photographs.h"
+#include "support/ScriptedIndex.h"
 #include "support/SyntheticLibrary.h"
 
 #include <QElapsedTimer>
@@ -65,6 +66,7 @@ struct App
     QTemporaryDir folder;
     LibraryWithCovers library;
     ScriptedScan scan;
+    ScriptedIndex index;
     MusicPlayerDouble player;
     SystemPlayerDouble systemPlayer;
     PlainLook look;
@@ -76,6 +78,7 @@ struct App
     AppDelegate app{{library,
                      library,
                      scan,
+                     index,
                      player,
                      systemPlayer,
                      look,

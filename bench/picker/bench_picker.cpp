@@ -8,6 +8,7 @@
 
 #include "device/library/LinuxLibrary.h"
 #include "picker/MediaPicker.h"
+#include "support/ScriptedIndex.h"
 #include "ui/Engine.h"
 
 #include <QElapsedTimer>
@@ -140,7 +141,8 @@ int show(const QString &database)
 {
     const auto library = opened(database);
     NoScan scan;
-    MediaPicker picker(library->mediaLibrary(), library->browser(), scan);
+    ScriptedIndex index;
+    MediaPicker picker(library->mediaLibrary(), library->browser(), scan, index);
     QElapsedTimer timer;
     timer.start();
     Stage stage(picker);

@@ -4,6 +4,7 @@
 #include "app/WindowControllers.h"
 #include "app/WindowScene.h"
 #include "artwork/ArtworkImageProvider.h"
+#include "support/ScriptedIndex.h"
 #include "support/SyntheticLibrary.h"
 #include "ui/Engine.h"
 #include "ui/Theme.h"
@@ -19,7 +20,7 @@ struct RealWindow : WindowDevice
     explicit RealWindow(const ThemeSettings &settings = {})
     {
         library.add(7, "Seven", "Band", "Album", "100");
-        services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan); };
+        services.makePicker = [this] { return std::make_shared<MediaPicker>(songs, songs, scan, index); };
         services.connectedScenes = [] { return 1; };
         prepareEngine(engine);
         themeOf(engine).setSettings(settings);
@@ -32,6 +33,7 @@ struct RealWindow : WindowDevice
 
     SyntheticLibrary songs{100};
     ScriptedScan scan;
+    ScriptedIndex index;
     QQmlEngine engine;
     std::unique_ptr<WindowScene> scene;
 };

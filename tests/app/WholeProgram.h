@@ -21,6 +21,7 @@ struct WholeProgram
         , app({device->library().mediaLibrary(),
                device->library().browser(),
                device->library().scan(),
+               device->fingerprinting(),
                device->player(),
                device->systemPlayer(),
                device->appearance(),
