@@ -277,10 +277,6 @@
         <source>Level</source>
         <translation>المستوى</translation>
     </message>
-    <message>
-        <source>No sound is coming in</source>
-        <translation>لا يصل أي صوت</translation>
-    </message>
 </context>
 <context>
     <name>MusicAppLink</name>
@@ -744,6 +740,14 @@
     <message>
         <source>Not available now</source>
         <translation>غير متوفر حاليًا</translation>
+    </message>
+    <message>
+        <source>Paused; choose an input to go on</source>
+        <translation>متوقف مؤقتًا؛ اختر إدخالًا للمتابعة</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>لا يصل أي صوت</translation>
     </message>
 </context>
 <context>

@@ -277,10 +277,6 @@
         <source>Level</source>
         <translation>Pegel</translation>
     </message>
-    <message>
-        <source>No sound is coming in</source>
-        <translation>Es kommt kein Ton an</translation>
-    </message>
 </context>
 <context>
     <name>MusicAppLink</name>
@@ -736,6 +732,14 @@
     <message>
         <source>Not available now</source>
         <translation>Derzeit nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Paused; choose an input to go on</source>
+        <translation>Angehalten; wähle einen Eingang, um fortzufahren</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Es kommt kein Ton an</translation>
     </message>
 </context>
 <context>

@@ -277,10 +277,6 @@
         <source>Level</source>
         <translation>Nivel</translation>
     </message>
-    <message>
-        <source>No sound is coming in</source>
-        <translation>No llega ningún sonido</translation>
-    </message>
 </context>
 <context>
     <name>MusicAppLink</name>
@@ -736,6 +732,14 @@
     <message>
         <source>Not available now</source>
         <translation>No disponible ahora</translation>
+    </message>
+    <message>
+        <source>Paused; choose an input to go on</source>
+        <translation>En pausa; elige una entrada para continuar</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>No llega ningún sonido</translation>
     </message>
 </context>
 <context>

@@ -277,10 +277,6 @@
         <source>Level</source>
         <translation>Niveau</translation>
     </message>
-    <message>
-        <source>No sound is coming in</source>
-        <translation>Aucun son n’est reçu</translation>
-    </message>
 </context>
 <context>
     <name>MusicAppLink</name>
@@ -736,6 +732,14 @@
     <message>
         <source>Not available now</source>
         <translation>Indisponible pour le moment</translation>
+    </message>
+    <message>
+        <source>Paused; choose an input to go on</source>
+        <translation>En pause ; choisissez une entrée pour continuer</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>Aucun son n’est reçu</translation>
     </message>
 </context>
 <context>

@@ -277,10 +277,6 @@
         <source>Level</source>
         <translation>レベル</translation>
     </message>
-    <message>
-        <source>No sound is coming in</source>
-        <translation>音が入力されていません</translation>
-    </message>
 </context>
 <context>
     <name>MusicAppLink</name>
@@ -734,6 +730,14 @@
     <message>
         <source>Not available now</source>
         <translation>現在利用できません</translation>
+    </message>
+    <message>
+        <source>Paused; choose an input to go on</source>
+        <translation>一時停止中。続けるには入力を選択してください</translation>
+    </message>
+    <message>
+        <source>No sound is coming in</source>
+        <translation>音が入力されていません</translation>
     </message>
 </context>
 <context>

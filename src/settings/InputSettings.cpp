@@ -4,15 +4,30 @@
 #include "platform/DeviceSettings.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace trackwise {
+
+namespace {
+
+/// The page may have been left open.
+constexpr std::chrono::minutes longestWatch{2};
+
+} // namespace
 
 InputSettings::InputSettings(DeviceSettings &device, std::unique_ptr<InputMonitor> monitor, QObject *parent)
     : QObject(parent)
     , m_device(device)
     , m_monitor(std::move(monitor))
 {
+    m_longestWatch.setParent(this);
+    m_longestWatch.setSingleShot(true);
+    m_longestWatch.setInterval(longestWatch);
+    connect(&m_longestWatch, &QTimer::timeout, this, [this] {
+        m_isForgotten = true;
+        updateMeasuring();
+    });
     connect(&m_device, &DeviceSettings::microphoneAccessDidChange, this, &InputSettings::updateMeasuring);
     connect(&m_device, &DeviceSettings::soundInputDidChange, this, [this] {
         updateChoices();
@@ -27,14 +42,26 @@ void InputSettings::setWatched(bool isWatched)
 {
     if (std::exchange(m_isWatched, isWatched) == isWatched)
         return;
+    m_isForgotten = false;
     updateMeasuring();
     Q_EMIT watchedChanged();
 }
 
+QString InputSettings::note() const
+{
+    if (m_isForgotten)
+        return tr("Paused; choose an input to go on");
+    return m_meter.isSilent() ? tr("No sound is coming in") : QString();
+}
+
 void InputSettings::choose(int row)
 {
-    if (const std::optional<SettingsLine> line = m_choices.line(row))
-        m_device.setSoundInput({line->key, line->title});
+    const std::optional<SettingsLine> line = m_choices.line(row);
+    if (!line)
+        return;
+    m_isForgotten = false;
+    m_device.setSoundInput({line->key, line->title});
+    updateMeasuring();
 }
 
 // What was chosen stays in the list, also while it is not there.
@@ -73,14 +100,17 @@ void InputSettings::updateChoices()
 void InputSettings::updateMeasuring()
 {
     std::optional<QString> wanted;
-    if (m_isWatched && m_device.microphoneAccess() == AccessChoice::Allowed)
+    if (m_isWatched && !m_isForgotten && m_device.microphoneAccess() == AccessChoice::Allowed)
         wanted = m_device.soundInput().name;
     if (std::exchange(m_measured, wanted) == wanted)
         return;
-    if (wanted)
+    if (wanted) {
         m_monitor->measure(*wanted);
-    else
+        m_longestWatch.start();
+    } else {
         m_monitor->stopMeasuring();
+        m_longestWatch.stop();
+    }
     m_meter = {};
     Q_EMIT levelChanged();
 }

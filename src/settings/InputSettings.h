@@ -5,6 +5,7 @@
 #include "settings/SettingsList.h"
 
 #include <QObject>
+#include <QTimer>
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
@@ -14,7 +15,7 @@ namespace trackwise {
 class DeviceSettings;
 
 /// Which input music recognition listens to, and how much comes in there. It listens itself only while
-/// somebody looks at the level and the microphone may be used. Main thread.
+/// somebody looks at the level and the microphone may be used, and not for minutes on end. Main thread.
 class InputSettings : public QObject
 {
     Q_OBJECT
@@ -24,7 +25,8 @@ class InputSettings : public QObject
     /// The level is in sight.
     Q_PROPERTY(bool isWatched READ isWatched WRITE setWatched NOTIFY watchedChanged)
     Q_PROPERTY(qreal level READ level NOTIFY levelChanged)
-    Q_PROPERTY(bool isSilent READ isSilent NOTIFY levelChanged)
+    /// Why the level says nothing.
+    Q_PROPERTY(QString note READ note NOTIFY levelChanged)
 
 public:
     /// @p device must outlive this object.
@@ -34,9 +36,9 @@ public:
     [[nodiscard]] bool isWatched() const { return m_isWatched; }
     void setWatched(bool isWatched);
     [[nodiscard]] qreal level() const { return m_meter.fullness(); }
-    /// Nothing has come in for a while, as from a microphone that is switched off.
-    [[nodiscard]] bool isSilent() const { return m_meter.isSilent(); }
+    [[nodiscard]] QString note() const;
 
+    /// It listens anew, too.
     Q_INVOKABLE void choose(int row);
 
 Q_SIGNALS:
@@ -53,6 +55,8 @@ private:
     SettingsList m_choices;
     SoundMeter m_meter;
     bool m_isWatched = false;
+    bool m_isForgotten = false; ///< it has been watched for too long
+    QTimer m_longestWatch;
     std::optional<QString> m_measured; ///< which choice
 };
 

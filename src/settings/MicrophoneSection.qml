@@ -46,7 +46,7 @@ SettingsSection {
         width: parent.width
         visible: root.screen.isMicrophoneAllowed
         title: qsTr("Level")
-        note: root.screen.input.isSilent ? qsTr("No sound is coming in") : ""
+        note: root.screen.input.note
         hasSeparator: false
 
         LevelMeter {

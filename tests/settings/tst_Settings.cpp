@@ -257,15 +257,23 @@ private Q_SLOTS:
         at.window.resize(360, 1200);
         QTRY_COMPARE(at.inputs->measured.last(), u"a"_s);
         Q_EMIT at.inputs->didHear({0.00002F, 2900ms});
-        QVERIFY(!at.screen.input()->isSilent());
+        QCOMPARE(at.screen.input()->note(), QString());
         Q_EMIT at.inputs->didHear({0, 100ms});
-        QVERIFY(at.screen.input()->isSilent());
+        QCOMPARE(at.screen.input()->note(), u"No sound is coming in"_s);
         Q_EMIT at.inputs->didHear({0.0001F, 40ms});
-        QVERIFY(!at.screen.input()->isSilent());
+        QCOMPARE(at.screen.input()->note(), QString());
         at.settings.setMicrophoneAccess(AccessChoice::Denied);
         QCOMPARE(at.inputs->measured.last(), u"nothing"_s);
         at.settings.setMicrophoneAccess(AccessChoice::Allowed);
         QTRY_COMPARE(at.inputs->measured.last(), u"a"_s);
+        auto *longest = at.screen.input()->findChild<QTimer *>();
+        QVERIFY(longest->isActive() && longest->intervalAsDuration() == 2min);
+        QTimerEvent hasCome(longest->timerId());
+        QCoreApplication::sendEvent(longest, &hasCome);
+        QCOMPARE(at.inputs->measured.last(), u"nothing"_s);
+        QCOMPARE(at.screen.input()->note(), u"Paused; choose an input to go on"_s);
+        at.press(u"Input, Desk"_s, Qt::Key_Return);
+        QCOMPARE(at.inputs->measured.last(), u"a"_s);
         QWindow other; // comes to the front
         other.show();
         other.requestActivate();
