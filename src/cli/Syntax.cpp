@@ -114,8 +114,9 @@ constexpr Command table[] = {
      {},
      "listen to the songs that are not known yet",
      "Brings the library up to date, and listens to all its songs that the catalog does not know yet; the "
-     "window does so by itself, in the background. A library that is named with --library is taken as it is, "
-     "unless its music folder is named too. It may be stopped: what was done is kept."},
+     "window does so by itself, in the background, and waits while this does. A library that is named with "
+     "--library is taken as it is, unless its music folder is named too. It may be stopped: what was done is "
+     "kept."},
     {CommandName::CatalogExport,
      Completion::Files,
      "catalog",

@@ -217,8 +217,8 @@ void LibraryFingerprinting::catalogDidChange()
 void LibraryFingerprinting::lookAgain()
 {
     m_others.begins = {};
-    if (m_looking.due == Beginning::Anew)
-        look(Beginning::Anew);
+    if (m_looking.due && m_holds.trouble.isEmpty()) // in a pause too, to tell what others did
+        look(*m_looking.due);
     advance();
 }
 

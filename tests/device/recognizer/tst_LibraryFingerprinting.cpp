@@ -186,6 +186,15 @@ private Q_SLOTS:
         };
         fingerprinting->lookForWork();
         QTRY_VERIFY(fingerprinting->state().songsDone > 0);
+        fingerprinting->setPaused(true);
+        QTRY_VERIFY(take(CatalogStore::Note::None));
+        QVERIFY(!store->removeAll());
+        store.reset();
+        QTRY_COMPARE(fingerprinting->state().songsDone, 0);
+        QCOMPARE(fingerprinting->state().activity, Activity::Paused);
+
+        fingerprinting->setPaused(false);
+        QTRY_VERIFY(fingerprinting->state().songsDone > 0);
         QVERIFY(!take(CatalogStore::Note::None));
         QTRY_VERIFY(take(CatalogStore::Note::Left)); // once it has been asked
         const auto done = store->songs().size();
@@ -201,12 +210,6 @@ private Q_SLOTS:
         store.reset();
         QTRY_COMPARE(fingerprinting->state().songsDone, 9);
         QTRY_COMPARE(fingerprinting->state().activity, Activity::Idle);
-
-        fingerprinting->setPaused(true);
-        fingerprinting->rebuild();
-        fingerprinting->setPaused(true);
-        QTRY_COMPARE(fingerprinting->state().activity, Activity::Paused);
-        QTRY_VERIFY(take(CatalogStore::Note::None));
     }
 
     void survivesEveryFile()
