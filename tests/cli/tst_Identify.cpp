@@ -189,11 +189,11 @@ private Q_SLOTS:
     {
         const auto &[clip, path] = *m_songOfClip.begin();
         const Sound song = soundOf(path);
-        const std::size_t before = 17 * sampleRateHz;
+        const auto before = std::size_t(17) * sampleRateHz;
         const auto after = [&](std::size_t samples) {
             Sound sound = noise(3, samples, 1e-6);
-            const auto part =
-                std::span(song).subspan(std::size_t(clipBegins * sampleRateHz), 5 * sampleRateHz);
+            const auto part = std::span(song).subspan(std::size_t(clipBegins * sampleRateHz),
+                                                      std::size_t(5) * sampleRateHz);
             sound.insert(sound.end(), part.begin(), part.end());
             return sound;
         };
@@ -205,7 +205,7 @@ private Q_SLOTS:
                  qPrintable(QString::number(place)));
         if (std::abs(place - clipBegins) < 0.3)
             QVERIFY(run(onDemo({"identify", late})).output.endsWith("  -0:09\n"));
-        const QByteArray tooLate = writeClip("tooLate.wav", after(125 * sampleRateHz));
+        const QByteArray tooLate = writeClip("tooLate.wav", after(std::size_t(125) * sampleRateHz));
         QCOMPARE(run(onDemo({"identify", tooLate})).code, 3);
     }
 
