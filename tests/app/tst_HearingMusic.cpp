@@ -23,7 +23,7 @@ Sound demoSong(const QString &file)
     auto decoder = SoundDecoder::open(QFile::encodeName(file));
     for (auto piece = decoder->next(); !piece.empty(); piece = decoder->next())
         sound.insert(sound.end(), piece.begin(), piece.end());
-    sound.erase(sound.begin(), sound.begin() + 3 * fingerprint::sampleRateHz);
+    sound.erase(sound.begin(), sound.begin() + 3L * fingerprint::sampleRateHz);
     const float loudest = *std::ranges::max_element(sound, {}, [](float s) { return std::abs(s); });
     for (float &sample : sound)
         sample *= 0.316F / std::abs(loudest);
@@ -262,8 +262,10 @@ private Q_SLOTS:
         const auto memoryBefore = memory();
         for (int i = 0; i < 50; ++i)
             QVERIFY(attempt());
-        QTRY_COMPARE(left(), before);
+        QTRY_VERIFY(left().first <= before.first && left().second <= before.second);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // which keep what is given back
         QVERIFY2(memory() < memoryBefore + 8'000, qPrintable(QString::number(memory() - memoryBefore)));
+#endif
     }
 
     void theMicrophoneGoes()
