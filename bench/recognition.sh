@@ -13,7 +13,7 @@ clips 40 250
 catalog 151 # those that are indexed, and none that is made up
 cat "$catalog.figures"
 "$programs/recognition_figures" "$catalog" "$clips" "$work/answers"
-"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold 4.5
+"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold "$certain"
 
 catalog 151 compact
 grep '^catalog' "$catalog.figures" | prefixed compact

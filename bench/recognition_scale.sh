@@ -17,9 +17,9 @@ for songs in 250 1000 10000 100000; do
     "$programs/recognition_figures" "$catalog" "$clips" "$work/answers"
     "$scripts/recall.py" "$clips/clips.csv" "$work/answers" | grep '^query' | prefixed "songs_$songs"
     "$programs/recognition_sessions" "$catalog" "$clips" "$work/looks" | prefixed "songs_$songs"
-    "$scripts/sessions.py" "$clips/clips.csv" "$work/looks" 4.5 | grep '^look' | prefixed "songs_$songs"
+    "$scripts/sessions.py" "$clips/clips.csv" "$work/looks" "$certain" | grep '^look' | prefixed "songs_$songs"
 done
 clips 40 250
 catalog 10000
 "$programs/recognition_figures" "$catalog" "$clips" "$work/answers"
-"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold 4.5 | prefixed songs_10000
+"$scripts/recall.py" "$clips/clips.csv" "$work/answers" --threshold "$certain" | prefixed songs_10000

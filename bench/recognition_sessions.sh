@@ -13,4 +13,5 @@ clips 60 1250
 catalog 151
 "$programs/recognition_sessions" "$catalog" "$clips" "$work/looks"
 "$programs/recognition_sessions" "$catalog" "$clips" "$work/looks-without" without | prefixed without
-"$scripts/sessions.py" "$clips/clips.csv" "$work/looks" 4.5 --without "$work/looks-without"
+"$scripts/sessions.py" "$clips/clips.csv" "$work/looks" "$certain" --without "$work/looks-without" \
+    --music "$work/music"

@@ -2,16 +2,20 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What becomes of sessions that listen to clips: one line a figure, name, value, unit.
 
-    sessions.py CLIPS LOOKS THRESHOLD [--without LOOKS]
+    sessions.py CLIPS LOOKS THRESHOLD [--without LOOKS --music FOLDER]
 
 CLIPS is what make_clips.py says of its clips, LOOKS what recognition_sessions printed, also for clips whose song the
-catalog was without. A session answers when two looks in a row score above the threshold and agree on the song; as in
+catalog was without: then FOLDER has the music, and answers that share recorded sound with what was heard are counted
+apart. A session answers when two looks in a row score above the threshold and agree on the song; as in
 fingerprint/Listening.cpp, every second after the fourth asks for 0.15 more.
 """
 import argparse
 import csv
 import math
 from collections import defaultdict
+from pathlib import Path
+
+from shared_sound import share_sound
 
 
 def more_asked(seconds):
@@ -79,12 +83,25 @@ def print_false(name, clips, sessions, threshold):
         print_mistake(clip, sessions.answer_to(clip["clip"], threshold))
 
 
+def print_without(clips, sessions, threshold, music):
+    """Clips of songs that the catalog was without, but not of their siblings in it."""
+    files = {path.name: path for path in music.rglob("*") if path.is_file()}
+    siblings = []
+    for clip in clips:
+        answer = sessions.answer_to(clip["clip"], threshold)
+        if answer and share_sound(files[clip["track"]], files[answer[0]]):
+            siblings.append(clip)
+    print_false("without_its_song", [clip for clip in clips if clip not in siblings], sessions, threshold)
+    print_false("siblings", siblings, sessions, threshold)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("clips")
     parser.add_argument("looks")
     parser.add_argument("threshold", type=float)
     parser.add_argument("--without")
+    parser.add_argument("--music", type=Path)
     options = parser.parse_args()
     sessions = Sessions(options.looks)
     with open(options.clips, encoding="utf-8", newline="") as table:
@@ -101,8 +118,8 @@ def main():
         print_false(kind, files, sessions, options.threshold)
     if options.without:
         without = Sessions(options.without)
-        print_false("without_its_song", [clip for clip in indexed if clip["clip"] in without.looks], without,
-                    options.threshold)
+        print_without([clip for clip in indexed if clip["clip"] in without.looks], without, options.threshold,
+                      options.music)
 
 
 if __name__ == "__main__":

@@ -17,11 +17,15 @@ constexpr std::size_t candidateCount = 100;
 constexpr std::size_t candidatesForSpeed = 25;
 /// A changed tempo costs the votes little, so only the best are compared at others.
 constexpr std::size_t candidatesForTempo = 10;
+/// Of the best so many are freed of what the beat has brought them, and of that so much: more would cost
+/// songs that are little but beat.
+constexpr std::size_t candidatesForBeat = 10;
+constexpr float weightOfBeat = 0.75F;
 /// Speeds that are tried where the song's own does not convince; verification bridges what lies between them.
 constexpr float otherSpeeds[]{0.98F, 1.02F, 0.96F, 1.04F};
 /// What makes further steps superfluous. More than what is certain in the end: a song that is played faster
 /// may resemble another one at its own speed.
-constexpr float convincingScore = 6;
+constexpr float convincingScore = 5;
 /// How much of the score of the best different song is taken off: where two convince, none does.
 constexpr float weightOfRival = 0.7F;
 /// Two recordings are one and the same music (a duplicate, a remaster) where this share of their peaks
@@ -112,6 +116,7 @@ void Matcher::verifyHeld()
         playing.middle += moved * playing.tempo;
         one.peaks = peaksAround({one.song, playing.middle}, m_query.middle() * widestTempo);
         one.agreement = bestSpeed(m_query.rows(), one.peaks, playing, Speeds::All);
+        one.beat.reset();
         if (std::isfinite(one.agreement.score))
             m_verified.push_back(one);
     }
@@ -173,6 +178,22 @@ void Matcher::tryTempos()
     sort(m_verified);
 }
 
+void Matcher::takeBeatOff()
+{
+    // Those that lose by it make room for others, which must not be better off.
+    for (bool isDone = false; !isDone;) {
+        isDone = true;
+        for (std::size_t i = 0; i < std::min(candidatesForBeat, m_verified.size()); ++i) {
+            Verified &one = m_verified[i];
+            if (one.beat)
+                continue;
+            one.beat = scoreOfBeat(m_query.rows(), one.peaks, one.agreement.playing);
+            isDone = false;
+        }
+        sort(m_verified);
+    }
+}
+
 void Matcher::sort(std::vector<Verified> &verified)
 {
     std::stable_sort(verified.begin(), verified.end(),
@@ -183,6 +204,7 @@ std::optional<Match> Matcher::decide()
 {
     if (m_verified.empty())
         return std::nullopt;
+    takeBeatOff();
     const Verified &best = m_verified.front();
     std::vector<SongNumber> same{best.song}; // and what is found to be the same music
     float rival = 0;

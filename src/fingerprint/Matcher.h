@@ -18,7 +18,7 @@ struct Match
 };
 
 /// From this score on a match is taken for certain.
-inline constexpr float certainScore = 4.5F;
+inline constexpr float certainScore = 4;
 
 /// Names the song of a sound, at any time while it comes in. What was found out at one look is kept for the
 /// next. One thread.
@@ -47,7 +47,8 @@ private:
         Agreement agreement;
         float popularity = 0; ///< how its votes compare with those of the others
         bool isOtherSpeed = false;
-        [[nodiscard]] float score() const { return agreement.score + popularity; }
+        std::optional<float> beat; ///< what of the score is its, where that is known
+        [[nodiscard]] float score() const { return agreement.score + popularity - beat.value_or(0); }
     };
 
     void trySpeed(std::size_t budget);
@@ -55,6 +56,7 @@ private:
     void verifyHeld();
     void hold();
     void tryTempos();
+    void takeBeatOff();
     std::span<const KeptPeak> peaksAround(const SongTime &time, float reach);
     static void sort(std::vector<Verified> &verified); ///< the best first
     [[nodiscard]] std::optional<Match> decide();

@@ -25,6 +25,14 @@ constexpr float leastPower = 2000;
 constexpr float weightOfSurprise = 0.6F;
 constexpr float weightOfShare = 0.4F;
 
+/// Pitches that tell of the beat, in bins from a song's own: a peak has none beside it within six.
+constexpr std::array otherPitches{-14, -12, -10, -8, 8, 10, 12, 14};
+
+/// The share, without the beat's, that is no more than the beat brings along, and that which needs no doubt:
+/// songs that are heard have 4 and more, others 2 at most.
+constexpr float doubtfulShare = 2;
+constexpr float certainShare = 6;
+
 constexpr float speedStep = 0.005F;
 constexpr int tempoSteps = 10;
 
@@ -36,15 +44,17 @@ struct Sums
     int peaks = 0;
 };
 
-Sums sumsOf(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing)
+/// Calls @p take with the bin and the frame of the query where each of the @p peaks should be.
+template <typename Take>
+void forEachPlace(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing,
+                  Take &&take)
 {
     const float middle = float(query.frames()) / 2;
     const float reach = middle * playing.tempo;
     const auto first = std::uint32_t(std::max(0.0F, std::floor(playing.middle - reach)));
     auto peak = std::lower_bound(peaks.begin(), peaks.end(), first,
                                  [](const KeptPeak &p, std::uint32_t frame) { return p.frame < frame; });
-    Sums sums;
-    for (; peak != peaks.end() && sums.peaks < mostPeaks; ++peak) {
+    for (int taken = 0; peak != peaks.end() && taken < mostPeaks; ++peak) {
         const auto frame =
             int(std::floor((float(peak->frame) - playing.middle) / playing.tempo + middle + 0.5F));
         const auto bin = int(std::lround(float(peak->bin) * playing.pitch));
@@ -52,12 +62,21 @@ Sums sumsOf(const QueryRows &query, std::span<const KeptPeak> peaks, const Playi
             break;
         if (frame < 0 || bin >= binCount)
             continue;
+        take(bin, frame);
+        ++taken;
+    }
+}
+
+Sums sumsOf(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing)
+{
+    Sums sums;
+    forEachPlace(query, peaks, playing, [&](int bin, int frame) {
         const std::int8_t *values = query.around(bin, frame);
         for (std::size_t i = 0; i < shiftsRead; ++i)
             sums.values[i] = std::int16_t(sums.values[i] + values[i]);
         sums.power += query.power(bin);
         ++sums.peaks;
-    }
+    });
     return sums;
 }
 
@@ -84,6 +103,18 @@ Chance chanceIn(const Sums &sums)
     return {float(mean), float(std::sqrt(std::max(0.0, variance)))};
 }
 
+float scoreOf(float value, float mean, const Sums &sums, const Chance &chance)
+{
+    const float surprise = (value - mean) / (chance.deviation + leastSpread);
+    const float share = value / std::sqrt(sums.power + leastPower);
+    return weightOfSurprise * surprise + weightOfShare * share;
+}
+
+float doubtIn(float share)
+{
+    return std::clamp((certainShare - share) / (certainShare - doubtfulShare), 0.0F, 1.0F);
+}
+
 Agreement better(const Agreement &one, const Agreement &other)
 {
     return other.score > one.score ? other : one;
@@ -99,9 +130,7 @@ Agreement agreement(const QueryRows &query, std::span<const KeptPeak> peaks, con
     const auto own = sums.values.begin() + largestShift;
     const auto best = std::max_element(own - ownShifts, own + ownShifts + 1);
     const Chance chance = chanceIn(sums);
-    const float surprise = (float(*best) - chance.mean) / (chance.deviation + leastSpread);
-    const float share = float(*best) / std::sqrt(sums.power + leastPower);
-    Agreement result{weightOfSurprise * surprise + weightOfShare * share, playing};
+    Agreement result{scoreOf(*best, chance.mean, sums, chance), playing};
     // What is heard later than expected is an earlier place of the song.
     result.playing.middle -= float(best - own) * playing.tempo;
     return result;
@@ -129,6 +158,26 @@ Agreement bestTempo(const QueryRows &query, std::span<const KeptPeak> peaks, con
         best = better(best, agreement(query, peaks, {playing.middle, playing.tempo * factor, playing.pitch}));
     }
     return best;
+}
+
+float scoreOfBeat(const QueryRows &query, std::span<const KeptPeak> peaks, const Playing &playing)
+{
+    int sum = 0;
+    int count = 0;
+    forEachPlace(query, peaks, playing, [&](int bin, int frame) {
+        for (const int pitch : otherPitches) {
+            if (bin + pitch < 0 || bin + pitch >= binCount)
+                continue;
+            sum += query.around(bin + pitch, frame)[largestShift];
+            ++count;
+        }
+    });
+    if (sum <= 0)
+        return 0;
+    const Sums sums = sumsOf(query, peaks, playing);
+    const float beat = float(sum) / float(count) * float(sums.peaks);
+    const float notes = (float(sums.values[largestShift]) - beat) / std::sqrt(sums.power + leastPower);
+    return doubtIn(notes) * scoreOf(beat, 0, sums, chanceIn(sums));
 }
 
 } // namespace trackwise::fingerprint

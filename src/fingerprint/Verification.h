@@ -43,4 +43,10 @@ enum class Speeds { Few, All };
 [[nodiscard]] Agreement bestTempo(const QueryRows &query, std::span<const KeptPeak> peaks,
                                   const Playing &playing);
 
+/// What of the score of a song that is @p playing is the beat's: what it would score at other pitches. A drum
+/// sounds at all of them, so that a song of the same beat agrees without a note in common. Nothing where the
+/// notes alone leave no doubt.
+[[nodiscard]] float scoreOfBeat(const QueryRows &query, std::span<const KeptPeak> peaks,
+                                const Playing &playing);
+
 } // namespace trackwise::fingerprint

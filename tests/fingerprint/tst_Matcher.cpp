@@ -67,6 +67,18 @@ Sound faster(const Sound &sound, double speed)
     return result;
 }
 
+/// Adds loud strokes, the same for all, each of a noise of its own.
+Sound withBeat(Sound sound, unsigned seed)
+{
+    std::mt19937 rhythm(1);
+    for (std::size_t at = 0; at + 1600 < sound.size(); at += 2000 * (1 + rhythm() % 3)) {
+        const Sound stroke = noise(seed + unsigned(at), 1600, 0.05);
+        for (std::size_t i = 0; i < stroke.size(); ++i)
+            sound[at + i] += stroke[i] * float(std::exp(-double(i) / 300));
+    }
+    return sound;
+}
+
 std::vector<Peak> somePeaks(unsigned seed, int count, unsigned highestBin = 320)
 {
     std::mt19937 random(seed);
@@ -244,6 +256,26 @@ private Q_SLOTS:
             const auto match = matchOf(m_catalog, other);
             QVERIFY2(!match || match->score < mostOfWrong, qPrintable(QString::number(double(match->score))));
         }
+    }
+
+    // What is left without the beat is nothing where the beat is all, and everything where notes are heard.
+    void theSameBeatIsNotTheSameSong()
+    {
+        const Sound strokes = withBeat(noise(3, 160000, 1e-4), 1);
+        const auto scores = [&](const Sound &heard, const Sound &recorded) {
+            Query query;
+            query.push(partOf(heard, 3, 6));
+            query.settle(Query::Ending::Final);
+            std::vector<KeptPeak> peaks;
+            for (const Peak &peak : peaksOf(recorded, songDensity))
+                peaks.push_back({std::uint32_t(peak.time), std::uint16_t(std::lround(peak.bin))});
+            const Agreement found = bestSpeed(query.rows(), peaks, {6 * framesPerSecond}, Speeds::Few);
+            return std::pair(found.score, scoreOfBeat(query.rows(), peaks, found.playing));
+        };
+        const auto [both, beat] = scores(withBeat(noise(4, 160000, 1e-4), 2), strokes);
+        QVERIFY2(both > 4 && beat > 0.8F * both, qPrintable(QString::asprintf("%f, %f", both, beat)));
+        const auto [same, none] = scores(withBeat(m_songs[2], 2), withBeat(m_songs[2], 1));
+        QVERIFY2(same > 6 && none < 0.1F * same, qPrintable(QString::asprintf("%f, %f", same, none)));
     }
 
     void recordingsOfTheSameMusicDoNotDenyEachOther()
