@@ -10,6 +10,7 @@ scripts=$(dirname "$0")/recognition
 work=${TRACKWISE_BENCH_DIR:-/var/tmp/trackwise-bench}/recognition
 seed=${TRACKWISE_BENCH_SEED:-1}
 # The score that is enough for an answer.
+# shellcheck disable=SC2034 # for those that read this
 certain=$(sed -n 's/.*certainScore = \([0-9.]*\).*/\1/p' "$(dirname "$0")/../src/fingerprint/Matcher.h")
 mkdir -p "$work"
 "$scripts/fetch_corpus.py" "$work/music"
