@@ -22,7 +22,6 @@ InputSettings::InputSettings(DeviceSettings &device, std::unique_ptr<InputMonito
     , m_monitor(std::move(monitor))
 {
     m_longestWatch.setParent(this);
-    m_longestWatch.setSingleShot(true);
     m_longestWatch.setInterval(longestWatch);
     connect(&m_longestWatch, &QTimer::timeout, this, [this] {
         m_isForgotten = true;
