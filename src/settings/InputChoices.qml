@@ -93,6 +93,7 @@ FocusScope {
                         StyledText {
                             width: parent.width
                             text: choice.title
+                            style: Theme.body.keepingWords(choice.title, width)
                             horizontalAlignment: Text.AlignLeft // or right, where one reads from there
                             wrapMode: Text.Wrap
                             Accessible.ignored: true

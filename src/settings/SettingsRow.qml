@@ -38,6 +38,7 @@ Item {
 
                 width: parent.width
                 text: root.title
+                style: Theme.body.keepingWords(root.title, width)
                 horizontalAlignment: Text.AlignLeft // or right, where one reads from there
                 wrapMode: Text.Wrap
                 Accessible.ignored: true

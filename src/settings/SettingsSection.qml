@@ -16,7 +16,7 @@ Column {
         topPadding: root.spaceAbove
         bottomPadding: root.spaceBelow
         text: root.title
-        style: Theme.isAccessibilitySize ? Theme.headline : Theme.title3.bold() // or long words would be broken
+        style: Theme.title3.bold().keepingWords(root.title, width)
         wrapMode: Text.Wrap
     }
 }

@@ -58,13 +58,14 @@ BaseButton {
                 id: label
 
                 readonly property real beside: root.symbolName !== "" ? symbol.width + row.spacing : 0
+                readonly property real available: root.maximumWidth - beside
 
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, root.maximumWidth - beside)
+                width: Math.min(implicitWidth, available)
                 wrapMode: Text.Wrap
                 visible: root.text !== "" && root.display !== T.AbstractButton.IconOnly
                 text: root.text
-                style: root.style
+                style: root.style.keepingWords(root.text, available)
                 color: root.color
                 verticalAlignment: Text.AlignVCenter
                 Accessible.ignored: true

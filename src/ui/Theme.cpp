@@ -49,23 +49,6 @@ double contrastRatio(const QColor &a, const QColor &b)
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-TextStyle TextStyle::weighing(QFont::Weight weight) const
-{
-    TextStyle style = *this;
-    style.font.setWeight(weight);
-    return style;
-}
-
-TextStyle TextStyle::atMost(int pixelSize) const
-{
-    TextStyle style = *this;
-    if (font.pixelSize() > pixelSize) {
-        style.font.setPixelSize(pixelSize);
-        style.lineHeight = std::round(lineHeight * pixelSize / font.pixelSize());
-    }
-    return style;
-}
-
 Theme::Theme(QObject *parent)
     : QObject(parent)
 {}

@@ -4,6 +4,7 @@
 #include "ui/SymbolProvider.h"
 #include "ui/Theme.h"
 
+#include <QFontMetricsF>
 #include <QQmlComponent>
 #include <QQmlEngine>
 
@@ -52,6 +53,22 @@ private Q_SLOTS:
                                   21, 15, 20, 13, 18, 12, 16, 11, 13, 17, 22, 15, 20}));
         QCOMPARE(sizes(2.35).mid(22), QList({24, 31, 24, 32})); // a bar has no room for more
         QCOMPARE(sizes(0.82).mid(0, 6), QList({28, 34, 23, 28, 18, 23}));
+    }
+
+    void wordsAreNotBroken()
+    {
+        Theme theme;
+        theme.setSettings({.textScale = 3.12});
+        const TextStyle style = theme.body();
+        const QString words = u"a Reconnaissance of music"_s;
+        const qreal widest = QFontMetricsF(style.font).horizontalAdvance(u"Reconnaissance"_s);
+        QCOMPARE(style.keepingWords(words, widest), style); // the words beside it go on in other lines
+        QCOMPARE(style.keepingWords(words, 0), style);
+        const TextStyle smaller = style.keepingWords(words, 0.7 * widest);
+        QVERIFY(QFontMetricsF(smaller.font).horizontalAdvance(u"Reconnaissance"_s) <= 0.7 * widest + 1);
+        QVERIFY(smaller.lineHeight < style.lineHeight &&
+                smaller.font.pixelSize() > 0.6 * style.font.pixelSize());
+        QCOMPARE(style.keepingWords(words, 10).font.pixelSize(), style.font.pixelSize() / 2);
     }
 
     void takesTheDesktopsAccentOnlyWhereItCanBeRead()
