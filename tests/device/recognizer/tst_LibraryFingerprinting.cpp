@@ -105,6 +105,9 @@ private Q_SLOTS:
         QCOMPARE(std::pair(state.songsDone, state.songsTotal), (std::pair<qsizetype, qsizetype>(3, 3)));
         QVERIFY(state.bytes > 1000);
         QCOMPARE(songs.known(), (Known{{"a.wav", 3}, {"b.wav", 3}, {"c.wav", 3}}));
+        const auto mergedNow =
+            std::get<0>(fingerprint::CatalogStore::open(songs.folder().toStdString()))->mergeSome();
+        QVERIFY(!std::get<bool>(mergedNow));           // it was tidied up before the end
         QCOMPARE(songs.state(noWorkers).songsDone, 3); // and nobody had to listen
 
         writeSong(songs.music, "b.wav", 9);
