@@ -124,6 +124,7 @@ void MenuBarReveal::leave()
     if (!m_isWalking)
         return;
     setWalking(false);
+    press(Qt::Key_Up); // where the mouse rests on the bar, it would open the menus of the next walk
     if (m_focusBefore)
         m_focusBefore->forceActiveFocus(Qt::MenuBarFocusReason);
 }

@@ -82,7 +82,7 @@ void FingerprintProcess::take()
         return;
     }
     HeardSong song{head.seconds, std::vector<fingerprint::Peak>(head.count)};
-    std::memcpy(song.peaks.data(), content, length);
+    std::copy_n(content, length, reinterpret_cast<char *>(song.peaks.data()));
     answer(song);
 }
 
