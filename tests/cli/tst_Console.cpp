@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Call.h"
 #include "cli/Console.h"
+#include "cli/NamedClip.h"
 #include "device/library/store/FilePaths.h"
 #include "support/Test.h"
 
@@ -69,6 +70,14 @@ private Q_SLOTS:
                                 "Comments  one\n"
                                 "          two\n"
                                 "          three\n"));
+    }
+
+    void tellsWhereInTheSongAClipBegins()
+    {
+        for (const auto &[seconds, place] :
+             {std::pair(-61.5, u"-1:01"_s), {-1, u"-0:01"_s}, {-0.9, u"0:00"_s}, {599.9, u"9:59"_s}})
+            QCOMPARE(textOf({.answer = {.match = {{.offsetSeconds = seconds}}}, .title = u"A"_s}),
+                     u"A  "_s + place);
     }
 
     void takesCallsApart()

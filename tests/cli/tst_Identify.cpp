@@ -203,8 +203,6 @@ private Q_SLOTS:
         const double place = found.value(u"offset_s"_s).toDouble() + 17;
         QVERIFY2(std::abs(place - clipBegins) < 0.3 || isRepeated(song, place),
                  qPrintable(QString::number(place)));
-        if (std::abs(place - clipBegins) < 0.3)
-            QVERIFY(run(onDemo({"identify", late})).output.endsWith("  -0:09\n"));
         const QByteArray tooLate = writeClip("tooLate.wav", after(std::size_t(125) * sampleRateHz));
         QCOMPARE(run(onDemo({"identify", tooLate})).code, 3);
     }

@@ -83,9 +83,11 @@ LibraryFingerprinting::LibraryFingerprinting(const LibraryQuestions &library, QB
         pool->setMaxThreadCount(1);
     m_pools.tidying.start(workQuietly);
     m_pools.tidying.setExpiryTimeout(-1); // its thread stays, and quiet
+    m_telling.setParent(this);
     m_telling.setSingleShot(true);
     m_telling.setInterval(tellingInterval);
     connect(&m_telling, &QTimer::timeout, this, &RecognitionIndex::stateDidChange);
+    m_others.end.setParent(this);
     m_others.end.setSingleShot(true);
     m_others.end.setInterval(m_workers.isPatient ? turnOfOthers : std::chrono::milliseconds(nextAttempt));
     connect(&m_others.end, &QTimer::timeout, this, &LibraryFingerprinting::lookAgain);

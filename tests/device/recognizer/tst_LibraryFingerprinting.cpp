@@ -7,10 +7,14 @@
 #include "support/Test.h"
 #include "support/WavFile.h"
 
+#include <QProcess>
 #include <QSignalSpy>
 
 #include <cstdlib>
+#include <functional>
 #include <map>
+#include <sched.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -21,7 +25,7 @@ const Workers noWorkers{u"/nonexistent"_s, {}, 1};
 
 Workers workers(int count = 2)
 {
-    return {u"/proc/self/exe"_s, {QString::fromLatin1(workerArgument)}, count};
+    return {u"/proc/self/exe"_s, Workers::ofThisProgram(Effort::Full).arguments, count};
 }
 
 /// What this program does as a worker: some songs are more than it can take.
@@ -160,6 +164,9 @@ private Q_SLOTS:
         QTRY_VERIFY(!fingerprinting->state().hasMissed);
         fingerprinting->noteMiss(); // all songs are known
         QVERIFY(!fingerprinting->state().hasMissed);
+        const auto timers = fingerprinting->findChildren<QTimer *>();
+        QTRY_VERIFY(!timers.empty() &&
+                    std::none_of(timers.begin(), timers.end(), std::mem_fn(&QTimer::isActive)));
 
         fingerprinting->clear();
         QTRY_COMPARE(fingerprinting->state().songsDone, 0);
@@ -233,6 +240,22 @@ private Q_SLOTS:
         QCOMPARE(songs.state(noWorkers).activity, Activity::Idle); // none is tried again
     }
 
+    void workersTakeWhatNobodyElseWants()
+    {
+        const auto background = Workers::ofThisProgram(Effort::Background);
+        QProcess worker;
+        worker.start(background.program, background.arguments);
+        QTRY_COMPARE(sched_getscheduler(pid_t(worker.processId())), SCHED_IDLE);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+        rlimit memory{};
+        QCOMPARE(prlimit(pid_t(worker.processId()), RLIMIT_DATA, nullptr, &memory), 0);
+        QVERIFY(memory.rlim_cur <= rlim_t(1) << 30);
+#endif
+        worker.closeWriteChannel();
+        QVERIFY(worker.waitForFinished());
+        QCOMPARE(worker.exitCode(), 0);
+    }
+
     void saysWhatKeepsItFromWorking()
     {
         Songs songs;
@@ -245,8 +268,8 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && std::string_view(argv[1]) == workerArgument)
-        return runFingerprintWorker(STDIN_FILENO, STDOUT_FILENO, nameOf(Effort::Full), listen, 0s);
+    if (argc == 3 && std::string_view(argv[1]) == workerArgument)
+        return runFingerprintWorker(STDIN_FILENO, STDOUT_FILENO, argv[2], listen, 0s);
     QCoreApplication application(argc, argv);
     tst_LibraryFingerprinting test;
     return QTest::qExec(&test, argc, argv);
