@@ -131,6 +131,7 @@ private Q_SLOTS:
         QVERIFY(m_player.appear());
         Program program(m_music, m_folder, m_catalog);
         WindowScene &stays = program.openWindow();
+        QVERIFY(stays.window().property("container").value<ContainerViewController *>()->sidebar());
         QTRY_VERIFY(stays.detail().isTrackingNowPlaying());
         for (int round = 0; round < rounds; ++round) {
             WindowScene &closes = program.openWindow();

@@ -191,6 +191,24 @@ private Q_SLOTS:
             }));
     }
 
+    void readsNothingByADirectoryThatIsTooShort()
+    {
+        const PlaceCoding coding(PlaceCoding::widestGroup, 1000);
+        PlacePacker packer(coding);
+        packer.add(77, std::array<LinePlace, 2>{3, 900});
+        std::vector<std::uint8_t> groups = packer.finish();
+        const auto directory = packer.directory();
+        std::vector<std::uint8_t> bytes = directory.bytes;
+        for (std::vector<std::uint8_t> *padded : {&groups, &bytes})
+            padded->resize(padded->size() + bitPadding);
+        const auto placesWithout = [&](std::size_t missing) {
+            const auto whole = std::span(bytes).first(directory.bytes.size() - missing);
+            return PackedPlaces(coding, {groups, whole, directory.bits}).places(77).size();
+        };
+        QCOMPARE(placesWithout(0), 2U);
+        QCOMPARE(placesWithout(1), 0U);
+    }
+
     void answersWithinAnyBytes()
     {
         // A hostile file has the right checksums.

@@ -279,6 +279,7 @@ private Q_SLOTS:
         QCOMPARE(a.hud.level(), 0.0);
         QCOMPARE(hear(0.00003F, 1ms),
                  u"say No sound is coming in|hud Music Recognition|No sound is coming in"_s);
+        QCOMPARE(a.hud.level(), 0.0);
         QCOMPARE(hear(0, 9s), u"|No sound is coming in"_s);
         QCOMPARE(a.timers().keys(), (QList{250, 500}));
         QCOMPARE(hear(0.1F, 40ms), u"hud Music Recognition|Listening…"_s);
