@@ -113,7 +113,7 @@ struct Seen
     /// Waits for the end of the attempt.
     QString texts()
     {
-        (void)QTest::qWaitFor([this] { return !shown.empty() && !hud.config(); }, 30'000);
+        (void)QTest::qWaitFor([this] { return !shown.empty() && !hud.config(); }, 60'000);
         return std::exchange(shown, {}).join(u", "_s);
     }
     void look()

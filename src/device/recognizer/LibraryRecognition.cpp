@@ -109,6 +109,12 @@ public:
         hasHeard = true;
         m_queue.push(heard);
     }
+    /// Later, and no more once the attempt was stopped. From any of its threads.
+    template <typename Signals>
+    void tell(Signals signals)
+    {
+        QMetaObject::invokeMethod(&m_listener, std::move(signals), Qt::QueuedConnection);
+    }
 
     bool hasHeard = false; ///< of the microphone's thread
 
@@ -126,7 +132,7 @@ private:
         Answer answer = Answer::Undecided;
         const auto hear = [&](const PieceQueue::Piece &piece) {
             const std::span samples(piece.samples.data(), piece.count);
-            Q_EMIT m_session.didHear(levelOf(samples, piece.rateHz));
+            tell([this, level = levelOf(samples, piece.rateHz)] { Q_EMIT m_session.didHear(level); });
             sound.clear();
             resampler.add(samples, piece.rateHz, sound);
             answer = listening.hear(sound);
@@ -135,15 +141,21 @@ private:
             if (!m_queue.take(hear))
                 return;
         }
-        Q_EMIT m_session.didDecide(answerOf(listening, answer == Answer::Match));
-        if (answer == Answer::Match)
-            Q_EMIT m_session.didFind(
-                {itemOf(listening.catalog(), listening.match().song, m_session.m_sources.naming)});
-        else
-            Q_EMIT m_session.didNotFind(std::nullopt);
+        const bool isMatch = answer == Answer::Match;
+        std::vector<MatchedMediaItem> found;
+        if (isMatch)
+            found.push_back(itemOf(listening.catalog(), listening.match().song, m_session.m_sources.naming));
+        tell([&session = m_session, found, decided = answerOf(listening, isMatch)] {
+            Q_EMIT session.didDecide(decided);
+            if (found.empty())
+                Q_EMIT session.didNotFind(std::nullopt);
+            else
+                Q_EMIT session.didFind(found);
+        });
     }
 
     LibraryRecognition &m_session;
+    QObject m_listener; ///< of the session's thread
     PieceQueue m_queue;
     std::thread m_thread; ///< the last: it uses the others
 };
@@ -164,14 +176,18 @@ std::optional<Failure> LibraryRecognition::start()
     m_microphone.start(
         m_sources.input(), [attempt = m_attempt.get()](const HeardSound &heard) { attempt->take(heard); },
         [this, attempt = m_attempt.get()](const Failure &failure) {
-            if (attempt->hasHeard)
-                Q_EMIT didBreakOff(explained(failure));
-            else
-                Q_EMIT didNotFind(explained(failure));
+            attempt->tell([this, hasHeard = attempt->hasHeard, why = explained(failure)] {
+                if (hasHeard)
+                    Q_EMIT didBreakOff(why);
+                else
+                    Q_EMIT didNotFind(why);
+            });
         });
     auto failure = m_microphone.failureToStart();
-    if (failure)
+    if (failure) {
+        stop();
         failure->detail = explained(*failure);
+    }
     return failure;
 }
 

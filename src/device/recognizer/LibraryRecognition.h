@@ -12,7 +12,8 @@
 namespace trackwise {
 
 /// Finds out which song is heard by comparing it with the songs of this device, and with the catalogs that
-/// were added. What was heard is kept until the answer only, in memory.
+/// were added. What was heard is kept until the answer only, in memory. Its signals come from its own thread,
+/// which has an event loop, and none of an attempt that was stopped.
 class LibraryRecognition final : public RecognitionSession
 {
     Q_OBJECT
@@ -37,10 +38,9 @@ public:
     [[nodiscard]] bool isRunning() const override;
 
 Q_SIGNALS:
-    /// Comes before didFind(), or didNotFind() without an error, with what they leave out. On any thread.
+    /// Comes before didFind(), or didNotFind() without an error, with what they leave out.
     void didDecide(const trackwise::ClipAnswer &answer);
-    /// It heard something, and then the microphone went; there is no answer. @p why is for the user. On any
-    /// thread.
+    /// It heard something, and then the microphone went; there is no answer. @p why is for the user.
     void didBreakOff(const QString &why);
 
 private:
