@@ -277,6 +277,12 @@ private Q_SLOTS:
         const Outcome half = run(QByteArrayList{"identify", m_stranger} + fresh);
         QVERIFY(half.errors.startsWith("trackwise: 1 of 2 songs are not known by their sound yet"));
         QVERIFY(build().output.endsWith("\n2 of 2 songs\n"));
+        (void)writeClip("new/three.wav", piece(3, 8));
+        QCOMPARE(run(QByteArrayList{"library", "scan"} + fresh).code, 0);
+        QFile::remove(QFile::decodeName(inScratch("new/three.wav")));
+        const Outcome left = run({"catalog", "build", "--library", inScratch("new.db")});
+        QCOMPARE(std::pair(left.code, left.errors),
+                 std::pair(1, "trackwise: 1 songs could not be read now\n"_ba));
         QFile::remove(QFile::decodeName(inScratch("new/one.wav")));
         QVERIFY(build().output.endsWith("\n1 of 1 songs\n"));
     }
