@@ -881,6 +881,10 @@
         <source>No sound on this device</source>
         <translation>لا يوجد صوت على هذا الجهاز</translation>
     </message>
+    <message>
+        <source>Couldn&apos;t read known songs</source>
+        <translation>تعذّرت قراءة الأغاني المعروفة</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LinkDrop</name>

@@ -873,6 +873,10 @@
         <source>No sound on this device</source>
         <translation>Kein Ton auf diesem Gerät</translation>
     </message>
+    <message>
+        <source>Couldn&apos;t read known songs</source>
+        <translation>Bekannte Titel nicht lesbar</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LinkDrop</name>

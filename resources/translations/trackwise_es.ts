@@ -873,6 +873,10 @@
         <source>No sound on this device</source>
         <translation>No hay sonido en este dispositivo</translation>
     </message>
+    <message>
+        <source>Couldn&apos;t read known songs</source>
+        <translation>No se han podido leer las canciones</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LinkDrop</name>

@@ -873,6 +873,10 @@
         <source>No sound on this device</source>
         <translation>Pas de son sur cet appareil</translation>
     </message>
+    <message>
+        <source>Couldn&apos;t read known songs</source>
+        <translation>Morceaux connus illisibles</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LinkDrop</name>

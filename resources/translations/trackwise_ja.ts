@@ -871,6 +871,10 @@
         <source>No sound on this device</source>
         <translation>このデバイスでは音声を使えません</translation>
     </message>
+    <message>
+        <source>Couldn&apos;t read known songs</source>
+        <translation>既知の曲を読み込めませんでした</translation>
+    </message>
 </context>
 <context>
     <name>trackwise::LinkDrop</name>

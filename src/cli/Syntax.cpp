@@ -76,9 +76,11 @@ constexpr Command table[] = {
      "which song of the library is heard",
      "Names the song of the library, or of an added catalog, that is heard in each file, or in what comes "
      "from standard input (-): by its first 15 seconds, or where those are of no known song by what follows, "
-     "up to two minutes. With --listen it names what the microphone hears, the system's default one; that "
-     "takes 13 seconds at most. It ends with 0 where all were recognised, with 3 where one was not, with 1 "
-     "where one could not be read. With --json each line has file (null for the microphone), match, path, "
+     "up to two minutes. With --listen it names what is heard by the input that was chosen in the settings, "
+     "or "
+     "else by the system's default one; that takes 13 seconds at most. It ends with 0 where all were "
+     "recognised, with 3 where one was not, with 1 where one could not be read. With --json each line has "
+     "file (null for the microphone), match, path, "
      "persistentID, title, artist, offset_s (the place in the song, in seconds, at which the file or the "
      "listening begins; below zero where the song begins later), score, threshold (the score of a match) and "
      "ms (the time it took), or file and error."},

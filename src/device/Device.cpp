@@ -92,10 +92,7 @@ Device::Recognition::Recognition(DeviceSettings &settings, const QString &appId,
     , services{audioSession,
                [&library, &settings] {
                    return std::make_unique<LibraryRecognition>(LibraryRecognition::Sources{
-                       .catalog =
-                           [path = library.configuration().databasePath] {
-                               return readCatalog(path).valueOr(nullptr);
-                           },
+                       .catalog = [path = library.configuration().databasePath] { return readCatalog(path); },
                        .naming = namingBy(library),
                        .input = [&settings] { return settings.soundInput().name.toUtf8(); }});
                },

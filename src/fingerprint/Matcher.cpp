@@ -17,10 +17,8 @@ constexpr std::size_t candidateCount = 100;
 constexpr std::size_t candidatesForSpeed = 25;
 /// A changed tempo costs the votes little, so only the best are compared at others.
 constexpr std::size_t candidatesForTempo = 10;
-/// Of the best so many are freed of what the beat has brought them, and of that so much: more would cost
-/// songs that are little but beat.
+/// Of the best so many are freed of what the beat has brought them.
 constexpr std::size_t candidatesForBeat = 10;
-constexpr float weightOfBeat = 0.75F;
 /// Speeds that are tried where the song's own does not convince; verification bridges what lies between them.
 constexpr float otherSpeeds[]{0.98F, 1.02F, 0.96F, 1.04F};
 /// What makes further steps superfluous. More than what is certain in the end: a song that is played faster

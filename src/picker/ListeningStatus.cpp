@@ -33,7 +33,9 @@ void ListeningStatus::update()
     m_state = m_index.state();
     const qsizetype left = m_state.songsTotal - m_state.songsDone;
     const bool isWorthMentioning = m_state.activity == Activity::Working && left >= manySongs;
-    m_isShown = (m_isShown || isWorthMentioning) && left > 0 && m_state.activity != Activity::Unavailable;
+    // Songs that cannot be read stay left over when all is done.
+    const bool isUnderWay = m_state.activity != Activity::Idle && m_state.activity != Activity::Unavailable;
+    m_isShown = (m_isShown || isWorthMentioning) && left > 0 && isUnderWay;
     Q_EMIT changed();
 }
 

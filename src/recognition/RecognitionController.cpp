@@ -171,7 +171,7 @@ void RecognitionController::lookAfterEngine()
 
 void RecognitionController::setState(ShazamState state)
 {
-    if (std::holds_alternative<NoMatchFound>(std::exchange(m_state, std::move(state))))
+    if (std::holds_alternative<NoMatchFound>(std::exchange(m_state, std::move(state))) && !m_meter.isSilent())
         m_services.noteMiss();
     m_actions.stateDidChange();
     for (QTimer *timer : {&m_timers.dismissHUD, &m_timers.haptics, &m_timers.audioEngineRunning})
@@ -186,9 +186,9 @@ void RecognitionController::setState(ShazamState state)
 
 void RecognitionController::perform(const StateEffects &effects)
 {
+    m_hud.setLevel(0);
     if (isListening()) {
         m_meter = {};
-        m_hud.setLevel(0);
         if (!m_haptics)
             m_haptics = m_services.makeHaptics();
         m_haptics->prepare();

@@ -45,7 +45,7 @@ FocusScope {
                 opacity: down ? 0.6 : 1
                 checkable: true
                 checked: choice.isOn
-                onToggled: {
+                onClicked: { // where it is on, too: what has ended begins anew
                     root.chosen(choice.index);
                     choice.checked = Qt.binding(() => choice.isOn); // again; it is the owner who decides
                 }

@@ -59,6 +59,7 @@ void InputSettings::choose(int row)
     if (!line)
         return;
     m_isForgotten = false;
+    m_measured.reset();
     m_device.setSoundInput({line->key, line->title});
     updateMeasuring();
 }

@@ -299,7 +299,7 @@ private Q_SLOTS:
             {Activity::Working, 1999, u"So that it can be recognized"_s, true},
             {Activity::Paused, 1999, u"Paused"_s, true},
             {Activity::SavingPower, 1999, u"Paused: saving power"_s, true},
-            {Activity::Idle, 2000, {}, false}};
+            {Activity::Idle, 1999, {}, false}}; // one cannot be read
         for (const auto &[activity, done, note, isShown] : rows) {
             w.index.report({activity, done, 2000});
             const auto shown = bar(done);

@@ -291,7 +291,17 @@ private Q_SLOTS:
         QCOMPARE(hear(0.5F, 40ms), u"|Band"_s); // it is over
         (void)a.request();
         QCOMPARE(hear(0, 1s), u"|Listening…"_s); // and begins anew
+        (void)hear(1, 40ms);
+        a.answer({item("100", "", "")});
+        (void)a.taken();
         QCOMPARE(a.hud.level(), 0.0);
+        (void)a.request();
+        (void)hear(0, 13s);
+        Q_EMIT a.session->didNotFind({});
+        QVERIFY(a.taken().contains(u"No Result"_s));
+        a.fire(-4000);
+        a.hud.didHide();
+        QVERIFY(!a.taken().contains(u"miss"_s)); // nothing was heard
     }
 
     void keepsToItsModelWhateverHappens()

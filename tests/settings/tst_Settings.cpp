@@ -262,6 +262,9 @@ private Q_SLOTS:
         QCOMPARE(at.screen.input()->note(), u"No sound is coming in"_s);
         Q_EMIT at.inputs->didHear({0.0001F, 40ms});
         QCOMPARE(at.screen.input()->note(), QString());
+        at.inputs->measured.clear();
+        at.press(u"Input, Desk"_s); // where it gave up
+        QCOMPARE(at.inputs->measured, QStringList(u"a"_s));
         at.settings.setMicrophoneAccess(AccessChoice::Denied);
         QCOMPARE(at.inputs->measured.last(), u"nothing"_s);
         at.settings.setMicrophoneAccess(AccessChoice::Allowed);

@@ -101,10 +101,8 @@ void Microphone::Capture::run()
 
 void Microphone::Capture::wait(Clock::duration longest)
 {
-    const auto time =
-        std::chrono::ceil<std::chrono::microseconds>(std::max(longest, Clock::duration::zero()));
-    if (pa_mainloop_prepare(m_loop.get(), int(time.count())) >= 0 && pa_mainloop_poll(m_loop.get()) >= 0)
-        (void)pa_mainloop_dispatch(m_loop.get());
+    const auto time = std::max(longest, Clock::duration::zero());
+    turn(m_loop.get(), std::chrono::ceil<std::chrono::microseconds>(time), isRunning);
 }
 
 void Microphone::Capture::connect()

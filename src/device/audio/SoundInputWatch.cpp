@@ -40,22 +40,16 @@ private:
     {
         while (m_isWanted && m_loop) {
             followServer();
-            wait(untilNextAttempt);
+            turn(m_loop.get(), untilNextAttempt, m_isWanted);
         }
     }
     void followServer()
     {
         const SoundServer server(m_loop.get(), [this](const SoundInputs &inputs) { tell(inputs); });
         while (m_isWanted && !server.isGone())
-            wait(-1us);
+            turn(m_loop.get(), -1us, m_isWanted);
         if (m_isWanted)
             tell({});
-    }
-    void wait(std::chrono::microseconds longest)
-    {
-        if (pa_mainloop_prepare(m_loop.get(), int(longest.count())) >= 0 &&
-            pa_mainloop_poll(m_loop.get()) >= 0)
-            (void)pa_mainloop_dispatch(m_loop.get());
     }
     void tell(const SoundInputs &inputs)
     {

@@ -18,6 +18,16 @@ void release(pa_operation *operation)
 
 } // namespace
 
+void turn(pa_mainloop *loop, std::chrono::microseconds longest, const std::atomic<bool> &isWanted)
+{
+    if (pa_mainloop_prepare(loop, int(longest.count())) < 0)
+        return;
+    if (!isWanted)
+        pa_mainloop_wakeup(loop); // preparing takes back what woke it up before
+    if (pa_mainloop_poll(loop) >= 0)
+        (void)pa_mainloop_dispatch(loop);
+}
+
 void CloseStream::operator()(pa_stream *stream) const
 {
     pa_stream_set_state_callback(stream, nullptr, nullptr);

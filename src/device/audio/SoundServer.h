@@ -9,6 +9,8 @@
 #include <pulse/stream.h>
 #include <pulse/subscribe.h>
 
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -19,6 +21,10 @@ struct FreeMainloop
     void operator()(pa_mainloop *loop) const { pa_mainloop_free(loop); }
 };
 using MainloopPtr = std::unique_ptr<pa_mainloop, FreeMainloop>;
+
+/// Lets happen what there is to happen, for which it waits @p longest (below zero: for ever). It ends at once
+/// where @p isWanted is false; whoever makes it so wakes up the loop then.
+void turn(pa_mainloop *loop, std::chrono::microseconds longest, const std::atomic<bool> &isWanted);
 
 struct CloseStream
 {

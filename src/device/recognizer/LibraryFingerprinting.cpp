@@ -130,10 +130,10 @@ void LibraryFingerprinting::takeSurvey(Beginning beginning, CatalogSurvey survey
     m_looking.isRunning = false;
     m_store = std::move(survey.store);
     m_others.notes.addPath(QFile::decodeName(m_folder));
-    if (survey.isInUse) {
+    if (survey.isInUse)
         m_looking.due = beginning;
-        m_others.end.start();
-    }
+    if (survey.isInUse || isWantedByOthers()) // a note may have been left before there was a watch
+        beginTurnOfOthers();
     m_songs.todo = std::move(survey.todo);
     m_songs.total = survey.total;
     m_songs.done = survey.total - std::ssize(m_songs.todo);
@@ -206,18 +206,31 @@ void LibraryFingerprinting::letOthersWrite()
 /// Where it was not us, somebody has left a note, or has written the catalog.
 void LibraryFingerprinting::catalogDidChange()
 {
-    const bool isWanted = !m_store || (m_workers.isPatient && m_store->isWanted());
-    if (!isWanted)
+    if (m_looking.isRunning || (m_store && !isWantedByOthers()))
         return;
     if (!m_store)
         m_looking.due = m_looking.due.value_or(Beginning::WithWhatIsThere);
+    beginTurnOfOthers();
+    advance();
+}
+
+bool LibraryFingerprinting::isWantedByOthers() const
+{
+    return m_store && m_workers.isPatient && m_store->isWanted();
+}
+
+void LibraryFingerprinting::beginTurnOfOthers()
+{
     m_others.end.start();
     m_others.begins.request_stop();
-    advance();
 }
 
 void LibraryFingerprinting::lookAgain()
 {
+    if (isWantedByOthers()) { // what was under way has taken all the time
+        m_others.end.start();
+        return;
+    }
     m_others.begins = {};
     if (m_looking.due && m_holds.trouble.isEmpty()) // in a pause too, to tell what others did
         look(*m_looking.due);

@@ -76,6 +76,8 @@ private:
     void takeSurvey(Beginning beginning, CatalogSurvey survey);
     void advance();
     void catalogDidChange();
+    [[nodiscard]] bool isWantedByOthers() const;
+    void beginTurnOfOthers();
     void letOthersWrite();
     void lookAgain();
     void begin(Listener &listener);

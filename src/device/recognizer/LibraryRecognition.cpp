@@ -4,6 +4,8 @@
 #include "device/audio/SoundResampler.h"
 #include "fingerprint/Listening.h"
 
+#include <QLoggingCategory>
+
 #include <algorithm>
 #include <array>
 #include <atomic>
@@ -13,6 +15,8 @@
 namespace trackwise {
 
 namespace {
+
+Q_LOGGING_CATEGORY(log, "trackwise.recognizer", QtFatalMsg)
 
 /// Between the microphone's thread, which may not wait, and the one that compares: pieces of sound, more than
 /// five seconds of them at any rate. What does not fit is lost.
@@ -124,9 +128,12 @@ private:
     void listen()
     {
         auto catalog = m_session.m_sources.catalog();
-        if (!catalog)
-            catalog = std::make_shared<const fingerprint::Catalog>();
-        fingerprint::Listening listening(std::move(catalog));
+        if (!catalog) {
+            qCWarning(log).noquote() << "no recognition:" << catalog.failure().detail;
+            tell([&session = m_session] { Q_EMIT session.didNotFind(tr("Couldn't read known songs")); });
+            return;
+        }
+        fingerprint::Listening listening(*std::move(catalog));
         SoundResampler resampler;
         std::vector<float> sound;
         Answer answer = Answer::Undecided;

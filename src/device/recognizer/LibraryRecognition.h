@@ -19,8 +19,8 @@ class LibraryRecognition final : public RecognitionSession
     Q_OBJECT
 
 public:
-    /// What there is to compare with at the moment; may be nothing yet.
-    using CatalogSource = std::function<std::shared_ptr<const fingerprint::Catalog>()>;
+    /// What there is to compare with at the moment; without songs as long as there are none.
+    using CatalogSource = std::function<Result<std::shared_ptr<const fingerprint::Catalog>>()>;
 
     struct Sources
     {

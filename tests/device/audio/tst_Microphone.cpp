@@ -3,7 +3,9 @@
 #include "device/players/PrivateSound.h"
 #include "support/Test.h"
 
+#include <QDeadlineTimer>
 #include <QLocalServer>
+#include <QSignalSpy>
 
 #include <cmath>
 #include <mutex>
@@ -227,6 +229,12 @@ private Q_SLOTS:
         monitor.stopMeasuring();
         QVERIFY(sound.start());
         QTRY_COMPARE(told.all.size(), 2U);
+        const QDeadlineTimer freeze(10s); // of windows in which it is closed
+        for (int times = 0; times < 20; ++times) {
+            const SoundInputWatch closed;
+            QVERIFY(QSignalSpy(&closed, &SoundInputWatch::didChange).wait());
+        }
+        QVERIFY(!freeze.hasExpired());
     }
 
     void doesNotWaitForServersThatSayNothing()

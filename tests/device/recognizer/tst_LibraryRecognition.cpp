@@ -30,8 +30,10 @@ struct Listener
     }
     [[nodiscard]] std::size_t answers() const { return found.size() + notFound.size(); }
 
-    std::shared_ptr<const fingerprint::Catalog> catalog()
+    Result<std::shared_ptr<const fingerprint::Catalog>> catalog()
     {
+        if (isBroken)
+            return Failure{};
         isWaitedFor = isWaitedFor || QThread::currentThread() == here.thread();
         fingerprint::SegmentBuilder builder;
         for (unsigned seed = 0; seed < 3; ++seed)
@@ -45,6 +47,7 @@ struct Listener
 
     QObject here;
     std::atomic<bool> isWaitedFor = false;
+    std::atomic<bool> isBroken = false;
     std::string origin;
     LibraryRecognition session{{.catalog = [this] { return catalog(); },
                                 .naming = [](fingerprint::CatalogSong &song) { song.artist = "Today’s"; },
@@ -81,6 +84,9 @@ private Q_SLOTS:
         QCOMPARE(listener.found.back(), (std::vector<MatchedMediaItem>{
                                             {u"1440857781"_s, u"Piece 2"_s, std::nullopt, std::nullopt}}));
         QVERIFY(!listener.isWaitedFor);
+        listener.isBroken = true;
+        QVERIFY(!listener.session.start());
+        QTRY_COMPARE(listener.notFound, std::vector{std::optional(u"Couldn't read known songs"_s)});
     }
 
     void findsNothingInNoise()
