@@ -234,8 +234,14 @@ private Q_SLOTS:
         const QPoint artist{100, qRound(w.placeOf(0)) + 20};
         QTest::mouseClick(&w.window, Qt::LeftButton, {}, artist);
         QTRY_COMPARE(w.picker.groupSongs()->count(), 100);
+        const auto items = w.window.findChildren<QQuickItem *>();
+        const auto *pages = *std::ranges::find_if(items, [](QQuickItem *item) {
+            return QByteArray(item->metaObject()->className()).startsWith("PickerPages");
+        });
+        const bool isOpening =
+            pages->property("opened").toReal() < 1; // where it took too long, it is a click
         QTest::mouseClick(&w.window, Qt::LeftButton, {}, artist);
-        QCOMPARE(w.picks.size(), 1);
+        QCOMPARE(w.picks.size(), isOpening ? 1 : 2);
         QTRY_COMPARE(w.placeOf(0) > 0 && w.rowItem(0)->isEnabled(), true);
     }
 
