@@ -238,9 +238,11 @@ private Q_SLOTS:
         const auto *pages = *std::ranges::find_if(items, [](QQuickItem *item) {
             return QByteArray(item->metaObject()->className()).startsWith("PickerPages");
         });
-        const bool isOpening =
-            pages->property("opened").toReal() < 1; // where it took too long, it is a click
-        QTest::mouseClick(&w.window, Qt::LeftButton, {}, artist);
+        const auto opened = [pages] { return pages->property("opened").toReal(); };
+        QTRY_VERIFY(opened() > 0.1 && w.placeOf(0) > 0); // slides in from the right
+        const QPoint song{w.window.width() - 20, qRound(w.placeOf(0)) + 20};
+        const bool isOpening = opened() < 1; // where that took too long, it is a click
+        QTest::mouseClick(&w.window, Qt::LeftButton, {}, song);
         QCOMPARE(w.picks.size(), isOpening ? 1 : 2);
         QTRY_COMPARE(w.placeOf(0) > 0 && w.rowItem(0)->isEnabled(), true);
     }
