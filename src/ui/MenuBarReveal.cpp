@@ -124,7 +124,8 @@ void MenuBarReveal::leave()
     if (!m_isWalking)
         return;
     setWalking(false);
-    press(Qt::Key_Up); // where the mouse rests on the bar, it would open the menus of the next walk
+    if (m_menuBar)
+        press(Qt::Key_Up); // where the mouse rests on the bar, it would open the menus of the next walk
     if (m_focusBefore)
         m_focusBefore->forceActiveFocus(Qt::MenuBarFocusReason);
 }
