@@ -7,7 +7,7 @@
 CLIPS is what make_clips.py says of its clips, LOOKS what recognition_sessions printed, also for clips whose song the
 catalog was without: then FOLDER has the music, and answers that share recorded sound with what was heard are counted
 apart. A session answers when two looks in a row score above the threshold and agree on the song; as in
-fingerprint/Listening.cpp, every second after the fourth asks for 0.15 more.
+fingerprint/Listening.cpp, every second after the fourth asks for 0.2 more.
 """
 import argparse
 import csv
@@ -19,7 +19,7 @@ from shared_sound import share_sound
 
 
 def more_asked(seconds):
-    return 0.15 * max(0, seconds - 4)
+    return 0.2 * max(0, seconds - 4)
 
 
 class Sessions:

@@ -18,10 +18,10 @@ constexpr float silence = 1e-4F;
 constexpr float samePlace = 1.5F;
 
 /// What has not been found early is likelier to be found wrongly, as more looks have been tried: every second
-/// after the fourth asks for 0.15 more.
+/// after the fourth asks for 0.2 more.
 float scoreAskedFor(float seconds)
 {
-    return certainScore + 0.15F * std::max(0.0F, seconds - 4);
+    return certainScore + 0.2F * std::max(0.0F, seconds - 4);
 }
 
 } // namespace
