@@ -23,7 +23,7 @@ struct FreeMainloop
 using MainloopPtr = std::unique_ptr<pa_mainloop, FreeMainloop>;
 
 /// Lets happen what there is to happen, for which it waits @p longest (below zero: for ever). It ends at once
-/// where @p isWanted is false; whoever makes it so wakes up the loop then.
+/// where @p isWanted is false; whoever makes it so, on any thread, wakes up the loop then.
 void turn(pa_mainloop *loop, std::chrono::microseconds longest, const std::atomic<bool> &isWanted);
 
 struct CloseStream
